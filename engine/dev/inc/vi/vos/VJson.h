@@ -1,0 +1,29 @@
+// JSON trees: the operations of cJSON that the engine uses, under the engine's own namespace.
+#pragma once
+
+#include <cjson/cJSON.h>
+
+#include <string_view>
+
+namespace _orvik_vi {
+
+using ::cJSON;
+using ::cJSON_Delete;
+using ::cJSON_GetArrayItem;
+using ::cJSON_GetArraySize;
+using ::cJSON_GetObjectItem;
+using ::cJSON_IsArray;
+using ::cJSON_IsObject;
+using ::cJSON_IsString;
+
+/// Parses JSON text. A NUL or the end of the text ends it; what follows the first complete value is not looked at.
+///
+/// Objects and arrays may nest 1,000 deep. Member names are later found without regard to letter case, the first of
+/// several equal ones. The children of a node form a list from `child` over `next`; walk it to stay linear, because
+/// cJSON_GetArrayItem counts from the start on each call.
+///
+/// @param reserved  always 1
+/// @return the tree, to be released with cJSON_Delete, or null when the text is not JSON or memory ran out
+cJSON* cJSON_Parse(std::string_view text, int reserved);
+
+}  // namespace _orvik_vi
