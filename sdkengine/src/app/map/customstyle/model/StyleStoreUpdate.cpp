@@ -1,0 +1,28 @@
+#include <algorithm>
+
+#include "CustomConfig.h"
+#include "model/FeatureTypeTable.h"
+#include "model/RecordStorage.h"
+#include "model/StyleKey.h"
+
+namespace _orvik_framework {
+
+void CustomConfig::UpdateCustomStyleMap(char* keyOut, int featureType, int allLevels, int level) {
+    const StyleKey key = styleKey(featureType, allLevels, level);
+    std::copy_n(key.c_str(), key.text().size() + 1, keyOut);
+
+    const bool hasSlot = findSlot(*this, key.text()) != nullptr;
+    const bool canHaveSlot = isFeatureType(featureType) && m_usedLevelSlots < kStyleSlotCount;
+    if (!hasSlot && !canHaveSlot) return;
+
+    m_styleEffectLevels.try_emplace(key.c_str(), allLevels);
+    if (hasSlot) return;
+
+    CVMapPtrToPtr& slot = m_levelStyleMaps[m_usedLevelSlots];
+    forEachRecord(m_typeStyleMaps[featureType],
+                  [&](int, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
+    m_keyStyleMaps.try_emplace(key.c_str(), &slot);
+    ++m_usedLevelSlots;
+}
+
+}  // namespace _orvik_framework
