@@ -1,0 +1,59 @@
+#include <algorithm>
+#include <cstdlib>
+
+#include "CustomConfig.h"
+#include "model/MemberText.h"
+#include "model/Messages.h"
+#include "model/RecordWalk.h"
+#include "styling/DispatchTable.h"
+#include "styling/RecordFields.h"
+
+namespace _orvik_framework {
+namespace {
+
+constexpr unsigned long kLargestSize = 255;
+
+// Only labels have a size, and rules that reach no label end before the table.
+// clang-format off
+constexpr DispatchRow kFontSizeRows[] = {
+    // element   Land      Geometry  Labels       Grid      Wildcard
+    {"all",    {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {"labels", {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {"stroke", {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {"fill",   {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+};
+// clang-format on
+
+constexpr SizeFields kSize{kFontSize};
+constexpr ElementFields<SizeField> kFontSizes[] = {
+    {"all", kSize}, {"labels", kSize}, {"fill", kSize}, {"stroke", kSize}};
+
+}  // namespace
+
+void CustomConfig::SetCustomFontSizeStyle(int featureType, const CVString& elementType, const cJSON* stylers,
+                                          int includesLabels, stFeatureTypeStyleRecorder* /*unused*/, int allLevels,
+                                          int level) {
+    const char* text = findText(stylers, "fontsize");
+    if (text == nullptr) return CustomMapPrintLog(messages::kFontSizeAbsent);
+    if (IsValueAllDigit(text) == 0) return CustomMapPrintLog(messages::kFontSizeNotDigits);
+    if (IsFeatureTypeIncludeLabels(featureType) == 0) return CustomMapPrintLog(messages::kFontSizeNeedsLabelType);
+    if (includesLabels == 0) return CustomMapPrintLog(messages::fontSizeNeedsLabels(elementType));
+    const DispatchRow* row = findRow(kFontSizeRows, elementType);
+    if (row == nullptr) return CustomMapPrintLog(messages::elementUnknownToFontSize(elementType));
+
+    const auto size = static_cast<unsigned char>(std::min(std::strtoul(text, nullptr, 10), kLargestSize));
+    runSteps(*this, *row, featureType, includesLabels, [&](Target target, int type) {
+        if (target == Target::Text) setFontSizeStyle(type, elementType, size, allLevels, level);
+    });
+}
+
+void CustomConfig::setFontSizeStyle(int featureType, const CVString& elementType, unsigned char size, int allLevels,
+                                    int level) {
+    const auto fields = fieldsOf(kFontSizes, elementType);
+    walkRecords(*this, {featureType, allLevels, level}, [&](tagCustomStyle& record) {
+        if (fields.empty()) CustomMapPrintLog(messages::kElementUnknownToFontSizeWriter);
+        return writeFields<std::uint8_t>(record, fields, size);
+    });
+}
+
+}  // namespace _orvik_framework

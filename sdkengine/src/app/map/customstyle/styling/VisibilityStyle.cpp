@@ -1,0 +1,82 @@
+#include <string_view>
+
+#include "CustomConfig.h"
+#include "model/MemberText.h"
+#include "model/Messages.h"
+#include "model/RecordWalk.h"
+#include "styling/DispatchTable.h"
+
+namespace _orvik_framework {
+namespace {
+
+// Hidden geometry and text are drawn in full transparency; only icons have a flag of their own.
+constexpr std::uint64_t kTransparent = 0;
+
+constexpr Steps kTextAndGeom{Step::TextOfType, Step::GeometryOfType};
+constexpr Steps kWholeType{Step::TextOfType, Step::GeometryOfType, Step::IconOfType};
+constexpr Steps kBothTypes{Step::TextOfType,          Step::GeometryOfType,  Step::IconOfType,
+                           Step::GeometryOfCompanion, Step::TextOfCompanion, Step::IconOfCompanion};
+constexpr Steps kIconsTexts{Step::IconOfType, Step::TextOfType, Step::TextOfOtherCompanion, Step::IconOfCompanion};
+constexpr Steps kOwnIcon{Step::IconOfType};
+constexpr Steps kLabelIcon{Step::IconOfCompanion};
+constexpr Steps kEveryIcon{Step::EveryIcon};
+
+// The steps of "off". "on" takes only the icon steps: hiding overwrote the colours, and nothing remembers them.
+// clang-format off
+constexpr DispatchRow kVisibilityRows[] = {
+    // element       Land          Geometry      Labels        Grid          Wildcard
+    {"all",        {kWholeType,   kBothTypes,   kBothTypes,   kWholeType,   kWholeType}},
+    {"labels",     {kNothing,     kIconsTexts,  kIconsTexts,  kNothing,     kNothing}},
+    {"geometry",   {kTextAndGeom, kTextAndGeom, kTextAndGeom, kTextAndGeom, kTextAndGeom}},
+    {"stroke",     {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
+    {"fill",       {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
+    {"topsurface", {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
+    {"icon",       {kOwnIcon,     kOwnIcon,     kLabelIcon,   kOwnIcon,     kEveryIcon}},
+};
+// clang-format on
+
+constexpr const char* kElementsWithIcon[] = {"all", "labels", "icon"};
+
+bool namesIcon(const CVString& elementType) {
+    for (const char* element : kElementsWithIcon) {
+        if (elementType.Compare(element) == 0) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void CustomConfig::SetCustomVisibilityStyle(int featureType, const CVString& elementType, const cJSON* stylers,
+                                            int includesLabels, stFeatureTypeStyleRecorder* recorders, int ruleIndex,
+                                            int allLevels, int level) {
+    const char* text = findText(stylers, "visibility");
+    if (text == nullptr) return CustomMapPrintLog(messages::kStylersAbsent);
+    const std::string_view visibility = text;
+    const int hide = visibility == "off";
+    if (hide == 0 && visibility != "on") return CustomMapPrintLog(messages::kVisibilityIllegal);
+    if (recorders != nullptr) recorders[ruleIndex] = {featureType, elementType, 1};
+
+    const DispatchRow* row = findRow(kVisibilityRows, elementType);
+    if (row == nullptr) {
+        if (hide != 0) CustomMapPrintLog(messages::kElementUnknown);
+        return;
+    }
+    runSteps(*this, *row, featureType, includesLabels, [&](Target target, int type) {
+        if (target == Target::EveryIcon) m_allIconsHidden = 1;  // "on" as well: nothing ever shows the icons again
+        if (target == Target::Icon) SetCustomIconInvisible(type, elementType, hide, allLevels, level);
+        if (hide == 0) return;
+        if (target == Target::Text) SetFontColorStyle(type, elementType, kTransparent, allLevels, level);
+        if (target == Target::Geometry) SetTypeColor(type, elementType, kTransparent, allLevels, level);
+    });
+}
+
+void CustomConfig::SetCustomIconInvisible(int featureType, const CVString& elementType, int hide, int allLevels,
+                                          int level) {
+    const bool hasIcon = namesIcon(elementType);
+    walkRecords(*this, {featureType, allLevels, level}, [&](tagCustomStyle& record) {
+        if (hasIcon) record.m_iconHidden = hide;
+        return true;  // even without an icon the record counts as customised from now on
+    });
+}
+
+}  // namespace _orvik_framework

@@ -1,0 +1,77 @@
+#include "CustomConfig.h"
+#include "model/MemberText.h"
+#include "model/Messages.h"
+#include "model/RecordWalk.h"
+#include "styling/DispatchTable.h"
+#include "styling/RecordFields.h"
+
+namespace _orvik_framework {
+namespace {
+
+constexpr Steps kWithLabels{Step::GeometryOfType, Step::TextOfCompanion};
+constexpr Steps kLabelText{Step::TextOfCompanion};
+
+// The weight of a type's labels is that of its companion; types without labels take every weight on their geometry.
+// clang-format off
+constexpr DispatchRow kWeightRows[] = {
+    // element     Land          Geometry      Labels        Grid          Wildcard
+    {"all",      {kOwnGeometry, kWithLabels,  kWithLabels,  kOwnGeometry, kOwnGeometry}},
+    {"labels",   {kOwnGeometry, kWithLabels,  kWithLabels,  kOwnGeometry, kOwnGeometry}},
+    {"geometry", {kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry}},
+    {"stroke",   {kOwnGeometry, kOwnGeometry, kLabelText,   kOwnGeometry, kOwnGeometry}},
+    {"fill",     {kOwnGeometry, kOwnGeometry, kLabelText,   kOwnGeometry, kOwnGeometry}},
+};
+// clang-format on
+
+constexpr SizeFields kWholeGeometry{kFillWeight, kBorderWeight};
+constexpr SizeFields kGeometryStroke{kBorderWeight};
+constexpr SizeFields kGeometryFill{kFillWeight};
+constexpr ElementFields<SizeField> kGeometryWeights[] = {
+    {"all", kWholeGeometry},     {"geometry", kWholeGeometry}, {"labels", kWholeGeometry},
+    {"stroke", kGeometryStroke}, {"fill", kGeometryFill},
+};
+
+constexpr SizeFields kWholeText{kTextFillWeight, kTextStrokeWeight};
+constexpr SizeFields kTextStroke{kTextStrokeWeight};
+constexpr SizeFields kTextFill{kTextFillWeight};
+constexpr ElementFields<SizeField> kTextWeights[] = {
+    {"all", kWholeText}, {"geometry", kWholeText}, {"labels", kWholeText}, {"stroke", kTextStroke}, {"fill", kTextFill},
+};
+
+}  // namespace
+
+void CustomConfig::SetCustomWeightStyle(int featureType, const CVString& elementType, const cJSON* stylers,
+                                        int includesLabels, stFeatureTypeStyleRecorder* /*unused*/, int allLevels,
+                                        int level) {
+    if (featureType == EMAPCUSTOMSTYLE_BOUNDARY) return;  // boundaries are drawn in the renderer's own width
+    const char* text = findText(stylers, "weight");
+    if (text == nullptr) return CustomMapPrintLog(messages::kWeightAbsent);
+    if (IsValueAllDigit(text) == 0) return CustomMapPrintLog(messages::kWeightNotDigits);
+    const DispatchRow* row = findRow(kWeightRows, elementType);
+    if (row == nullptr) return CustomMapPrintLog(messages::kElementUnknown);
+
+    const int weight = CalculateWeightValue(text);
+    runSteps(*this, *row, featureType, includesLabels, [&](Target target, int type) {
+        if (target == Target::Geometry) SetTypeWeight(type, elementType, weight, allLevels, level);
+        if (target == Target::Text) SetFontWeightStyle(type, elementType, weight, allLevels, level);
+    });
+}
+
+void CustomConfig::SetTypeWeight(int featureType, const CVString& elementType, int weight, int allLevels, int level) {
+    const auto fields = fieldsOf(kGeometryWeights, elementType);
+    walkRecords(*this, {featureType, allLevels, level}, [&](tagCustomStyle& record) {
+        if (fields.empty()) CustomMapPrintLog(messages::kElementUnknownToTypeWeight);
+        return writeFields(record, fields, static_cast<std::uint8_t>(weight));
+    });
+}
+
+void CustomConfig::SetFontWeightStyle(int featureType, const CVString& elementType, int weight, int allLevels,
+                                      int level) {
+    const auto fields = fieldsOf(kTextWeights, elementType);
+    walkRecords(*this, {featureType, allLevels, level}, [&](tagCustomStyle& record) {
+        if (fields.empty()) CustomMapPrintLog(messages::kElementUnknownToFontWeight);
+        return writeFields(record, fields, static_cast<std::uint8_t>(weight));
+    });
+}
+
+}  // namespace _orvik_framework
