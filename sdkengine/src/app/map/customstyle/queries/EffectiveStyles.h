@@ -1,0 +1,34 @@
+// The walk over feature types that the renderer's questions share.
+#pragma once
+
+#include "CustomConfig.h"
+#include "model/FeatureTypeTable.h"
+#include "model/RecordStorage.h"
+#include "model/StyleKey.h"
+
+namespace _orvik_framework {
+
+/// Whether rules wrote a key with the given value: 1 for all levels, 0 for one level.
+inline bool isInEffect(const CustomConfig& config, std::string_view key, int allLevels) {
+    const auto found = config.m_styleEffectLevels.find(key);
+    return found != config.m_styleEffectLevels.end() && found->second == allLevels;
+}
+
+/// The records in effect for a feature type at a level, or null. Styles of the level's own shut out those for all
+/// levels, also where they hold nothing for a style id.
+inline const CVMapPtrToPtr* effectiveRecords(const CustomConfig& config, int featureType, int level) {
+    const StyleKey levelKey = StyleKey::ofLevel(featureType, level);
+    if (isInEffect(config, levelKey.text(), 0)) return findSlot(config, levelKey.text());
+    const StyleKey typeKey = StyleKey::ofType(featureType);
+    if (isInEffect(config, typeKey.text(), 1)) return findSlot(config, typeKey.text());
+    return nullptr;
+}
+
+/// The record in effect for a style id under a feature type, customised or not, or null.
+inline const tagCustomStyle* effectiveRecord(const CustomConfig& config, int featureType, unsigned int styleId,
+                                             int level) {
+    const CVMapPtrToPtr* records = effectiveRecords(config, featureType, level);
+    return records == nullptr ? nullptr : findRecord(*records, queriedKey(styleId));
+}
+
+}  // namespace _orvik_framework
