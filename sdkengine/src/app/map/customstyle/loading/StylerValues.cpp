@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "CustomConfig.h"
+#include "model/MemberText.h"
+
+namespace _orvik_framework {
+namespace {
+
+constexpr long kLowestLevel = 4;
+constexpr long kHighestLevel = 21;
+
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view viewOf(const char* text) {
+    return text == nullptr ? std::string_view() : text;
+}
+
+std::uint32_t hexValue(char c) {
+    if (isDigit(c)) return static_cast<std::uint32_t>(c - '0');
+    if (c >= 'a' && c <= 'f') return static_cast<std::uint32_t>(c - 'a' + 10);
+    if (c >= 'A' && c <= 'F') return static_cast<std::uint32_t>(c - 'A' + 10);
+    return 0;
+}
+
+// The value of two hexadecimal digits; digits beyond the end count 0.
+std::uint32_t byteAt(std::string_view text, std::size_t position) {
+    const auto digit = [&](std::size_t at) { return at < text.size() ? hexValue(text[at]) : 0; };
+    return digit(position) << 4 | digit(position + 1);
+}
+
+}  // namespace
+
+int CustomConfig::ParseCustomStyleGivenLevel(const cJSON* stylers, int* level) const {
+    const char* text = findText(stylers, "level");
+    if (text == nullptr) {
+        *level = 0;
+        return 1;
+    }
+    *level = static_cast<int>(std::clamp(std::strtol(text, nullptr, 10), kLowestLevel, kHighestLevel));
+    return 0;
+}
+
+CVString CustomConfig::ParseCustomStyler(const cJSON* stylers) const {
+    CVString names;
+    const char* separator = "";
+    for (const char* name : {"color", "visibility", "weight", "fontsize"}) {
+        names += separator;
+        separator = ";";
+        // The file's own spelling: the lookup is blind to letter case, and a "Color" must not pass for a colour.
+        if (const cJSON* member = findTextMember(stylers, name)) names += member->string;
+    }
+    return names;
+}
+
+int CustomConfig::CalculateColorValue(const char* text, int featureType) const {
+    const std::string_view digits = viewOf(text);  // #RRGGBBAA
+    const bool opaque = digits.size() <= 7 || featureType == EMAPCUSTOMSTYLE_BOUNDARY;
+    const std::uint32_t alpha = opaque ? 0xFF : byteAt(digits, 7);
+    const std::uint32_t packed = alpha << 24 | byteAt(digits, 5) << 16 | byteAt(digits, 3) << 8 | byteAt(digits, 1);
+    return static_cast<int>(packed);
+}
+
+int CustomConfig::CalculateWeightValue(const char* text) const {
+    const std::string_view digits = viewOf(text);
+    int value = 0;
+    int place = 1;
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        if (isDigit(*digit)) value = std::min(255, value + (*digit - '0') * place);
+        place = std::min(1000, place * 10);  // from here on any digit but 0 is beyond the range
+    }
+    return value;
+}
+
+int CustomConfig::IsValueAllDigit(const std::string& text) const {
+    return !text.empty() && std::ranges::all_of(text, isDigit);
+}
+
+}  // namespace _orvik_framework
