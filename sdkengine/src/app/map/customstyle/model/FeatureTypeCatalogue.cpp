@@ -62,8 +62,9 @@ void CustomConfig::PrintAllFeartureType() const {
     CVString text;  // looked at in a debugger; it goes nowhere else
     for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
         text.Format("featureType %d", featureType);
-        forEachRecord(m_typeStyleMaps[featureType], [&](int styleId, const tagCustomStyle& record) {
-            text.Format("key: %d,  m_ID %d, m_fillColor %lld, m_borderColor %lld, m_custom %d", styleId, record.m_ID,
+        forEachRecord(m_typeStyleMaps[featureType], [&](void* key, const tagCustomStyle& record) {
+            text.Format("key: %d,  m_ID %d, m_fillColor %lld, m_borderColor %lld, m_custom %d",
+                        static_cast<int>(reinterpret_cast<std::intptr_t>(key)), record.m_ID,
                         static_cast<long long>(record.m_fillColor), static_cast<long long>(record.m_borderColor),
                         record.m_custom);
         });

@@ -27,7 +27,7 @@ inline tagCustomStyle* findRecord(const CVMapPtrToPtr& records, void* key) {
     return static_cast<tagCustomStyle*>(record);
 }
 
-/// Calls `visit(int styleId, tagCustomStyle& record)` for each record that is present, oldest first.
+/// Calls `visit(void* key, tagCustomStyle& record)` for each record that is present, oldest first.
 template <typename Visit>
 void forEachRecord(const CVMapPtrToPtr& records, Visit visit) {
     for (void* position = records.GetStartPosition(); position != nullptr;) {
@@ -35,7 +35,7 @@ void forEachRecord(const CVMapPtrToPtr& records, Visit visit) {
         void* record = nullptr;
         records.GetNextAssoc(position, key, record);
         if (record == nullptr) continue;
-        visit(static_cast<int>(reinterpret_cast<std::intptr_t>(key)), *static_cast<tagCustomStyle*>(record));
+        visit(key, *static_cast<tagCustomStyle*>(record));
     }
 }
 
@@ -55,7 +55,7 @@ inline void storeCopy(CVMapPtrToPtr& records, const tagCustomStyle& record) {
 
 /// Frees every record and empties the map.
 inline void releaseRecords(CVMapPtrToPtr& records) {
-    forEachRecord(records, [](int, tagCustomStyle& record) { _orvik_vi::VDeleteArray(&record); });
+    forEachRecord(records, [](void*, tagCustomStyle& record) { _orvik_vi::VDeleteArray(&record); });
     records.RemoveAll();
 }
 

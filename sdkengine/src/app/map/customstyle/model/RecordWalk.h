@@ -20,16 +20,15 @@ struct StyleScope {
 /// Where an all-levels record exists, each write to a level starts from it: two rules for one level do not add up.
 template <typename Write>
 void walkRecords(CustomConfig& config, const StyleScope& scope, Write write) {
-    char key[StyleKey::kCapacity] = {};
-    config.UpdateCustomStyleMap(key, scope.featureType, scope.allLevels, scope.level);
-    const CVMapPtrToPtr* slot = findSlot(config, key);
+    char styleKey[StyleKey::kCapacity] = {};
+    config.UpdateCustomStyleMap(styleKey, scope.featureType, scope.allLevels, scope.level);
+    const CVMapPtrToPtr* slot = findSlot(config, styleKey);
     if (slot == nullptr) return;  // refused: the store has no room for the key
 
     const CVMapPtrToPtr* allLevelsSlot =
         scope.allLevels == 0 ? findSlot(config, StyleKey::ofType(scope.featureType).text()) : nullptr;
-    forEachRecord(*slot, [&](int styleId, tagCustomStyle& record) {
-        const tagCustomStyle* start =
-            allLevelsSlot == nullptr ? nullptr : findRecord(*allLevelsSlot, storedKey(styleId));
+    forEachRecord(*slot, [&](void* key, tagCustomStyle& record) {
+        const tagCustomStyle* start = allLevelsSlot == nullptr ? nullptr : findRecord(*allLevelsSlot, key);
         if (start != nullptr) record = *start;
         record.m_custom = write(record) ? 1 : 0;
     });

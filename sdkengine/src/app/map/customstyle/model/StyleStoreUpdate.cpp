@@ -20,7 +20,7 @@ void CustomConfig::UpdateCustomStyleMap(char* keyOut, int featureType, int allLe
 
     CVMapPtrToPtr& slot = m_levelStyleMaps[m_usedLevelSlots];
     forEachRecord(m_typeStyleMaps[featureType],
-                  [&](int, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
+                  [&](void*, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
     m_keyStyleMaps.try_emplace(key.c_str(), &slot);
     ++m_usedLevelSlots;
 }
