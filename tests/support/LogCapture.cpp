@@ -24,6 +24,14 @@ std::vector<std::string> LogCapture::take() {
     return std::exchange(m_lines, {});
 }
 
+LogSilence::LogSilence() {
+    CVLog::SetSink([](_orvik_vi::ELOGPRIORITY, const std::string&) {});
+}
+
+LogSilence::~LogSilence() {
+    CVLog::SetSink({});
+}
+
 std::string logLine(const std::string& message) {
     return "ZRX Custom Map: " + message;
 }

@@ -27,6 +27,15 @@ private:
     std::vector<_orvik_vi::ELOGPRIORITY> m_priorities;
 };
 
+/// Drops all log lines as long as it lives: for tests that provoke messages without end.
+class LogSilence {
+public:
+    LogSilence();
+    ~LogSilence();
+    LogSilence(const LogSilence&) = delete;
+    LogSilence& operator=(const LogSilence&) = delete;
+};
+
 /// A message of the component as its log line shows it.
 std::string logLine(const std::string& message);
 

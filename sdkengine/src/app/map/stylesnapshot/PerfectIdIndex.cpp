@@ -1,0 +1,61 @@
+#include "PerfectIdIndex.h"
+
+#include <algorithm>
+#include <bit>
+#include <limits>
+
+namespace _orvik_framework {
+namespace {
+
+constexpr std::size_t kIdsPerBucket = 4;
+
+}  // namespace
+
+PerfectIdIndex::PerfectIdIndex(std::span<const Entry> entries) {
+    const std::size_t bucketCount = std::bit_ceil(std::max<std::size_t>(entries.size() / kIdsPerBucket, 1));
+    m_bucketMask = bucketCount - 1;
+    std::size_t cellCount = std::bit_ceil(std::max<std::size_t>(entries.size() + entries.size() / 4, 1));
+    // A fifth of the cells or more stays free, so the first size nearly always does; twice the size always helps.
+    do {
+        m_cellMask = cellCount - 1;
+        m_cells.assign(cellCount, Entry{});
+        m_displacements.assign(bucketCount, 0);
+        cellCount *= 2;
+    } while (!placeAll(entries));
+}
+
+bool PerfectIdIndex::placeAll(std::span<const Entry> entries) {
+    std::vector<std::vector<Entry>> buckets(m_displacements.size());
+    for (const Entry& entry : entries) buckets[bucketOf(hashOf(entry.id))].push_back(entry);
+
+    std::vector<std::size_t> order(buckets.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    // Full buckets are the hardest to place and go first, while there is room.
+    std::ranges::stable_sort(order,
+                             [&](std::size_t a, std::size_t b) { return buckets[a].size() > buckets[b].size(); });
+
+    std::vector<bool> taken(m_cells.size());
+    return std::ranges::all_of(order, [&](std::size_t bucket) { return placeBucket(bucket, buckets[bucket], taken); });
+}
+
+bool PerfectIdIndex::placeBucket(std::size_t bucket, std::span<const Entry> entries, std::vector<bool>& taken) {
+    std::vector<std::size_t> cells;
+    for (std::uint32_t displacement = 0; displacement <= std::numeric_limits<std::uint16_t>::max(); ++displacement) {
+        cells.clear();
+        for (const Entry& entry : entries) {
+            const std::size_t cell = cellOf(hashOf(entry.id), static_cast<std::uint16_t>(displacement));
+            if (taken[cell] || std::ranges::find(cells, cell) != cells.end()) break;
+            cells.push_back(cell);
+        }
+        if (cells.size() < entries.size()) continue;
+        m_displacements[bucket] = static_cast<std::uint16_t>(displacement);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            taken[cells[i]] = true;
+            m_cells[cells[i]] = entries[i];
+        }
+        return true;
+    }
+    return false;
+}
+
+}  // namespace _orvik_framework

@@ -1,0 +1,51 @@
+// SnapshotBuilder: compiles a store into a StyleSnapshot.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "StyleSnapshot.h"
+
+namespace _orvik_framework {
+
+/// Fills one snapshot from one store and is then thrown away.
+///
+/// It walks the records in effect in the order in which the renderer's questions ask the feature types, so the first
+/// record that answers for a style id stays. Levels and style ids are those that the store's keys and records name.
+class SnapshotBuilder {
+public:
+    SnapshotBuilder(const CustomConfig& config, StyleSnapshot& snapshot) : m_config(config), m_snapshot(snapshot) {}
+
+    void build();
+
+private:
+    using Cell = StyleSnapshot::Cell;
+
+    // The answers for one style id, by level class.
+    struct Row {
+        explicit Row(std::size_t levelClasses) : cells(levelClasses), iconDecided(levelClasses) {}
+        std::vector<Cell> cells;
+        std::vector<bool> iconDecided;
+    };
+
+    void collectLevels();
+    void compileLevel(std::size_t levelClass);
+    void compileType(int featureType, std::size_t levelClass);
+    void enterStyle(Cell& cell, int featureType, std::uint32_t styleId, const tagCustomStyle& record);
+    std::uint32_t placeOf(const tagCustomStyle& record);
+    void enterIcon(Row& row, std::size_t levelClass, int featureType, const tagCustomStyle& record);
+    void storeRows();
+    std::uint32_t startOf(const std::vector<Cell>& cells);
+
+    const CustomConfig& m_config;
+    StyleSnapshot& m_snapshot;
+    std::vector<int> m_levels;  // one of each level class
+    std::unordered_map<std::uint32_t, Row> m_rows;
+    std::unordered_map<std::string, std::uint32_t> m_stylePlaces;  // a record's bytes to its place
+    std::map<std::vector<Cell>, std::uint32_t> m_rowStarts;
+};
+
+}  // namespace _orvik_framework

@@ -1,0 +1,229 @@
+// A snapshot answers exactly as the store that it was built from: every question, every style id, every level, over
+// random stores that files alone could not produce.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+#include <set>
+
+#include "StyleSnapshot.h"
+#include "support/LogCapture.h"
+#include "support/TestStore.h"
+
+namespace customstyle_test {
+namespace {
+
+using _orvik_framework::BorrowedStyle;
+using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StyleSnapshot;
+
+constexpr int kLowest = std::numeric_limits<int>::min();
+constexpr int kHighest = std::numeric_limits<int>::max();
+
+/// Writes into a store at random, partly past the loader: odd levels and types, ids shared between types and from 2^31
+/// on, records taken out, records changed by hand.
+class RandomStore {
+public:
+    explicit RandomStore(unsigned seed) : m_random(seed) {
+        mapStyleIds();
+        for (int i = 0; i < 150; ++i) write();
+        mapStyleIds();
+        for (int i = 0; i < 50; ++i) write();
+        for (int i = 0; i < 10; ++i) changeByHand();
+        if (chance(4)) m_config.SetGridColorStyle(0x11223344u + seed);
+        if (chance(20)) m_config.m_allIconsHidden = 1;
+    }
+
+    CustomConfig& config() { return m_config; }
+
+private:
+    int pick(int first, int last) { return std::uniform_int_distribution(first, last)(m_random); }
+    bool chance(int oneIn) { return pick(1, oneIn) == 1; }
+
+    int pickType() {
+        return chance(10) ? pick(-2, 75) : std::vector{0, 1, 4, 9, 13, 28, 45, 53, 71, 72}[std::size_t(pick(0, 9))];
+    }
+    int pickLevel() {
+        return chance(8) ? std::vector{kLowest, -1, 0, 3, 22, 31, 32, 100, kHighest}[std::size_t(pick(0, 8))]
+                         : pick(4, 21);
+    }
+    int pickStyleId() { return chance(8) ? pick(kLowest, kHighest) : pick(-3, 40); }
+    std::string pickElement() {
+        static const std::vector<std::string> kElements = {"all",    "labels",     "geometry", "fill",
+                                                           "stroke", "topsurface", "icon",     "none"};
+        return kElements[std::size_t(pick(0, 7))];
+    }
+
+    void mapStyleIds() {
+        std::string json = "{";
+        for (int type = 0; type <= 71; ++type) {
+            json += (type == 0 ? "\"" : ",\"") + m_config.GetFeatureTypeName(type) + "\":[";
+            for (int i = 0, count = pick(0, 6); i < count; ++i)
+                json += (i == 0 ? "" : ",") + std::to_string(pickStyleId());
+            json += "]";
+        }
+        m_config.ParseMappingConfig(parsed(json + "}").get());
+    }
+
+    void write() {
+        const int type = pickType();
+        const std::string element = pickElement();
+        const int allLevels = chance(3) ? 1 : chance(20) ? 2 : 0;
+        const int level = pickLevel();
+        const int value = pick(0, 255);
+        switch (pick(0, 5)) {
+            case 0:
+                return m_config.SetTypeColor(type, element.c_str(), 0xff000000u + unsigned(value), allLevels, level);
+            case 1:
+                return m_config.SetFontColorStyle(type, element.c_str(), unsigned(value), allLevels, level);
+            case 2:
+                return m_config.SetCustomIconInvisible(type, element.c_str(), pick(0, 2), allLevels, level);
+            case 3:
+                return m_config.SetTypeWeight(type, element.c_str(), value, allLevels, level);
+            case 4:
+                return m_config.SetFontWeightStyle(type, element.c_str(), value, allLevels, level);
+            default:
+                return m_config.setFontSizeStyle(type, element.c_str(), static_cast<unsigned char>(value), allLevels,
+                                                 level);
+        }
+    }
+
+    void changeByHand() {
+        if (m_config.m_usedLevelSlots == 0) return;
+        CVMapPtrToPtr& slot = m_config.m_levelStyleMaps[pick(0, m_config.m_usedLevelSlots - 1)];
+        void* position = slot.GetStartPosition();
+        if (position == nullptr) return;
+        void* key = nullptr;
+        void* record = nullptr;
+        slot.GetNextAssoc(position, key, record);
+        if (record != nullptr) static_cast<tagCustomStyle*>(record)->m_ID = pickStyleId();
+        slot[reinterpret_cast<void*>(std::uintptr_t(pick(0, 40)))];  // a key without a record, where it is new
+        if (chance(3)) m_config.m_styleEffectLevels["13:15"] = pick(0, 2);
+        if (chance(3)) m_config.m_keyStyleMaps["9"] = nullptr;
+    }
+
+    std::mt19937 m_random;
+    LogSilence m_quiet;
+    CustomConfig m_config;
+};
+
+std::set<unsigned> styleIdsToAsk(const CustomConfig& config) {
+    std::set<unsigned> ids = {0, 1, 41, 77777, 0x7fffffff, 0x80000000, 0xffffffff};
+    const auto collect = [&](const CVMapPtrToPtr& records) {
+        for (void* position = records.GetStartPosition(); position != nullptr;) {
+            void* key = nullptr;
+            void* record = nullptr;
+            records.GetNextAssoc(position, key, record);
+            ids.insert(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(key)));
+        }
+    };
+    for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) collect(records);
+    for (const CVMapPtrToPtr& records : config.m_levelStyleMaps) collect(records);
+    return ids;
+}
+
+std::set<int> levelsToAsk() {
+    std::set<int> levels = {kLowest, kLowest + 1, -2, -1, 99, 100, 101, kHighest - 1, kHighest};
+    for (int level = 0; level <= 40; ++level) levels.insert(level);
+    return levels;
+}
+
+// A record that no answer gives by chance, so that "untouched" shows.
+tagCustomStyle untouchedStyle() {
+    tagCustomStyle style = baseRecord(-12345);
+    style.m_fillColor = 0x5a5a5a5a5a;
+    return style;
+}
+
+void expectSameStyle(const CustomConfig& config, const StyleSnapshot& snapshot, unsigned id, int level) {
+    tagCustomStyle expected = untouchedStyle();
+    tagCustomStyle actual = untouchedStyle();
+    const int type = config.GetStyleFromConfig(expected, id, level);
+    ASSERT_EQ(snapshot.GetStyleFromConfig(actual, id, level), type) << "id " << id << " level " << level;
+    ASSERT_EQ(actual, expected) << "id " << id << " level " << level;
+
+    const BorrowedStyle borrowed = snapshot.FindStyle(id, level);
+    ASSERT_EQ(borrowed.featureType, type);
+    ASSERT_EQ(borrowed.style != nullptr, type != -1);
+    if (type == -1) return;
+    tagCustomStyle seen = *borrowed.style;
+    seen.m_ID = expected.m_ID;
+    ASSERT_EQ(seen, expected) << "id " << id << " level " << level;
+}
+
+void expectSameBatch(const CustomConfig& config, const StyleSnapshot& snapshot, const std::set<unsigned>& ids,
+                     int level) {
+    const std::vector<unsigned> asked(ids.begin(), ids.end());
+    std::vector<tagCustomStyle> styles(asked.size(), untouchedStyle());
+    std::vector<int> types(asked.size(), 99);
+    snapshot.GetStylesFromConfig(asked, level, styles, types);
+    for (std::size_t i = 0; i < asked.size(); ++i) {
+        tagCustomStyle expected = untouchedStyle();
+        ASSERT_EQ(types[i], config.GetStyleFromConfig(expected, asked[i], level));
+        ASSERT_EQ(styles[i], expected);
+    }
+}
+
+void expectSameBackgrounds(const CustomConfig& config, const StyleSnapshot& snapshot, int level) {
+    std::uint64_t expected = 7;
+    std::uint64_t actual = 7;
+    ASSERT_EQ(snapshot.IsCustomBackRegionEnable(actual, level), config.IsCustomBackRegionEnable(expected, level));
+    ASSERT_EQ(actual, expected) << "land at level " << level;
+    ASSERT_EQ(snapshot.IsCustomGridBackRegionEnable(actual, level),
+              config.IsCustomGridBackRegionEnable(expected, level));
+    ASSERT_EQ(actual, expected) << "grid at level " << level;
+}
+
+void expectSameAnswers(const CustomConfig& config, const StyleSnapshot& snapshot) {
+    const std::set<unsigned> ids = styleIdsToAsk(config);
+    for (const int level : levelsToAsk()) {
+        expectSameBackgrounds(config, snapshot, level);
+        expectSameBatch(config, snapshot, ids, level);
+        for (const unsigned id : ids) {
+            expectSameStyle(config, snapshot, id, level);
+            ASSERT_EQ(snapshot.IsCustomizedIconVisible(id, level), config.IsCustomizedIconVisible(id, level))
+                << "icon of id " << id << " at level " << level;
+        }
+        if (testing::Test::HasFatalFailure()) return;
+    }
+}
+
+class SnapshotOfARandomStore : public testing::TestWithParam<unsigned> {};
+
+TEST_P(SnapshotOfARandomStore, AnswersLikeTheStore) {
+    RandomStore store(GetParam());
+    const StyleSnapshot snapshot(store.config());
+    const QueriesEnabled enabled;
+    expectSameAnswers(store.config(), snapshot);
+}
+
+TEST_P(SnapshotOfARandomStore, AnswersNoneLikeTheStoreWhileTheSwitchIsOff) {
+    RandomStore store(GetParam());
+    const StyleSnapshot snapshot(store.config());
+    expectSameAnswers(store.config(), snapshot);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, SnapshotOfARandomStore, testing::Range(0u, 25u));
+
+TEST(SnapshotOfAStore, WithoutAnyKeyAnswersLikeIt) {
+    const CustomConfig config;
+    const StyleSnapshot snapshot(config);
+    const QueriesEnabled enabled;
+    expectSameAnswers(config, snapshot);
+}
+
+TEST(SnapshotOfAStore, WithEverySlotTakenAnswersLikeIt) {
+    const auto config = loadedWith({});
+    for (int type = 0; type <= 71; ++type) {
+        for (int level = 4; level <= 21; ++level) {
+            config->SetTypeColor(type, "fill", std::uint64_t(1000 * type + level), 0, level);
+        }
+    }
+    const StyleSnapshot snapshot(*config);
+    const QueriesEnabled enabled;
+    EXPECT_EQ(config->m_usedLevelSlots, 1241);
+    expectSameAnswers(*config, snapshot);
+}
+
+}  // namespace
+}  // namespace customstyle_test

@@ -1,0 +1,70 @@
+// The table from style ids to numbers.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+#include "PerfectIdIndex.h"
+
+namespace customstyle_test {
+namespace {
+
+using _orvik_framework::PerfectIdIndex;
+using Entries = std::vector<PerfectIdIndex::Entry>;
+
+Entries numbered(const std::set<std::uint32_t>& ids) {
+    Entries entries;
+    for (const std::uint32_t id : ids) entries.push_back({id, static_cast<std::uint32_t>(entries.size() + 1)});
+    return entries;
+}
+
+void expectEachIdHasItsNumber(const Entries& entries) {
+    const PerfectIdIndex index(entries);
+    for (const auto& [id, number] : entries) ASSERT_EQ(index.find(id), number) << id;
+}
+
+TEST(PerfectIdIndex, WithoutIdsFindsNothing) {
+    const PerfectIdIndex index;
+    for (const std::uint32_t id : {0u, 1u, 0xffffffffu}) EXPECT_EQ(index.find(id), 0u);
+}
+
+TEST(PerfectIdIndex, GivesAnIdThatIsAbsentTheNumber0) {
+    const PerfectIdIndex index(numbered({5, 7, 0xffffffff}));
+    for (const std::uint32_t id : {0u, 6u, 8u, 0xfffffffeu}) EXPECT_EQ(index.find(id), 0u);
+}
+
+TEST(PerfectIdIndex, FindsTheLowestAndTheHighestId) {
+    expectEachIdHasItsNumber(numbered({0, 0xffffffff}));
+}
+
+class PerfectIdIndexOf : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(PerfectIdIndexOf, NeighbouringIdsFindsEach) {
+    Entries entries;
+    for (std::uint32_t id = 0; id < GetParam(); ++id) entries.push_back({id, id + 1});
+    expectEachIdHasItsNumber(entries);
+}
+
+TEST_P(PerfectIdIndexOf, IdsInStrideFindsEach) {
+    Entries entries;
+    for (std::uint32_t i = 0; i < GetParam(); ++i) entries.push_back({i * 65536, i + 1});
+    expectEachIdHasItsNumber(entries);
+}
+
+TEST_P(PerfectIdIndexOf, RandomIdsFindsEachAndNoOther) {
+    std::mt19937 random(static_cast<unsigned>(GetParam()));
+    std::set<std::uint32_t> ids;
+    while (ids.size() < GetParam()) ids.insert(static_cast<std::uint32_t>(random()));
+    const Entries entries = numbered(ids);
+    expectEachIdHasItsNumber(entries);
+    const PerfectIdIndex index(entries);
+    for (int i = 0; i < 1000; ++i) {
+        const auto id = static_cast<std::uint32_t>(random());
+        ASSERT_EQ(index.find(id) != 0, ids.contains(id)) << id;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, PerfectIdIndexOf, testing::Values(1, 2, 3, 5, 100, 1023, 20000, 60000));
+
+}  // namespace
+}  // namespace customstyle_test
