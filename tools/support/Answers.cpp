@@ -1,0 +1,42 @@
+#include "support/Answers.h"
+
+#include <set>
+
+namespace customstyle_tool {
+
+using _orvik_framework::CustomConfig;
+using _orvik_framework::CVMapPtrToPtr;
+
+Answer ask(const CustomConfig& config, unsigned int styleId, int level) {
+    Answer answer{};
+    answer.featureType = config.GetStyleFromConfig(answer.style, styleId, level);
+    answer.iconHidden = config.IsCustomizedIconVisible(styleId, level) != 0;
+    return answer;
+}
+
+std::optional<std::uint64_t> landColor(const CustomConfig& config, int level) {
+    std::uint64_t color = 0;
+    if (config.IsCustomBackRegionEnable(color, level) == 0) return {};
+    return color;
+}
+
+std::optional<std::uint64_t> gridColor(const CustomConfig& config, int level) {
+    std::uint64_t color = 0;
+    if (config.IsCustomGridBackRegionEnable(color, level) == 0) return {};
+    return color;
+}
+
+std::vector<unsigned int> mappedStyleIds(const CustomConfig& config) {
+    std::set<unsigned int> ids;
+    for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
+        for (void* position = records.GetStartPosition(); position != nullptr;) {
+            void* key = nullptr;
+            void* record = nullptr;
+            records.GetNextAssoc(position, key, record);
+            ids.insert(static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(key)));
+        }
+    }
+    return {ids.begin(), ids.end()};
+}
+
+}  // namespace customstyle_tool
