@@ -1,0 +1,22 @@
+# The CMake package: find_package(customstyle) gives customstyle::customstyle and customstyle::stylesnapshot.
+include(CMakePackageConfigHelpers)
+
+set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/customstyle)
+
+install(TARGETS customstyle customstyle_stylesnapshot orvik_vi EXPORT customstyle
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(CUSTOMSTYLE_BUILD_TOOLS)
+  install(TARGETS customstyle_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+install(FILES sdkengine/src/app/map/customstyle/CustomConfig.h
+              sdkengine/src/app/map/stylesnapshot/PerfectIdIndex.h
+              sdkengine/src/app/map/stylesnapshot/StyleSnapshot.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY engine/dev/inc/vi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT customstyle NAMESPACE customstyle:: DESTINATION ${package_directory})
+
+configure_package_config_file(cmake/customstyleConfig.cmake.in ${PROJECT_BINARY_DIR}/customstyleConfig.cmake
+                              INSTALL_DESTINATION ${package_directory})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/customstyleConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/customstyleConfig.cmake ${PROJECT_BINARY_DIR}/customstyleConfigVersion.cmake
+        DESTINATION ${package_directory})
