@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <type_traits>
 
 #include "vi/vos/VMem.h"
@@ -15,6 +16,7 @@ namespace _orvik_vi {
 template <typename T>
 T* VNewArray(std::uint64_t count) {
     static_assert(std::is_trivially_copyable_v<T> && alignof(T) <= alignof(std::uint64_t));
+    if (count > (std::numeric_limits<std::size_t>::max() - sizeof(count)) / sizeof(T)) return nullptr;
     const std::size_t bytes = static_cast<std::size_t>(count) * sizeof(T);
     // The origin under which the engine's allocation reports list its arrays, on every platform.
     void* block = CVMem::Allocate(sizeof(count) + bytes, "../../../engine/dev/inc/vi/vos/VTempl", 83);

@@ -2,9 +2,16 @@
 
 #include <algorithm>
 #include <bit>
+#include <new>
 #include <utility>
 
 namespace _orvik_vi {
+namespace {
+
+// Twice as many cells still have a 32-bit number.
+constexpr std::uint32_t kMostEntries = std::uint32_t{1} << 30;
+
+}  // namespace
 
 void*& CVMapPtrToPtr::operator[](void* key) {
     if (const Entry* known = find(key)) return m_entries[static_cast<std::size_t>(known - m_entries.get())].value;
@@ -22,7 +29,8 @@ void CVMapPtrToPtr::RemoveAll() {
 }
 
 void CVMapPtrToPtr::grow() {
-    const std::uint32_t capacity = std::max(m_blockSize, 2 * m_capacity);
+    if (m_capacity == kMostEntries) throw std::bad_alloc();
+    const std::uint32_t capacity = std::min(std::max(m_blockSize, 2 * m_capacity), kMostEntries);
     const std::uint32_t indexSize = std::bit_ceil(2 * capacity);
     auto entries = std::make_unique_for_overwrite<Entry[]>(capacity);
     auto index = std::make_unique<std::uint32_t[]>(indexSize);
