@@ -1,0 +1,130 @@
+// How records and store lie in memory.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <unordered_map>
+
+#include "support/TestStore.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace _orvik_framework;
+
+// The renderer reads the record by these offsets wherever 64-bit integers are aligned to 8 bytes.
+TEST(StyleRecord, FieldsStandAtTheirOffsets) {
+    EXPECT_EQ(offsetof(tagCustomStyle, m_ID), 0u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textFillColor), 8u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textStrokeColor), 16u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textFillColorSet), 24u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textStrokeColorSet), 28u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textFillWeight), 32u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textStrokeWeight), 33u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textFillWeightSet), 36u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_textStrokeWeightSet), 40u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_fontSize), 44u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_fontSizeSet), 48u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_fillColor), 56u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_borderColor), 64u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_fillWeight), 72u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_borderWeight), 73u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_fillColorSet), 76u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_borderColorSet), 80u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_iconHidden), 84u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_fillWeightSet), 88u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_borderWeightSet), 92u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_topSurfaceColor), 96u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_topSurfaceColorSet), 104u);
+    EXPECT_EQ(offsetof(tagCustomStyle, m_custom), 108u);
+    EXPECT_EQ(sizeof(tagCustomStyle), 112u);
+}
+
+TEST(StyleRecord, IsPlainData) {
+    static_assert(std::is_standard_layout_v<tagCustomStyle> && std::is_trivial_v<tagCustomStyle>);
+    static_assert(std::is_aggregate_v<tagCustomStyle>);
+}
+
+TEST(StyleRecord, FieldsHaveTheirTypes) {
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_ID), std::int32_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_textFillColor), std::uint64_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_textFillWeight), std::uint8_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_fontSize), std::uint8_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_fillColor), std::uint64_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_fillWeight), std::uint8_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_iconHidden), std::int32_t>);
+    static_assert(std::is_same_v<decltype(tagCustomStyle::m_custom), std::int32_t>);
+}
+
+struct Place {
+    const char* member;
+    std::size_t offset;
+    std::size_t size;
+    std::size_t alignment;
+};
+
+template <typename Object, typename Member>
+Place placeOf(const char* name, const Object& object, const Member& member) {
+    const auto offset = reinterpret_cast<const char*>(&member) - reinterpret_cast<const char*>(&object);
+    return {name, static_cast<std::size_t>(offset), sizeof(Member), alignof(Member)};
+}
+
+std::size_t alignedUp(std::size_t offset, std::size_t alignment) {
+    return (offset + alignment - 1) / alignment * alignment;
+}
+
+/// Expects that an object consists of these members in this order and of nothing else.
+template <typename Object>
+void expectMembersOnly(const std::initializer_list<Place>& places) {
+    std::size_t end = 0;
+    for (const Place& place : places) {
+        EXPECT_EQ(place.offset, alignedUp(end, place.alignment)) << place.member;
+        end = place.offset + place.size;
+    }
+    EXPECT_EQ(sizeof(Object), alignedUp(end, alignof(Object)));
+}
+
+TEST(RuleRecorder, HoldsTypeElementAndMarkInThisOrder) {
+    const stFeatureTypeStyleRecorder r{};
+    expectMembersOnly<stFeatureTypeStyleRecorder>({placeOf("m_featureType", r, r.m_featureType),
+                                                   placeOf("m_elementType", r, r.m_elementType),
+                                                   placeOf("m_recorded", r, r.m_recorded)});
+    static_assert(std::is_same_v<decltype(r.m_featureType), int> && std::is_same_v<decltype(r.m_recorded), int>);
+    static_assert(std::is_same_v<decltype(r.m_elementType), CVString>);
+}
+
+TEST(StoreLayout, HoldsItsMembersInTheGivenOrderAndNoOthers) {
+    const CustomConfig c;
+    expectMembersOnly<CustomConfig>(
+        {placeOf("m_typeStyleMaps", c, c.m_typeStyleMaps), placeOf("m_gridColor", c, c.m_gridColor),
+         placeOf("m_gridColorSet", c, c.m_gridColorSet), placeOf("m_allIconsHidden", c, c.m_allIconsHidden),
+         placeOf("m_styleEffectLevels", c, c.m_styleEffectLevels), placeOf("m_keyStyleMaps", c, c.m_keyStyleMaps),
+         placeOf("m_levelStyleMaps", c, c.m_levelStyleMaps), placeOf("m_usedLevelSlots", c, c.m_usedLevelSlots),
+         placeOf("m_featureTypeIds", c, c.m_featureTypeIds), placeOf("m_featureTypeNames", c, c.m_featureTypeNames)});
+}
+
+TEST(StoreLayout, MembersHaveTheirTypes) {
+    using C = CustomConfig;
+    static_assert(std::is_same_v<decltype(C::m_typeStyleMaps), CVMapPtrToPtr[73]>);
+    static_assert(std::is_same_v<decltype(C::m_levelStyleMaps), CVMapPtrToPtr[1241]>);
+    static_assert(std::is_same_v<decltype(C::m_gridColor), std::uint64_t>);
+    static_assert(std::is_same_v<decltype(C::m_styleEffectLevels)::value_type, std::pair<const std::string, int>>);
+    static_assert(
+        std::is_same_v<decltype(C::m_keyStyleMaps)::value_type, std::pair<const std::string, CVMapPtrToPtr*>>);
+    static_assert(std::is_same_v<decltype(C::m_featureTypeIds)::value_type, std::pair<const std::string, int>>);
+    static_assert(std::is_same_v<decltype(C::m_featureTypeNames)::value_type, std::pair<const int, std::string>>);
+}
+
+TEST(StoreLayout, StaysUnder64Kilobytes) {
+    EXPECT_LT(sizeof(CustomConfig), 65'536u);
+}
+
+TEST(StoreLayout, IsOnePlainClassThatIsNeitherCopiedNorMoved) {
+    static_assert(!std::is_polymorphic_v<CustomConfig>);
+    static_assert(!std::is_copy_constructible_v<CustomConfig> && !std::is_copy_assignable_v<CustomConfig>);
+    static_assert(!std::is_move_constructible_v<CustomConfig> && !std::is_move_assignable_v<CustomConfig>);
+}
+
+}  // namespace
+}  // namespace customstyle_test

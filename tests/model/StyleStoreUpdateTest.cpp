@@ -1,0 +1,214 @@
+// Registration of style keys and the slots that they get.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+#include "model/BaseRecords.h"
+#include "support/FaultyMemory.h"
+#include "support/TestStore.h"
+
+namespace customstyle_test {
+namespace {
+
+constexpr int kIntMin = std::numeric_limits<int>::min();
+constexpr int kHighway = 13;
+
+class StoreUpdate : public testing::Test {
+protected:
+    void update(int featureType, int allLevels, int level) {
+        char key[16];
+        m_config.UpdateCustomStyleMap(key, featureType, allLevels, level);
+    }
+
+    CustomConfig m_config;
+};
+
+// ---- Key texts ------------------------------------------------------------------------------------------------------
+
+struct KeyCase {
+    const char* name;
+    int featureType;
+    int allLevels;
+    int level;
+    const char* key;
+};
+
+std::string caseName(const testing::TestParamInfo<KeyCase>& info) {
+    return info.param.name;
+}
+
+class StyleKeyText : public testing::TestWithParam<KeyCase> {};
+
+TEST_P(StyleKeyText, IsWrittenWithItsTerminatingZeroWithin16Characters) {
+    char key[24];
+    std::ranges::fill(key, 'x');
+    CustomConfig config;
+    config.UpdateCustomStyleMap(key, GetParam().featureType, GetParam().allLevels, GetParam().level);
+    EXPECT_STREQ(key, GetParam().key);
+    EXPECT_EQ(std::string(key + 16, 8), "xxxxxxxx");
+}
+
+TEST_P(StyleKeyText, IsTheKeyInBothTables) {
+    char key[16];
+    CustomConfig config;
+    config.UpdateCustomStyleMap(key, GetParam().featureType, GetParam().allLevels, GetParam().level);
+    EXPECT_EQ(config.m_styleEffectLevels.count(GetParam().key), 1u);
+    EXPECT_EQ(config.m_keyStyleMaps.count(GetParam().key), 1u);
+}
+
+TEST_P(StyleKeyText, CarriesTheGivenMark) {
+    char key[16];
+    CustomConfig config;
+    config.UpdateCustomStyleMap(key, GetParam().featureType, GetParam().allLevels, GetParam().level);
+    EXPECT_EQ(config.m_styleEffectLevels.at(GetParam().key), GetParam().allLevels);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    StoreUpdate, StyleKeyText,
+    testing::Values(KeyCase{"OneLevel", 5, 0, 18, "5:18"}, KeyCase{"AllLevels", 5, 1, 0, "5"},
+                    KeyCase{"AllLevelsWhateverTheLevel", 5, 1, 18, "5"}, KeyCase{"FirstTypeAtOneLevel", 0, 0, 4, "0:4"},
+                    KeyCase{"FirstTypeAtAllLevels", 0, 1, 0, "0"}, KeyCase{"LastTypeAtOneLevel", 72, 0, 21, "72:21"},
+                    KeyCase{"LastTypeAtAllLevels", 72, 1, 0, "72"}, KeyCase{"LevelZero", 13, 0, 0, "13:0"},
+                    KeyCase{"AnyMarkButZeroMeansAllLevels", 13, 2, 9, "13"},
+                    KeyCase{"ANegativeMarkMeansAllLevels", 13, -1, 9, "13"},
+                    KeyCase{"NegativeLevel", 13, 0, -7, "13:-7"},
+                    KeyCase{"LowestLevel", 72, 0, kIntMin, "72:-2147483648"},
+                    KeyCase{"HighestLevel", 72, 0, std::numeric_limits<int>::max(), "72:2147483647"}),
+    caseName);
+
+// ---- Registration ---------------------------------------------------------------------------------------------------
+
+TEST_F(StoreUpdate, TheSameKeyTwiceTakesOneSlot) {
+    update(kHighway, 1, 0);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 1);
+    EXPECT_EQ(m_config.m_keyStyleMaps.size(), 1u);
+    EXPECT_EQ(m_config.m_styleEffectLevels.size(), 1u);
+    EXPECT_EQ(m_config.m_styleEffectLevels.at("13"), 1);
+}
+
+TEST_F(StoreUpdate, KeysTakeSlotsInTheOrderInWhichTheyAreFirstSeen) {
+    update(20, 0, 15);
+    update(3, 1, 0);
+    update(20, 0, 15);
+    update(3, 0, 21);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 3);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("20:15"), &m_config.m_levelStyleMaps[0]);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("3"), &m_config.m_levelStyleMaps[1]);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("3:21"), &m_config.m_levelStyleMaps[2]);
+}
+
+TEST_F(StoreUpdate, TheFirstMarkOfAKeyStays) {
+    update(kHighway, 2, 0);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_styleEffectLevels.at("13"), 2);
+}
+
+TEST_F(StoreUpdate, ATypeWithoutBaseRecordsGetsAnEmptySlot) {
+    update(kHighway, 1, 0);
+    update(72, 1, 0);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 2);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("13")->GetCount(), 0);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("72")->GetCount(), 0);
+}
+
+// ---- Copies ---------------------------------------------------------------------------------------------------------
+
+TEST_F(StoreUpdate, ThreeBaseRecordsMakeThreeRecordsUnderTheirIds) {
+    for (const int styleId : {7001, 12, 340}) addBaseRecord(m_config, kHighway, styleId);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("13")->GetCount(), 3);
+    for (const int styleId : {7001, 12, 340}) EXPECT_EQ(recordAt(m_config, "13", styleId)->m_ID, styleId);
+}
+
+TEST_F(StoreUpdate, ARecordIsAWholeCopyOfItsOwn) {
+    addBaseRecord(m_config, kHighway, 7) = fullRecord(7);
+    update(kHighway, 0, 15);
+    ASSERT_NE(recordAt(m_config, "13:15", 7), nullptr);
+    EXPECT_EQ(*recordAt(m_config, "13:15", 7), fullRecord(7));
+    recordAt(m_config, "13:15", 7)->m_fillColor = 1;
+    update(kHighway, 1, 0);
+    EXPECT_EQ(*recordAt(m_config, "13", 7), fullRecord(7));
+}
+
+TEST_F(StoreUpdate, TheOrderOfTheBaseRecordsIsThatOfTheCopies) {
+    for (const int styleId : {30, 10, 20}) addBaseRecord(m_config, kHighway, styleId);
+    update(kHighway, 1, 0);
+    void* position = m_config.m_keyStyleMaps.at("13")->GetStartPosition();
+    for (const int styleId : {30, 10, 20}) {
+        void* key = nullptr;
+        void* record = nullptr;
+        m_config.m_keyStyleMaps.at("13")->GetNextAssoc(position, key, record);
+        EXPECT_EQ(key, recordKey(styleId));
+    }
+}
+
+TEST_F(StoreUpdate, OtherTypesHaveNoPartInASlot) {
+    addBaseRecord(m_config, 12, 1);
+    addBaseRecord(m_config, kHighway, 2);
+    addBaseRecord(m_config, 14, 3);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("13")->GetCount(), 1);
+}
+
+TEST_F(StoreUpdate, CopiesAreMadeOnFirstSightOnly) {
+    tagCustomStyle& base = addBaseRecord(m_config, kHighway, 7);
+    update(kHighway, 1, 0);
+    const MemoryAccounts accounts;
+    base.m_fillColor = 5;
+    addBaseRecord(m_config, kHighway, 8);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(*recordAt(m_config, "13", 7), baseRecord(7));
+    EXPECT_EQ(recordAt(m_config, "13", 8), nullptr);
+    EXPECT_EQ(accounts.blocks(), 1);
+}
+
+TEST_F(StoreUpdate, ANegativeStyleIdIsWidenedWithItsSign) {
+    addBaseRecord(m_config, kHighway, -5);
+    update(kHighway, 1, 0);
+    void* record = nullptr;
+    EXPECT_TRUE(m_config.m_levelStyleMaps[0].Lookup(reinterpret_cast<void*>(std::intptr_t{-5}), record));
+}
+
+TEST_F(StoreUpdate, ACopyIsFiledUnderItsOwnId) {
+    addBaseRecord(m_config, kHighway, 7).m_ID = 8;
+    update(kHighway, 1, 0);
+    EXPECT_EQ(recordAt(m_config, "13", 7), nullptr);
+    ASSERT_NE(recordAt(m_config, "13", 8), nullptr);
+}
+
+TEST_F(StoreUpdate, AnAbsentBaseRecordIsPassedOver) {
+    addBaseRecord(m_config, kHighway, 1);
+    m_config.m_typeStyleMaps[kHighway][recordKey(2)] = nullptr;
+    addBaseRecord(m_config, kHighway, 3);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_levelStyleMaps[0].GetCount(), 2);
+}
+
+// ---- A key without a slot -------------------------------------------------------------------------------------------
+
+TEST_F(StoreUpdate, ANullSlotPointerStaysButASlotIsTakenEachTime) {
+    addBaseRecord(m_config, kHighway, 7);
+    m_config.m_keyStyleMaps["13"] = nullptr;
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("13"), nullptr);
+    EXPECT_EQ(m_config.m_styleEffectLevels.at("13"), 1);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 1);
+    EXPECT_EQ(m_config.m_levelStyleMaps[0].GetCount(), 1);
+    update(kHighway, 1, 0);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 2);
+}
+
+TEST_F(StoreUpdate, WritersChangeNothingThroughANullSlotPointer) {
+    addBaseRecord(m_config, kHighway, 7);
+    m_config.m_keyStyleMaps["13"] = nullptr;
+    m_config.SetTypeColor(kHighway, "fill", 0xff0000ff, 1, 0);
+    void* record = nullptr;
+    ASSERT_TRUE(m_config.m_levelStyleMaps[0].Lookup(recordKey(7), record));
+    EXPECT_EQ(*static_cast<tagCustomStyle*>(record), baseRecord(7));
+}
+
+}  // namespace
+}  // namespace customstyle_test
