@@ -3,8 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -142,34 +140,62 @@ struct stFeatureTypeStyleRecorder {
     int m_recorded;  ///< 1 when the entry has been filled
 };
 
-/// Hashes a style key. Keys are a few characters long: the first and the last eight bytes, overlapping in shorter
-/// texts, tell all of them apart. Not noexcept, so that the table keeps each entry's hash beside it instead of hashing
-/// again.
+/// A style key in registers: character i stands in bits 8i of the 16 bytes, the rest is 0. Keys have up to 15
+/// characters; of a longer text the words hold the first 16.
+struct StyleKeyWords {
+    std::uint64_t head = 0;
+    std::uint64_t tail = 0;
+    std::size_t size = 0;
+
+    StyleKeyWords() = default;
+    explicit StyleKeyWords(std::string_view text) : size(text.size()) {
+        head = packed(text.substr(0, 8));
+        if (size > 8) tail = packed(text.substr(8, 8));
+    }
+
+    bool operator==(const StyleKeyWords&) const = default;
+
+private:
+    // Compilers make one load of it.
+    template <std::size_t kCount>
+    static std::uint64_t load(const char* text) {
+        std::uint64_t word = 0;
+        for (std::size_t i = 0; i < kCount; ++i) word |= std::uint64_t{static_cast<unsigned char>(text[i])} << 8 * i;
+        return word;
+    }
+
+    // Up to eight characters, the first one in the lowest bits; in the middle the two loads overlap.
+    static std::uint64_t packed(std::string_view text) {
+        const std::size_t size = text.size();
+        const char* const data = text.data();
+        if (size == 8) return load<8>(data);
+        if (size >= 4) return load<4>(data) | load<4>(data + size - 4) << 8 * (size - 4);
+        if (size >= 2) return load<2>(data) | load<2>(data + size - 2) << 8 * (size - 2);
+        return size == 1 ? load<1>(data) : 0;
+    }
+};
+
+/// Hashes a style key. Not noexcept, so that the table keeps each entry's hash beside it instead of hashing again. The
+/// 20 bits are plenty for some hundred keys, and a short number is quickly divided by the number of buckets.
 struct StyleKeyHash {
     using is_transparent = void;
 
-    std::size_t operator()(std::string_view key) const {
-        const std::size_t size = key.size();
-        std::uint64_t head = 0;
-        std::uint64_t tail = 0;
-        if (size >= 8) {
-            std::memcpy(&head, key.data(), 8);
-            std::memcpy(&tail, key.data() + size - 8, 8);
-        } else if (size >= 4) {
-            std::memcpy(&head, key.data(), 4);
-            std::memcpy(&tail, key.data() + size - 4, 4);
-        } else if (size > 0) {
-            head = static_cast<unsigned char>(key[0]);
-            tail = static_cast<unsigned char>(key[size / 2]) << 8 | static_cast<unsigned char>(key[size - 1]);
-        }
-        const std::uint64_t mixed = (head + size) * 0x9E3779B97F4A7C15 ^ tail * 0xC2B2AE3D27D4EB4F;
-        return static_cast<std::size_t>(mixed ^ mixed >> 32);
+    std::size_t operator()(std::string_view key) const { return operator()(StyleKeyWords(key)); }
+    std::size_t operator()(const StyleKeyWords& key) const {
+        return static_cast<std::size_t>((key.head * 0x9E3779B97F4A7C15 ^ key.tail * 0xC2B2AE3D27D4EB4F) >> 44);
     }
+};
+
+struct StyleKeyEqual {
+    using is_transparent = void;
+
+    bool operator()(std::string_view left, std::string_view right) const { return left == right; }
+    bool operator()(const StyleKeyWords& left, std::string_view right) const { return left == StyleKeyWords(right); }
 };
 
 /// Table by style key: the decimal feature type id ("13", all levels), or id and level joined by a colon ("13:15").
 template <typename Value>
-using StyleKeyTable = std::unordered_map<std::string, Value, StyleKeyHash, std::equal_to<>>;
+using StyleKeyTable = std::unordered_map<std::string, Value, StyleKeyHash, StyleKeyEqual>;
 
 /// All custom style state of one map view.
 ///

@@ -22,10 +22,6 @@ void collectLevel(std::string_view key, std::set<int>& levels) {
     if (read.ec == std::errc() && read.ptr == end) levels.insert(level);
 }
 
-bool isParent(int featureType) {
-    return std::ranges::find(kParentFeatureTypes, featureType) != std::end(kParentFeatureTypes);
-}
-
 }  // namespace
 
 void SnapshotBuilder::build() {
@@ -58,7 +54,7 @@ void SnapshotBuilder::collectLevels() {
 
 void SnapshotBuilder::compileLevel(std::size_t levelClass) {
     for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
-        if (!isParent(featureType)) compileType(featureType, levelClass);
+        if (!isParentFeatureType(featureType)) compileType(featureType, levelClass);
     }
     for (const int parent : kParentFeatureTypes) compileType(parent, levelClass);
 
@@ -68,7 +64,7 @@ void SnapshotBuilder::compileLevel(std::size_t levelClass) {
 }
 
 void SnapshotBuilder::compileType(int featureType, std::size_t levelClass) {
-    const CVMapPtrToPtr* records = effectiveRecords(m_config, featureType, m_levels[levelClass]);
+    const CVMapPtrToPtr* records = effectiveRecords(m_config, StyleKeys(featureType, m_levels[levelClass]));
     if (records == nullptr) return;
     forEachRecord(*records, [&](void* key, const tagCustomStyle& record) {
         const auto number = reinterpret_cast<std::uintptr_t>(key);
@@ -103,7 +99,7 @@ std::uint32_t SnapshotBuilder::placeOf(const tagCustomStyle& record) {
 void SnapshotBuilder::enterIcon(Row& row, std::size_t levelClass, int featureType, const tagCustomStyle& record) {
     if (row.iconDecided[levelClass]) return;
     std::int32_t& iconHidden = row.cells[levelClass].iconHidden;
-    if (isParent(featureType)) {
+    if (isParentFeatureType(featureType)) {
         // One parent that hides the icon is enough.
         if (record.m_iconHidden != 0) iconHidden = 1;
     } else {

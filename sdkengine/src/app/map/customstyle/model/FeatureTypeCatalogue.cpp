@@ -55,7 +55,7 @@ int CustomConfig::UpdateFeatureTypeId(int id) const {
 }
 
 int CustomConfig::IsParentFeatureType(int id) const {
-    return std::ranges::find(kParentFeatureTypes, id) != std::end(kParentFeatureTypes);
+    return isParentFeatureType(id);
 }
 
 void CustomConfig::PrintAllFeartureType() const {

@@ -1,6 +1,7 @@
 // The feature type catalogue.
 #pragma once
 
+#include <algorithm>
 #include <iterator>
 
 #include "CustomConfig.h"
@@ -100,6 +101,10 @@ static_assert(std::size(kFeatureTypes) == kFeatureTypeCount && eachRowStandsAtIt
 /// Types that answer a query only after all others, in the order in which they are asked.
 inline constexpr EMAPCUSTOMSTYLE kParentFeatureTypes[] = {EMAPCUSTOMSTYLE_MANMADE, EMAPCUSTOMSTYLE_DISTRICTLABEL,
                                                           EMAPCUSTOMSTYLE_POILABEL};
+
+constexpr bool isParentFeatureType(int id) {
+    return std::ranges::find(kParentFeatureTypes, id) != std::end(kParentFeatureTypes);
+}
 
 /// Loops over feature types end before this one: "all" is a wildcard of rules, not a type that content has.
 inline constexpr int kFeatureTypesEnd = EMAPCUSTOMSTYLE_ALL;

@@ -20,13 +20,13 @@ struct StyleScope {
 /// Where an all-levels record exists, each write to a level starts from it: two rules for one level do not add up.
 template <typename Write>
 void walkRecords(CustomConfig& config, const StyleScope& scope, Write write) {
-    char styleKey[StyleKey::kCapacity] = {};
+    char styleKey[kStyleKeyCapacity] = {};
     config.UpdateCustomStyleMap(styleKey, scope.featureType, scope.allLevels, scope.level);
-    const CVMapPtrToPtr* slot = findSlot(config, styleKey);
+    const CVMapPtrToPtr* slot = findSlot(config, StyleKeyWords(styleKey));
     if (slot == nullptr) return;  // refused: the store has no room for the key
 
     const CVMapPtrToPtr* allLevelsSlot =
-        scope.allLevels == 0 ? findSlot(config, StyleKey::ofType(scope.featureType).text()) : nullptr;
+        scope.allLevels == 0 ? findSlot(config, StyleKeys(scope.featureType, scope.level).ofType()) : nullptr;
     forEachRecord(*slot, [&](void* key, tagCustomStyle& record) {
         const tagCustomStyle* start = allLevelsSlot == nullptr ? nullptr : findRecord(*allLevelsSlot, key);
         if (start != nullptr) record = *start;

@@ -3,55 +3,87 @@
 
 #include <algorithm>
 #include <charconv>
-#include <string_view>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 
 #include "CustomConfig.h"
 
 namespace _orvik_framework {
 
-/// The key of one feature type at all levels ("13") or at one level ("13:15"), zero-terminated in 16 characters. An id
-/// outside the catalogue may need more together with its level; its key is cut and is never registered.
-class StyleKey {
+/// Room for a key with its terminating zero, as callers of UpdateCustomStyleMap provide it.
+inline constexpr std::size_t kStyleKeyCapacity = 16;
+
+/// The two keys of a feature type at a level: "13" for all levels and "13:15" for that level.
+///
+/// Made once for a level and then pointed at one type after the other. Both keys are put together in registers: a
+/// lookup that read a text just written would wait for the store.
+class StyleKeys {
 public:
-    static constexpr std::size_t kCapacity = 16;
+    explicit StyleKeys(int level) : m_level(joined(StyleKeyWords(":"), numberWords(level))) {}
 
-    static StyleKey ofType(int featureType) {
-        StyleKey key;
-        key.append(featureType);
-        return key;
+    StyleKeys(int featureType, int level) : StyleKeys(level) { selectType(featureType); }
+
+    void selectType(int featureType) {
+        const auto number = static_cast<unsigned int>(featureType);
+        m_type.tail = 0;
+        if (number > 99) {
+            m_type = numberWords(featureType);
+        } else if (number > 9) {
+            m_type.head = ('0' + number / 10) | ('0' + number % 10) << 8;
+            m_type.size = 2;
+        } else {
+            m_type.head = '0' + number;
+            m_type.size = 1;
+        }
     }
 
-    static StyleKey ofLevel(int featureType, int level) {
-        StyleKey key = ofType(featureType);
-        key.m_text[key.m_size++] = ':';
-        key.append(level);
-        return key;
-    }
+    const StyleKeyWords& ofType() const { return m_type; }
 
-    std::string_view text() const { return {m_text, m_size}; }
-    const char* c_str() const { return m_text; }
+    StyleKeyWords ofLevel() const { return joined(m_type, m_level); }
+
+    /// The key of a rule: that of all levels where `allLevels` is not 0.
+    StyleKeyWords ofScope(int allLevels) const { return allLevels != 0 ? ofType() : ofLevel(); }
 
 private:
-    void append(int number) {
-        char digits[kCapacity];
-        const std::to_chars_result written = std::to_chars(digits, digits + sizeof digits, number);
-        const std::size_t room = kCapacity - 1 - m_size;
-        const std::size_t count = std::min(room, static_cast<std::size_t>(written.ptr - digits));
-        std::copy_n(digits, count, m_text + m_size);
-        m_size += count;
+    static StyleKeyWords numberWords(int number) {
+        char digits[kStyleKeyCapacity];
+        const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        return StyleKeyWords({digits, static_cast<std::size_t>(end - digits)});
     }
 
-    char m_text[kCapacity] = {};
-    std::size_t m_size = 0;
+    // Cut to 15 characters. Only an id outside the catalogue can need more, and its key is never registered.
+    static StyleKeyWords joined(const StyleKeyWords& front, const StyleKeyWords& back) {
+        StyleKeyWords key = front;
+        key.size = std::min(front.size + back.size, kStyleKeyCapacity - 1);
+        if (front.size < 8) {
+            const std::size_t shift = 8 * front.size;
+            key.head |= back.head << shift;
+            key.tail = back.tail << shift | back.head >> (64 - shift);
+        } else {
+            key.tail |= back.head << 8 * (front.size - 8);
+        }
+        key.tail &= kLastCharacterOff;
+        return key;
+    }
+
+    static constexpr std::uint64_t kLastCharacterOff = ~std::uint64_t{0} >> 8;
+
+    StyleKeyWords m_type;
+    StyleKeyWords m_level;  // with its colon
 };
 
-/// The key of a rule's scope: `level` counts only where `allLevels` is 0.
-inline StyleKey styleKey(int featureType, int allLevels, int level) {
-    return allLevels != 0 ? StyleKey::ofType(featureType) : StyleKey::ofLevel(featureType, level);
+/// The text of a key; as long as keys are, it needs no memory of its own.
+inline std::string textOf(const StyleKeyWords& key) {
+    std::string text(key.size, '\0');
+    for (std::size_t i = 0; i < key.size; ++i) {
+        text[i] = static_cast<char>(i < 8 ? key.head >> 8 * i : key.tail >> 8 * (i - 8));
+    }
+    return text;
 }
 
 /// The slot of a key, or null where the key has none.
-inline CVMapPtrToPtr* findSlot(const CustomConfig& config, std::string_view key) {
+inline CVMapPtrToPtr* findSlot(const CustomConfig& config, const StyleKeyWords& key) {
     const auto found = config.m_keyStyleMaps.find(key);
     return found == config.m_keyStyleMaps.end() ? nullptr : found->second;
 }

@@ -7,8 +7,16 @@
 int g_zrsdk_custom_style_enable = 0;
 
 namespace _orvik_framework {
+namespace {
+
+constexpr float kRoomyLoadFactor = 0.25F;
+
+}  // namespace
 
 CustomConfig::CustomConfig() {
+    // Most lookups of a query are for keys that nobody wrote; in a roomy table they end at an empty bucket.
+    m_styleEffectLevels.max_load_factor(kRoomyLoadFactor);
+    m_keyStyleMaps.max_load_factor(kRoomyLoadFactor);
     initFeatureTypeIdMap();
     initFeatureTypeNameMap();
 }

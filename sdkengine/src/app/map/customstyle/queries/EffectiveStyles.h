@@ -9,32 +9,49 @@
 namespace _orvik_framework {
 
 /// Whether rules wrote a key with the given value: 1 for all levels, 0 for one level.
-inline bool isInEffect(const CustomConfig& config, std::string_view key, int allLevels) {
+inline bool isInEffect(const CustomConfig& config, const StyleKeyWords& key, int allLevels) {
     const auto found = config.m_styleEffectLevels.find(key);
     return found != config.m_styleEffectLevels.end() && found->second == allLevels;
 }
 
-/// The records in effect for a feature type at a level, or null. Styles of the level's own shut out those for all
+/// The records in effect for the type and level of the keys, or null. Styles of the level's own shut out those for all
 /// levels, also where they hold nothing for a style id.
-inline const CVMapPtrToPtr* effectiveRecords(const CustomConfig& config, int featureType, int level) {
-    const StyleKey levelKey = StyleKey::ofLevel(featureType, level);
-    if (isInEffect(config, levelKey.text(), 0)) return findSlot(config, levelKey.text());
-    const StyleKey typeKey = StyleKey::ofType(featureType);
-    if (isInEffect(config, typeKey.text(), 1)) return findSlot(config, typeKey.text());
+inline const CVMapPtrToPtr* effectiveRecords(const CustomConfig& config, const StyleKeys& keys) {
+    const StyleKeyWords levelKey = keys.ofLevel();
+    if (isInEffect(config, levelKey, 0)) return findSlot(config, levelKey);
+    if (isInEffect(config, keys.ofType(), 1)) return findSlot(config, keys.ofType());
     return nullptr;
 }
 
-/// The record in effect for a style id under a feature type, customised or not, or null.
-inline const tagCustomStyle* effectiveRecord(const CustomConfig& config, int featureType, unsigned int styleId,
-                                             int level) {
-    const CVMapPtrToPtr* records = effectiveRecords(config, featureType, level);
+/// The record in effect for a style id under the type and level of the keys, customised or not, or null.
+inline const tagCustomStyle* effectiveRecord(const CustomConfig& config, const StyleKeys& keys, unsigned int styleId) {
+    const CVMapPtrToPtr* records = effectiveRecords(config, keys);
     return records == nullptr ? nullptr : findRecord(*records, queriedKey(styleId));
+}
+
+/// The same if it is customised.
+inline const tagCustomStyle* customizedRecord(const CustomConfig& config, const StyleKeys& keys, unsigned int styleId) {
+    const tagCustomStyle* record = effectiveRecord(config, keys, styleId);
+    return record != nullptr && record->m_custom != 0 ? record : nullptr;
+}
+
+/// Calls `answers(const StyleKeys& keys)` for the feature types that are no parents, ascending, until one
+/// answers true. That type, or -1.
+template <typename Answers>
+int firstFeatureType(int level, Answers answers) {
+    StyleKeys keys(level);
+    for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
+        if (isParentFeatureType(featureType)) continue;
+        keys.selectType(featureType);
+        if (answers(keys)) return featureType;
+    }
+    return -1;
 }
 
 /// The record whose fill is the background of the land at a level, or null. The land has one background, so its first
 /// record speaks for it; the others are not asked even when that one is not customised.
 inline const tagCustomStyle* landBackground(const CustomConfig& config, int level) {
-    const CVMapPtrToPtr* records = effectiveRecords(config, EMAPCUSTOMSTYLE_LAND, level);
+    const CVMapPtrToPtr* records = effectiveRecords(config, StyleKeys(EMAPCUSTOMSTYLE_LAND, level));
     void* position = records == nullptr ? nullptr : records->GetStartPosition();
     if (position == nullptr) return nullptr;
     void* key = nullptr;

@@ -6,11 +6,12 @@ namespace _orvik_framework {
 int CustomConfig::IsCustomizedIconVisible(unsigned int styleId, int level) const {
     if (g_zrsdk_custom_style_enable == 0) return 0;
     if (m_allIconsHidden != 0) return 1;
-    for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
-        if (IsParentFeatureType(featureType)) continue;
-        const tagCustomStyle* record = effectiveRecord(*this, featureType, styleId, level);
-        if (record != nullptr) return record->m_iconHidden;
-    }
+    const tagCustomStyle* record = nullptr;
+    const int featureType = firstFeatureType(level, [&](const StyleKeys& keys) {
+        record = effectiveRecord(*this, keys, styleId);
+        return record != nullptr;
+    });
+    if (featureType != -1) return record->m_iconHidden;
     for (const int parent : kParentFeatureTypes) {
         if (IsParentFeatureTypeIconCustomizedVisibility(parent, styleId, level) != 0) return 1;
     }
@@ -18,8 +19,8 @@ int CustomConfig::IsCustomizedIconVisible(unsigned int styleId, int level) const
 }
 
 int CustomConfig::IsParentFeatureTypeIconCustomizedVisibility(int featureType, unsigned int styleId, int level) const {
-    if (!IsParentFeatureType(featureType)) return 0;
-    const tagCustomStyle* record = effectiveRecord(*this, featureType, styleId, level);
+    if (!isParentFeatureType(featureType)) return 0;
+    const tagCustomStyle* record = effectiveRecord(*this, StyleKeys(featureType, level), styleId);
     return record != nullptr && record->m_iconHidden != 0;
 }
 

@@ -4,20 +4,21 @@
 namespace _orvik_framework {
 
 int CustomConfig::IsStyleEffectAtGivenLevel(const char* key) const {
-    return isInEffect(*this, key, 0);
+    return isInEffect(*this, StyleKeyWords(key), 0);
 }
 
 int CustomConfig::IsStyleEffectAtAllLevel(const char* key) const {
-    return isInEffect(*this, key, 1);
+    return isInEffect(*this, StyleKeyWords(key), 1);
 }
 
 int CustomConfig::GetStyleFromConfig(tagCustomStyle& style, unsigned int styleId, int level) const {
     if (g_zrsdk_custom_style_enable == 0) return -1;
-    for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
-        if (IsParentFeatureType(featureType)) continue;
-        if (GetParentFeatureTypeCustomStyle(style, level, featureType, styleId) != -1) return featureType;
-    }
-    return GetParentFeatureTypeCustomStyle(style, level, styleId);
+    const int featureType = firstFeatureType(level, [&](const StyleKeys& keys) {
+        const tagCustomStyle* record = customizedRecord(*this, keys, styleId);
+        if (record != nullptr) style = *record;
+        return record != nullptr;
+    });
+    return featureType != -1 ? featureType : GetParentFeatureTypeCustomStyle(style, level, styleId);
 }
 
 int CustomConfig::GetParentFeatureTypeCustomStyle(tagCustomStyle& style, int level, unsigned int styleId) const {
@@ -29,8 +30,8 @@ int CustomConfig::GetParentFeatureTypeCustomStyle(tagCustomStyle& style, int lev
 
 int CustomConfig::GetParentFeatureTypeCustomStyle(tagCustomStyle& style, int level, int featureType,
                                                   unsigned int styleId) const {
-    const tagCustomStyle* record = effectiveRecord(*this, featureType, styleId, level);
-    if (record == nullptr || record->m_custom == 0) return -1;
+    const tagCustomStyle* record = customizedRecord(*this, StyleKeys(featureType, level), styleId);
+    if (record == nullptr) return -1;
     style = *record;
     return featureType;
 }
