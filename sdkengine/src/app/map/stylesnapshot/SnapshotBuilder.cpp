@@ -72,19 +72,18 @@ void SnapshotBuilder::compileType(int featureType, std::size_t levelClass) {
         if (number > std::numeric_limits<std::uint32_t>::max()) return;
         const auto styleId = static_cast<std::uint32_t>(number);
         Row& row = m_rows.try_emplace(styleId, m_levels.size()).first->second;
-        enterStyle(row.cells[levelClass], featureType, styleId, record);
+        enterStyle(row.answers[levelClass], featureType, styleId, record);
         enterIcon(row, levelClass, featureType, record);
     });
 }
 
-void SnapshotBuilder::enterStyle(Cell& cell, int featureType, std::uint32_t styleId, const tagCustomStyle& record) {
-    if (cell.featureType != -1 || record.m_custom == 0) return;
+void SnapshotBuilder::enterStyle(Answer& answer, int featureType, std::uint32_t styleId, const tagCustomStyle& record) {
+    if (answer.featureType != -1 || record.m_custom == 0) return;
     tagCustomStyle shared = record;
-    const bool sharesRecord = record.m_ID == static_cast<int>(styleId);
-    if (sharesRecord) shared.m_ID = 0;
-    cell.style = placeOf(shared);
-    cell.featureType = static_cast<std::int16_t>(featureType);
-    cell.sharesRecord = sharesRecord ? 1 : 0;
+    answer.sharesRecord = record.m_ID == static_cast<int>(styleId);
+    if (answer.sharesRecord) shared.m_ID = 0;
+    answer.style = placeOf(shared);
+    answer.featureType = featureType;
 }
 
 std::uint32_t SnapshotBuilder::placeOf(const tagCustomStyle& record) {
@@ -98,7 +97,7 @@ std::uint32_t SnapshotBuilder::placeOf(const tagCustomStyle& record) {
 
 void SnapshotBuilder::enterIcon(Row& row, std::size_t levelClass, int featureType, const tagCustomStyle& record) {
     if (row.iconDecided[levelClass]) return;
-    std::int32_t& iconHidden = row.cells[levelClass].iconHidden;
+    int& iconHidden = row.answers[levelClass].iconHidden;
     if (isParentFeatureType(featureType)) {
         // One parent that hides the icon is enough.
         if (record.m_iconHidden != 0) iconHidden = 1;
@@ -109,21 +108,27 @@ void SnapshotBuilder::enterIcon(Row& row, std::size_t levelClass, int featureTyp
 }
 
 void SnapshotBuilder::storeRows() {
-    startOf(std::vector<Cell>(m_levels.size()));  // row 0
+    startOf(std::vector<Answer>(m_levels.size()));  // row 0
     std::vector<PerfectIdIndex::Entry> entries;
     for (const auto& [styleId, row] : m_rows) {
-        const std::uint32_t start = startOf(row.cells);
+        const std::uint32_t start = startOf(row.answers);
         if (start != 0) entries.push_back({styleId, start});
     }
     m_snapshot.m_cells.shrink_to_fit();
+    m_snapshot.m_iconsHidden.shrink_to_fit();
     m_snapshot.m_rowStarts = PerfectIdIndex(entries);
 }
 
-std::uint32_t SnapshotBuilder::startOf(const std::vector<Cell>& cells) {
-    std::vector<Cell>& stored = m_snapshot.m_cells;
-    const auto [known, isNew] = m_rowStarts.try_emplace(cells, static_cast<std::uint32_t>(stored.size()));
-    if (isNew) stored.insert(stored.end(), cells.begin(), cells.end());
-    return known->second;
+std::uint32_t SnapshotBuilder::startOf(const std::vector<Answer>& answers) {
+    const auto next = static_cast<std::uint32_t>(m_snapshot.m_cells.size());
+    const auto [known, isNew] = m_rowStarts.try_emplace(answers, next);
+    if (!isNew) return known->second;
+    for (const Answer& answer : answers) {
+        m_snapshot.m_cells.push_back({answer.style, static_cast<std::int16_t>(answer.featureType),
+                                      static_cast<std::int16_t>(answer.sharesRecord)});
+        m_snapshot.m_iconsHidden.push_back(answer.iconHidden);
+    }
+    return next;
 }
 
 }  // namespace _orvik_framework

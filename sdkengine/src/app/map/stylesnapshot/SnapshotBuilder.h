@@ -22,30 +22,37 @@ public:
     void build();
 
 private:
-    using Cell = StyleSnapshot::Cell;
+    // The answer for one style id at one level.
+    struct Answer {
+        std::uint32_t style = 0;
+        int featureType = -1;
+        bool sharesRecord = false;
+        int iconHidden = 0;
+        friend auto operator<=>(const Answer&, const Answer&) = default;
+    };
 
     // The answers for one style id, by level class.
     struct Row {
-        explicit Row(std::size_t levelClasses) : cells(levelClasses), iconDecided(levelClasses) {}
-        std::vector<Cell> cells;
+        explicit Row(std::size_t levelClasses) : answers(levelClasses), iconDecided(levelClasses) {}
+        std::vector<Answer> answers;
         std::vector<bool> iconDecided;
     };
 
     void collectLevels();
     void compileLevel(std::size_t levelClass);
     void compileType(int featureType, std::size_t levelClass);
-    void enterStyle(Cell& cell, int featureType, std::uint32_t styleId, const tagCustomStyle& record);
+    void enterStyle(Answer& answer, int featureType, std::uint32_t styleId, const tagCustomStyle& record);
     std::uint32_t placeOf(const tagCustomStyle& record);
     void enterIcon(Row& row, std::size_t levelClass, int featureType, const tagCustomStyle& record);
     void storeRows();
-    std::uint32_t startOf(const std::vector<Cell>& cells);
+    std::uint32_t startOf(const std::vector<Answer>& answers);
 
     const CustomConfig& m_config;
     StyleSnapshot& m_snapshot;
     std::vector<int> m_levels;  // one of each level class
     std::unordered_map<std::uint32_t, Row> m_rows;
     std::unordered_map<std::string, std::uint32_t> m_stylePlaces;  // a record's bytes to its place
-    std::map<std::vector<Cell>, std::uint32_t> m_rowStarts;
+    std::map<std::vector<Answer>, std::uint32_t> m_rowStarts;
 };
 
 }  // namespace _orvik_framework

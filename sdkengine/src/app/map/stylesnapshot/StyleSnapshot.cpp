@@ -25,8 +25,8 @@ int StyleSnapshot::IsCustomGridBackRegionEnable(std::uint64_t& colour, int /*lev
 
 std::size_t StyleSnapshot::bytes() const {
     return sizeof *this + m_rowStarts.bytes() + m_cells.capacity() * sizeof(Cell) +
-           m_styles.capacity() * sizeof(tagCustomStyle) + m_sparseLevels.capacity() * sizeof(SparseLevel) +
-           m_landBackgrounds.capacity() * sizeof(Background);
+           m_iconsHidden.capacity() * sizeof(int) + m_styles.capacity() * sizeof(tagCustomStyle) +
+           m_sparseLevels.capacity() * sizeof(SparseLevel) + m_landBackgrounds.capacity() * sizeof(Background);
 }
 
 std::size_t StyleSnapshot::sparseLevelClassOf(int level) const {

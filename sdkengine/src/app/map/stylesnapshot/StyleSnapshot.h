@@ -40,7 +40,7 @@ public:
     /// The same style without the copy. It lives as long as the snapshot.
     BorrowedStyle FindStyle(unsigned int styleId, int level) const {
         if (g_zrsdk_custom_style_enable == 0) return {};
-        const Cell& cell = cellOf(styleId, levelClassOf(level));
+        const Cell cell = m_cells[placeOf(styleId, levelClassOf(level))];
         if (cell.featureType < 0) return {};
         return {cell.featureType, &m_styles[cell.style]};
     }
@@ -60,7 +60,7 @@ public:
     int IsCustomizedIconVisible(unsigned int styleId, int level) const {
         if (g_zrsdk_custom_style_enable == 0) return 0;
         if (m_allIconsHidden) return 1;
-        return cellOf(styleId, levelClassOf(level)).iconHidden;
+        return m_iconsHidden[placeOf(styleId, levelClassOf(level))];
     }
 
     /// CustomConfig::IsCustomBackRegionEnable: 1 and the land's packed background colour, or 0.
@@ -73,13 +73,11 @@ public:
     std::size_t bytes() const;
 
 private:
-    // The answer for one style id at one level.
+    // The style of one style id at one level.
     struct Cell {
         std::uint32_t style = 0;        // place in m_styles
         std::int16_t featureType = -1;  // -1: no custom style
         std::int16_t sharesRecord = 0;  // the record stands for several ids, and each puts its own in
-        std::int32_t iconHidden = 0;
-        friend auto operator<=>(const Cell&, const Cell&) = default;
     };
 
     // The land's background at one level.
@@ -100,13 +98,13 @@ private:
     std::size_t sparseLevelClassOf(int level) const;
 
     // Style ids with the same answers at all levels share one row. Row 0 answers for the ids that no type holds.
-    const Cell& cellOf(unsigned int styleId, std::size_t levelClass) const {
-        return m_cells[m_rowStarts.find(styleId) + levelClass];
+    std::size_t placeOf(unsigned int styleId, std::size_t levelClass) const {
+        return m_rowStarts.find(styleId) + levelClass;
     }
 
     int copyOut(tagCustomStyle& style, unsigned int styleId, std::size_t levelClass) const {
         if (g_zrsdk_custom_style_enable == 0) return -1;
-        const Cell& cell = cellOf(styleId, levelClass);
+        const Cell cell = m_cells[placeOf(styleId, levelClass)];
         if (cell.featureType < 0) return -1;
         style = m_styles[cell.style];
         if (cell.sharesRecord != 0) style.m_ID = static_cast<int>(styleId);
@@ -120,7 +118,8 @@ private:
 
     std::array<std::uint16_t, kDenseLevels> m_denseLevelClasses{};
     PerfectIdIndex m_rowStarts;
-    std::vector<Cell> m_cells;  // rows of one cell for each level class
+    std::vector<Cell> m_cells;       // rows of one cell for each level class
+    std::vector<int> m_iconsHidden;  // the same rows of answers about icons
     std::vector<tagCustomStyle> m_styles;
     std::vector<SparseLevel> m_sparseLevels;  // ascending
     std::vector<Background> m_landBackgrounds;
