@@ -48,14 +48,15 @@ int CVString::Compare(const CVString& other) const {
 }
 
 int CVString::Compare(const char* utf8) const {
-    const std::string_view text = utf8 == nullptr ? "" : utf8;
-    // ASCII reads the same in both forms and is compared in place.
-    if (std::ranges::all_of(text, isAscii)) {
-        const auto [here, there] = std::ranges::mismatch(m_text, text);
-        if (here == m_text.end()) return there == text.end() ? 0 : -1;
-        return there == text.end() || *here > static_cast<char16_t>(*there) ? 1 : -1;
+    if (utf8 == nullptr) return m_text.empty() ? 0 : 1;
+    // ASCII reads the same in both forms and is compared in place, which ends at the first difference.
+    std::size_t i = 0;
+    for (; i < m_text.size() && utf8[i] != '\0' && isAscii(utf8[i]); ++i) {
+        const char16_t there = static_cast<unsigned char>(utf8[i]);
+        if (m_text[i] != there) return m_text[i] < there ? -1 : 1;
     }
-    return m_text.compare(decoded(text));
+    if (utf8[i] == '\0') return i == m_text.size() ? 0 : 1;
+    return m_text.compare(i, std::u16string::npos, decoded(utf8 + i));
 }
 
 int CVString::Find(const CVString& text) const {

@@ -1,4 +1,6 @@
+#include <cstring>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "CustomConfig.h"
@@ -17,13 +19,15 @@ struct Rule {
     const cJSON* stylers;
 };
 
-bool contains(const CVString& text, const char* word) {
-    return text.Find(word) != -1;
+bool contains(std::string_view text, std::string_view word) {
+    return text.find(word) != std::string_view::npos;
 }
 
 // A path that begins with a dot stays whole.
-CVString lastWord(CVString path) {
-    for (int dot = path.Find("."); dot > 0; dot = path.Find(".")) path = path.Mid(dot + 1);
+const char* lastWord(const char* path) {
+    for (const char* dot = std::strchr(path, '.'); dot != nullptr && dot != path; dot = std::strchr(path, '.')) {
+        path = dot + 1;
+    }
     return path;
 }
 
@@ -39,31 +43,36 @@ std::optional<Rule> readRule(const CustomConfig& config, const cJSON* node) {
 
     const char* path = findText(node, "elementType");
     if (path == nullptr) return refuse(messages::kElementTypeAbsent);
-    const CVString elementPath = path;
-    const bool includesLabels = contains(elementPath, "labels") || contains(elementPath, "all");
+    const bool includesLabels = contains(path, "labels") || contains(path, "all");
 
     const cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(node, "stylers");
     if (_orvik_vi::cJSON_IsObject(stylers) == 0) return refuse(messages::kStylersAbsent);
-    return Rule{featureType, lastWord(elementPath), includesLabels, stylers};
+    return Rule{featureType, lastWord(path), includesLabels, stylers};
+}
+
+// Whether the rule carries a styler as a text and under exactly this name: the lookup is blind to letter case, but a
+// "Color" is no colour.
+bool carries(const cJSON* stylers, std::string_view name) {
+    const cJSON* member = findTextMember(stylers, name.data());
+    return member != nullptr && member->string == name;
 }
 
 // The stylers act in this order, whatever the order in the file.
-void applyRule(CustomConfig& config, const Rule& rule, Recorders& recorders, int ruleIndex) {
+void applyRule(CustomConfig& config, const Rule& rule, Recorders& recorders, std::size_t ruleIndex) {
     const auto& [featureType, elementType, includesLabels, stylers] = rule;
     int level = 0;
     const int allLevels = config.ParseCustomStyleGivenLevel(stylers, &level);
-    const CVString names = config.ParseCustomStyler(stylers);
-    const bool colors = contains(names, "color");
-    const bool shows = contains(names, "visibility");
-    const bool weighs = contains(names, "weight");
-    const bool sizes = contains(names, "fontsize");
+    const bool colors = carries(stylers, "color");
+    const bool shows = carries(stylers, "visibility");
+    const bool weighs = carries(stylers, "weight");
+    const bool sizes = carries(stylers, "fontsize");
 
     if (colors) {
         config.SetCustomColorStyle(featureType, elementType, stylers, includesLabels, nullptr, allLevels, level);
     }
     if (shows) {
-        config.SetCustomVisibilityStyle(featureType, elementType, stylers, includesLabels, recorders.data(), ruleIndex,
-                                        allLevels, level);
+        config.SetCustomVisibilityStyle(featureType, elementType, stylers, includesLabels, recorders.data(),
+                                        static_cast<int>(ruleIndex), allLevels, level);
     }
     if (weighs) {
         config.SetCustomWeightStyle(featureType, elementType, stylers, includesLabels, nullptr, allLevels, level);
@@ -78,7 +87,7 @@ void applyRule(CustomConfig& config, const Rule& rule, Recorders& recorders, int
 
 int CustomConfig::ParseCustomConfig(const cJSON* root) {
     Recorders recorders(static_cast<std::size_t>(_orvik_vi::cJSON_GetArraySize(root)));
-    int ruleIndex = 0;
+    std::size_t ruleIndex = 0;
     const cJSON* node = nullptr;
     cJSON_ArrayForEach(node, root) {
         const std::optional<Rule> rule = readRule(*this, node);

@@ -47,8 +47,9 @@ int CustomConfig::IsFeatureTypeIncludeLabels(int id) const {
 int CustomConfig::UpdateFeatureTypeId(int id) const {
     if (id < EMAPCUSTOMSTYLE_LAND || id > EMAPCUSTOMSTYLE_OTHERLABEL) return -1;
     if (std::ranges::find(kTypesKeepingTheirLabels, id) != std::end(kTypesKeepingTheirLabels)) return id;
-    const std::string name = GetFeatureTypeName(id);
-    if (name.empty()) return -1;
+    const auto named = m_featureTypeNames.find(id);
+    if (named == m_featureTypeNames.end() || named->second.empty()) return -1;
+    const std::string& name = named->second;
     if (name.find(kLabelWord) != std::string::npos) return id;
     const auto companion = m_featureTypeIds.find(name + kLabelWord);
     return companion != m_featureTypeIds.end() && canBeCompanion(companion->second) ? companion->second : id;

@@ -68,42 +68,45 @@ inline const DispatchRow* findRow(std::span<const DispatchRow> table, const CVSt
 /// The kind of records that a step changes.
 enum class Target { Geometry, Text, Icon, GridColor, EveryIcon };
 
+/// A step as a kind of records and the feature type that holds them, -1 where there is none.
+struct Reach {
+    Target target;
+    int featureType;
+};
+
+inline Reach reachOf(const CustomConfig& config, Step step, int featureType) {
+    switch (step) {
+        case Step::GeometryOfType:
+            return {Target::Geometry, featureType};
+        case Step::GeometryOfCompanion:
+            return {Target::Geometry, config.UpdateFeatureTypeId(featureType)};
+        case Step::TextOfType:
+            return {Target::Text, featureType};
+        case Step::TextOfCompanion:
+            return {Target::Text, config.UpdateFeatureTypeId(featureType)};
+        case Step::TextOfOtherCompanion: {
+            const int companion = config.UpdateFeatureTypeId(featureType);
+            return {Target::Text, companion == featureType ? -1 : companion};
+        }
+        case Step::IconOfType:
+            return {Target::Icon, featureType};
+        case Step::IconOfCompanion:
+            return {Target::Icon, config.UpdateFeatureTypeId(featureType)};
+        case Step::GridColor:
+            return {Target::GridColor, featureType};
+        case Step::EveryIcon:
+            return {Target::EveryIcon, featureType};
+    }
+    return {};
+}
+
 /// Runs a row's steps: calls `apply(Target, int featureType)` for each, in order. An id outside the catalogue has no
 /// records and no companion, so nothing happens for it.
 template <typename Apply>
 void runSteps(const CustomConfig& config, const DispatchRow& row, int featureType, int includesLabels, Apply apply) {
-    if (!isFeatureType(featureType)) return;
-    const int companion = config.UpdateFeatureTypeId(featureType);
     for (const Step step : row.steps[static_cast<std::size_t>(audienceOf(featureType, includesLabels))]) {
-        switch (step) {
-            case Step::GeometryOfType:
-                apply(Target::Geometry, featureType);
-                break;
-            case Step::GeometryOfCompanion:
-                apply(Target::Geometry, companion);
-                break;
-            case Step::TextOfType:
-                apply(Target::Text, featureType);
-                break;
-            case Step::TextOfCompanion:
-                apply(Target::Text, companion);
-                break;
-            case Step::TextOfOtherCompanion:
-                if (companion != featureType) apply(Target::Text, companion);
-                break;
-            case Step::IconOfType:
-                apply(Target::Icon, featureType);
-                break;
-            case Step::IconOfCompanion:
-                apply(Target::Icon, companion);
-                break;
-            case Step::GridColor:
-                apply(Target::GridColor, featureType);
-                break;
-            case Step::EveryIcon:
-                apply(Target::EveryIcon, featureType);
-                break;
-        }
+        const Reach reach = reachOf(config, step, featureType);
+        if (isFeatureType(reach.featureType)) apply(reach.target, reach.featureType);
     }
 }
 
