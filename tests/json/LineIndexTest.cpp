@@ -1,0 +1,85 @@
+// From byte offsets to lines and columns.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "json/LineIndex.h"
+
+namespace customstyle_test {
+namespace {
+
+using customstyle_tool::LineIndex;
+using customstyle_tool::LinePosition;
+using namespace std::string_view_literals;
+
+struct PositionCase {
+    const char* name;
+    std::string_view text;
+    std::size_t offset;
+    LinePosition position;
+};
+
+std::string caseName(const testing::TestParamInfo<PositionCase>& info) {
+    return info.param.name;
+}
+
+class Position : public testing::TestWithParam<PositionCase> {};
+
+TEST_P(Position, CountsLinesCharactersAndBytesFromOne) {
+    const LinePosition position = LineIndex(GetParam().text).position(GetParam().offset);
+    EXPECT_EQ(position.line, GetParam().position.line);
+    EXPECT_EQ(position.column, GetParam().position.column);
+    EXPECT_EQ(position.byteColumn, GetParam().position.byteColumn);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LineIndex, Position,
+    testing::Values(PositionCase{"OfTheEmptyText", "", 0, {1, 1, 1}}, PositionCase{"OfTheBegin", "ab", 0, {1, 1, 1}},
+                    PositionCase{"OfTheEnd", "ab", 2, {1, 3, 3}}, PositionCase{"BeyondTheEnd", "ab", 99, {1, 3, 3}},
+                    PositionCase{"OfALineEnd", "ab\nc", 2, {1, 3, 3}},
+                    PositionCase{"BehindALineEnd", "ab\nc", 3, {2, 1, 1}},
+                    PositionCase{"OfACarriageReturn", "ab\r\nc", 2, {1, 3, 3}},
+                    PositionCase{"OfTheLineEndBehindACarriageReturn", "ab\r\nc", 3, {1, 4, 4}},
+                    PositionCase{"BehindBoth", "ab\r\nc", 4, {2, 1, 1}},
+                    PositionCase{"ACarriageReturnAloneEndsNoLine", "a\rb", 2, {1, 3, 3}},
+                    PositionCase{"InAnEmptyLine", "a\n\n\nb", 3, {3, 1, 1}},
+                    PositionCase{"OfTheEndBehindALineEnd", "a\n", 2, {2, 1, 1}},
+                    PositionCase{"BehindTwoByteCharacters", "\xC3\xA9\xC3\xA9x", 4, {1, 3, 5}},
+                    PositionCase{"BehindAFourByteCharacter", "\xF0\x9F\x98\x80x", 4, {1, 2, 5}},
+                    PositionCase{"InALaterLineWithAccents", "\xC3\xA9\n\xC3\xA9x", 5, {2, 2, 3}},
+                    PositionCase{"AByteOrderMarkTakesNoColumn", "\xEF\xBB\xBF[]", 4, {1, 2, 5}},
+                    PositionCase{"AByteOrderMarkCountsInItsLineOnly", "\xEF\xBB\xBF[\n]", 5, {2, 1, 1}},
+                    PositionCase{"OfTheByteOrderMark", "\xEF\xBB\xBF[]", 0, {1, 1, 1}},
+                    PositionCase{"NulIsACharacter", "\0\0x"sv, 2, {1, 3, 3}}),
+    caseName);
+
+TEST(LineIndex, ColumnsInVeryLongLinesAreCountedToo) {
+    std::string text = "first\n";
+    for (int i = 0; i < 10'000; ++i) text += "a\xC3\xA9";
+    const LineIndex lines(text);
+    for (const std::size_t character : {1u, 4'000u, 8'191u, 8'192u, 20'000u}) {
+        const std::size_t bytes = character / 2 * 3 + character % 2;
+        EXPECT_EQ(lines.position(6 + bytes), (LinePosition{2, 1 + character, 1 + bytes}));
+    }
+}
+
+TEST(LineIndex, LinesComeWithoutTheirLineEnds) {
+    const LineIndex lines("one\ntwo\r\n\nfour\r\r\n");
+    ASSERT_EQ(lines.lineCount(), 5u);
+    EXPECT_EQ(lines.lineText(1), "one");
+    EXPECT_EQ(lines.lineText(2), "two");
+    EXPECT_EQ(lines.lineText(3), "");
+    EXPECT_EQ(lines.lineText(4), "four\r");
+    EXPECT_EQ(lines.lineText(5), "");
+}
+
+TEST(LineIndex, TheEmptyTextHasOneEmptyLine) {
+    const LineIndex lines("");
+    EXPECT_EQ(lines.lineCount(), 1u);
+    EXPECT_EQ(lines.lineText(1), "");
+}
+
+}  // namespace
+}  // namespace customstyle_test

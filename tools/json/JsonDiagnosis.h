@@ -1,0 +1,37 @@
+// Finds out why a text cannot be read on, and where a person should look.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "json/JsonDocument.h"
+#include "json/JsonError.h"
+
+namespace customstyle_tool {
+
+/// Where a reader cannot go on.
+struct StuckPlace {
+    std::string_view text;                   ///< as far as it is read
+    bool isCutByNul;                         ///< whether a NUL ends the text, and not the end of the file
+    std::size_t at;                          ///< the byte that does not fit, never a blank, or the size of the text
+    std::optional<std::size_t> openBracket;  ///< the innermost list or object that is still open
+    TextRange lastToken;                     ///< the last name or value that was read; empty for none
+};
+
+/// There is no value where one has to be.
+JsonError whyNoValue(const StuckPlace& place);
+
+/// There is no name where a member has to begin.
+JsonError whyNoName(const StuckPlace& place);
+
+/// There is no colon behind a name.
+JsonError whyNoColon(const StuckPlace& place);
+
+/// A text that begins at the place has no closing quote.
+JsonError whyNoClosingQuote(const StuckPlace& place);
+
+/// There is neither a comma nor the right bracket behind a value.
+JsonError whyNoComma(const StuckPlace& place);
+
+}  // namespace customstyle_tool

@@ -1,0 +1,60 @@
+#include "json/JsonError.h"
+
+#include <iterator>
+
+namespace customstyle_tool {
+namespace {
+
+struct FaultReason {
+    JsonFault fault;
+    std::string_view reason;
+};
+
+constexpr FaultReason kReasons[] = {
+    {JsonFault::NoValue, "the text holds no JSON value"},
+    {JsonFault::TooLarge, "the text has 4 GiB or more"},
+    {JsonFault::Utf16, "the text is UTF-16; it has to be saved as UTF-8"},
+    {JsonFault::NulByte, "a NUL byte ends the text here"},
+    {JsonFault::ByteOrderMarkAlone, "a byte order mark needs at least two bytes behind it"},
+    {JsonFault::Comment, "a comment is not JSON"},
+    {JsonFault::InvisibleCharacter,
+     "an invisible character stands here; between values only blanks, tabs and line ends may"},
+    {JsonFault::UnknownCharacter, "no JSON value begins with this character"},
+    {JsonFault::MissingValue, "a value is missing here"},
+    {JsonFault::MissingName, "a member is missing here"},
+    {JsonFault::MissingColon, "a colon is missing here"},
+    {JsonFault::MissingCommaInArray, "a comma or ] is missing here"},
+    {JsonFault::MissingCommaInObject, "a comma or } is missing here"},
+    {JsonFault::TrailingCommaInArray, "a trailing comma: the last element has no comma behind it"},
+    {JsonFault::TrailingCommaInObject, "a trailing comma: the last member has no comma behind it"},
+    {JsonFault::WrongBracketInArray, "a list ends with ], not with }"},
+    {JsonFault::WrongBracketInObject, "an object ends with }, not with ]"},
+    {JsonFault::UnclosedArray, "the ] of this list is missing"},
+    {JsonFault::UnclosedObject, "the } of this object is missing"},
+    {JsonFault::TooDeep, "nested deeper than 1,000"},
+    {JsonFault::UnquotedText, "a text needs double quotes"},
+    {JsonFault::UnquotedName, "a member's name needs double quotes"},
+    {JsonFault::WrongQuotes, "a text needs straight double quotes"},
+    {JsonFault::UnterminatedText, "an unterminated text: its closing double quote is missing"},
+    {JsonFault::UnknownEscape, "there is no such escape; a backslash itself is written twice"},
+    {JsonFault::ShortUnicodeEscape, "\\u needs four hexadecimal digits"},
+    {JsonFault::LoneSurrogate, "half of a surrogate pair; both halves have to stand side by side"},
+    {JsonFault::MalformedNumber, "not a number as JSON writes it"},
+    {JsonFault::CapitalsInWord, "true, false and null are written in small letters"},
+};
+
+constexpr bool eachReasonStandsAtItsFault() {
+    for (std::size_t i = 0; i < std::size(kReasons); ++i) {
+        if (kReasons[i].fault != static_cast<JsonFault>(i)) return false;
+    }
+    return std::size(kReasons) == static_cast<std::size_t>(JsonFault::kCount);
+}
+static_assert(eachReasonStandsAtItsFault());
+
+}  // namespace
+
+std::string_view JsonError::reason() const {
+    return kReasons[static_cast<std::size_t>(fault)].reason;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,208 @@
+#include <limits>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "json/JsonDiagnosis.h"
+#include "json/JsonScalars.h"
+#include "json/JsonTree.h"
+
+namespace customstyle_tool {
+namespace {
+
+constexpr std::size_t kNestingLimit = 1000;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kShortestTextWithByteOrderMark = 5;
+
+using Index = std::uint32_t;  // of a node
+
+struct Word {
+    std::string_view text;
+    JsonKind kind;
+};
+
+constexpr Word kWords[] = {{"null", JsonKind::Null}, {"false", JsonKind::False}, {"true", JsonKind::True}};
+
+// Where the next value belongs. The name is empty in lists.
+struct Slot {
+    Index parent;
+    Index position;
+    TextRange name;
+};
+
+// Each read function begins at a byte that is not blank and ends behind what it has read. It answers false when it
+// cannot read, and the reason is in m_error.
+class Parser {
+public:
+    explicit Parser(std::string_view text);
+
+    std::variant<JsonDocument, JsonError> run();
+
+private:
+    bool readValue(const Slot& slot);
+    bool readWord(const Slot& slot);
+    bool readNumber(const Slot& slot);
+    bool readText(const Slot& slot);
+    bool readContainer(const Slot& slot, JsonKind kind);
+    bool readElements(Index container, bool named, char closing);
+    bool readMember(Slot slot);
+    bool readComma(JsonFault trailing, char closing);
+    bool readQuoted();
+
+    Index add(const Slot& slot, JsonKind kind, TextRange range);
+    bool addScalar(const Slot& slot, JsonKind kind, TextRange range);
+    bool isAt(char byte) const { return m_at < m_text.size() && m_text[m_at] == byte; }
+    void skipBlanks() { m_at = behindBlanks(m_text, m_at); }
+    void skipByteOrderMark();
+    StuckPlace place() const { return {m_text, m_text.size() < m_tree->text.size(), m_at, m_openBracket, m_lastToken}; }
+    bool fail(const JsonError& error);
+
+    std::shared_ptr<JsonTree> m_tree;
+    std::string_view m_text;  // ends before the first NUL
+    std::size_t m_at = 0;
+    std::size_t m_depth = 0;
+    std::optional<std::size_t> m_openBracket;
+    TextRange m_lastToken{};
+    std::string m_decoded;  // its memory is used again and again
+    JsonError m_error{};
+};
+
+Parser::Parser(std::string_view text) : m_tree(std::make_shared<JsonTree>()), m_text(text.substr(0, text.find('\0'))) {
+    m_tree->text = text;
+}
+
+std::variant<JsonDocument, JsonError> Parser::run() {
+    skipByteOrderMark();
+    skipBlanks();
+    if (!readValue({0, 0, {m_at, m_at}})) return m_error;
+    return JsonDocument(std::move(m_tree));
+}
+
+void Parser::skipByteOrderMark() {
+    if (m_text.size() >= kShortestTextWithByteOrderMark && m_text.starts_with(kByteOrderMark)) {
+        m_at = kByteOrderMark.size();
+    }
+}
+
+bool Parser::readValue(const Slot& slot) {
+    const char first = m_at < m_text.size() ? m_text[m_at] : '\0';
+    if (first == '"') return readText(slot);
+    if (first == '[') return readContainer(slot, JsonKind::Array);
+    if (first == '{') return readContainer(slot, JsonKind::Object);
+    if (first == '-' || isDigit(first)) return readNumber(slot);
+    return readWord(slot);
+}
+
+bool Parser::readWord(const Slot& slot) {
+    for (const auto& [word, kind] : kWords) {
+        if (m_text.substr(m_at).starts_with(word)) return addScalar(slot, kind, {m_at, m_at + word.size()});
+    }
+    return fail(whyNoValue(place()));
+}
+
+bool Parser::readNumber(const Slot& slot) {
+    const std::size_t length = numberLength(m_text.substr(m_at));
+    if (length == 0) return fail(whyNoValue(place()));
+    return addScalar(slot, JsonKind::Number, {m_at, m_at + length});
+}
+
+bool Parser::readText(const Slot& slot) {
+    const std::size_t begin = m_at;
+    return readQuoted() && addScalar(slot, JsonKind::String, {begin, m_at});
+}
+
+bool Parser::readQuoted() {
+    const std::size_t inside = m_at + 1;
+    const std::size_t quote = closingQuote(m_text, inside);
+    if (quote == std::string_view::npos) return fail(whyNoClosingQuote(place()));
+    if (const auto error = decodeText(m_text.substr(inside, quote - inside), m_decoded)) {
+        return fail({error->fault, inside + error->offset});
+    }
+    m_lastToken = {m_at, quote + 1};
+    m_at = quote + 1;
+    return true;
+}
+
+bool Parser::readContainer(const Slot& slot, JsonKind kind) {
+    if (m_depth == kNestingLimit) return fail({JsonFault::TooDeep, m_at});
+    const std::size_t begin = m_at;
+    const std::optional<std::size_t> outerBracket = std::exchange(m_openBracket, begin);
+    const Index container = add(slot, kind, {begin, begin});
+    ++m_depth;
+    if (!readElements(container, kind == JsonKind::Object, kind == JsonKind::Object ? '}' : ']')) return false;
+    --m_depth;
+    m_openBracket = outerBracket;
+    m_lastToken = {begin, m_at};
+    JsonNode& node = m_tree->nodes[container];
+    node.end = static_cast<Index>(m_at);
+    node.behind = static_cast<Index>(m_tree->nodes.size());
+    return true;
+}
+
+bool Parser::readElements(Index container, bool named, char closing) {
+    const JsonFault trailing = named ? JsonFault::TrailingCommaInObject : JsonFault::TrailingCommaInArray;
+    ++m_at;
+    skipBlanks();
+    for (Index position = 0; !isAt(closing); ++position) {
+        if (position > 0 && !readComma(trailing, closing)) return false;
+        const Slot slot{container, position, {m_at, m_at}};
+        if (!(named ? readMember(slot) : readValue(slot))) return false;
+        skipBlanks();
+    }
+    ++m_at;
+    return true;
+}
+
+bool Parser::readMember(Slot slot) {
+    if (!isAt('"')) return fail(whyNoName(place()));
+    slot.name.begin = m_at;
+    if (!readQuoted()) return false;
+    slot.name.end = m_at;
+    skipBlanks();
+    if (!isAt(':')) return fail(whyNoColon(place()));
+    ++m_at;
+    skipBlanks();
+    return readValue(slot);
+}
+
+bool Parser::readComma(JsonFault trailing, char closing) {
+    if (!isAt(',')) return fail(whyNoComma(place()));
+    const std::size_t comma = m_at++;
+    skipBlanks();
+    return !isAt(closing) || fail({trailing, comma});
+}
+
+Index Parser::add(const Slot& slot, JsonKind kind, TextRange range) {
+    const auto index = static_cast<Index>(m_tree->nodes.size());
+    const auto offset = [](std::size_t byte) { return static_cast<std::uint32_t>(byte); };
+    m_tree->nodes.push_back({.begin = offset(range.begin),
+                             .end = offset(range.end),
+                             .nameBegin = offset(slot.name.begin),
+                             .nameEnd = offset(slot.name.end),
+                             .parent = slot.parent,
+                             .position = slot.position,
+                             .behind = index + 1,
+                             .kind = kind});
+    return index;
+}
+
+bool Parser::addScalar(const Slot& slot, JsonKind kind, TextRange range) {
+    add(slot, kind, range);
+    m_lastToken = range;
+    m_at = range.end;
+    return true;
+}
+
+bool Parser::fail(const JsonError& error) {
+    m_error = error;
+    return false;
+}
+
+}  // namespace
+
+std::variant<JsonDocument, JsonError> parseJson(std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max()) return JsonError{JsonFault::TooLarge, 0};
+    return Parser(text).run();
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,49 @@
+// The smallest parts of JSON text: blanks, numbers and what stands between quotes.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "json/JsonError.h"
+
+namespace customstyle_tool {
+
+/// Whether a byte may stand between values: each control character counts.
+constexpr bool isBlank(char byte) {
+    return static_cast<unsigned char>(byte) <= ' ';
+}
+
+constexpr bool isDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
+constexpr bool isLetter(char byte) {
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+
+constexpr char lowerCase(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+/// The first byte from `at` on that is not blank, or the size of the text.
+std::size_t behindBlanks(std::string_view text, std::size_t at);
+
+/// The length of the longest number that the text begins with; 0 for none.
+std::size_t numberLength(std::string_view text);
+
+/// The value of a number as numberLength cuts it, correctly rounded; infinite beyond the range of double.
+double numberValue(std::string_view number);
+
+/// The position of the quote that closes a text, which starts at `at` behind its opening quote; npos for none.
+std::size_t closingQuote(std::string_view text, std::size_t at);
+
+/// Replaces the escapes in what stands between quotes. \u with wrong digits counts as \u0000.
+///
+/// @param inside   ends before a quote as closingQuote finds it
+/// @param decoded  receives the decoded bytes; half done when there is an error
+/// @return an error with its offset in `inside`, or nothing
+std::optional<JsonError> decodeText(std::string_view inside, std::string& decoded);
+
+}  // namespace customstyle_tool
