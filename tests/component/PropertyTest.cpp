@@ -1,7 +1,7 @@
 // Whatever the files hold, the store keeps its order and the answers agree with it.
 #include <gtest/gtest.h>
 
-#include "component/RandomFiles.h"
+#include "support/RandomFiles.h"
 #include "component/StoreInvariants.h"
 #include "support/FaultyMemory.h"
 #include "support/LogCapture.h"

@@ -11,10 +11,14 @@ namespace {
 
 constexpr char kRow[] = "{:>10}  {:<20}  {:<24}  {}\n";
 
+std::string shortValueText(const FieldText& field) {
+    return field.isColor ? shortColorText(field.value) : fmt::format("{}", field.value);
+}
+
 std::string styleText(const Answer& answer) {
     std::vector<std::string> parts;
     for (const FieldText& field : applyingFields(answer.style)) {
-        parts.push_back(fmt::format("{} {}", field.name, valueText(field)));
+        parts.push_back(fmt::format("{} {}", field.name, shortValueText(field)));
     }
     if (answer.iconHidden) parts.emplace_back("icon hidden");
     return parts.empty() ? "-" : fmt::format("{}", fmt::join(parts, ", "));

@@ -18,6 +18,11 @@ int levelOfClass(std::size_t levelClass) {
     return levelClass == kOtherLevels ? 0 : kLowestLevel + static_cast<int>(levelClass);
 }
 
+std::size_t classOfLevel(int level) {
+    if (level < kLowestLevel || level > kHighestLevel) return kOtherLevels;
+    return static_cast<std::size_t>(level - kLowestLevel);
+}
+
 std::string levelsText(const LevelSet& levels) {
     if (levels.all()) return "all levels";
     std::vector<std::string> parts;

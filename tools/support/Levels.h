@@ -18,6 +18,9 @@ inline constexpr std::size_t kOtherLevels = kLevelClassCount - 1;
 /// A level of the class, to ask the component with.
 int levelOfClass(std::size_t levelClass);
 
+/// The class of a level.
+std::size_t classOfLevel(int level);
+
 using LevelSet = std::bitset<kLevelClassCount>;
 
 /// Names a set of levels: "all levels", "4-9, 12, other".

@@ -2,43 +2,15 @@
 
 #include <fmt/format.h>
 
+#include "support/StyleFields.h"
+
 namespace customstyle_tool {
-namespace {
-
-using Style = _orvik_framework::tagCustomStyle;
-
-template <typename Value>
-struct NamedField {
-    const char* name;
-    Value Style::*value;
-    int Style::*applies;
-};
-
-constexpr NamedField<std::uint64_t> kColors[] = {
-    {"fill", &Style::m_fillColor, &Style::m_fillColorSet},
-    {"stroke", &Style::m_borderColor, &Style::m_borderColorSet},
-    {"top surface", &Style::m_topSurfaceColor, &Style::m_topSurfaceColorSet},
-    {"text fill", &Style::m_textFillColor, &Style::m_textFillColorSet},
-    {"text stroke", &Style::m_textStrokeColor, &Style::m_textStrokeColorSet},
-};
-
-constexpr NamedField<std::uint8_t> kSizes[] = {
-    {"fill weight", &Style::m_fillWeight, &Style::m_fillWeightSet},
-    {"stroke weight", &Style::m_borderWeight, &Style::m_borderWeightSet},
-    {"text fill weight", &Style::m_textFillWeight, &Style::m_textFillWeightSet},
-    {"text stroke weight", &Style::m_textStrokeWeight, &Style::m_textStrokeWeightSet},
-    {"font size", &Style::m_fontSize, &Style::m_fontSizeSet},
-};
-
-}  // namespace
-
-std::vector<FieldText> applyingFields(const Style& style) {
+std::vector<FieldText> applyingFields(const tagCustomStyle& style) {
     std::vector<FieldText> fields;
-    for (const auto& [name, value, applies] : kColors) {
-        if (style.*applies == 1) fields.push_back({name, true, style.*value});
-    }
-    for (const auto& [name, value, applies] : kSizes) {
-        if (style.*applies == 1) fields.push_back({name, false, style.*value});
+    for (const StyleField& field : styleFields()) {
+        const bool isValue = field.kind == FieldKind::Color || field.kind == FieldKind::Size;
+        if (!isValue || !appliesIn(field, style)) continue;
+        fields.push_back({field.name, field.kind == FieldKind::Color, valueOf(field, style)});
     }
     return fields;
 }
@@ -54,6 +26,12 @@ unsigned int alphaOf(std::uint64_t packedColor) {
 std::string colorText(std::uint64_t packedColor) {
     const unsigned int alpha = alphaOf(packedColor);
     return fmt::format("{} alpha {:02x}{}", rgbText(packedColor), alpha, alpha == 0 ? " (invisible)" : "");
+}
+
+std::string shortColorText(std::uint64_t packedColor) {
+    const unsigned int alpha = alphaOf(packedColor);
+    if (alpha == 0) return "invisible";
+    return alpha == 0xFF ? rgbText(packedColor) : fmt::format("{}{:02x}", rgbText(packedColor), alpha);
 }
 
 std::string valueText(const FieldText& field) {

@@ -28,6 +28,9 @@ unsigned int alphaOf(std::uint64_t packedColor);
 /// A colour with its alpha in hexadecimal: "#aadaff alpha 80"; "#000000 alpha 00 (invisible)".
 std::string colorText(std::uint64_t packedColor);
 
+/// A colour as a style file writes it, "#aadaff" or "#aadaff80", and "invisible" for a fully transparent one.
+std::string shortColorText(std::uint64_t packedColor);
+
 /// The value as people read it: a colour or a number.
 std::string valueText(const FieldText& field);
 

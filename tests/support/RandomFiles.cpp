@@ -1,4 +1,4 @@
-#include "component/RandomFiles.h"
+#include "support/RandomFiles.h"
 
 #include <iterator>
 

@@ -1,0 +1,61 @@
+#include "replay/MappingSource.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace customstyle_tool {
+
+using _orvik_framework::CustomConfig;
+
+StyleIdsByType::StyleIdsByType(const CustomConfig& config) : m_ids(_orvik_framework::kFeatureTypeCount) {
+    for (std::size_t type = 0; type < m_ids.size(); ++type) {
+        const auto& records = config.m_typeStyleMaps[type];
+        for (void* position = records.GetStartPosition(); position != nullptr;) {
+            void* key = nullptr;
+            void* record = nullptr;
+            records.GetNextAssoc(position, key, record);
+            m_ids[type].push_back(static_cast<int>(reinterpret_cast<std::intptr_t>(key)));
+        }
+    }
+}
+
+std::set<int> StyleIdsByType::all() const {
+    std::set<int> ids;
+    for (const std::vector<int>& ofType : m_ids) ids.insert(ofType.begin(), ofType.end());
+    return ids;
+}
+
+std::string StyleIdsByType::mappingWithOnly(const std::set<int>& styleIds) const {
+    const CustomConfig catalogue;
+    std::vector<std::string> members;
+    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
+        std::vector<int> kept;
+        std::ranges::copy_if(of(type), std::back_inserter(kept), [&](int id) { return styleIds.contains(id); });
+        // The component drops a 0 at the head of a list; behind another id it stays. No renderer asks for the lowest
+        // one.
+        if (!kept.empty() && kept.front() == 0) kept.insert(kept.begin(), std::numeric_limits<int>::min());
+        members.push_back(fmt::format("\"{}\":[{}]", catalogue.GetFeatureTypeName(type), fmt::join(kept, ",")));
+    }
+    return fmt::format("{{{}}}", fmt::join(members, ","));
+}
+
+std::set<int> StyleIdsByType::representatives() const {
+    std::map<int, std::vector<std::size_t>> typesOf;
+    for (std::size_t type = 0; type < m_ids.size(); ++type) {
+        for (const int id : m_ids[type]) typesOf[id].push_back(type);
+    }
+    std::set<int> chosen;
+    std::set<std::vector<std::size_t>> seen;
+    for (const std::vector<int>& ofType : m_ids) {
+        if (!ofType.empty()) chosen.insert(ofType.front());
+        for (const int id : ofType) {
+            if (seen.insert(typesOf[id]).second) chosen.insert(id);
+        }
+    }
+    return chosen;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,174 @@
+#include "replay/TracedReplay.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "replay/LogRecording.h"
+#include "replay/SingleRules.h"
+#include "replay/StoreImage.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+using _orvik_vi::cJSON;
+using Log = std::vector<std::string>;
+
+std::vector<std::string> keysInSlotOrder(const CustomConfig& config) {
+    std::vector<std::pair<const void*, std::string>> slots;
+    for (const auto& [key, slot] : config.m_keyStyleMaps) slots.emplace_back(slot, key);
+    std::ranges::sort(slots);
+    std::vector<std::string> keys;
+    for (auto& [slot, key] : slots) keys.push_back(std::move(key));
+    return keys;
+}
+
+// What a rule addresses shows in a store of its own, where there is always room.
+std::vector<std::string> keysOf(const cJSON* document) {
+    const LogSilence quiet;
+    CustomConfig alone;
+    alone.ParseCustomConfig(document);
+    return keysInSlotOrder(alone);
+}
+
+bool hasSlot(const CustomConfig& config, const std::string& key) {
+    return config.m_keyStyleMaps.contains(key);
+}
+
+bool isLevelKey(std::string_view key) {
+    return key.find(':') != std::string_view::npos;
+}
+
+// Marks are unlike for records of a level and of all levels, and for the first and the second marking, in every width.
+std::uint64_t markFor(bool ofLevel, bool second) {
+    const std::uint64_t mark = ofLevel ? 0x5A5A5A5A5A5A5A5A : 0x3C3C3C3C3C3C3C3C;
+    return second ? ~mark : mark;
+}
+
+void markRecord(tagCustomStyle& record, std::uint64_t mark) {
+    for (const StyleField& field : styleFields()) setValue(field, record, mark);
+}
+
+bool isMarked(const StyleField& field, const tagCustomStyle& record, std::uint64_t mark) {
+    tagCustomStyle marked{};
+    setValue(field, marked, mark);
+    return valueOf(field, record) == valueOf(field, marked);
+}
+
+// Applies the rule to the store with every record marked, and leaves the outcome there.
+void applyToMarked(CustomConfig& config, const cJSON* document, bool second) {
+    for (const auto& [key, slot] : config.m_keyStyleMaps) {
+        const std::uint64_t mark = markFor(isLevelKey(key), second);
+        forEachSlotRecord(*slot, [&](int, tagCustomStyle& record) { markRecord(record, mark); });
+    }
+    config.m_gridColorSet = 0;
+    config.m_allIconsHidden = 0;
+    const LogSilence quiet;
+    config.ParseCustomConfig(document);
+}
+
+std::array<Origin, kStyleFieldCount> originsOf(bool ofLevel, const tagCustomStyle& first,
+                                               const tagCustomStyle& second) {
+    std::array<Origin, kStyleFieldCount> origins{};
+    for (std::size_t i = 0; i < kStyleFieldCount; ++i) {
+        const StyleField& field = styleFields()[i];
+        const auto bears = [&](bool markOfLevel) {
+            return isMarked(field, first, markFor(markOfLevel, false)) &&
+                   isMarked(field, second, markFor(markOfLevel, true));
+        };
+        origins[i] = bears(ofLevel) ? Origin::Kept : bears(false) ? Origin::Inherited : Origin::Written;
+    }
+    return origins;
+}
+
+bool isVisited(const RecordTouch& touch) {
+    return std::ranges::any_of(touch.origins, [](Origin origin) { return origin != Origin::Kept; });
+}
+
+int featureTypeOf(const std::string& key) {
+    return std::stoi(key);
+}
+
+std::optional<int> levelOf(const std::string& key) {
+    const std::size_t colon = key.find(':');
+    if (colon == std::string::npos) return {};
+    return std::stoi(key.substr(colon + 1));
+}
+
+// A record that came with the step began as a copy of its base record.
+tagCustomStyle recordBefore(const StoreImage& before, const std::string& key, std::size_t place, int styleId) {
+    const auto slot = before.slots().find(key);
+    if (slot != before.slots().end()) return slot->second[place].style;
+    tagCustomStyle base{};
+    base.m_ID = styleId;
+    return base;
+}
+
+class Stepper {
+public:
+    Stepper(CustomConfig& config, ReplayStep& step) : m_config(config), m_step(step) {}
+
+    void apply(const cJSON* document) {
+        m_step.keys = keysOf(document);
+        std::ranges::copy_if(m_step.keys, std::back_inserter(m_step.newKeys),
+                             [&](const std::string& key) { return !hasSlot(m_config, key); });
+        const StoreImage before(m_config);
+        {
+            const LogRecording recording(m_step.log);
+            m_config.ParseCustomConfig(document);
+        }
+        sortOutRefusedKeys();
+        const StoreImage after(m_config);
+        findTouches(document, before, after);
+        after.restore(m_config);
+    }
+
+private:
+    void sortOutRefusedKeys() {
+        const auto refused = std::ranges::stable_partition(
+            m_step.newKeys, [&](const std::string& key) { return hasSlot(m_config, key); });
+        m_step.refused.assign(refused.begin(), refused.end());
+        m_step.newKeys.erase(refused.begin(), refused.end());
+    }
+
+    void findTouches(const cJSON* document, const StoreImage& before, const StoreImage& after) {
+        applyToMarked(m_config, document, false);
+        const StoreImage first(m_config);
+        if (first.gridColorSet()) m_step.gridColor = first.gridColor();
+        m_step.hidesEveryIcon = first.allIconsHidden();
+        applyToMarked(m_config, document, true);
+        const StoreImage second(m_config);
+        for (const std::string& key : m_step.keys) {
+            if (!after.slots().contains(key)) continue;
+            findTouchesOfKey(key, before, after.slots().at(key), first.slots().at(key), second.slots().at(key));
+        }
+    }
+
+    void findTouchesOfKey(const std::string& key, const StoreImage& before, const std::vector<ImageRecord>& after,
+                          const std::vector<ImageRecord>& first, const std::vector<ImageRecord>& second) {
+        for (std::size_t i = 0; i < after.size(); ++i) {
+            RecordTouch touch{key, featureTypeOf(key), levelOf(key), after[i].styleId, {}, after[i].style, {}};
+            touch.before = recordBefore(before, key, i, touch.styleId);
+            touch.origins = originsOf(isLevelKey(key), first[i].style, second[i].style);
+            if (isVisited(touch)) m_step.touches.push_back(std::move(touch));
+        }
+    }
+
+    CustomConfig& m_config;
+    ReplayStep& m_step;
+};
+
+}  // namespace
+
+TracedReplay::TracedReplay(std::string_view mapping, const StyleSource& style)
+    : m_config(std::make_unique<CustomConfig>()) {
+    m_config->ParseMappingConfig(componentTree(mapping).get());
+    for (const SingleRule& single : singleRules(style)) {
+        ReplayStep& step = m_steps.emplace_back();
+        step.rule = single.rule;
+        step.styler = single.styler;
+        Stepper(*m_config, step).apply(single.document.get());
+    }
+}
+
+}  // namespace customstyle_tool
