@@ -13,7 +13,13 @@ namespace {
 
 constexpr UChar32 kReplacement = 0xFFFD;
 
+bool isAscii(char unit) {
+    return static_cast<unsigned char>(unit) < 0x80;
+}
+
 std::u16string decoded(std::string_view utf8) {
+    // ASCII reads the same in both forms.
+    if (std::ranges::all_of(utf8, isAscii)) return {utf8.begin(), utf8.end()};
     // One byte never becomes more than one UTF-16 unit.
     std::u16string utf16(std::min<std::size_t>(utf8.size(), std::numeric_limits<std::int32_t>::max()), u'\0');
     std::int32_t length = 0;
@@ -22,10 +28,6 @@ std::u16string decoded(std::string_view utf8) {
                          static_cast<std::int32_t>(utf16.size()), kReplacement, nullptr, &status);
     utf16.resize(static_cast<std::size_t>(length));
     return utf16;
-}
-
-bool isAscii(char unit) {
-    return static_cast<unsigned char>(unit) < 0x80;
 }
 
 }  // namespace

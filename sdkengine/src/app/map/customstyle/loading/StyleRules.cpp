@@ -1,4 +1,5 @@
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,23 @@
 namespace _orvik_framework {
 namespace {
 
-using Recorders = std::vector<stFeatureTypeStyleRecorder>;
+/// The notes of all rules, in blocks that are made with the first note in them. One array for all would have to be
+/// sized by walking the whole list of rules beforehand, which costs more than the notes.
+class RuleNotes {
+public:
+    static constexpr std::size_t kBlockSize = 256;
+
+    /// The block that holds the note of a rule, at the rule's index modulo kBlockSize.
+    stFeatureTypeStyleRecorder* blockOf(std::size_t ruleIndex) {
+        const std::size_t block = ruleIndex / kBlockSize;
+        if (m_blocks.size() <= block) m_blocks.resize(block + 1);
+        if (m_blocks[block] == nullptr) m_blocks[block] = std::make_unique<stFeatureTypeStyleRecorder[]>(kBlockSize);
+        return m_blocks[block].get();
+    }
+
+private:
+    std::vector<std::unique_ptr<stFeatureTypeStyleRecorder[]>> m_blocks;
+};
 
 struct Rule {
     int featureType;
@@ -50,29 +67,44 @@ std::optional<Rule> readRule(const CustomConfig& config, const cJSON* node) {
     return Rule{featureType, lastWord(path), includesLabels, stylers};
 }
 
-// Whether the rule carries a styler as a text and under exactly this name: the lookup is blind to letter case, but a
+// Tells which stylers a rule carries as texts and under exactly their names: the lookup is blind to letter case, but a
 // "Color" is no colour.
-bool carries(const cJSON* stylers, std::string_view name) {
-    const cJSON* member = findTextMember(stylers, name.data());
-    return member != nullptr && member->string == name;
-}
+class CarriedStylers {
+public:
+    // A rule for one level has its level among the members.
+    CarriedStylers(const cJSON* stylers, int allLevels)
+        : m_stylers(stylers), m_unseen(_orvik_vi::cJSON_GetArraySize(stylers) - (allLevels == 0 ? 1 : 0)) {}
+
+    bool contain(std::string_view name) {
+        if (m_unseen <= 0) return false;  // each member answers to one name, and all have been seen
+        const cJSON* member = _orvik_vi::cJSON_GetObjectItem(m_stylers, name.data());
+        if (member == nullptr) return false;
+        --m_unseen;
+        return _orvik_vi::cJSON_IsString(member) != 0 && member->string == name;
+    }
+
+private:
+    const cJSON* m_stylers;
+    int m_unseen;
+};
 
 // The stylers act in this order, whatever the order in the file.
-void applyRule(CustomConfig& config, const Rule& rule, Recorders& recorders, std::size_t ruleIndex) {
+void applyRule(CustomConfig& config, const Rule& rule, RuleNotes& notes, std::size_t ruleIndex) {
     const auto& [featureType, elementType, includesLabels, stylers] = rule;
     int level = 0;
     const int allLevels = config.ParseCustomStyleGivenLevel(stylers, &level);
-    const bool colors = carries(stylers, "color");
-    const bool shows = carries(stylers, "visibility");
-    const bool weighs = carries(stylers, "weight");
-    const bool sizes = carries(stylers, "fontsize");
+    CarriedStylers carried(stylers, allLevels);
+    const bool colors = carried.contain("color");
+    const bool shows = carried.contain("visibility");
+    const bool weighs = carried.contain("weight");
+    const bool sizes = carried.contain("fontsize");
 
     if (colors) {
         config.SetCustomColorStyle(featureType, elementType, stylers, includesLabels, nullptr, allLevels, level);
     }
     if (shows) {
-        config.SetCustomVisibilityStyle(featureType, elementType, stylers, includesLabels, recorders.data(),
-                                        static_cast<int>(ruleIndex), allLevels, level);
+        config.SetCustomVisibilityStyle(featureType, elementType, stylers, includesLabels, notes.blockOf(ruleIndex),
+                                        static_cast<int>(ruleIndex % RuleNotes::kBlockSize), allLevels, level);
     }
     if (weighs) {
         config.SetCustomWeightStyle(featureType, elementType, stylers, includesLabels, nullptr, allLevels, level);
@@ -86,12 +118,12 @@ void applyRule(CustomConfig& config, const Rule& rule, Recorders& recorders, std
 }  // namespace
 
 int CustomConfig::ParseCustomConfig(const cJSON* root) {
-    Recorders recorders(static_cast<std::size_t>(_orvik_vi::cJSON_GetArraySize(root)));
+    RuleNotes notes;
     std::size_t ruleIndex = 0;
     const cJSON* node = nullptr;
     cJSON_ArrayForEach(node, root) {
         const std::optional<Rule> rule = readRule(*this, node);
-        if (rule) applyRule(*this, *rule, recorders, ruleIndex);
+        if (rule) applyRule(*this, *rule, notes, ruleIndex);
         ++ruleIndex;
     }
     return 1;

@@ -14,12 +14,12 @@ constexpr Steps kGridColor{Step::GridColor};
 // clang-format off
 constexpr DispatchRow kColorRows[] = {
     // element       Land          Geometry      Labels        Grid          Wildcard
-    {"all",        {kOwnGeometry, kLabelTexts,  kLabelTexts,  kGridColor,   kOwnGeometry}},
-    {"labels",     {kOwnGeometry, kLabelTexts,  kLabelTexts,  kOwnGeometry, kOwnGeometry}},
-    {"geometry",   {kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry}},
-    {"stroke",     {kNothing,     kOwnGeometry, kLabelTexts,  kGridColor,   kOwnGeometry}},
-    {"fill",       {kOwnGeometry, kOwnGeometry, kLabelTexts,  kGridColor,   kOwnGeometry}},
-    {"topsurface", {kOwnGeometry, kOwnGeometry, kLabelTexts,  kGridColor,   kOwnGeometry}},
+    {u"all",        {kOwnGeometry, kLabelTexts,  kLabelTexts,  kGridColor,   kOwnGeometry}},
+    {u"labels",     {kOwnGeometry, kLabelTexts,  kLabelTexts,  kOwnGeometry, kOwnGeometry}},
+    {u"geometry",   {kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry}},
+    {u"stroke",     {kNothing,     kOwnGeometry, kLabelTexts,  kGridColor,   kOwnGeometry}},
+    {u"fill",       {kOwnGeometry, kOwnGeometry, kLabelTexts,  kGridColor,   kOwnGeometry}},
+    {u"topsurface", {kOwnGeometry, kOwnGeometry, kLabelTexts,  kGridColor,   kOwnGeometry}},
 };
 // clang-format on
 
@@ -28,15 +28,16 @@ constexpr ColorFields kGeometryStroke{kBorderColor};
 constexpr ColorFields kGeometryFill{kFillColor};
 constexpr ColorFields kTopSurface{kTopSurfaceColor};
 constexpr ElementFields<ColorField> kGeometryColors[] = {
-    {"all", kWholeGeometry},     {"geometry", kWholeGeometry}, {"labels", kWholeGeometry},
-    {"stroke", kGeometryStroke}, {"fill", kGeometryFill},      {"topsurface", kTopSurface},
+    {u"all", kWholeGeometry},     {u"geometry", kWholeGeometry}, {u"labels", kWholeGeometry},
+    {u"stroke", kGeometryStroke}, {u"fill", kGeometryFill},      {u"topsurface", kTopSurface},
 };
 
 constexpr ColorFields kWholeText{kTextFillColor, kTextStrokeColor};
 constexpr ColorFields kTextStroke{kTextStrokeColor};
 constexpr ColorFields kTextFill{kTextFillColor};
 constexpr ElementFields<ColorField> kTextColors[] = {
-    {"all", kWholeText}, {"geometry", kWholeText}, {"labels", kWholeText}, {"stroke", kTextStroke}, {"fill", kTextFill},
+    {u"all", kWholeText},     {u"geometry", kWholeText}, {u"labels", kWholeText},
+    {u"stroke", kTextStroke}, {u"fill", kTextFill},
 };
 
 }  // namespace

@@ -1,11 +1,13 @@
 // The dispatchers' tables: what a rule reaches, by element type and by whom the rule addresses.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 
 #include "CustomConfig.h"
 #include "model/FeatureTypeTable.h"
+#include "styling/ElementWord.h"
 #include "styling/ShortList.h"
 
 namespace _orvik_framework {
@@ -36,7 +38,7 @@ using Steps = ShortList<Step, 6>;
 
 /// A row of a dispatcher's table: the element type, and the steps in order for each audience.
 struct DispatchRow {
-    const char* element;
+    ElementWord element;
     Steps steps[kAudienceCount];
 };
 
@@ -60,7 +62,7 @@ inline Audience audienceOf(int featureType, int includesLabels) {
 /// The row of an element type, or null where the dispatcher does not know it.
 inline const DispatchRow* findRow(std::span<const DispatchRow> table, const CVString& elementType) {
     for (const DispatchRow& row : table) {
-        if (elementType.Compare(row.element) == 0) return &row;
+        if (isWord(elementType, row.element)) return &row;
     }
     return nullptr;
 }
@@ -68,30 +70,28 @@ inline const DispatchRow* findRow(std::span<const DispatchRow> table, const CVSt
 /// The kind of records that a step changes.
 enum class Target { Geometry, Text, Icon, GridColor, EveryIcon };
 
-/// A step as a kind of records and the feature type that holds them, -1 where there is none.
+/// A step as a kind of records and the feature type that holds them, -1 for none.
 struct Reach {
     Target target;
     int featureType;
 };
 
-inline Reach reachOf(const CustomConfig& config, Step step, int featureType) {
+inline Reach reachOf(Step step, int featureType, int companion) {
     switch (step) {
         case Step::GeometryOfType:
             return {Target::Geometry, featureType};
         case Step::GeometryOfCompanion:
-            return {Target::Geometry, config.UpdateFeatureTypeId(featureType)};
+            return {Target::Geometry, companion};
         case Step::TextOfType:
             return {Target::Text, featureType};
         case Step::TextOfCompanion:
-            return {Target::Text, config.UpdateFeatureTypeId(featureType)};
-        case Step::TextOfOtherCompanion: {
-            const int companion = config.UpdateFeatureTypeId(featureType);
+            return {Target::Text, companion};
+        case Step::TextOfOtherCompanion:
             return {Target::Text, companion == featureType ? -1 : companion};
-        }
         case Step::IconOfType:
             return {Target::Icon, featureType};
         case Step::IconOfCompanion:
-            return {Target::Icon, config.UpdateFeatureTypeId(featureType)};
+            return {Target::Icon, companion};
         case Step::GridColor:
             return {Target::GridColor, featureType};
         case Step::EveryIcon:
@@ -100,13 +100,23 @@ inline Reach reachOf(const CustomConfig& config, Step step, int featureType) {
     return {};
 }
 
+inline bool namesCompanion(const Steps& steps) {
+    return std::ranges::any_of(steps, [](Step step) {
+        return step == Step::GeometryOfCompanion || step == Step::TextOfCompanion ||
+               step == Step::TextOfOtherCompanion || step == Step::IconOfCompanion;
+    });
+}
+
 /// Runs a row's steps: calls `apply(Target, int featureType)` for each, in order. An id outside the catalogue has no
 /// records and no companion, so nothing happens for it.
 template <typename Apply>
 void runSteps(const CustomConfig& config, const DispatchRow& row, int featureType, int includesLabels, Apply apply) {
-    for (const Step step : row.steps[static_cast<std::size_t>(audienceOf(featureType, includesLabels))]) {
-        const Reach reach = reachOf(config, step, featureType);
-        if (isFeatureType(reach.featureType)) apply(reach.target, reach.featureType);
+    if (!isFeatureType(featureType)) return;
+    const Steps& steps = row.steps[static_cast<std::size_t>(audienceOf(featureType, includesLabels))];
+    const int companion = namesCompanion(steps) ? config.UpdateFeatureTypeId(featureType) : -1;
+    for (const Step step : steps) {
+        const Reach reach = reachOf(step, featureType, companion);
+        if (reach.featureType != -1) apply(reach.target, reach.featureType);
     }
 }
 

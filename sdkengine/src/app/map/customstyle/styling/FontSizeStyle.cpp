@@ -17,16 +17,16 @@ constexpr unsigned long kLargestSize = 255;
 // clang-format off
 constexpr DispatchRow kFontSizeRows[] = {
     // element   Land      Geometry  Labels       Grid      Wildcard
-    {"all",    {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
-    {"labels", {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
-    {"stroke", {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
-    {"fill",   {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {u"all",    {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {u"labels", {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {u"stroke", {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
+    {u"fill",   {kNothing, kNothing, kLabelTexts, kNothing, kNothing}},
 };
 // clang-format on
 
 constexpr SizeFields kSize{kFontSize};
 constexpr ElementFields<SizeField> kFontSizes[] = {
-    {"all", kSize}, {"labels", kSize}, {"fill", kSize}, {"stroke", kSize}};
+    {u"all", kSize}, {u"labels", kSize}, {u"fill", kSize}, {u"stroke", kSize}};
 
 }  // namespace
 

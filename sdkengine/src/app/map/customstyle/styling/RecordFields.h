@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "CustomConfig.h"
+#include "styling/ElementWord.h"
 #include "styling/ShortList.h"
 
 namespace _orvik_framework {
@@ -40,14 +41,14 @@ using SizeFields = Fields<SizeField>;
 /// A row of a writer's table: the element type and the fields that it names.
 template <typename FieldType>
 struct ElementFields {
-    const char* element;
+    ElementWord element;
     Fields<FieldType> fields;
 };
 
 /// The fields that an element type names in a writer's table, none where the writer does not know it.
 template <typename FieldType, std::size_t RowCount>
 Fields<FieldType> fieldsOf(const ElementFields<FieldType> (&table)[RowCount], const CVString& elementType) {
-    const auto named = [&](const ElementFields<FieldType>& row) { return elementType.Compare(row.element) == 0; };
+    const auto named = [&](const ElementFields<FieldType>& row) { return isWord(elementType, row.element); };
     const auto row = std::ranges::find_if(table, named);
     return row == std::end(table) ? Fields<FieldType>() : row->fields;
 }

@@ -25,23 +25,18 @@ constexpr Steps kEveryIcon{Step::EveryIcon};
 // clang-format off
 constexpr DispatchRow kVisibilityRows[] = {
     // element       Land          Geometry      Labels        Grid          Wildcard
-    {"all",        {kWholeType,   kBothTypes,   kBothTypes,   kWholeType,   kWholeType}},
-    {"labels",     {kNothing,     kIconsTexts,  kIconsTexts,  kNothing,     kNothing}},
-    {"geometry",   {kTextAndGeom, kTextAndGeom, kTextAndGeom, kTextAndGeom, kTextAndGeom}},
-    {"stroke",     {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
-    {"fill",       {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
-    {"topsurface", {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
-    {"icon",       {kOwnIcon,     kOwnIcon,     kLabelIcon,   kOwnIcon,     kEveryIcon}},
+    {u"all",        {kWholeType,   kBothTypes,   kBothTypes,   kWholeType,   kWholeType}},
+    {u"labels",     {kNothing,     kIconsTexts,  kIconsTexts,  kNothing,     kNothing}},
+    {u"geometry",   {kTextAndGeom, kTextAndGeom, kTextAndGeom, kTextAndGeom, kTextAndGeom}},
+    {u"stroke",     {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
+    {u"fill",       {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
+    {u"topsurface", {kTextAndGeom, kTextAndGeom, kLabelTexts,  kTextAndGeom, kTextAndGeom}},
+    {u"icon",       {kOwnIcon,     kOwnIcon,     kLabelIcon,   kOwnIcon,     kEveryIcon}},
 };
 // clang-format on
 
-constexpr const char* kElementsWithIcon[] = {"all", "labels", "icon"};
-
 bool namesIcon(const CVString& elementType) {
-    for (const char* element : kElementsWithIcon) {
-        if (elementType.Compare(element) == 0) return true;
-    }
-    return false;
+    return isWord(elementType, u"all") || isWord(elementType, u"labels") || isWord(elementType, u"icon");
 }
 
 }  // namespace

@@ -15,11 +15,11 @@ constexpr Steps kLabelText{Step::TextOfCompanion};
 // clang-format off
 constexpr DispatchRow kWeightRows[] = {
     // element     Land          Geometry      Labels        Grid          Wildcard
-    {"all",      {kOwnGeometry, kWithLabels,  kWithLabels,  kOwnGeometry, kOwnGeometry}},
-    {"labels",   {kOwnGeometry, kWithLabels,  kWithLabels,  kOwnGeometry, kOwnGeometry}},
-    {"geometry", {kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry}},
-    {"stroke",   {kOwnGeometry, kOwnGeometry, kLabelText,   kOwnGeometry, kOwnGeometry}},
-    {"fill",     {kOwnGeometry, kOwnGeometry, kLabelText,   kOwnGeometry, kOwnGeometry}},
+    {u"all",      {kOwnGeometry, kWithLabels,  kWithLabels,  kOwnGeometry, kOwnGeometry}},
+    {u"labels",   {kOwnGeometry, kWithLabels,  kWithLabels,  kOwnGeometry, kOwnGeometry}},
+    {u"geometry", {kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry, kOwnGeometry}},
+    {u"stroke",   {kOwnGeometry, kOwnGeometry, kLabelText,   kOwnGeometry, kOwnGeometry}},
+    {u"fill",     {kOwnGeometry, kOwnGeometry, kLabelText,   kOwnGeometry, kOwnGeometry}},
 };
 // clang-format on
 
@@ -27,15 +27,16 @@ constexpr SizeFields kWholeGeometry{kFillWeight, kBorderWeight};
 constexpr SizeFields kGeometryStroke{kBorderWeight};
 constexpr SizeFields kGeometryFill{kFillWeight};
 constexpr ElementFields<SizeField> kGeometryWeights[] = {
-    {"all", kWholeGeometry},     {"geometry", kWholeGeometry}, {"labels", kWholeGeometry},
-    {"stroke", kGeometryStroke}, {"fill", kGeometryFill},
+    {u"all", kWholeGeometry},     {u"geometry", kWholeGeometry}, {u"labels", kWholeGeometry},
+    {u"stroke", kGeometryStroke}, {u"fill", kGeometryFill},
 };
 
 constexpr SizeFields kWholeText{kTextFillWeight, kTextStrokeWeight};
 constexpr SizeFields kTextStroke{kTextStrokeWeight};
 constexpr SizeFields kTextFill{kTextFillWeight};
 constexpr ElementFields<SizeField> kTextWeights[] = {
-    {"all", kWholeText}, {"geometry", kWholeText}, {"labels", kWholeText}, {"stroke", kTextStroke}, {"fill", kTextFill},
+    {u"all", kWholeText},     {u"geometry", kWholeText}, {u"labels", kWholeText},
+    {u"stroke", kTextStroke}, {u"fill", kTextFill},
 };
 
 }  // namespace
