@@ -1,5 +1,9 @@
-# What all our targets share: the language, the warnings, the sanitizers.
+# What all our targets share: the language, the warnings, the sanitizers, the hardening.
+include(CheckCXXCompilerFlag)
 
+option(CUSTOMSTYLE_HARDENED "Let the compiler build in its checks against memory faults" ${PROJECT_IS_TOP_LEVEL})
+
+# For programs and libraries alike.
 function(customstyle_target_settings target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
@@ -11,5 +15,34 @@ function(customstyle_target_settings target)
     target_compile_options(${target} PRIVATE -fsanitize=${CUSTOMSTYLE_SANITIZE} -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${CUSTOMSTYLE_SANITIZE})
+  elseif(CUSTOMSTYLE_HARDENED)
+    customstyle_harden(${target})
   endif()
+endfunction()
+
+# Guards the stack and the buffers of the C library; programs stand at a random address, with all tables of the linker
+# read-only. The checks of the C library need an optimising build.
+check_cxx_compiler_flag("-Werror -fstack-clash-protection" CUSTOMSTYLE_HAS_STACK_CLASH_PROTECTION)
+function(customstyle_harden target)
+  target_compile_options(${target} PRIVATE -fstack-protector-strong
+    $<$<BOOL:${CUSTOMSTYLE_HAS_STACK_CLASH_PROTECTION}>:-fstack-clash-protection>
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE>
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=3>)
+  target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now,-z,noexecstack)
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL EXECUTABLE)
+    target_link_options(${target} PRIVATE -pie)
+  endif()
+  if(NOT type STREQUAL SHARED_LIBRARY)
+    # Enough for such programs; for a shared library around us, CMAKE_POSITION_INDEPENDENT_CODE asks for more.
+    target_compile_options(${target} PRIVATE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:POSITION_INDEPENDENT_CODE>>>:-fPIE>)
+  endif()
+endfunction()
+
+# For the libraries that we ship, static or shared as BUILD_SHARED_LIBS says: they show what their installed headers
+# declare, and nothing else.
+function(customstyle_library_settings target)
+  set_target_properties(${target} PROPERTIES
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 endfunction()

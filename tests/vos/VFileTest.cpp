@@ -1,7 +1,10 @@
 // CVFile: what opens, and what reading gives.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <string>
 
 #include "support/TemporaryDirectory.h"
@@ -50,6 +53,15 @@ TEST_F(VFile, HandsOutBytesUnchanged) {
     const std::string path = m_directory.write("bytes", bytes);
     EXPECT_EQ(m_file.Open(path.c_str(), 257), 1);
     EXPECT_EQ(readFrom(m_file, 6), bytes);
+}
+
+TEST_F(VFile, KnowsTheLengthOfAFileBeyond4GigabytesAsFarAsMemoryGoes) {
+    constexpr std::uintmax_t kLength = 5'000'000'000;
+    const std::string path = m_directory.write("huge", "[1, 2]");
+    fs::resize_file(path, kLength);
+    EXPECT_EQ(m_file.Open(path.c_str(), 257), 1);
+    EXPECT_EQ(m_file.GetLength(), std::min<std::uintmax_t>(kLength, std::numeric_limits<std::size_t>::max()));
+    EXPECT_EQ(readFrom(m_file, 6), "[1, 2]");
 }
 
 TEST_F(VFile, ReadsAFileOfSeveralMegabytesInOneCall) {

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-namespace _orvik_vi {
+namespace [[gnu::visibility("default")]] _orvik_vi {
 
 class CVString;
 
@@ -26,7 +26,7 @@ public:
     ///         or a pipe)
     int Open(const CVString& path, unsigned mode);
 
-    /// Length in bytes as it was when the file was opened; 0 while no file is open.
+    /// Length in bytes as it was when the file was opened, at most what std::size_t holds; 0 while no file is open.
     std::size_t GetLength() const { return m_length; }
 
     /// Reads on from where the last read ended.

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-namespace _orvik_vi {
+namespace [[gnu::visibility("default")]] _orvik_vi {
 
 using ::cJSON;
 using ::cJSON_Delete;

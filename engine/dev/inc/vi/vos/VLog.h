@@ -6,7 +6,7 @@
 
 #include "vi/vos/VString.h"
 
-namespace _orvik_vi {
+namespace [[gnu::visibility("default")]] _orvik_vi {
 
 /// Urgency of a log line, rising.
 enum ELOGPRIORITY : int {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-namespace _orvik_vi {
+namespace [[gnu::visibility("default")]] _orvik_vi {
 
 /// Hash map of pointer-sized keys and values. It borrows both: it never reads or frees what they point to.
 ///

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-namespace _orvik_vi {
+namespace [[gnu::visibility("default")]] _orvik_vi {
 
 /// Heap blocks with accounts. All functions may be called from any thread.
 class CVMem {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace _orvik_vi {
+namespace [[gnu::visibility("default")]] _orvik_vi {
 
 /// Text in UTF-16, a value type that owns its storage.
 ///

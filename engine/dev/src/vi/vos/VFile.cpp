@@ -4,7 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
+#include <limits>
 
 #include "vi/vos/VString.h"
 
@@ -34,7 +37,9 @@ int CVFile::Open(const CVString& path, unsigned mode) {
         Close();
         return 0;
     }
-    m_length = static_cast<std::size_t>(status.st_size);
+    // A file beyond the address space is said to fill it: no buffer is found for it, instead of one for its remainder.
+    constexpr std::uintmax_t kLongest = std::numeric_limits<std::size_t>::max();
+    m_length = static_cast<std::size_t>(std::min(static_cast<std::uintmax_t>(status.st_size), kLongest));
     return 1;
 }
 

@@ -13,9 +13,9 @@
 
 /// Whether the renderer's queries answer from the custom style: 0 (as at the start) means that they all answer "none".
 /// Defined here, set by the host, only read by the component. Loading does not depend on it.
-extern int g_zrsdk_custom_style_enable;
+extern __attribute__((visibility("default"))) int g_zrsdk_custom_style_enable;
 
-namespace _orvik_framework {
+namespace [[gnu::visibility("default")]] _orvik_framework {
 
 using _orvik_vi::cJSON;
 using _orvik_vi::CVMapPtrToPtr;

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-namespace _orvik_framework {
+namespace [[gnu::visibility("default")]] _orvik_framework {
 
 /// Finds the number of an id with two loads and one comparison, whatever the ids are.
 ///
@@ -41,9 +41,9 @@ private:
         const std::uint64_t spread = (id + std::uint64_t{1}) * 0x9E3779B97F4A7C15;
         return (spread ^ spread >> 32) * 0xC2B2AE3D27D4EB4F;
     }
-    std::size_t bucketOf(std::uint64_t hash) const { return hash >> 44 & m_bucketMask; }
+    std::size_t bucketOf(std::uint64_t hash) const { return static_cast<std::size_t>(hash >> 44) & m_bucketMask; }
     std::size_t cellOf(std::uint64_t hash, std::uint16_t displacement) const {
-        return (hash + displacement * (hash >> 32 | 1)) & m_cellMask;
+        return static_cast<std::size_t>(hash + displacement * (hash >> 32 | 1)) & m_cellMask;
     }
 
     bool placeAll(std::span<const Entry> entries);

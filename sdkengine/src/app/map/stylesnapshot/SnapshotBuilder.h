@@ -15,7 +15,7 @@ namespace _orvik_framework {
 ///
 /// It walks the records in effect in the order in which the renderer's questions ask the feature types, so the first
 /// record that answers for a style id stays. Levels and style ids are those that the store's keys and records name.
-class SnapshotBuilder {
+class __attribute__((visibility("hidden"))) SnapshotBuilder {
 public:
     SnapshotBuilder(const CustomConfig& config, StyleSnapshot& snapshot) : m_config(config), m_snapshot(snapshot) {}
 

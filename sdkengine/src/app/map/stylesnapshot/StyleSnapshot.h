@@ -10,7 +10,7 @@
 #include "CustomConfig.h"
 #include "PerfectIdIndex.h"
 
-namespace _orvik_framework {
+namespace [[gnu::visibility("default")]] _orvik_framework {
 
 /// A style that stays with its snapshot.
 struct BorrowedStyle {
