@@ -14,12 +14,21 @@ StoreImage::StoreImage(const CustomConfig& config)
       m_gridColor(config.m_gridColor),
       m_gridColorSet(config.m_gridColorSet != 0),
       m_allIconsHidden(config.m_allIconsHidden != 0) {
+    for (const auto& [key, slot] : config.m_keyStyleMaps) addSlot(key, *slot);
+}
+
+StoreImage::StoreImage(const CustomConfig& config, const std::set<int>& featureTypes)
+    : m_gridColor(config.m_gridColor),
+      m_gridColorSet(config.m_gridColorSet != 0),
+      m_allIconsHidden(config.m_allIconsHidden != 0) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        std::vector<ImageRecord>& records = m_slots[key];
-        forEachSlotRecord(*slot, [&](int styleId, const tagCustomStyle& record) {
-            records.push_back({styleId, record});
-        });
+        if (featureTypes.contains(std::stoi(key))) addSlot(key, *slot);
     }
+}
+
+void StoreImage::addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot) {
+    std::vector<ImageRecord>& records = m_slots[key];
+    forEachSlotRecord(slot, [&](int styleId, const tagCustomStyle& record) { records.push_back({styleId, record}); });
 }
 
 bool StoreImage::operator==(const StoreImage& other) const {

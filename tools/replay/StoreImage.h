@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ class StoreImage {
 public:
     explicit StoreImage(const _orvik_framework::CustomConfig& config);
 
+    /// Holds the records of these feature types only, and no registered levels.
+    StoreImage(const _orvik_framework::CustomConfig& config, const std::set<int>& featureTypes);
+
     /// The records of each key that has a slot, in the slot's order.
     const std::map<std::string, std::vector<ImageRecord>>& slots() const { return m_slots; }
 
@@ -32,10 +36,13 @@ public:
     /// Field by field; padding does not count.
     bool operator==(const StoreImage& other) const;
 
-    /// Writes the records, the grid colour and the icon switch back into a store that has the same keys and records.
+    /// Writes the records that the image holds, the grid colour and the icon switch back into a store that has the same
+    /// keys and records.
     void restore(_orvik_framework::CustomConfig& config) const;
 
 private:
+    void addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot);
+
     std::map<std::string, std::vector<ImageRecord>> m_slots;
     std::map<std::string, int> m_effectLevels;
     std::uint64_t m_gridColor;

@@ -1,7 +1,7 @@
 #include "replay/TracedReplay.h"
 
 #include <algorithm>
-#include <charconv>
+#include <set>
 
 #include "replay/LogRecording.h"
 #include "replay/SingleRules.h"
@@ -55,9 +55,14 @@ bool isMarked(const StyleField& field, const tagCustomStyle& record, std::uint64
     return valueOf(field, record) == valueOf(field, marked);
 }
 
-// Applies the rule to the store with every record marked, and leaves the outcome there.
-void applyToMarked(CustomConfig& config, const cJSON* document, bool second) {
+int featureTypeOf(const std::string& key) {
+    return std::stoi(key);
+}
+
+// Applies the rule to the store with every record of the feature types marked, and leaves the outcome there.
+void applyToMarked(CustomConfig& config, const cJSON* document, const std::set<int>& featureTypes, bool second) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
+        if (!featureTypes.contains(featureTypeOf(key))) continue;
         const std::uint64_t mark = markFor(isLevelKey(key), second);
         forEachSlotRecord(*slot, [&](int, tagCustomStyle& record) { markRecord(record, mark); });
     }
@@ -85,10 +90,6 @@ bool isVisited(const RecordTouch& touch) {
     return std::ranges::any_of(touch.origins, [](Origin origin) { return origin != Origin::Kept; });
 }
 
-int featureTypeOf(const std::string& key) {
-    return std::stoi(key);
-}
-
 std::optional<int> levelOf(const std::string& key) {
     const std::size_t colon = key.find(':');
     if (colon == std::string::npos) return {};
@@ -112,13 +113,14 @@ public:
         m_step.keys = keysOf(document);
         std::ranges::copy_if(m_step.keys, std::back_inserter(m_step.newKeys),
                              [&](const std::string& key) { return !hasSlot(m_config, key); });
-        const StoreImage before(m_config);
+        for (const std::string& key : m_step.keys) m_featureTypes.insert(featureTypeOf(key));
+        const StoreImage before(m_config, m_featureTypes);
         {
             const LogRecording recording(m_step.log);
             m_config.ParseCustomConfig(document);
         }
         sortOutRefusedKeys();
-        const StoreImage after(m_config);
+        const StoreImage after(m_config, m_featureTypes);
         findTouches(document, before, after);
         after.restore(m_config);
     }
@@ -132,12 +134,12 @@ private:
     }
 
     void findTouches(const cJSON* document, const StoreImage& before, const StoreImage& after) {
-        applyToMarked(m_config, document, false);
-        const StoreImage first(m_config);
+        applyToMarked(m_config, document, m_featureTypes, false);
+        const StoreImage first(m_config, m_featureTypes);
         if (first.gridColorSet()) m_step.gridColor = first.gridColor();
         m_step.hidesEveryIcon = first.allIconsHidden();
-        applyToMarked(m_config, document, true);
-        const StoreImage second(m_config);
+        applyToMarked(m_config, document, m_featureTypes, true);
+        const StoreImage second(m_config, m_featureTypes);
         for (const std::string& key : m_step.keys) {
             if (!after.slots().contains(key)) continue;
             findTouchesOfKey(key, before, after.slots().at(key), first.slots().at(key), second.slots().at(key));
@@ -156,6 +158,7 @@ private:
 
     CustomConfig& m_config;
     ReplayStep& m_step;
+    std::set<int> m_featureTypes;  // of the keys that the step addresses: no other records can change
 };
 
 }  // namespace
