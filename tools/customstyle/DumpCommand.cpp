@@ -1,16 +1,20 @@
-#include "customstyle/DumpCommand.h"
-
+// customstyle dump: what the renderer receives for every style id at every level, levels with equal answers joined.
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "customstyle/Command.h"
+#include "customstyle/MapOptions.h"
 #include "support/AnswerTable.h"
 #include "support/Answers.h"
 #include "support/Levels.h"
 #include "support/RecordText.h"
+#include "support/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {
@@ -113,8 +117,6 @@ void printBackground(std::FILE* out, const char* name, const CustomConfig& confi
     }
 }
 
-}  // namespace
-
 void printTable(std::FILE* out, const CustomConfig& config) {
     printBackground(out, "land", config, landColor);
     printBackground(out, "grid", config, gridColor);
@@ -137,6 +139,100 @@ void printJson(std::FILE* out, const CustomConfig& config) {
         }
     }
     fmt::print(out, "\n  ]\n}}\n");
+}
+
+// A field of a CSV file as RFC 4180 has it: quoted where it holds a comma, a quote or a line end.
+std::string csvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+}
+
+void printCsvRow(std::FILE* out, const std::vector<std::string>& fields) {
+    std::vector<std::string> quoted;
+    for (const std::string& field : fields) quoted.push_back(csvField(field));
+    fmt::print(out, "{}\r\n", fmt::join(quoted, ","));
+}
+
+std::string csvColor(std::uint64_t color) {
+    return fmt::format("{}{:02x}", rgbText(color), alphaOf(color));
+}
+
+// The fields that have a column of their own, in the order of the columns.
+std::vector<StyleField> csvFields() {
+    std::vector<StyleField> fields;
+    std::ranges::copy_if(styleFields(), std::back_inserter(fields), [](const StyleField& field) {
+        return field.kind == FieldKind::Color || field.kind == FieldKind::Size;
+    });
+    return fields;
+}
+
+void printCsvHeader(std::FILE* out) {
+    std::vector<std::string> names = {"kind", "id", "levels", "feature_type", "feature_type_name"};
+    for (const StyleField& field : csvFields()) names.push_back(memberName(field.name));
+    names.emplace_back("icon_hidden");
+    names.emplace_back("background");
+    printCsvRow(out, names);
+}
+
+template <typename Ask>
+void printCsvBackground(std::FILE* out, const char* kind, const CustomConfig& config, Ask askColor) {
+    for (const auto& [color, levels] : backgrounds(config, askColor)) {
+        std::vector<std::string> row = {kind, "", levelsText(levels), "", ""};
+        row.resize(row.size() + csvFields().size() + 1);
+        row.push_back(csvColor(color));
+        printCsvRow(out, row);
+    }
+}
+
+void printCsvGroup(std::FILE* out, const CustomConfig& config, unsigned int styleId, const Group& group) {
+    const int featureType = group.answer.featureType;
+    const bool isCustomised = featureType != -1;
+    std::vector<std::string> row = {"style", std::to_string(styleId), levelsText(group.levels),
+                                    isCustomised ? std::to_string(featureType) : "",
+                                    isCustomised ? config.GetFeatureTypeName(featureType) : ""};
+    for (const StyleField& field : csvFields()) {
+        const std::uint64_t value = valueOf(field, group.answer.style);
+        const std::string text = field.kind == FieldKind::Color ? csvColor(value) : std::to_string(value);
+        row.push_back(appliesIn(field, group.answer.style) ? text : "");
+    }
+    row.emplace_back(group.answer.iconHidden ? "1" : "0");
+    row.emplace_back("");
+    printCsvRow(out, row);
+}
+
+void printCsv(std::FILE* out, const CustomConfig& config) {
+    printCsvHeader(out);
+    printCsvBackground(out, "land background", config, landColor);
+    printCsvBackground(out, "grid background", config, gridColor);
+    for (const unsigned int styleId : mappedStyleIds(config)) {
+        for (const Group& group : groupsOf(config, styleId)) printCsvGroup(out, config, styleId, group);
+    }
+}
+
+void printAs(const std::string& format, const CustomConfig& config) {
+    if (format == "json") return printJson(stdout, config);
+    if (format == "csv") return printCsv(stdout, config);
+    printTable(stdout, config);
+}
+
+struct DumpOptions : MapOptions {
+    std::string format = "text";
+};
+
+}  // namespace
+
+Command dumpCommand(CLI::App& program) {
+    const auto options = std::make_shared<DumpOptions>();
+    CLI::App* command = program.add_subcommand("dump", "Print the styles of all style ids at all levels");
+    addMapOptions(*command, *options);
+    command->add_option("--format", options->format, "text: a table of what is customised; csv, json: every answer")
+        ->check(CLI::IsMember({"text", "csv", "json"}))
+        ->capture_default_str();
+    return {command, [options] {
+                return withLoadedMap(*options, [&](const CustomConfig& config) { printAs(options->format, config); });
+            }};
 }
 
 }  // namespace customstyle_tool

@@ -1,7 +1,11 @@
-#include "customstyle/QueryCommand.h"
-
+// customstyle query: what the renderer receives for style ids at levels.
 #include <fmt/format.h>
 
+#include <memory>
+#include <vector>
+
+#include "customstyle/Command.h"
+#include "customstyle/MapOptions.h"
 #include "support/AnswerTable.h"
 #include "support/Answers.h"
 #include "support/RecordText.h"
@@ -24,8 +28,6 @@ void printFields(std::FILE* out, const CustomConfig& config, unsigned int styleI
     printRow(out, "icon", answer.iconHidden ? "hidden" : "shown");
 }
 
-}  // namespace
-
 void printAnswers(std::FILE* out, const CustomConfig& config, const std::vector<unsigned int>& styleIds,
                   const std::vector<int>& levels) {
     if (styleIds.size() == 1 && levels.size() == 1) return printFields(out, config, styleIds[0], levels[0]);
@@ -35,6 +37,29 @@ void printAnswers(std::FILE* out, const CustomConfig& config, const std::vector<
             printAnswerRow(out, config, styleId, std::to_string(level), ask(config, styleId, level));
         }
     }
+}
+
+struct QueryOptions : MapOptions {
+    std::vector<unsigned int> styleIds;
+    std::vector<int> levels;
+};
+
+}  // namespace
+
+Command queryCommand(CLI::App& program) {
+    const auto options = std::make_shared<QueryOptions>();
+    CLI::App* command =
+        program.add_subcommand("query", "Print the style of a style id at a level; of several, as a table");
+    addMapOptions(*command, *options);
+    command->add_option("--id", options->styleIds, "Style ids of the renderer, from 0 to 4294967295")
+        ->type_name("N")
+        ->required();
+    command->add_option("--level", options->levels, "Zoom levels; rules can name 4 to 21")->type_name("L")->required();
+    return {command, [options] {
+                return withLoadedMap(*options, [&](const CustomConfig& config) {
+                    printAnswers(stdout, config, options->styleIds, options->levels);
+                });
+            }};
 }
 
 }  // namespace customstyle_tool
