@@ -18,7 +18,10 @@ struct Command {
 };
 
 // One for each subcommand: adds its name, help and options to the program.
+Command diffCommand(CLI::App& program);
 Command dumpCommand(CLI::App& program);
+Command explainCommand(CLI::App& program);
 Command queryCommand(CLI::App& program);
+Command testCommand(CLI::App& program);
 
 }  // namespace customstyle_tool

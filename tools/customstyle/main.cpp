@@ -11,6 +11,9 @@ int main(int argumentCount, char** arguments) {
     const Command commands[] = {
         queryCommand(program),
         dumpCommand(program),
+        explainCommand(program),
+        diffCommand(program),
+        testCommand(program),
     };
     try {
         program.parse(argumentCount, arguments);

@@ -1,0 +1,106 @@
+// The line that a change becomes.
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "diff/DiffText.h"
+#include "explain/LoadedText.h"
+#include "support/TestStore.h"
+
+namespace customstyle_test {
+namespace {
+
+struct TextCase {
+    const char* name;
+    std::vector<RuleBuilder> before;
+    std::vector<RuleBuilder> after;
+    const char* text;
+};
+
+void PrintTo(const TextCase& textCase, std::ostream* stream) {
+    *stream << textCase.name;
+}
+
+std::string caseName(const testing::TestParamInfo<TextCase>& info) {
+    return info.param.name;
+}
+
+std::string styleText(const std::vector<RuleBuilder>& rules) {
+    std::string text;
+    for (const RuleBuilder& each : rules) text += (text.empty() ? "" : ",") + each.json();
+    return "[" + text + "]";
+}
+
+// Type T has the style ids 1000 + 10 T and one more; railway shares its second one with subway.
+std::string mapping() {
+    std::string text = testMapping();
+    const std::string second = std::to_string(secondStyleId(24));
+    text.insert(text.find("[", text.find("\"subway\"")) + 1, second + ", ");
+    return text;
+}
+
+class DiffLine : public testing::TestWithParam<TextCase> {};
+
+TEST_P(DiffLine, SaysWhatChangesAndByWhom) {
+    const QueriesEnabled enabled;
+    const auto before = loadedText(mapping(), styleText(GetParam().before));
+    const auto after = loadedText(mapping(), styleText(GetParam().after));
+    EXPECT_EQ(customstyle_tool::diffText(differenceOf(*before, *after)), GetParam().text);
+}
+
+RuleBuilder fill(const char* type, const char* color) {
+    return rule(type, "geometry.fill").color(color);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Changes, DiffLine,
+    testing::Values(
+        TextCase{"Nothing", {fill("water", "#aadaff")}, {fill("water", "#000000"), fill("water", "#aadaff")}, ""},
+        TextCase{"AColour",
+                 {fill("water", "#aadaff")},
+                 {fill("green", "#123456").level("30x"), fill("water", "#1b2a3a")},
+                 "green  fill  level 21: not customised -> #123456  (B rule 1)\n"
+                 "water  fill  all levels: #aadaff -> #1b2a3a  (A rule 1, B rule 2)\n"},
+        TextCase{"AnAlpha",
+                 {fill("water", "#aadaff80")},
+                 {fill("water", "#aadaff00")},
+                 "water  fill  all levels: #aadaff alpha 80 -> #aadaff alpha 00 (invisible)  (A rule 1, B rule 1)\n"},
+        TextCase{"SomeLevels",
+                 {rule("town", "labels").fontsize("9")},
+                 {rule("town", "labels").fontsize("9"), rule("town", "labels").fontsize("12").level("10"),
+                  rule("town", "labels").fontsize("12").level("11")},
+                 "town  font size  level 10: 9 -> 12  (A rule 1, B rule 2)\n"
+                 "town  font size  level 11: 9 -> 12  (A rule 1, B rule 3)\n"},
+        TextCase{"SomeStyleIdsOfAType",
+                 {rule("railway", "geometry.fill").weight("5"), fill("subway", "#aadaff")},
+                 {rule("railway", "geometry.fill").weight("5"), fill("subway", "#bbdaff")},
+                 "subway (1250-1251)  fill  all levels: #aadaff -> #bbdaff  (A rule 2, B rule 2)\n"},
+        TextCase{"TheTypeThatAnswers",
+                 {rule("subway", "geometry.fill").weight("5")},
+                 {rule("subway", "geometry.fill").weight("5"), rule("railway", "labels.icon").visibility("on"),
+                  rule("railway", "geometry.fill").weight("5")},
+                 "railway (1240)  fill weight  all levels: not customised -> 5  (B rule 3)\n"
+                 "subway (1241)  feature type  all levels: subway -> railway  (A rule 1, B rule 3)\n"},
+        TextCase{"ARecordWithoutValues",
+                 {},
+                 {rule("railway", "icon").visibility("on")},
+                 "railway  feature type  all levels: not customised -> railway  (B rule 1)\n"},
+        TextCase{"AnIcon",
+                 {},
+                 {rule("companylabel", "icon").visibility("off")},
+                 "companylabel  icon  all levels: shown -> hidden  (B rule 1)\n"},
+        TextCase{"TheGrid",
+                 {fill("grid", "#010203")},
+                 {},
+                 "grid  background  all levels: #010203 -> not customised  (A rule 1)\n"},
+        TextCase{"EveryIcon",
+                 {},
+                 {rule("all", "labels.icon").visibility("on")},
+                 "every type  icon  all levels: shown -> hidden  (B rule 1)\n"
+                 "style ids outside the mapping  icon  all levels: shown -> hidden  (B rule 1)\n"}),
+    caseName);
+
+}  // namespace
+}  // namespace customstyle_test

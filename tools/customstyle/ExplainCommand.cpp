@@ -1,0 +1,82 @@
+// customstyle explain: why the renderer receives what it receives, and what was lost on the way.
+#include <fmt/format.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "customstyle/Command.h"
+#include "explain/ExplanationText.h"
+#include "explain/NearestName.h"
+
+namespace customstyle_tool {
+namespace {
+
+struct ExplainOptions {
+    std::optional<std::string> mappingDirectory;
+    std::string styleFile;
+    unsigned int styleId = 0;
+    int level = 0;
+    std::string field;
+    std::string format = "text";
+};
+
+std::string fieldNames() {
+    std::vector<std::string> names;
+    for (const TopicName& topic : topicNames()) names.push_back(topic.name);
+    return fmt::format("{}", fmt::join(names, ", "));
+}
+
+// CLI11 takes an empty text for "good".
+std::string problemOfField(const std::string& name) {
+    if (findTopic(name) != nullptr) return {};
+    const auto nearest = nearestTopic(name);
+    const std::string remedy = nearest ? didYouMean(nearest) : "; the fields are " + fieldNames();
+    return fmt::format("there is no field \"{}\"{}", name, remedy);
+}
+
+int explain(const ExplainOptions& options) {
+    const StyleOrFailure loaded = loadStyle(options.styleFile, options.mappingDirectory);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&loaded)) {
+        fmt::print(stderr, "customstyle: {}\n", failure->text);
+        return kMisuse;
+    }
+    Explainer explainer(*std::get<0>(loaded), {options.styleId});
+    const Explanation explanation = explainer.explain(options.styleId, options.level);
+    const TopicName* const only = options.field.empty() ? nullptr : findTopic(options.field);
+    if (options.format == "json") {
+        fmt::print("{}\n", explanationJson(explainer, explanation, only));
+    } else {
+        fmt::print("{}", explanationText(explainer, explanation, only, swatchesForOutput()));
+    }
+    return kGood;
+}
+
+}  // namespace
+
+Command explainCommand(CLI::App& program) {
+    const auto options = std::make_shared<ExplainOptions>();
+    CLI::App* command = program.add_subcommand(
+        "explain", "Tell for one style id and level which rules made each value, and what was lost");
+    command
+        ->add_option("--mapping", options->mappingDirectory,
+                     "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T")
+        ->type_name("DIR");
+    command->add_option("--style", options->styleFile, "Style file")->type_name("FILE")->required();
+    command->add_option("--id", options->styleId, "Style id of the renderer, from 0 to 4294967295")
+        ->type_name("N")
+        ->required();
+    command->add_option("--level", options->level, "Zoom level; rules can name 4 to 21")->type_name("L")->required();
+    command->add_option("--field", options->field, "Tell about this one only: " + fieldNames())
+        ->type_name("NAME")
+        ->check(CLI::Validator(problemOfField, ""));
+    command->add_option("--format", options->format, "text: for people, with colours in a terminal; json: for programs")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->capture_default_str();
+    command->footer(
+        "Values are lost where a later rule writes them again, where a rule for one level starts over from\n"
+        "the style for all levels, and where another feature type answers for the style id.");
+    return {command, [options] { return explain(*options); }};
+}
+
+}  // namespace customstyle_tool

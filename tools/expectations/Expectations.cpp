@@ -1,0 +1,267 @@
+#include "expectations/Expectations.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+
+#include "explain/NearestName.h"
+#include "explain/Printable.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+
+constexpr std::string_view kBlanks = " \t\r";
+constexpr int kLargestSize = 255;
+
+struct Word {
+    std::size_t offset;
+    std::string_view text;
+};
+
+const CustomConfig& catalogue() {
+    static const CustomConfig config;
+    return config;
+}
+
+template <typename Number>
+std::optional<Number> numberIn(std::string_view text, int base = 10) {
+    Number number{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
+    if (error != std::errc() || end != text.data() + text.size()) return {};
+    return number;
+}
+
+std::string quoted(std::string_view word) {
+    return fmt::format("\"{}\"", printable(word));
+}
+
+std::optional<int> featureTypeOf(std::string_view name) {
+    const int type = catalogue().GetFeatureTypeId(std::string(name));
+    if (type == -1 || type == _orvik_framework::EMAPCUSTOMSTYLE_ALL) return {};
+    return type;
+}
+
+std::optional<std::string> nearestType(std::string_view written) {
+    std::vector<std::string> names;
+    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
+        names.push_back(catalogue().GetFeatureTypeName(type));
+    }
+    return nearestName(written, names);
+}
+
+// "#rrggbb" and "#rrggbbaa"; packed, red is the lowest byte.
+std::optional<std::uint64_t> colorIn(std::string_view text) {
+    if (!text.starts_with('#') || (text.size() != 7 && text.size() != 9)) return {};
+    std::uint64_t color = text.size() == 7 ? 0xFF000000 : 0;
+    for (std::size_t at = 1; at < text.size(); at += 2) {
+        const auto byte = numberIn<std::uint8_t>(text.substr(at, 2), 16);
+        if (!byte) return {};
+        color |= std::uint64_t{*byte} << (at - 1) / 2 * 8;
+    }
+    return color;
+}
+
+bool isColor(const TopicName& topic) {
+    return topic.topic != Topic::Field || styleFields()[topic.field].kind == FieldKind::Color;
+}
+
+// Reads the words of one line. What is wrong is thrown as an ExpectationProblem and caught by the reader of the file.
+class LineParser {
+public:
+    LineParser(std::vector<Word> words, std::size_t end, const StyleIdsByType& styleIds)
+        : m_words(std::move(words)), m_end(end), m_styleIds(styleIds) {}
+
+    Expectation parse() {
+        m_result.offset = m_words.front().offset;
+        const char* const first = m_words.front().text.data();
+        m_result.text.assign(first, m_words.back().text.data() + m_words.back().text.size());
+        parseSubject();
+        parseLevels(next("levels: all, or a list like 4-9,12"));
+        parseWhat(next("a field and its value, or none"));
+        if (m_place < m_words.size()) fail(m_words[m_place], "nothing more is expected here; a comment begins with //");
+        return std::move(m_result);
+    }
+
+private:
+    [[noreturn]] static void fail(const Word& word, std::string_view what) {
+        throw ExpectationProblem{word.offset, fmt::format("{}: {}", quoted(word.text), what)};
+    }
+
+    const Word& next(const char* what) {
+        if (m_place == m_words.size()) throw ExpectationProblem{m_end, fmt::format("here is missing {}", what)};
+        return m_words[m_place++];
+    }
+
+    void parseSubject() {
+        const Word& word = next("a subject");
+        if (word.text == "id") return parseStyleId(next("a style id"));
+        m_result.featureType = featureTypeOf(word.text);
+        if (!m_result.featureType) {
+            fail(word, "there is no such feature type" + didYouMean(nearestType(word.text)) +
+                           (nearestType(word.text) ? "" : "; write a name like highway, or id and a number"));
+        }
+    }
+
+    void parseStyleId(const Word& word) {
+        const auto styleId = numberIn<unsigned int>(word.text);
+        if (!styleId) fail(word, "is no style id; write a number from 0 to 4294967295");
+        m_result.styleId = *styleId;
+    }
+
+    void parseLevels(const Word& word) {
+        if (word.text == "all") {
+            m_result.levels.set();
+            return;
+        }
+        for (std::size_t begin = 0; begin <= word.text.size();) {
+            const std::size_t end = std::min(word.text.find(',', begin), word.text.size());
+            parseRange({word.offset + begin, word.text.substr(begin, end - begin)});
+            begin = end + 1;
+        }
+    }
+
+    void parseRange(const Word& word) {
+        if (word.text == "other") {
+            m_result.levels.set(kOtherLevels);
+            return;
+        }
+        const std::size_t dash = word.text.find('-');
+        const auto first = numberIn<int>(word.text.substr(0, dash));
+        const auto last = dash == std::string_view::npos ? first : numberIn<int>(word.text.substr(dash + 1));
+        if (!first || !last || *first < kLowestLevel || *last > kHighestLevel || *first > *last) {
+            fail(word, "are no levels; write all, other, a level from 4 to 21, or a range like 4-9");
+        }
+        for (int level = *first; level <= *last; ++level) m_result.levels.set(classOfLevel(level));
+    }
+
+    void parseWhat(const Word& word) {
+        if (word.text == "none" || word.text == "type") {
+            m_result.aspect = Aspect::FeatureType;
+            if (word.text == "type") parseType(next("the feature type that answers"));
+        } else if (word.text == "background") {
+            parseBackground(word);
+        } else {
+            parseField(word);
+        }
+        const bool isOfIds = m_result.featureType && !isBackground();
+        if (isOfIds && m_styleIds.of(*m_result.featureType).empty()) {
+            fail(m_words.front(), "the mapping lists no style id under this feature type, so nothing would be tested");
+        }
+    }
+
+    bool isBackground() const {
+        return m_result.topic != nullptr &&
+               (m_result.topic->topic == Topic::Land || m_result.topic->topic == Topic::Grid);
+    }
+
+    void parseType(const Word& word) {
+        const auto type = featureTypeOf(word.text);
+        if (!type) fail(word, "there is no such feature type" + didYouMean(nearestType(word.text)));
+        m_result.value = static_cast<std::uint64_t>(*type);
+    }
+
+    void parseBackground(const Word& word) {
+        const bool isLand = m_result.featureType == _orvik_framework::EMAPCUSTOMSTYLE_LAND;
+        const bool isGrid = m_result.featureType == _orvik_framework::EMAPCUSTOMSTYLE_GRID;
+        if (!isLand && !isGrid) fail(word, "only land and grid have one");
+        m_result.topic = findTopic(isLand ? "land background" : "grid background");
+        parseValue(next("a colour or none"));
+    }
+
+    void parseField(const Word& word) {
+        m_result.topic = findTopic(word.text);
+        if (m_result.topic == nullptr || isBackground()) {
+            fail(word, "there is no such field" + didYouMean(nearestTopic(word.text)));
+        }
+        m_result.topic->topic == Topic::Icon ? parseIcon(next("hidden or shown")) : parseValue(next("a value or none"));
+    }
+
+    void parseIcon(const Word& word) {
+        if (word.text != "hidden" && word.text != "shown") fail(word, "an icon is hidden or shown");
+        m_result.value = word.text == "hidden" ? 1 : 0;
+    }
+
+    void parseValue(const Word& word) {
+        if (word.text == "none") return;
+        isColor(*m_result.topic) ? parseColor(word) : parseSize(word);
+    }
+
+    void parseColor(const Word& word) {
+        m_result.value = colorIn(word.text);
+        if (!m_result.value) fail(word, "is no colour; write #rrggbb, #rrggbbaa or none");
+    }
+
+    void parseSize(const Word& word) {
+        const auto size = numberIn<int>(word.text);
+        if (!size || *size < 0 || *size > kLargestSize) fail(word, "write a whole number from 0 to 255, or none");
+        m_result.value = static_cast<std::uint64_t>(*size);
+    }
+
+    std::vector<Word> m_words;
+    std::size_t m_end;
+    const StyleIdsByType& m_styleIds;
+    std::size_t m_place = 0;
+    Expectation m_result;
+};
+
+std::vector<Word> wordsOf(std::string_view line, std::size_t offset) {
+    std::vector<Word> words;
+    line = line.substr(0, line.find("//"));
+    for (std::size_t begin = 0; (begin = line.find_first_not_of(kBlanks, begin)) != std::string_view::npos;) {
+        const std::size_t end = std::min(line.find_first_of(kBlanks, begin), line.size());
+        words.push_back({offset + begin, line.substr(begin, end - begin)});
+        begin = end;
+    }
+    if (!words.empty() && words.front().text.starts_with('#')) words.clear();
+    return words;
+}
+
+void parseLine(ExpectationFile& result, std::vector<Word> words, const StyleIdsByType& styleIds) {
+    const std::size_t end = words.back().offset + words.back().text.size();
+    try {
+        result.expectations.push_back(LineParser(std::move(words), end, styleIds).parse());
+    } catch (const ExpectationProblem& problem) {
+        result.problems.push_back(problem);
+    }
+}
+
+}  // namespace
+
+ExpectationFile parseExpectations(const SourceFile& file, const StyleIdsByType& styleIds) {
+    ExpectationFile result;
+    const std::string_view text = file.text();
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    for (std::size_t begin = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        auto words = wordsOf(text.substr(begin, end - begin), begin);
+        if (!words.empty()) parseLine(result, std::move(words), styleIds);
+        begin = end + 1;
+    }
+    return result;
+}
+
+const char* expectationHelp() {
+    return R"(An expectation is a line: whom, at which levels, what.
+
+  highway          12-15   fill        #ff0000
+  id 1001          all     text-fill   #ff000080    // half transparent
+  town             4,7-9   font-size   none
+  restaurantlabel  4-21    icon        hidden
+  land             all     background  #112233
+  id 5             10      none
+  id 2503          other   type        education
+  # a comment
+
+Whom: a feature type (all style ids that the mapping lists under it), or id and a number.
+Levels: all, or levels 4 to 21, ranges and "other" (all levels beyond), joined by commas without blanks.
+What: fill, stroke, top-surface, text-fill, text-stroke with a colour #rrggbb or #rrggbbaa;
+  fill-weight, stroke-weight, text-fill-weight, text-stroke-weight, font-size with a number 0 to 255;
+  none instead of a value: this is not customised; none alone: there is no custom style at all;
+  icon with hidden or shown; type with the feature type whose style is used;
+  background with a colour or none, of land and grid.)";
+}
+
+}  // namespace customstyle_tool

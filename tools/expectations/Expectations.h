@@ -1,0 +1,75 @@
+// Expectations: what an author wants a style to do, one a line.
+//
+//   highway    12-15    fill        #ff0000
+//   id 1001    all      text-fill   #ff000080     // half transparent
+//   town       4,7-9    font-size   none
+//   restaurantlabel  4-21  icon     hidden
+//   land       all      background  #112233
+//   id 5       10       none
+//   id 2503    all      type        education
+//   # a comment
+//
+// The grammar, words being separated by blanks:
+//
+//   line    = [ subject levels what ] [ "//" comment ]  |  "#" comment
+//   subject = a feature type: all style ids that the mapping lists under it  |  "id" style id
+//   levels  = "all"  |  range { "," range }             without blanks
+//   range   = level  |  level "-" level  |  "other"     levels 4 to 21; "other" are all beyond
+//   what    = field value  |  "icon" ( "hidden" | "shown" )  |  "type" feature type  |  "none": no custom style
+//           |  "background" ( colour | "none" )         of land and grid only
+//   field   = fill, stroke, top-surface, text-fill, text-stroke with a colour,
+//             fill-weight, stroke-weight, text-fill-weight, text-stroke-weight, font-size with a number 0 to 255
+//   value   = colour | number | "none": not customised
+//   colour  = #rrggbb  |  #rrggbbaa
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "explain/ExplanationText.h"
+#include "replay/MappingSource.h"
+#include "replay/SourceFile.h"
+#include "support/Levels.h"
+
+namespace customstyle_tool {
+
+/// What is expected of the answers.
+enum class Aspect {
+    Topic,        ///< one value
+    FeatureType,  ///< which type answers; none where there is no custom style
+};
+
+struct Expectation {
+    std::size_t offset = 0;          ///< of the first word in the file
+    std::string text;                ///< as the file has it, without comment
+    std::optional<int> featureType;  ///< all of its style ids, or
+    unsigned int styleId = 0;        ///< this one
+    LevelSet levels;
+    Aspect aspect = Aspect::Topic;
+    const TopicName* topic = nullptr;  ///< of a Topic
+    std::optional<std::uint64_t>
+        value;  ///< packed colour, number, 1 for a hidden icon, feature type; none: not customised
+};
+
+/// What is wrong in a file of expectations, and what to write instead.
+struct ExpectationProblem {
+    std::size_t offset;
+    std::string text;
+};
+
+struct ExpectationFile {
+    std::vector<Expectation> expectations;
+    std::vector<ExpectationProblem> problems;  ///< in the order of the file; one a line at most
+};
+
+/// Reads a file of expectations. An expectation about a feature type without style ids is a problem, because it could
+/// not fail.
+ExpectationFile parseExpectations(const SourceFile& file, const StyleIdsByType& styleIds);
+
+/// The grammar for people, some lines.
+const char* expectationHelp();
+
+}  // namespace customstyle_tool

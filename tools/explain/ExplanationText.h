@@ -1,0 +1,59 @@
+// An explanation for people, and for programs.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "explain/Explainer.h"
+
+namespace customstyle_tool {
+
+/// Whether colours are shown beside their numbers, as blocks in the 24 bit colours of terminals.
+enum class Swatches { None, Shown };
+
+/// Shown where standard output is a terminal and the environment variable NO_COLOR is unset or empty.
+Swatches swatchesForOutput();
+
+/// What an explanation can be asked about: the values of the record, the icon, and the two backgrounds.
+enum class Topic {
+    Field,  ///< with a place in styleFields()
+    Icon,
+    Land,
+    Grid,
+};
+
+struct TopicName {
+    std::string name;  ///< "text fill", "icon", "land background"
+    Topic topic;
+    std::size_t field;
+};
+
+/// All topics, in the order of the explanation.
+std::span<const TopicName> topicNames();
+
+/// The topic of a name, whose words may be joined by blanks, hyphens or underscores; null where there is none.
+const TopicName* findTopic(std::string_view name);
+
+/// The topic's name that is nearest to what was written, where one is near.
+std::optional<std::string> nearestTopic(std::string_view name);
+
+const History& historyOf(const Explanation& explanation, const TopicName& topic);
+
+/// A value as people read it: a colour, a number, "hidden" or "shown".
+std::string valueText(const TopicName& topic, std::uint64_t value);
+
+/// The history of one topic, a line for each write.
+std::string topicText(const Explainer& explainer, const Explanation& explanation, const TopicName& topic,
+                      Swatches swatches);
+
+/// The explanation with all topics that have a history, or with the one that is named.
+std::string explanationText(const Explainer& explainer, const Explanation& explanation, const TopicName* only,
+                            Swatches swatches);
+
+/// The same as JSON, with all topics.
+std::string explanationJson(const Explainer& explainer, const Explanation& explanation, const TopicName* only);
+
+}  // namespace customstyle_tool

@@ -1,0 +1,70 @@
+// What can be asked about an explanation.
+#include <algorithm>
+
+#include "explain/ExplanationText.h"
+#include "explain/NearestName.h"
+#include "support/RecordText.h"
+
+namespace customstyle_tool {
+namespace {
+
+std::vector<TopicName> makeTopics() {
+    std::vector<TopicName> topics;
+    for (std::size_t field = 0; field < kIconField; ++field) {
+        topics.push_back({styleFields()[field].name, Topic::Field, field});
+    }
+    topics.push_back({"icon", Topic::Icon, kIconField});
+    topics.push_back({"land background", Topic::Land, 0});
+    topics.push_back({"grid background", Topic::Grid, 0});
+    return topics;
+}
+
+std::string withBlanks(std::string_view name) {
+    std::string words(name);
+    std::ranges::replace_if(
+        words, [](char c) { return c == '-' || c == '_'; }, ' ');
+    return words;
+}
+
+bool isSize(const TopicName& topic) {
+    return topic.topic == Topic::Field && styleFields()[topic.field].kind == FieldKind::Size;
+}
+
+}  // namespace
+
+std::span<const TopicName> topicNames() {
+    static const std::vector<TopicName> topics = makeTopics();
+    return topics;
+}
+
+const TopicName* findTopic(std::string_view name) {
+    const auto found = std::ranges::find(topicNames(), withBlanks(name), &TopicName::name);
+    return found == topicNames().end() ? nullptr : &*found;
+}
+
+std::optional<std::string> nearestTopic(std::string_view name) {
+    std::vector<std::string> names;
+    for (const TopicName& topic : topicNames()) names.push_back(topic.name);
+    return nearestName(withBlanks(name), names);
+}
+
+const History& historyOf(const Explanation& explanation, const TopicName& topic) {
+    switch (topic.topic) {
+        case Topic::Icon:
+            return explanation.icon;
+        case Topic::Land:
+            return explanation.land;
+        case Topic::Grid:
+            return explanation.grid;
+        case Topic::Field:
+            break;
+    }
+    return explanation.fields[topic.field];
+}
+
+std::string valueText(const TopicName& topic, std::uint64_t value) {
+    if (topic.topic == Topic::Icon) return value != 0 ? "hidden" : "shown";
+    return isSize(topic) ? std::to_string(value) : colorText(value);
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,64 @@
+#include "explain/LoadedStyle.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <utility>
+
+#include "explain/QuietLog.h"
+#include "replay/SingleRules.h"
+#include "support/DefaultMapping.h"
+#include "support/LoadedMap.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+using TextOrFailure = std::variant<std::string, ReadFailure>;
+
+// The style file is known to be good here, so what the component refuses is the mapping.
+TextOrFailure mappingText(const std::string& directory, const std::string& styleFile) {
+    const QuietLog quiet;
+    const LoadedMap map = loadMap(directory, styleFile);
+    if (const LoadFailure* failure = std::get_if<LoadFailure>(&map)) return ReadFailure{failure->text};
+    auto read = readSource((std::filesystem::path(directory) / "CustomIndex").string(), "mapping file");
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
+    return std::string(std::get<0>(read)->text());
+}
+
+std::string whyNotJson(const SourceFile& file, const JsonError& error) {
+    if (file.text().empty()) return fmt::format("{}: is empty; a style file is a JSON list of rules", file.path());
+    return fmt::format("{}: is not JSON: {}", file.place(error.offset), error.reason());
+}
+
+}  // namespace
+
+std::unique_ptr<CustomConfig> storeOf(std::string_view mapping, std::string_view style) {
+    const QuietLog quiet;
+    auto config = std::make_unique<CustomConfig>();
+    config->ParseMappingConfig(componentTree(mapping).get());
+    config->ParseCustomConfig(componentTree(style).get());
+    return config;
+}
+
+LoadedStyle::LoadedStyle(std::string mapping, std::unique_ptr<SourceFile> file, JsonDocument document)
+    : m_mapping(std::move(mapping)),
+      m_file(std::move(file)),
+      m_source(*m_file, std::move(document)),
+      m_config(storeOf(m_mapping, m_file->text())),
+      m_styleIds(*m_config) {}
+
+StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory) {
+    auto read = readSource(styleFile, "style file");
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
+    std::unique_ptr<SourceFile>& file = std::get<0>(read);
+    auto parsed = parseJson(file->text());
+    if (const JsonError* error = std::get_if<JsonError>(&parsed)) return ReadFailure{whyNotJson(*file, *error)};
+
+    TextOrFailure mapping = mappingDirectory ? mappingText(*mappingDirectory, styleFile) : defaultMapping();
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&mapping)) return *failure;
+    g_zrsdk_custom_style_enable = 1;
+    return std::make_unique<LoadedStyle>(std::get<0>(std::move(mapping)), std::move(file), std::get<0>(parsed));
+}
+
+}  // namespace customstyle_tool

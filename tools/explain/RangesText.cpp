@@ -1,0 +1,27 @@
+#include "explain/RangesText.h"
+
+#include <fmt/format.h>
+
+#include <vector>
+
+namespace customstyle_tool {
+
+std::string idsText(std::span<const unsigned int> styleIds) {
+    std::vector<std::string> parts;
+    for (std::size_t first = 0; first < styleIds.size();) {
+        std::size_t last = first;
+        while (last + 1 < styleIds.size() && styleIds[last + 1] == styleIds[last] + 1) ++last;
+        parts.push_back(first == last ? fmt::format("{}", styleIds[first])
+                                      : fmt::format("{}-{}", styleIds[first], styleIds[last]));
+        first = last + 1;
+    }
+    return fmt::format("{}", fmt::join(parts, ", "));
+}
+
+std::string levelsPhrase(const LevelSet& levels) {
+    if (levels.all()) return "all levels";
+    const bool isOne = levels.count() == 1 && !levels[kOtherLevels];
+    return fmt::format("{} {}", isOne ? "level" : "levels", levelsText(levels));
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,33 @@
+// A step of a replay in the author's own words.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "explain/Explanation.h"
+#include "replay/SourceFile.h"
+#include "replay/TracedReplay.h"
+
+namespace customstyle_tool {
+
+/// Where a styler stands and what it says.
+struct StylerNote {
+    std::size_t rule;  ///< from 1, as people count
+    std::string file;
+    LinePosition position;
+    std::string styler;  ///< "color"
+    std::string value;   ///< as the file writes it, quotes included
+    std::string featureType;
+    std::string elementType;
+    std::optional<std::string> level;  ///< as the file writes it, quotes included; none where the component reads none
+};
+
+StylerNote noteOf(const StyleSource& style, const ReplayStep& step);
+
+/// "rule 3, night.json:12:34: color "#ff0000" on highway labels.text.fill at level "15"".
+std::string stylerText(const StylerNote& note);
+
+/// The feature type whose records a write changed, where it is not the rule's own: its companion label type.
+std::optional<int> companionOf(const StylerNote& note, const Write& write);
+
+}  // namespace customstyle_tool
