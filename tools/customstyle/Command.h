@@ -21,7 +21,10 @@ struct Command {
 Command diffCommand(CLI::App& program);
 Command dumpCommand(CLI::App& program);
 Command explainCommand(CLI::App& program);
+Command formatCommand(CLI::App& program);
+Command minifyCommand(CLI::App& program);
 Command queryCommand(CLI::App& program);
+Command schemaCommand(CLI::App& program);
 Command testCommand(CLI::App& program);
 
 }  // namespace customstyle_tool

@@ -14,6 +14,9 @@ int main(int argumentCount, char** arguments) {
         explainCommand(program),
         diffCommand(program),
         testCommand(program),
+        schemaCommand(program),
+        formatCommand(program),
+        minifyCommand(program),
     };
     try {
         program.parse(argumentCount, arguments);

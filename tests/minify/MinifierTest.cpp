@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+
+#include "minify/Minifier.h"
+#include "support/LogCapture.h"
+#include "support/StyleBuilder.h"
+#include "support/TestStore.h"
+
+namespace {
+
+using namespace customstyle_tool;
+using customstyle_test::rule;
+using customstyle_test::styleOf;
+using customstyle_test::testMapping;
+
+Minified minifiedText(const std::string& style, const std::optional<std::string>& mapping = {}) {
+    const SourceFile file("style.json", style);
+    return minified(StyleSource(file, std::get<JsonDocument>(parseJson(file.text()))), mapping);
+}
+
+struct Case {
+    const char* name;
+    std::string style;
+    std::string minified;
+};
+
+class MinifiedStyle : public testing::TestWithParam<Case> {};
+
+std::string caseName(const testing::TestParamInfo<Case>& info) {
+    return info.param.name;
+}
+
+TEST_P(MinifiedStyle, IsTheShortestWithTheSameEffect) {
+    const Minified result = minifiedText(GetParam().style);
+    EXPECT_EQ(result.text, GetParam().minified);
+    EXPECT_TRUE(result.isComplete);
+}
+
+const auto kFill = rule("water", "fill").color("#3366cc");
+const auto kFillAt12 = rule("water", "fill").color("#3366cc").level("12");
+const auto kHeavyAt12 = rule("water", "fill").weight("3").level("12");
+
+std::string text(std::initializer_list<customstyle_test::RuleBuilder> rules) {
+    std::string compact;
+    for (const char byte : styleOf(rules)) {
+        if (byte != ' ' && byte != '\n') compact += byte;
+    }
+    return compact;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Styles, MinifiedStyle,
+    testing::Values(
+        Case{"AnEmptyStyleStaysEmpty", "[\n]\n", "[]"},
+        Case{"ALongPathIsCut", styleOf({rule("water", "geometry.fill").color("#3366cc")}), text({kFill})},
+        Case{"APathOfLabelsKeepsItsMark", styleOf({rule("water", "labels.text.fill").color("#3366cc")}),
+             text({rule("water", "all.fill").color("#3366cc")})},
+        Case{"ARefusedRuleGoes", styleOf({rule("lake", "fill").color("#3366cc"), kFill}), text({kFill})},
+        Case{"ARefusedStylerGoes", styleOf({rule("water", "fill").color("#3366cc").fontsize("3")}), text({kFill})},
+        Case{"AnOverwrittenRuleGoes", styleOf({rule("water", "fill").color("#000000"), kFill}), text({kFill})},
+        Case{"OfTwoEqualRulesOneGoes", styleOf({kFill, kFill}), text({kFill})},
+        Case{"ALevelThatRepeatsAllLevelsGoes", styleOf({kFill, kFillAt12}), text({kFill})},
+        Case{"ARuleResetByAnotherGoes",
+             styleOf({kFill, rule("water", "stroke").color("#000000").level("12"), kHeavyAt12}),
+             text({kFill, kHeavyAt12})},
+        Case{"AStylerThatResetsAnotherStays",
+             styleOf({kFill, rule("water", "stroke").color("#000000").weight("3").level("12")}),
+             text({kFill, rule("water", "stroke").weight("3").level("12")})},
+        Case{"RulesForTheSameElementAreMerged",
+             styleOf({kFill, rule("green", "fill").color("#000000"), rule("water", "fill").weight("3")}),
+             text({rule("water", "fill").color("#3366cc").weight("3"), rule("green", "fill").color("#000000")})},
+        Case{"RulesForALevelAreMergedWhereNothingResetsThem",
+             styleOf({rule("water", "fill").color("#3366cc").level("12"), kHeavyAt12}),
+             text({rule("water", "fill").color("#3366cc").weight("3").level("12")})},
+        Case{"OtherLevelsAreNotMerged", styleOf({kFillAt12, rule("water", "fill").weight("3").level("13")}),
+             text({kFillAt12, rule("water", "fill").weight("3").level("13")})},
+        Case{"OtherElementsAreNotMerged", styleOf({kFill, rule("water", "stroke").weight("3")}),
+             text({kFill, rule("water", "stroke").weight("3")})},
+        Case{"ARuleThatOnlyShadowsIconsStays", styleOf({rule("highwaylabel", "icon").visibility("on")}),
+             text({rule("highwaylabel", "all").visibility("on")})}),
+    caseName);
+
+TEST(Minifier, UsesWhatTheMappingCannotShow) {
+    std::string mapping = testMapping();
+    const std::size_t ids = mapping.find('[', mapping.find("\"water\""));
+    mapping.replace(ids, mapping.find(']', ids) - ids + 1, "[]");
+    EXPECT_EQ(minifiedText(styleOf({kFill})).rules, 1U);
+    EXPECT_EQ(minifiedText(styleOf({kFill}), mapping).text, "[]");
+}
+
+TEST(Minifier, KeepsTheEffectOfAStyleThatFillsEverySlot) {
+    // More keys than slots: which rules are refused depends on the order of all of them.
+    const _orvik_framework::CustomConfig catalogue;
+    std::string style;
+    for (int level = 4; level <= 21; ++level) {
+        for (int type = 0; type < 72; ++type) {
+            const auto each = rule(catalogue.GetFeatureTypeName(type), "geometry.fill");
+            style += (style.empty() ? "[" : ",") +
+                     customstyle_test::RuleBuilder(each).color("#3366cc").level(std::to_string(level)).json();
+        }
+    }
+    const Minified result = minifiedText(style + "]");
+    EXPECT_LE(result.text.size(), style.size() + 1);
+    EXPECT_GE(result.rules, 1241U);
+}
+
+TEST(Minifier, LeavesTheSwitchAsItWas) {
+    g_zrsdk_custom_style_enable = 0;
+    minifiedText("[]");
+    EXPECT_EQ(g_zrsdk_custom_style_enable, 0);
+}
+
+}  // namespace

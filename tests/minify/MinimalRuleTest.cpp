@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "CustomConfig.h"
+#include "minify/MinimalRule.h"
+#include "minify/ShortValues.h"
+
+namespace {
+
+using namespace customstyle_tool;
+
+struct Case {
+    const char* name;
+    std::string style;
+    std::string minimal;
+};
+
+class MinimalRules : public testing::TestWithParam<Case> {};
+
+std::string caseName(const testing::TestParamInfo<Case>& info) {
+    return info.param.name;
+}
+
+TEST_P(MinimalRules, SayWhatTheComponentReads) {
+    EXPECT_EQ(textOf(minimalRules(GetParam().style)), GetParam().minimal);
+}
+
+std::string ruleOf(const std::string& stylers) {
+    return R"([{"featureType":"water","elementType":"fill","stylers":{)" + stylers + "}}]";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Styles, MinimalRules,
+    testing::Values(
+        Case{"AnEmptyStyleStaysEmpty", "[ ]", "[]"},
+        Case{"UnknownMembersGo", ruleOf(R"("note":"x","weight":"3")"), ruleOf(R"("weight":"3")")},
+        Case{"OfDoubledMembersTheFirstStays", ruleOf(R"("weight":"3","weight":"4")"), ruleOf(R"("weight":"3")")},
+        Case{"StylersInCapitalsGo", ruleOf(R"("weight":"3","Color":"#3366cc")"), ruleOf(R"("weight":"3")")},
+        Case{"AStylerInCapitalsShutsOutTheOther", ruleOf(R"("Weight":"3","weight":"4","color":"#3366cc")"),
+             ruleOf(R"("color":"#3366cc")")},
+        Case{"AMemberInCapitalsIsWrittenAsTheComponentSpellsIt",
+             R"([{"FEATURETYPE":"water","elementtype":"fill","Stylers":{"weight":"3"}}])", ruleOf(R"("weight":"3")")},
+        Case{"StylersThatAreNoTextsGo", ruleOf(R"("weight":3,"fontsize":"3")"), ruleOf(R"("fontsize":"3")")},
+        Case{"ALevelThatIsNoTextGoes", ruleOf(R"("weight":"3","level":12)"), ruleOf(R"("weight":"3")")},
+        Case{"ALevelIsHeldInTheRange", ruleOf(R"("weight":"3","level":"99")"), ruleOf(R"("weight":"3","level":"21")")},
+        Case{"ALevelIsWrittenShort", ruleOf(R"("weight":"3","level":" +007.5")"),
+             ruleOf(R"("weight":"3","level":"7")")},
+        Case{"ATextEndsAtItsZeroCharacter", ruleOf(R"("weight":"3\u00004")"), ruleOf(R"("weight":"3")")},
+        Case{"EscapesGo", ruleOf(R"("visibility":"\u006ff\u0066")"), ruleOf(R"("visibility":"off")")},
+        Case{"QuotesAndControlCharactersStayEscaped", ruleOf(R"("weight":"\"\\\u0001\n")"),
+             ruleOf(R"("weight":"\"\\\u0001\u000a")")},
+        Case{"RulesWithoutStylerGo", ruleOf(R"("level":"12")"), "[]"},
+        Case{"WhatIsNoRuleGoes", R"([null,12,"x",[],{},{"featureType":"water"}])", "[]"},
+        Case{"RulesInAnObjectCount", R"({"x":{"featureType":"water","elementType":"fill","stylers":{"weight":"3"}}})",
+             ruleOf(R"("weight":"3")")}),
+    caseName);
+
+struct ValueCase {
+    const char* name;
+    const char* type;
+    const char* styler;
+    std::string value;
+    std::string shortest;
+};
+
+class ShortValue : public testing::TestWithParam<ValueCase> {};
+
+std::string valueCaseName(const testing::TestParamInfo<ValueCase>& info) {
+    return info.param.name;
+}
+
+TEST_P(ShortValue, IsReadTheSame) {
+    const _orvik_framework::CustomConfig component;
+    const auto& [name, type, styler, value, shortest] = GetParam();
+    EXPECT_EQ(shortValue(component, type, styler, value), shortest);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, ShortValue,
+    testing::Values(ValueCase{"OpaqueAlphaGoes", "water", "color", "#3366CCff", "#3366cc"},
+                    ValueCase{"OtherAlphaStays", "water", "color", "#3366cc80", "#3366cc80"},
+                    ValueCase{"EveryAlphaOfABoundaryGoes", "boundary", "color", "#3366cc80", "#3366cc"},
+                    ValueCase{"WrongDigitsBecomeRightOnes", "water", "color", "#gg00cc", "#0000cc"},
+                    ValueCase{"AShortColorStaysShort", "water", "color", "#f00", "#f00"},
+                    ValueCase{"WhatFollowsTheAlphaGoes", "water", "color", "#3366cc80aa", "#3366cc80"},
+                    ValueCase{"LeadingZerosGo", "water", "weight", "0007", "7"},
+                    ValueCase{"NothingButZerosIsOneZero", "water", "fontsize", "000", "0"},
+                    ValueCase{"LargeNumbersBecomeTheLargest", "water", "fontsize", "99999", "255"},
+                    ValueCase{"WhatIsRefusedStays", "water", "weight", "1.5", "1.5"},
+                    ValueCase{"OtherStylersStay", "water", "visibility", "off", "off"}),
+    valueCaseName);
+
+}  // namespace

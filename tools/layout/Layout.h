@@ -1,0 +1,22 @@
+// The layout of a style file.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "json/JsonDocument.h"
+
+namespace customstyle_tool {
+
+/// A value stands on one line when it fits into this many characters.
+inline constexpr std::size_t kLineWidth = 120;
+
+/// A rule gets more room, because its columns take some.
+inline constexpr std::size_t kRuleWidth = 132;
+
+/// The document laid out: a rule a line where it fits, the members of such rules in columns, one blank line where the
+/// text had any between two rules. Names, texts, numbers, their order and doubled members stay byte for byte, and so
+/// does the kind of line end, which is that of the text's first line. Laid out again, nothing changes.
+std::string laidOut(const JsonDocument& document);
+
+}  // namespace customstyle_tool

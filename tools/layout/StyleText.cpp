@@ -1,0 +1,41 @@
+#include "layout/StyleText.h"
+
+#include <fmt/format.h>
+
+#include <optional>
+#include <utility>
+
+namespace customstyle_tool {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::optional<std::string> lossIn(const SourceFile& file, const JsonDocument& document) {
+    if (file.text().starts_with(kByteOrderMark)) {
+        return fmt::format("{}: the file begins with a byte order mark, which would be lost; save it without one",
+                           file.place(0));
+    }
+    if (const auto begin = document.ignoredTextBegin()) {
+        return fmt::format(
+            "{}: text follows the end of the style, which loading ignores and which would be lost; remove it",
+            file.place(*begin));
+    }
+    return {};
+}
+
+}  // namespace
+
+std::variant<StyleText, ReadFailure> readForRewriting(const std::string& path) {
+    auto read = readSource(path, "style file");
+    if (auto* failure = std::get_if<ReadFailure>(&read)) return std::move(*failure);
+    auto file = std::get<std::unique_ptr<SourceFile>>(std::move(read));
+    auto parsed = parseJson(file->text());
+    if (const auto* error = std::get_if<JsonError>(&parsed)) {
+        return ReadFailure{fmt::format("{}: {}", file->place(error->offset), error->reason())};
+    }
+    auto document = std::get<JsonDocument>(std::move(parsed));
+    if (auto loss = lossIn(*file, document)) return ReadFailure{std::move(*loss)};
+    return StyleText{std::move(file), std::move(document)};
+}
+
+}  // namespace customstyle_tool

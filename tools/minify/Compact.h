@@ -1,0 +1,13 @@
+// A document without blanks.
+#pragma once
+
+#include <string>
+
+#include "json/JsonDocument.h"
+
+namespace customstyle_tool {
+
+/// The document's text without the blanks between its parts.
+std::string compactText(const JsonDocument& document);
+
+}  // namespace customstyle_tool

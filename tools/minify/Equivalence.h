@@ -1,0 +1,27 @@
+// Whether styles have the same effect, on one map or on every map.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "CustomConfig.h"
+
+namespace customstyle_tool {
+
+/// A store loaded with the texts of a mapping and a style. The component's log is to be silenced by the caller.
+std::unique_ptr<_orvik_framework::CustomConfig> storeFor(std::string_view mapping, std::string_view style);
+
+/// Whether the styles in effect for these feature types are the same at every level: the record, and whether there is
+/// one at all. Then every map draws these types alike, because a map's style ids choose among these records only.
+/// @param left, right  stores loaded with the default mapping
+bool haveSameStyles(const _orvik_framework::CustomConfig& left, const _orvik_framework::CustomConfig& right,
+                    const std::vector<int>& featureTypes);
+
+/// The text of a mapping that tells apart all that any mapping can tell: each feature type has a style id of its own,
+/// and one in common with each other type. An id under three types or more adds nothing, because the renderer's
+/// questions go through the types in one order and stop at the first that answers.
+std::string mappingOfAllPairs();
+
+}  // namespace customstyle_tool

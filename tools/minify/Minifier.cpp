@@ -1,0 +1,133 @@
+#include "minify/Minifier.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "explain/QuietLog.h"
+#include "minify/Compact.h"
+#include "minify/Equivalence.h"
+#include "minify/MinimalRule.h"
+#include "minify/Shrinking.h"
+#include "replay/MappingSource.h"
+#include "replay/StoreDifference.h"
+#include "support/DefaultMapping.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+
+constexpr std::size_t kWorkLimit = 30'000'000;
+
+class QuestionsOn {
+public:
+    QuestionsOn() : m_before(std::exchange(g_zrsdk_custom_style_enable, 1)) {}
+    ~QuestionsOn() { g_zrsdk_custom_style_enable = m_before; }
+    QuestionsOn(const QuestionsOn&) = delete;
+    QuestionsOn& operator=(const QuestionsOn&) = delete;
+
+private:
+    int m_before;
+};
+
+std::vector<MinimalRule> rulesOf(const PlacedRules& placed) {
+    std::vector<MinimalRule> rules;
+    for (const PlacedRule& each : placed) rules.push_back(each.rule);
+    return rules;
+}
+
+std::string textOf(const PlacedRules& rules) {
+    return textOf(rulesOf(rules));
+}
+
+// The rules that can reach each other's records: those for a type and for its companion. By the companion's id.
+std::map<int, PlacedRules> independentParts(const std::vector<MinimalRule>& rules) {
+    const CustomConfig catalogue;
+    std::map<int, PlacedRules> parts;
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        const int type = catalogue.GetFeatureTypeId(rules[i].featureType);
+        const int companion = catalogue.UpdateFeatureTypeId(type);
+        parts[companion == -1 ? type : companion].push_back({i, rules[i]});
+    }
+    return parts;
+}
+
+std::vector<int> typesIn(const PlacedRules& part) {
+    const CustomConfig catalogue;
+    std::vector<int> types;
+    for (const PlacedRule& each : part) {
+        const int type = catalogue.GetFeatureTypeId(each.rule.featureType);
+        for (const int reached : {type, catalogue.UpdateFeatureTypeId(type)}) {
+            if (reached >= 0 && std::ranges::find(types, reached) == types.end()) types.push_back(reached);
+        }
+    }
+    return types;
+}
+
+PlacedRules shrunkOnEveryMap(const PlacedRules& part, WorkLimit& limit) {
+    const std::string mapping = defaultMapping();
+    const std::vector<int> types = typesIn(part);
+    const auto wanted = storeFor(mapping, textOf(part));
+    const auto hasSameEffect = [&](const PlacedRules& candidate) {
+        return haveSameStyles(*wanted, *storeFor(mapping, textOf(candidate)), types);
+    };
+    return Shrinking(part, hasSameEffect, limit).shrink();
+}
+
+PlacedRules shrunkOnEveryMap(const std::vector<MinimalRule>& rules, WorkLimit& limit) {
+    PlacedRules whole;
+    for (const auto& [companion, part] : independentParts(rules)) {
+        for (PlacedRule& rule : shrunkOnEveryMap(part, limit)) whole.push_back(std::move(rule));
+    }
+    std::ranges::sort(whole, {}, &PlacedRule::place);
+    return whole;
+}
+
+// One id of each kind speaks for all.
+std::string representativeMapping(const std::string& mapping) {
+    const StyleIdsByType styleIds(*storeFor(mapping, "[]"));
+    return styleIds.mappingWithOnly(styleIds.representatives());
+}
+
+PlacedRules shrunkOnMap(const PlacedRules& rules, const std::string& mapping, WorkLimit& limit) {
+    const std::string representative = representativeMapping(mapping);
+    const auto wanted = storeFor(representative, textOf(rules));
+    const auto hasSameEffect = [&](const PlacedRules& candidate) {
+        return !differenceBetween(*wanted, *storeFor(representative, textOf(candidate))).any();
+    };
+    return Shrinking(rules, hasSameEffect, limit).shrink();
+}
+
+// The attempts, best first, each made when the one before has failed the proof: a style that needs more style keys than
+// there are slots depends on the order of all its rules, and may have to stay as it is.
+Minified firstProven(const StyleSource& style, const std::string& mapping,
+                     const std::vector<std::function<Minified()>>& attempts) {
+    const auto wanted = storeFor(mapping, style.file().text());
+    for (const auto& attempt : attempts) {
+        Minified result = attempt();
+        if (!differenceBetween(*wanted, *storeFor(mapping, result.text)).any()) return result;
+    }
+    return {std::string(style.file().text()), style.rules().size(), false};
+}
+
+}  // namespace
+
+Minified minified(const StyleSource& style, const std::optional<std::string>& mapping) {
+    const QuietLog quiet;
+    const QuestionsOn on;
+    const std::vector<MinimalRule> rules = minimalRules(style.file().text());
+    const auto shrink = [&] {
+        WorkLimit limit{kWorkLimit};
+        PlacedRules shrunk = shrunkOnEveryMap(rules, limit);
+        if (mapping) shrunk = shrunkOnMap(shrunk, *mapping, limit);
+        return Minified{textOf(shrunk), shrunk.size(), !limit.isReached};
+    };
+    const auto clean = [&] { return Minified{textOf(rules), rules.size(), false}; };
+    const auto compact = [&] { return Minified{compactText(style.document()), style.rules().size(), false}; };
+    return firstProven(style, mapping.value_or(mappingOfAllPairs()), {shrink, clean, compact});
+}
+
+}  // namespace customstyle_tool

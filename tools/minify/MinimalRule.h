@@ -1,0 +1,33 @@
+// Rules as few words as possible say them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace customstyle_tool {
+
+/// A styler that the component acts on.
+struct MinimalStyler {
+    std::string name;
+    std::string value;
+};
+
+/// A rule without anything that the component passes over.
+struct MinimalRule {
+    std::string featureType;
+    std::string elementType;
+    std::optional<int> level;  ///< none for all levels
+    std::vector<MinimalStyler> stylers;
+};
+
+/// The rules of a style file that name a feature type, an element and a styler, with their values in their shortest
+/// spelling. The component is asked for what it reads.
+/// @param style  text that is JSON
+std::vector<MinimalRule> minimalRules(std::string_view style);
+
+/// A style file's text without a blank too many.
+std::string textOf(const std::vector<MinimalRule>& rules);
+
+}  // namespace customstyle_tool

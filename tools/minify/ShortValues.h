@@ -1,0 +1,15 @@
+// The shortest spelling of a styler's value.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "CustomConfig.h"
+
+namespace customstyle_tool {
+
+/// A value that the component reads as it reads this one, and that is not longer.
+std::string shortValue(const _orvik_framework::CustomConfig& component, const std::string& featureType,
+                       std::string_view styler, const std::string& value);
+
+}  // namespace customstyle_tool

@@ -1,0 +1,85 @@
+#include "schema/RuleTable.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "schema/Descriptions.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+
+// The prefix brings the mark of labels into a path, or does not.
+constexpr const char* kPlainPrefix = "geometry.";
+constexpr const char* kLabelsPrefix = "labels.";
+
+const std::array<StylerValue, 5> kStylers{
+    {{"color", "#12345678"}, {"visibility", "on"}, {"visibility", "off"}, {"weight", "7"}, {"fontsize", "7"}}};
+
+StylerColumn columnOf(RuleProbe& probe, const std::string& type, const StylerValue& styler) {
+    StylerColumn column{styler, {}};
+    for (const char* word : elementWords()) {
+        for (const bool namesLabels : {false, true}) {
+            const std::string path = std::string(namesLabels ? kLabelsPrefix : kPlainPrefix) + word;
+            if (probe.works(type, path, styler)) column.elements.push_back({word, namesLabels});
+        }
+    }
+    return column;
+}
+
+TypeGroup groupOf(RuleProbe& probe, int featureType) {
+    const CustomConfig& component = probe.component();
+    TypeGroup group;
+    group.names.push_back(component.GetFeatureTypeName(featureType));
+    for (const StylerValue& styler : kStylers) {
+        group.columns.push_back(columnOf(probe, group.names.front(), styler));
+    }
+    group.ignoresAlpha = component.CalculateColorValue("#12345678", featureType) ==
+                         component.CalculateColorValue("#123456", featureType);
+    return group;
+}
+
+std::string alternatives(const std::vector<std::string>& words, const char* condition) {
+    return words.empty() ? std::string() : fmt::format(R"(^{}(?:[^.]+\.)*(?:{})$)", condition, fmt::join(words, "|"));
+}
+
+}  // namespace
+
+std::vector<TypeGroup> typeGroups() {
+    RuleProbe probe;
+    std::vector<TypeGroup> groups;
+    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) {
+        TypeGroup group = groupOf(probe, type);
+        const auto known = std::ranges::find_if(groups, [&](const TypeGroup& other) {
+            return other.columns == group.columns && other.ignoresAlpha == group.ignoresAlpha;
+        });
+        if (known == groups.end()) {
+            groups.push_back(std::move(group));
+        } else {
+            known->names.push_back(group.names.front());
+        }
+    }
+    return groups;
+}
+
+std::string patternOf(const std::vector<ElementClass>& elements) {
+    std::vector<std::string> always;
+    std::vector<std::string> withLabels;
+    std::vector<std::string> withoutLabels;
+    for (const std::string word : elementWords()) {
+        const bool plain = std::ranges::find(elements, ElementClass{word, false}) != elements.end();
+        const bool labels = std::ranges::find(elements, ElementClass{word, true}) != elements.end();
+        if (plain && labels) always.push_back(word);
+        if (plain && !labels) withoutLabels.push_back(word);
+        if (!plain && labels) withLabels.push_back(word);
+    }
+    std::vector<std::string> parts{alternatives(always, ""), alternatives(withLabels, R"((?=[\s\S]*(?:labels|all)))"),
+                                   alternatives(withoutLabels, R"((?![\s\S]*(?:labels|all)))")};
+    std::erase(parts, "");
+    return fmt::format("{}", fmt::join(parts, "|"));
+}
+
+}  // namespace customstyle_tool

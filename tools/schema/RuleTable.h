@@ -1,0 +1,40 @@
+// Which stylers work on which elements of which feature types, as the component has it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "schema/RuleProbe.h"
+
+namespace customstyle_tool {
+
+/// Of an element path the component looks at the last word, and at whether the path names labels.
+struct ElementClass {
+    std::string word;
+    bool namesLabels;
+
+    bool operator==(const ElementClass&) const = default;
+};
+
+/// A styler as the table knows it: one value stands for all, except that "on" and "off" differ.
+struct StylerColumn {
+    StylerValue styler;
+    std::vector<ElementClass> elements;  ///< those on which it works
+
+    bool operator==(const StylerColumn& other) const { return elements == other.elements; }
+};
+
+/// Feature types that take the same rules.
+struct TypeGroup {
+    std::vector<std::string> names;
+    std::vector<StylerColumn> columns;  ///< color, visibility on, visibility off, weight, fontsize
+    bool ignoresAlpha = false;
+};
+
+/// All feature types, in groups, by asking the component for each styler on each element of each type.
+std::vector<TypeGroup> typeGroups();
+
+/// A regular expression for the element paths of some classes, as JSON Schema has them.
+std::string patternOf(const std::vector<ElementClass>& elements);
+
+}  // namespace customstyle_tool
