@@ -7,6 +7,9 @@ install(TARGETS customstyle customstyle_stylesnapshot orvik_vi EXPORT customstyl
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 if(CUSTOMSTYLE_BUILD_TOOLS)
   install(TARGETS customstyle_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES docs/customstyle.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES tools/completion/customstyle.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+          RENAME customstyle)
 endif()
 install(FILES sdkengine/src/app/map/customstyle/CustomConfig.h
               sdkengine/src/app/map/stylesnapshot/PerfectIdIndex.h

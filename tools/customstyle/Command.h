@@ -18,6 +18,7 @@ struct Command {
 };
 
 // One for each subcommand: adds its name, help and options to the program.
+Command checkCommand(CLI::App& program);
 Command diffCommand(CLI::App& program);
 Command dumpCommand(CLI::App& program);
 Command explainCommand(CLI::App& program);

@@ -9,6 +9,7 @@ int main(int argumentCount, char** arguments) {
     program.require_subcommand(1);
     program.footer("Exit status: 0 good, 1 the files are not good, 2 wrong usage. Diagnostics go to standard error.");
     const Command commands[] = {
+        checkCommand(program),
         queryCommand(program),
         dumpCommand(program),
         explainCommand(program),

@@ -1,0 +1,57 @@
+#include "check/CheckedText.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "check/MappingCheck.h"
+#include "check/StyleCheck.h"
+#include "check/WhatIf.h"
+
+namespace customstyle_test {
+
+using namespace customstyle_tool;
+
+CheckedFile checkedStyle(std::string_view text, std::string_view mapping, bool effects) {
+    auto file = std::make_unique<SourceFile>("style.json", std::string(text));
+    std::vector<Finding> findings =
+        checkStyle(*file, mapping.empty() ? oneIdPerType() : representativeMapping(mapping), {effects, {}});
+    return {std::move(file), std::move(findings)};
+}
+
+CheckedFile checkedMapping(std::string_view text) {
+    auto file = std::make_unique<SourceFile>("mapping", std::string(text));
+    std::vector<Finding> findings = checkMapping(*file, true);
+    return {std::move(file), std::move(findings)};
+}
+
+std::vector<std::string> codesWithPlaces(const CheckedFile& checked) {
+    std::vector<std::string> texts;
+    for (const Finding& finding : checked.findings) {
+        const auto [begin, end] = finding.range;
+        texts.push_back(
+            fmt::format("{}: {}", infoOf(finding.code).name, checked.file->text().substr(begin, end - begin)));
+    }
+    return texts;
+}
+
+std::vector<std::string> messagesOf(const CheckedFile& checked, Code code) {
+    std::vector<std::string> messages;
+    for (const Finding& finding : checked.findings) {
+        if (finding.code == code) messages.push_back(finding.message);
+    }
+    return messages;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::string ruleText(std::string_view featureType, std::string_view elementType, std::string_view stylers) {
+    return fmt::format(R"({{"featureType": "{}", "elementType": "{}", "stylers": {}}})", featureType, elementType,
+                       stylers);
+}
+
+}  // namespace customstyle_test

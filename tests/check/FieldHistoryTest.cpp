@@ -1,0 +1,79 @@
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "check/CheckedText.h"
+#include "check/FieldHistory.h"
+#include "check/WhatIf.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// The losses of a style: "victim < culprit: field, how", by place of the steps.
+std::vector<std::string> lossesOf(std::initializer_list<std::string> rules) {
+    const SourceFile file("style.json", fmt::format("[{}]", fmt::join(rules, ",")));
+    const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));
+    const TracedReplay replay(oneIdPerType(), style);
+    std::vector<std::string> losses;
+    const FieldHistory history(replay.steps());
+    for (const LostWork& loss : history.losses()) {
+        if (loss.field == kMarkField) continue;
+        losses.push_back(fmt::format("{} < {}: {}, {}", loss.victim, loss.culprit, styleFields()[loss.field].name,
+                                     loss.kind == LostHow::Reset ? "reset" : "overwritten"));
+    }
+    return losses;
+}
+
+std::string fill(const char* color) {
+    return ruleText("water", "geometry.fill", fmt::format(R"({{"color": "{}"}})", color));
+}
+
+std::string atLevel(const char* element, const char* styler) {
+    return ruleText("water", element, fmt::format(R"({{{}, "level": "9"}})", styler));
+}
+
+TEST(FieldHistory, HasNoLossesWhereStepsWriteDifferentFields) {
+    EXPECT_THAT(lossesOf({fill("#111111"), ruleText("water", "geometry.stroke", R"({"color": "#222222"})")}),
+                IsEmpty());
+}
+
+TEST(FieldHistory, TellsAnOverwrittenField) {
+    EXPECT_THAT(lossesOf({fill("#111111"), fill("#222222")}), ElementsAre("0 < 1: fill, overwritten"));
+}
+
+TEST(FieldHistory, TellsAFieldThatALevelRuleResets) {
+    EXPECT_THAT(lossesOf({fill("#111111"), atLevel("geometry.stroke", R"("color": "#222222")"),
+                          atLevel("geometry.fill", R"("weight": "3")")}),
+                ElementsAre("1 < 2: stroke, reset"));
+}
+
+TEST(FieldHistory, CountsWhatALevelInheritsAsTheWorkForAllLevels) {
+    EXPECT_THAT(lossesOf({fill("#111111"), atLevel("geometry.fill", R"("weight": "3")"),
+                          atLevel("geometry.fill", R"("weight": "4")")}),
+                ElementsAre("1 < 2: fill weight, overwritten"));
+}
+
+TEST(FieldHistory, AddsUpForALevelWithoutAStyleForAllLevels) {
+    EXPECT_THAT(
+        lossesOf({atLevel("geometry.stroke", R"("color": "#222222")"), atLevel("geometry.fill", R"("weight": "3")")}),
+        IsEmpty());
+}
+
+TEST(FieldHistory, KnowsTheOwnersInTheEnd) {
+    const SourceFile file("style.json",
+                          fmt::format("[{},{}]", fill("#111111"), atLevel("geometry.stroke", R"("weight": "3")")));
+    const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));
+    const TracedReplay replay(oneIdPerType(), style);
+    const FieldHistory history(replay.steps());
+    const RecordOwners& owners = history.ownersOf("2:9", replay.steps()[1].touches.at(0).styleId);
+    EXPECT_EQ(owners[fieldIndex("fill")], (Owner{0, false}));
+    EXPECT_EQ(owners[fieldIndex("stroke weight")], (Owner{1, true}));
+    EXPECT_EQ(owners[fieldIndex("text fill")], Owner{});
+}
+
+}  // namespace
+}  // namespace customstyle_test

@@ -1,0 +1,103 @@
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <variant>
+
+#include "check/CheckedText.h"
+#include "check/MappingCheck.h"
+#include "check/WhatIf.h"
+#include "support/DefaultMapping.h"
+#include "support/TemporaryDirectory.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// The default mapping with the list of one type replaced.
+std::string mappingWith(const std::string& type, const std::string& value) {
+    std::string mapping = defaultMapping();
+    const std::size_t begin = mapping.find("\"" + type + "\":") + type.size() + 3;
+    return mapping.replace(begin, mapping.find(']', begin) + 1 - begin, value);
+}
+
+TEST(MappingCheck, IsSilentAboutAMappingInOrder) {
+    EXPECT_THAT(codesWithPlaces(checkedMapping(defaultMapping())), IsEmpty());
+}
+
+TEST(MappingCheck, NamesAllMissingTypesAtOnce) {
+    const CheckedFile checked = checkedMapping(R"({"land": [1], "green": [2]})");
+    EXPECT_THAT(codesWithPlaces(checked), ElementsAre("mapping-type-missing: {"));
+    EXPECT_THAT(checked.findings[0].message, HasSubstr(R"(70 feature types are missing: "water", "building")"));
+    EXPECT_THAT(checked.findings[0].message, HasSubstr(R"("grid")"));
+}
+
+TEST(MappingCheck, NamesEveryValueThatIsNoList) {
+    const std::string mapping = R"({"land": 1, "green": {"a": 1}, "water": "1"})";
+    EXPECT_THAT(codesWithPlaces(checkedMapping(mapping)),
+                ElementsAre("mapping-type-missing: {", "mapping-not-list: 1", R"(mapping-not-list: {"a": 1})",
+                            R"(mapping-not-list: "1")"));
+}
+
+TEST(MappingCheck, TellsWhatBecomesOfEachElement) {
+    const CheckedFile checked = checkedMapping(mappingWith("water", R"([true, null, 7.9, 4294967295, -1, 0, 7, 7])"));
+    EXPECT_THAT(codesWithPlaces(checked),
+                ElementsAre("mapping-not-number: true", "mapping-not-number: null", "mapping-id-fraction: 7.9",
+                            "mapping-id-out-of-range: 4294967295", "mapping-id-never-found: -1", "mapping-id-zero: 0",
+                            "mapping-id-repeated: 7"));
+    EXPECT_THAT(checked.findings[0].message, HasSubstr("style id 1"));
+    EXPECT_THAT(checked.findings[2].message, HasSubstr("style id 7"));
+    EXPECT_THAT(checked.findings[3].message, HasSubstr("style id 2147483647"));
+}
+
+TEST(MappingCheck, NamesTheTypeThatAnswersForASharedStyleId) {
+    const CheckedFile checked = checkedMapping(mappingWith("water", "[1001, 1004, 1002]"));
+    EXPECT_THAT(
+        messagesOf(checked, Code::MappingIdShared),
+        ElementsAre(HasSubstr(R"("green" and "water" share 1 style id (1001); where both customise one, "green")"),
+                    HasSubstr(R"("water" and "manmade" share 1 style id (1004); where both customise one, "water")")));
+}
+
+TEST(MappingCheck, LetsAParentAnswerLastWhateverItsPlace) {
+    const CheckedFile checked = checkedMapping(mappingWith("education", "[1004]"));
+    EXPECT_THAT(messagesOf(checked, Code::MappingIdShared), ElementsAre(HasSubstr(R"(one, "education" answers)")));
+}
+
+TEST(MappingCheck, KnowsNamesAsTheComponentFindsThem) {
+    std::string mapping = defaultMapping();
+    mapping.replace(mapping.find("\"water\""), 7, "\"Water\"");
+    mapping.replace(mapping.find("\"land\""), 6, R"("lend":[5],"land":[6],"LAND")");
+    EXPECT_TRUE(isAcceptedMapping(mapping));
+    EXPECT_THAT(codesWithPlaces(checkedMapping(mapping)),
+                ElementsAre(R"(mapping-name-unknown: "lend")", R"(member-doubled: "LAND")",
+                            R"(member-case-accepted: "Water")"));
+}
+
+TEST(MappingCheck, AcceptsWhatTheComponentAccepts) {
+    EXPECT_TRUE(isAcceptedMapping(defaultMapping()));
+    EXPECT_FALSE(isAcceptedMapping("{}"));
+    EXPECT_FALSE(isAcceptedMapping("[1"));
+}
+
+TEST(MappingCheck, QuotesWhatTheComponentLogs) {
+    const TemporaryDirectory directory;
+    const auto logOf = [&](const std::string& text) {
+        const auto source = readSource(directory.write("CustomIndex", text), "mapping file");
+        return checkMapping(*std::get<0>(source)).front().log;
+    };
+    EXPECT_EQ(logOf("{}"), "ZRX Custom Map: CustomIndex file parse failed");
+    EXPECT_EQ(logOf("{"), "ZRX Custom Map: CustomIndex file parse failed, format error");
+}
+
+TEST(RepresentativeMapping, KeepsOneStyleIdForEachSetOfTypes) {
+    const std::string mapping = mappingWith("water", "[50, 51, 1001, 52]");
+    EXPECT_THAT(representativeMapping(mapping), HasSubstr(R"("green":[1001],"water":[50,1001],)"));
+}
+
+}  // namespace
+}  // namespace customstyle_test

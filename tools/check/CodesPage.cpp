@@ -1,0 +1,90 @@
+#include <fmt/format.h>
+
+#include "check/PlainText.h"
+#include "check/Report.h"
+
+namespace customstyle_tool {
+namespace {
+
+constexpr std::size_t kLineWidth = 96;
+
+// The words of a text on lines of a readable width, each behind the margin.
+std::string wrapped(std::string_view text, std::string_view margin) {
+    std::string lines;
+    std::string line;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(' '), text.size());
+        if (!line.empty() && line.size() + 1 + end > kLineWidth) {
+            lines += fmt::format("{}{}\n", margin, line);
+            line.clear();
+        }
+        line += (line.empty() ? "" : " ") + std::string(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines + fmt::format("{}{}\n", margin, line);
+}
+
+std::string indented(std::string_view text, std::string_view margin) {
+    std::string lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        lines += fmt::format("{}{}\n", margin, text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines;
+}
+
+std::string capitalised(std::string text) {
+    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    return text;
+}
+
+std::string codeText(const CodeInfo& info) {
+    std::string text = fmt::format("{} ({}): {}\n", info.name, severityName(info.severity), info.title);
+    text += wrapped(info.explanation, "  ");
+    text += wrapped(fmt::format("Remedy: {}.", info.remedy), "  ");
+    const std::string example = shownExample(info);
+    if (!example.empty()) text += "  Example:\n" + indented(example, "    ");
+    return text;
+}
+
+std::string codeMarkdown(const CodeInfo& info) {
+    std::string text =
+        fmt::format("### {}\n\n*{}*: {}.\n\n{}\n\nRemedy: {}.\n", info.name,
+                    capitalised(std::string(severityName(info.severity))), info.title, info.explanation, info.remedy);
+    const std::string example = shownExample(info);
+    if (!example.empty()) text += fmt::format("\n```\n{}\n```\n", example);
+    return text + "\n";
+}
+
+std::string sectionMarkdown(FileKind kind, const char* title) {
+    std::string text = fmt::format("## {}\n\n", title);
+    for (const CodeInfo& info : codeInfos()) {
+        if (info.kind == kind) text += codeMarkdown(info);
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string codesText() {
+    std::string text;
+    for (const CodeInfo& info : codeInfos()) text += (text.empty() ? "" : "\n") + codeText(info);
+    return text;
+}
+
+std::string codesMarkdown() {
+    std::string text =
+        "# What `customstyle check` finds\n\n"
+        "Made from the tool's own table by `customstyle check --codes-markdown`; a test compares the two.\n\n"
+        "An error is something that the component drops or draws otherwise for certain, a warning something that does "
+        "not "
+        "do what its author can have meant, a note something to know. Examples are whole files; what they name in "
+        "parentheses is too long to be written here.\n\n";
+    text += sectionMarkdown(FileKind::Style, "Style files");
+    text += sectionMarkdown(FileKind::Mapping, "Mapping files");
+    text.pop_back();
+    return text;
+}
+
+}  // namespace customstyle_tool

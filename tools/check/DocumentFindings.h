@@ -1,0 +1,32 @@
+// What is wrong with a file as JSON.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/Finding.h"
+#include "json/JsonDocument.h"
+#include "json/JsonError.h"
+#include "replay/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// Why a file is not JSON.
+/// @param consequence  what that means for the map, as the end of a sentence
+Finding jsonFinding(const SourceFile& file, const JsonError& error, std::string_view consequence);
+
+/// The text behind the outermost value, if there is any.
+std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument& document);
+
+/// Every text and every name with a zero character in it.
+std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document);
+
+/// What kind of value it is, with its article: "a number", "an object".
+std::string_view kindName(JsonKind kind);
+
+/// A text as messages quote it: in double quotes, cut when it is long.
+std::string quoted(std::string_view text);
+
+}  // namespace customstyle_tool

@@ -1,0 +1,38 @@
+// What the check has to say about a place in a file.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check/FindingCodes.h"
+#include "json/JsonDocument.h"
+#include "replay/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// Another place that has to do with a finding.
+struct RelatedPlace {
+    TextRange range;  ///< in the file of the finding
+    std::string text;
+};
+
+struct Finding {
+    Code code;
+    const SourceFile* file;
+    TextRange range;
+    std::optional<std::size_t> rule;  ///< from 0; none for what concerns the file
+    std::string path;                 ///< JSON path of the value
+    std::string message;              ///< one sentence without a full stop: what happens at run time
+    std::string remedy;               ///< what to do, in this case
+    std::string log;                  ///< the component's own line; empty where it says nothing
+    std::vector<RelatedPlace> related;
+};
+
+/// Orders by place, then code, then message, and removes repetitions.
+void sortFindings(std::vector<Finding>& findings);
+
+/// Whether a finding of this severity is among them.
+bool hasSeverity(const std::vector<Finding>& findings, Severity severity);
+
+}  // namespace customstyle_tool

@@ -1,0 +1,479 @@
+#include "check/FindingCodes.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "CustomConfig.h"
+
+namespace customstyle_tool {
+namespace {
+
+using enum Severity;
+using enum FileKind;
+
+// clang-format off
+constexpr CodeInfo kInfos[] = {
+    // ---- The text of a file -----------------------------------------------------------------------------------------
+    {Code::JsonSyntax, "json-syntax", Error, Style, "the file is not JSON",
+     "The component reads a file whole or not at all: one wrong character and no rule of it applies.",
+     "correct the text at this place",
+     R"([{"featureType": "water"<< >>"elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
+    {Code::JsonComment, "json-comment", Error, Style, "a comment",
+     "JSON has no comments. The component refuses the whole file.",
+     R"(say it in a member "note" of the rule)",
+     R"([<<//>> water
+  {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
+    {Code::JsonTooDeep, "json-too-deep", Error, Style, "nested too deep",
+     "The component reads lists and objects up to 1,000 deep and refuses a file that goes deeper.",
+     "take away brackets: a style file is a list of objects with one object in each",
+     R"((1000 x [)<<[>>)"},
+    {Code::JsonEncoding, "json-encoding", Error, Style, "not UTF-8",
+     "The file is in an encoding that the component cannot read; it refuses the whole file.",
+     "save the file as UTF-8",
+     "<<(FF)>>(FE)["},
+    {Code::JsonEmpty, "json-empty", Error, Style, "an empty file",
+     "A file without any value is not JSON. The component refuses it.",
+     "write at least the empty list []",
+     "<<>>"},
+    {Code::TextAfterEnd, "text-after-end", Warning, Style, "text behind the end",
+     "The component stops reading behind the first complete value, so rules that stand there do not exist for it. "
+     "Zero bytes count as blanks.",
+     "move the text into the list, or delete it",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}]
+<<[{"featureType": "green", "elementType": "geometry", "stylers": {"color": "#33cc66"}}]>>)"},
+    {Code::TextCutAtNul, "text-cut-at-nul", Warning, Style, "a text with a zero character",
+     "The component reads a text up to the first \\u0000; what stands behind it is lost.",
+     "take the \\u0000 out",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#3366cc\u000080">>}}])"},
+    {Code::NotAList, "not-a-list", Warning, Style, "the outermost value is no list",
+     "A style file is a list of rules. Of an object the component takes the members' values as rules, of anything else "
+     "it takes nothing.",
+     "put the rules between [ and ]",
+     R"(<<{>>"first": {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}})"},
+    {Code::NoRules, "no-rules", Note, Style, "a style without rules",
+     "The list is empty: the map is drawn as without a style.",
+     "add a rule, or leave the style away",
+     "<<[]>>"},
+
+    // ---- The frame of a rule ----------------------------------------------------------------------------------------
+    {Code::RuleNotObject, "rule-not-object", Error, Style, "a rule that is no object",
+     "Each element of the list has to be an object. Any other value counts as a rule without a feature type and is "
+     "skipped.",
+     "write an object with \"featureType\", \"elementType\" and \"stylers\"",
+     R"([<<"water">>])"},
+    {Code::TypeMissing, "type-missing", Error, Style, "no featureType",
+     "A rule that does not name a feature type is skipped.",
+     "add \"featureType\" with the name of a feature type",
+     R"([<<{>>"elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
+    {Code::TypeNotText, "type-not-text", Error, Style, "featureType is no text",
+     "A feature type is named by a text. With a number, null or anything else the rule is skipped.",
+     "write the name of a feature type in double quotes",
+     R"([{"featureType": <<2>>, "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
+    {Code::TypeUnknown, "type-unknown", Error, Style, "no such feature type",
+     "The name is not one of the 73 feature types, letter by letter and in lower case; the rule is skipped.",
+     "use one of the names of the feature types",
+     R"([{"featureType": <<"lake">>, "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
+    {Code::ElementMissing, "element-missing", Error, Style, "no elementType",
+     "A rule that does not say which element it means is skipped.",
+     "add \"elementType\", for instance \"geometry.fill\"",
+     R"([<<{>>"featureType": "water", "stylers": {"color": "#3366cc"}}])"},
+    {Code::ElementNotText, "element-not-text", Error, Style, "elementType is no text",
+     "An element is named by a text. With anything else the rule is skipped.",
+     "write an element in double quotes, for instance \"geometry.fill\"",
+     R"([{"featureType": "water", "elementType": <<["geometry"]>>, "stylers": {"color": "#3366cc"}}])"},
+    {Code::StylersMissing, "stylers-missing", Error, Style, "no stylers",
+     "A rule without stylers is skipped.",
+     "add \"stylers\" with an object, for instance {\"color\": \"#3366cc\"}",
+     R"([<<{>>"featureType": "water", "elementType": "geometry"}])"},
+    {Code::StylersNotObject, "stylers-not-object", Error, Style, "stylers is no object",
+     "The stylers of a rule are the members of one object. A rule with a list, a text or anything else is skipped.",
+     "write the stylers between { and }",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": <<[{"color": "#3366cc"}]>>}])"},
+    {Code::NoStyler, "no-styler", Error, Style, "stylers without a styler",
+     "None of \"color\", \"visibility\", \"weight\" and \"fontsize\" is there, so the rule is skipped. A level alone "
+     "styles nothing.",
+     "add a styler, or take the rule out",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": <<{"level": "12"}>>}])"},
+
+    // ---- Members ----------------------------------------------------------------------------------------------------
+    {Code::MemberUnknown, "member-unknown", Warning, Style, "an unknown member",
+     "The component looks only at the members that it knows; any other is passed over in silence. Members called "
+     "\"note\", \"comment\" and the like, or beginning with _, $, # or //, are taken for notes.",
+     "take it out, or call it \"note\" when it is one",
+     R"([{"featureType": "water", "elementType": "geometry", <<"minLevel">>: "12", "stylers": {"color": "#3366cc"}}])"},
+    {Code::MemberMisplaced, "member-misplaced", Warning, Style, "a member in the wrong object",
+     "Stylers and the level stand inside \"stylers\", \"featureType\" and \"elementType\" beside it. In the other place "
+     "they are passed over in silence.",
+     "move it to where the component looks for it",
+     R"([{"featureType": "water", "elementType": "geometry", <<"level">>: "12", "stylers": {"color": "#3366cc"}}])"},
+    {Code::MemberDoubled, "member-doubled", Warning, Style, "a member twice",
+     "The component takes the first of two members with the same name, in whatever letter case. Editors and most "
+     "programs take the last, so what you see there is not what is drawn.",
+     "keep one of the two",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc", <<"color">>: "#cc3366"}}])"},
+    {Code::MemberLetterCase, "member-letter-case", Error, Style, "a styler in the wrong letter case",
+     "Styler names are lower case. A styler in another letter case is not applied.",
+     "write the name in lower case",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {<<"Weight">>: "3", "color": "#3366cc"}}])"},
+    {Code::MemberCaseAccepted, "member-case-accepted", Note, Style, "a member in an unusual letter case",
+     "The component finds this member in any letter case, but other programs do not.",
+     "write the name as the component spells it",
+     R"([{<<"featuretype">>: "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
+    {Code::ValueNotText, "value-not-text", Error, Style, "a styler that is no text",
+     "Every styler is a text, numbers too. A styler with a number, true, false or null is left out; with such a "
+     "\"level\" the rule applies at all levels.",
+     "put the value in double quotes",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc", "weight": <<3>>}}])"},
+
+    // ---- Elements and stylers ---------------------------------------------------------------------------------------
+    {Code::ElementUnknown, "element-unknown", Error, Style, "no such element",
+     "The component looks at the last word of the element path. It has to be all, labels, geometry, fill, stroke, "
+     "topsurface or icon, in lower case; otherwise the styler is dropped.",
+     "name an element that exists",
+     R"([{"featureType": "water", "elementType": <<"labels.text">>, "stylers": {"color": "#3366cc"}}])"},
+    {Code::ElementNotForStyler, "element-not-for-styler", Error, Style, "a styler that the element does not have",
+     "Icons have neither colour, weight nor font size, and top surfaces no weight. The styler is dropped.",
+     "name an element that has the styler",
+     R"([{"featureType": "water", "elementType": <<"labels.icon">>, "stylers": {"color": "#3366cc"}}])"},
+    {Code::ElementUnusual, "element-unusual", Warning, Style, "an element path with a meaning of its own",
+     "Of the path the component sees only the last word, and whether \"labels\" or \"all\" occurs anywhere in it, be it "
+     "inside another word. Other words are not checked.",
+     "write the path that you mean",
+     R"([{"featureType": "building", "elementType": <<"wall.fill">>, "stylers": {"color": "#3366cc"}}])"},
+    {Code::ElementMatchesNothing, "element-matches-nothing", Warning, Style, "an element that takes styles out of use",
+     "The rule reaches records that do not have this element. Nothing is written into them, but they stop counting as "
+     "customised: what other rules wrote there is no longer drawn.",
+     "take the rule out, or name another element",
+     R"([{"featureType": "highwaylabel", "elementType": "labels.text.topsurface", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::FontsizeWithoutLabels, "fontsize-without-labels", Error, Style, "a font size without labels",
+     "Only labels have a font size. On \"land\", \"grid\" and \"all\", and with an element path without \"labels\", it "
+     "is dropped.",
+     "name a type with labels and a labels element",
+     R"([{"featureType": "city", "elementType": <<"geometry.fill">>, "stylers": {"fontsize": "12"}}])"},
+
+    // ---- Values -----------------------------------------------------------------------------------------------------
+    {Code::ColorShort, "color-short", Error, Style, "the short form of a colour",
+     "The component does not know the form with one digit for each channel. It reads pairs of digits at fixed places, "
+     "and missing ones count 0: another colour is drawn.",
+     "write each digit twice",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#f00">>}}])"},
+    {Code::ColorName, "color-name", Error, Style, "the name of a colour",
+     "Colours have no names. The letters are read as if they were digits, and another colour is drawn.",
+     "write the colour as #RRGGBB",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"red">>}}])"},
+    {Code::ColorWithoutSign, "color-without-sign", Error, Style, "a colour without #",
+     "The first character is passed over unseen. Without the # that is a digit, and all others move one place: another "
+     "colour is drawn.",
+     "write a # in front",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"ff0000">>}}])"},
+    {Code::ColorBadDigit, "color-bad-digit", Error, Style, "a colour with a wrong digit",
+     "A character that is no hexadecimal digit counts 0: another colour is drawn.",
+     "use the digits 0 to 9 and a to f",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#gg0000">>}}])"},
+    {Code::ColorLength, "color-length", Error, Style, "a colour of the wrong length",
+     "A colour is # and six digits, or eight with alpha. Missing digits count 0, further ones are not read.",
+     "write #RRGGBB or #RRGGBBAA",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#ff00008">>}}])"},
+    {Code::ColorInvisible, "color-invisible", Warning, Style, "a colour that cannot be seen",
+     "The last two of eight digits are alpha, and 00 is fully transparent. Some tools write alpha first.",
+     "write alpha behind the colour; to hide something use \"visibility\": \"off\"",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#80ff0000">>}}])"},
+    {Code::ColorAlphaIgnored, "color-alpha-ignored", Warning, Style, "alpha that is ignored",
+     "A boundary is always drawn opaque.",
+     "leave the alpha out, or choose a paler colour",
+     R"([{"featureType": "boundary", "elementType": "geometry.stroke", "stylers": {"color": <<"#3366cc40">>}}])"},
+    {Code::VisibilityUnknown, "visibility-unknown", Error, Style, "neither on nor off",
+     "Visibility is \"on\" or \"off\", in lower case. Any other value is dropped.",
+     "write \"on\" or \"off\"",
+     R"([{"featureType": "water", "elementType": "all", "stylers": {"visibility": <<"OFF">>}}])"},
+    {Code::SizeNotDigits, "size-not-digits", Error, Style, "a size that is not only digits",
+     "Weights and font sizes are whole numbers of digits alone. With a sign, a point, a unit or a blank the styler is "
+     "dropped.",
+     "write a whole number from 0 to 255",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"weight": <<"2.5">>}}])"},
+    {Code::SizeClamped, "size-clamped", Warning, Style, "a size beyond the range",
+     "Weights and font sizes end at 255; larger ones are drawn with 255.",
+     "write a number from 0 to 255",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"weight": <<"300">>}}])"},
+    {Code::LevelMalformed, "level-malformed", Error, Style, "a level that is no whole number",
+     "A level is read up to the first character that is no digit, and without a digit it is 0; then it is moved into 4 "
+     "to 21. There are no ranges of levels.",
+     "write one level from 4 to 21, and a rule for each level",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc", "level": <<"12-14">>}}])"},
+    {Code::LevelClamped, "level-clamped", Warning, Style, "a level beyond the range",
+     "Levels are 4 to 21. A lower one means 4, a higher one 21.",
+     "write a level from 4 to 21",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc", "level": <<"25">>}}])"},
+
+    // ---- What a rule reaches ----------------------------------------------------------------------------------------
+    {Code::WeightOnBoundary, "weight-on-boundary", Warning, Style, "a weight on boundary",
+     "Boundaries are drawn in the renderer's own width; the weight is dropped in silence.",
+     "take the weight out",
+     R"([{"featureType": "boundary", "elementType": "geometry.stroke", "stylers": {<<"weight": "3">>}}])"},
+    {Code::StrokeOnLand, "stroke-on-land", Warning, Style, "a stroke on land",
+     "The land has no stroke; the colour is dropped in silence.",
+     "use \"geometry.fill\" for the colour of the land",
+     R"([{"featureType": "land", "elementType": "geometry.stroke", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::AllReachesNothing, "all-reaches-nothing", Warning, Style, "the type all",
+     "No style of the map belongs to the type \"all\", and it does not stand for the other types: a rule for it changes "
+     "nothing. Only \"icon\" is different, it hides every icon.",
+     "write a rule for each type",
+     R"([{"featureType": "all", "elementType": "geometry.fill", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::TypeWithoutIds, "type-without-ids", Warning, Style, "a type without style ids",
+     "The mapping file lists no style id for the types that the rule reaches, so there is nothing to style.",
+     "take the rule out, or complete the mapping file",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {<<"color": "#3366cc">>}}])",
+     R"({"water": [], (every type but "water")})"},
+    {Code::NothingReached, "nothing-reached", Warning, Style, "a styler that does nothing here",
+     "For this type and element the component does nothing, without a message.",
+     "take the rule out, or name another element",
+     R"([{"featureType": "land", "elementType": "labels", "stylers": {<<"visibility": "off">>}}])"},
+    {Code::OnRestoresNoColor, "on-restores-no-color", Warning, Style, "on restores no colour",
+     "\"off\" paints geometry and text in full transparency. \"on\" shows icons again, but nothing remembers the colours.",
+     "take the rule with \"off\" out, or give the element a colour again",
+     R"([{"featureType": "green", "elementType": "all", "stylers": {"visibility": "off"}},
+ {"featureType": "green", "elementType": "geometry.fill", "stylers": {<<"visibility": "on">>}}])"},
+    {Code::IconOnAll, "icon-on-all", Warning, Style, "an icon rule for all",
+     "An \"icon\" rule for the type \"all\" hides every icon of the map at every level, with \"on\" as well, and no "
+     "rule shows them again.",
+     "take the rule out; to hide icons at some levels write rules for the types",
+     R"([{"featureType": "all", "elementType": "labels.icon", "stylers": {<<"visibility": "on">>}}])"},
+    {Code::GridLevelLost, "grid-level-lost", Warning, Style, "a level for the grid",
+     "The grid has one colour for all levels; the level of the rule is lost.",
+     "take the level out",
+     R"([{"featureType": "grid", "elementType": "geometry.fill", "stylers": {"color": "#3366cc", <<"level": "12">>}}])"},
+    {Code::AllColorsNamesOnly, "all-colors-names-only", Warning, Style, "all colours the names only",
+     "On a type with labels \"all\" colours the text of the labels and never reaches the geometry.",
+     "add a rule for \"geometry\", or say \"labels\" when the names are meant",
+     R"([{"featureType": "highway", "elementType": "all", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::LabelsChangeGeometry, "labels-change-geometry", Warning, Style, "a labels rule that changes geometry",
+     "A weight on \"labels\" widens the geometry of the type as well, and a type without labels takes \"labels\" for its "
+     "geometry.",
+     "say \"labels.text.fill\" or \"labels.text.stroke\" for the text, \"geometry\" for the rest",
+     R"([{"featureType": "highway", "elementType": "labels", "stylers": {<<"weight": "6">>}}])"},
+    {Code::GeometryHidesNames, "geometry-hides-names", Note, Style, "hiding geometry hides names",
+     "Hiding the geometry of a type whose names stand under the same type makes the names transparent too.",
+     "give the names a colour again behind this rule if they are to stay",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {<<"visibility": "off">>}}])"},
+    {Code::NamesakeNotReached, "namesake-not-reached", Warning, Style, "names under another type",
+     "The names of this type belong to the type of the same name with \"label\", and a rule for the one does not reach "
+     "the other.",
+     "write the rule for the label type",
+     R"([{"featureType": <<"education">>, "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}}])"},
+    {Code::IconsOfCompanion, "icons-of-companion", Note, Style, "icons of the label type",
+     "With \"labels.icon\" a type that has a label type of its own changes the icons of that label type only.",
+     "write \"icon\" for the type's own icons",
+     R"([{"featureType": "highway", "elementType": "labels.icon", "stylers": {<<"visibility": "off">>}}])"},
+    {Code::ParentAnswersLast, "parent-answers-last", Note, Style, "a type that is no group",
+     "\"manmade\", \"districtlabel\" and \"poilabel\" do not stand for the types that belong to them. They speak for "
+     "their own style ids, and only where no other type customises those.",
+     "write a rule for each type that you mean",
+     R"([{"featureType": <<"poilabel">>, "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}}])"},
+
+    // ---- Rules among each other -------------------------------------------------------------------------------------
+    {Code::LevelReset, "level-reset", Warning, Style, "lost to a later rule for the same level",
+     "Where a type has a style for all levels, each styler for one level starts again from that style. What earlier "
+     "stylers wrote for the level is lost, even in other fields and even in the same rule.",
+     "only the last styler for a level stays: write the others for all levels, or give the type no style for all levels",
+     R"([{"featureType": "nationalway", "elementType": "geometry.fill", "stylers": {"color": "#3366cc"}},
+ {"featureType": "nationalway", "elementType": "geometry.stroke", "stylers": {<<"color": "#cc3366">>, "level": "12"}},
+ {"featureType": "nationalway", "elementType": "geometry.fill", "stylers": {"weight": "6", "level": "12"}}])"},
+    {Code::LevelResetsItself, "level-resets-itself", Warning, Style, "a rule that resets what it wrote itself",
+     "Hiding writes several times, and at a level each write starts again from the style for all levels. Only the last "
+     "one stays.",
+     "give the type no style for all levels, but one for each level",
+     R"([{"featureType": "town", "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}},
+ {"featureType": "town", "elementType": "labels", "stylers": {<<"visibility": "off">>, "level": "9"}}])"},
+    {Code::ShutOutByLevel, "shut-out-by-level", Warning, Style, "shut out by a style for a level",
+     "A style for one level shuts the style for all levels out completely, and it starts from that style as it stood "
+     "when the rule for the level came. What comes later does not reach the level.",
+     "write rules for all levels before rules for one level",
+     R"([{"featureType": "arterial", "elementType": "geometry.fill", "stylers": {"weight": "6", "level": "14"}},
+ {"featureType": "arterial", "elementType": "geometry.fill", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::NoEffect, "no-effect", Warning, Style, "no effect, proven",
+     "The file was loaded again without this rule or styler, and every answer of the component stayed the same: all "
+     "style ids, all levels, all four questions.",
+     "take it out",
+     R"([{"featureType": "country", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
+ {"featureType": "country", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366"}}])"},
+    {Code::SharedIdsLost, "shared-ids-lost", Note, Style, "style ids that another type answers for",
+     "A style id can stand under several types of the mapping. Of those that customise it the first answers, so what the "
+     "rule gives it is not drawn.",
+     "write the same rule for the type that answers",
+     R"([{"featureType": "nationalwaysign", "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}},
+ {"featureType": "provincialwaysign", "elementType": "labels.text.fill", "stylers": {<<"color": "#cc3366">>}}])",
+     R"({"nationalwaysign": [1, 2], "provincialwaysign": [2, 3], (every type but "nationalwaysign" and "provincialwaysign")})"},
+    {Code::PartialEffect, "partial-effect", Note, Style, "an effect in part, proven",
+     "Without this rule or styler the component's answers change, but at some levels only, or on icons only. Shown with "
+     "--effects.",
+     "nothing, if that is what you mean",
+     R"([{"featureType": "city", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
+ {"featureType": "city", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366", "level": "9"}}])"},
+    {Code::SlotsNearlyFull, "slots-nearly-full", Warning, Style, "nearly too many style keys",
+     "Each type, and each type at each level, for which a rule writes takes one of 1,241 places of the store. The file "
+     "takes more than four fifths of them.",
+     "write rules for all levels instead of rules for each level",
+     R"((70 types at levels 4 to 18))"},
+    {Code::SlotsExceeded, "slots-exceeded", Error, Style, "too many style keys",
+     "The store has 1,241 places for types and for types at one level. All are taken, and this styler and those behind "
+     "it that need a new one are dropped in silence.",
+     "write rules for all levels instead of rules for each level",
+     R"((70 types at levels 4 to 21))"},
+    {Code::OtherLogLine, "other-log-line", Warning, Style, "a log line",
+     "The component logs a line that this tool has no explanation for.",
+     "see the log line",
+     ""},
+
+    // ---- The mapping file -------------------------------------------------------------------------------------------
+    {Code::MappingNotObject, "mapping-not-object", Error, Mapping, "the mapping is no object",
+     "The mapping file is one object with a list of style ids for each feature type. The component refuses it, and no "
+     "style is loaded.",
+     "write an object with a member for each feature type",
+     R"(<<[]>>)"},
+    {Code::MappingTypeMissing, "mapping-type-missing", Error, Mapping, "a feature type without a list",
+     "The mapping has to name all 72 feature types from \"land\" to \"grid\". The component stops at the first that is "
+     "missing, and no style is loaded.",
+     "add the missing types, with an empty list [] where there are no style ids",
+     R"(<<{>>(every type but "water")})"},
+    {Code::MappingNotList, "mapping-not-list", Error, Mapping, "a feature type that is no list",
+     "The style ids of a type stand in a list. The component stops at a value that is none, and no style is loaded.",
+     "write the style ids between [ and ]",
+     R"({"water": <<2101>>, (every type but "water")})"},
+    {Code::MappingNameUnknown, "mapping-name-unknown", Warning, Mapping, "a name that is no feature type",
+     "The component passes over members with other names.",
+     "use the name of a feature type, or take the member out",
+     R"({<<"lake">>: [1], (every type)})"},
+    {Code::MappingNotNumber, "mapping-not-number", Error, Mapping, "a style id that is no number",
+     "A text, null or list among the style ids counts as the number 0, true as 1.",
+     "write the style id without quotes",
+     R"({"water": [2101, <<"2102">>], (every type but "water")})"},
+    {Code::MappingIdZero, "mapping-id-zero", Warning, Mapping, "the style id 0",
+     "A style id 0 is dropped at the begin of a list and behind another 0, and kept elsewhere.",
+     "take the 0 out",
+     R"({"water": [<<0>>, 2101], (every type but "water")})"},
+    {Code::MappingIdRepeated, "mapping-id-repeated", Warning, Mapping, "a style id twice in one list",
+     "The second mention of a style id in one list changes nothing.",
+     "take one of the two out",
+     R"({"water": [2101, 2102, <<2101>>], (every type but "water")})"},
+    {Code::MappingIdFraction, "mapping-id-fraction", Warning, Mapping, "a style id with a fraction",
+     "Style ids are whole numbers; what stands behind the point is cut off.",
+     "write a whole number",
+     R"({"water": [<<2101.5>>], (every type but "water")})"},
+    {Code::MappingIdOutOfRange, "mapping-id-out-of-range", Warning, Mapping, "a style id beyond the range",
+     "Style ids have 31 bits. A larger number is taken for 2147483647, so that the style is found under that id only.",
+     "use a style id up to 2147483647",
+     R"({"water": [<<2147483648>>], (every type but "water")})"},
+    {Code::MappingIdNeverFound, "mapping-id-never-found", Warning, Mapping, "a style id that is never found",
+     "The renderer asks with unsigned numbers, and what is filed under a negative style id is not found by any.",
+     "use a style id from 1 to 2147483647",
+     R"({"water": [<<-5>>], (every type but "water")})"},
+    {Code::MappingIdShared, "mapping-id-shared", Note, Mapping, "style ids under several types",
+     "Of several types that customise a style id the first answers, parent types last; the styles that rules give it "
+     "under the others are not drawn then. Shown with --effects.",
+     "nothing, if the first type is to answer",
+     R"({"green": [2001], "water": [2101, <<2001>>], (every type but "green" and "water")})"},
+};
+// clang-format on
+
+constexpr bool eachInfoStandsAtItsCode() {
+    for (std::size_t i = 0; i < std::size(kInfos); ++i) {
+        if (kInfos[i].code != static_cast<Code>(i)) return false;
+    }
+    return std::size(kInfos) == kCodeCount;
+}
+static_assert(eachInfoStandsAtItsCode());
+
+// Lists for all types of a mapping but some, each with an id of its own.
+std::string mappingMembersWithout(std::initializer_list<std::string_view> excepted) {
+    const _orvik_framework::CustomConfig catalogue;
+    std::string members;
+    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
+        const std::string name = catalogue.GetFeatureTypeName(type);
+        if (std::ranges::find(excepted, name) != excepted.end()) continue;
+        members += fmt::format(R"({}"{}": [{}])", members.empty() ? "" : ", ", name, 10000 + type);
+    }
+    return members;
+}
+
+// Rules for the types "land" to "otherlabel", without "boundary", at each level up to `highest`.
+std::string rulesForLevelsTo(int highest, std::size_t marked) {
+    const _orvik_framework::CustomConfig catalogue;
+    std::string rules;
+    std::size_t count = 0;
+    for (int type = 0; type <= _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL; ++type) {
+        if (type == _orvik_framework::EMAPCUSTOMSTYLE_BOUNDARY) continue;
+        for (int level = 4; level <= highest; ++level) {
+            const char* const styler = ++count == marked ? R"(<<"weight": "3">>)" : R"("weight": "3")";
+            rules +=
+                fmt::format(R"({}{{"featureType": "{}", "elementType": "geometry", "stylers": {{{}, "level": "{}"}}}})",
+                            rules.empty() ? "[" : ",\n ", catalogue.GetFeatureTypeName(type), styler, level);
+        }
+    }
+    return rules + "]";
+}
+
+void replaceAll(std::string& text, std::string_view word, const std::string& by) {
+    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + by.size())) {
+        text.replace(at, word.size(), by);
+    }
+}
+
+std::string expanded(std::string text) {
+    replaceAll(text, "(1000 x [)", std::string(1000, '['));
+    replaceAll(text, "(FF)", "\xFF");
+    replaceAll(text, "(FE)", "\xFE");
+    replaceAll(text, R"((every type))", mappingMembersWithout({}));
+    replaceAll(text, R"((every type but "water"))", mappingMembersWithout({"water"}));
+    replaceAll(text, R"((every type but "nationalwaysign" and "provincialwaysign"))",
+               mappingMembersWithout({"nationalwaysign", "provincialwaysign"}));
+    replaceAll(text, R"((every type but "green" and "water"))", mappingMembersWithout({"green", "water"}));
+    if (text == "(70 types at levels 4 to 18)") return rulesForLevelsTo(18, 993);
+    if (text == "(70 types at levels 4 to 21)") return rulesForLevelsTo(21, 1242);
+    return text;
+}
+
+}  // namespace
+
+std::string_view severityName(Severity severity) {
+    constexpr std::string_view kNames[] = {"error", "warning", "note"};
+    return kNames[static_cast<std::size_t>(severity)];
+}
+
+std::span<const CodeInfo> codeInfos() {
+    return kInfos;
+}
+
+const CodeInfo& infoOf(Code code) {
+    return kInfos[static_cast<std::size_t>(code)];
+}
+
+std::optional<Code> codeNamed(std::string_view name) {
+    const auto named = [&](const CodeInfo& info) { return info.name == name; };
+    const auto* const found = std::ranges::find_if(kInfos, named);
+    if (found == std::end(kInfos)) return {};
+    return found->code;
+}
+
+bool isShownOnRequest(Code code) {
+    return code == Code::PartialEffect || code == Code::MappingIdShared;
+}
+
+Example exampleOf(const CodeInfo& info) {
+    std::string text = expanded(info.example);
+    const std::size_t begin = text.find("<<");
+    text.erase(begin, 2);
+    const std::size_t end = text.find(">>");
+    text.erase(end, 2);
+    return {std::move(text), {begin, end}, expanded(info.exampleMapping)};
+}
+
+std::string shownExample(const CodeInfo& info) {
+    std::string text = info.example;
+    replaceAll(text, "<<", "");
+    replaceAll(text, ">>", "");
+    return text;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,237 @@
+// What the component logs, with the place in the file that it is about.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
+#include "check/DocumentFindings.h"
+#include "check/Spelling.h"
+#include "check/StyleUnderCheck.h"
+#include "check/WhatIf.h"
+
+namespace customstyle_tool {
+namespace {
+
+constexpr std::string_view kLogPrefix = "ZRX Custom Map: ";
+
+/// A line of the component for one step.
+struct LoggedLine {
+    StyleUnderCheck& check;
+    const ReplayStep& step;
+    const RuleView& rule;
+    const std::string& line;
+
+    Finding& add(Code code, TextRange range, const std::string& path, std::string message) const {
+        Finding& finding = check.add(code, rule, range, path, std::move(message));
+        finding.log = line;
+        return finding;
+    }
+    Finding& add(Code code, JsonValue value, std::string message) const {
+        return add(code, value.range(), value.path(), std::move(message));
+    }
+    Finding& addMissing(Code code, const char* member) const {
+        return add(code, rule.start(), rule.value.path(), fmt::format("the rule has no \"{}\" and is skipped", member));
+    }
+    Finding& addWrongKind(Code code, const char* member, JsonValue value) const {
+        return add(code, value, fmt::format("\"{}\" is {}; the rule is skipped", member, kindName(value.kind())));
+    }
+};
+
+// ---- The frame of a rule --------------------------------------------------------------------------------------------
+
+void featureTypeAbsent(const LoggedLine& logged) {
+    const JsonValue rule = logged.rule.value;
+    if (rule.kind() != JsonKind::Object) {
+        logged.add(Code::RuleNotObject, rule,
+                   fmt::format("this rule is {}, not an object; it is skipped", kindName(rule.kind())));
+    } else if (logged.rule.featureType) {
+        logged.addWrongKind(Code::TypeNotText, "featureType", *logged.rule.featureType);
+    } else {
+        logged.addMissing(Code::TypeMissing, "featureType");
+    }
+}
+
+std::vector<std::string> typeNames(const _orvik_framework::CustomConfig& catalogue) {
+    std::vector<std::string> names;
+    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type)
+        names.push_back(catalogue.GetFeatureTypeName(type));
+    return names;
+}
+
+void featureTypeUnknown(const LoggedLine& logged) {
+    const std::string& name = logged.rule.typeName;
+    Finding& finding = logged.add(Code::TypeUnknown, *logged.rule.featureType,
+                                  fmt::format("there is no feature type {}; the rule is skipped", quoted(name)));
+    const auto nearest = likelyName(name, typeNames(logged.check.catalogue()));
+    if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
+}
+
+void elementTypeAbsent(const LoggedLine& logged) {
+    if (!logged.rule.elementType) {
+        logged.addMissing(Code::ElementMissing, "elementType");
+    } else {
+        logged.addWrongKind(Code::ElementNotText, "elementType", *logged.rule.elementType);
+    }
+}
+
+void stylersAbsent(const LoggedLine& logged) {
+    if (!logged.rule.stylers) {
+        logged.addMissing(Code::StylersMissing, "stylers");
+    } else {
+        logged.addWrongKind(Code::StylersNotObject, "stylers", *logged.rule.stylers);
+    }
+}
+
+// A member of the stylers that was found to be at fault also accounts for the missing styler.
+Finding* suspectIn(StyleUnderCheck& check, const RuleView& rule) {
+    constexpr Code kSuspects[] = {Code::ValueNotText, Code::MemberLetterCase, Code::MemberUnknown};
+    for (const Code code : kSuspects) {
+        for (Finding& finding : check.findings()) {
+            const bool isInStylers = finding.rule == rule.place && finding.range.begin > rule.stylers->range().begin &&
+                                     finding.range.end < rule.stylers->range().end;
+            if (isInStylers && finding.code == code) return &finding;
+        }
+    }
+    return nullptr;
+}
+
+void stylersEmpty(const LoggedLine& logged) {
+    Finding* suspect = suspectIn(logged.check, logged.rule);
+    if (suspect != nullptr) {
+        suspect->message += ", and without any other styler the rule is skipped";
+        suspect->log = logged.line;
+        if (suspect->code == Code::MemberUnknown) suspect->code = Code::NoStyler;
+        return;
+    }
+    const bool hasLevel = logged.rule.member("level").has_value();
+    logged.add(
+        Code::NoStyler, *logged.rule.stylers,
+        hasLevel ? "a level alone styles nothing; the rule is skipped" : "there is no styler; the rule is skipped");
+}
+
+// ---- Elements -------------------------------------------------------------------------------------------------------
+
+constexpr std::string_view kStylers[] = {"color", "visibility", "weight", "fontsize"};
+
+std::string quotedList(const std::vector<std::string>& names) {
+    std::vector<std::string> parts;
+    for (const std::string& name : names) parts.push_back("\"" + name + "\"");
+    return fmt::format("{}", fmt::join(parts, ", "));
+}
+
+// Where the path begins like one of the elements, only those that begin so are worth naming.
+std::vector<std::string> relatedElements(const RuleView& rule, const std::vector<std::string>& elements) {
+    std::vector<std::string> related;
+    std::ranges::copy_if(elements, std::back_inserter(related),
+                         [&](const std::string& element) { return element.starts_with(rule.words.front()); });
+    return rule.words.front().empty() || related.empty() ? elements : related;
+}
+
+std::string elementRemedy(const RuleView& rule, const std::string& styler) {
+    const std::vector<std::string> elements = elementsTaking(rule.typeName, styler);
+    if (elements.empty()) return fmt::format("take the {} out: no element of \"{}\" takes one", styler, rule.typeName);
+    const auto likely = likelyName(rule.path, elements);
+    return fmt::format("{}\"{}\" takes a {} on {}", likely ? fmt::format("did you mean \"{}\"? ", *likely) : "",
+                       rule.typeName, styler, quotedList(relatedElements(rule, elements)));
+}
+
+void elementInvalid(const LoggedLine& logged) {
+    const RuleView& rule = logged.rule;
+    const std::string& styler = logged.step.styler;
+    const bool isKnown = std::ranges::any_of(
+        kStylers, [&](std::string_view other) { return acceptsStyler(rule.typeName, rule.path, other); });
+    const std::string message =
+        isKnown ? fmt::format("{} has no {}; the styler is dropped", quoted(rule.path), styler)
+                : fmt::format("there is no element {}; the {} is dropped", quoted(rule.path), styler);
+    logged.add(isKnown ? Code::ElementNotForStyler : Code::ElementUnknown, *rule.elementType, message).remedy =
+        elementRemedy(rule, styler);
+}
+
+void fontSizeNeedsLabelType(const LoggedLine& logged) {
+    logged.add(Code::FontsizeWithoutLabels, *logged.rule.featureType,
+               fmt::format("{} has no labels; the font size is dropped", quoted(logged.rule.typeName)));
+}
+
+void fontSizeNeedsLabels(const LoggedLine& logged) {
+    logged
+        .add(Code::FontsizeWithoutLabels, *logged.rule.elementType,
+             fmt::format("{} names no labels; the font size is dropped", quoted(logged.rule.path)))
+        .remedy = elementRemedy(logged.rule, logged.step.styler);
+}
+
+// ---- Values ---------------------------------------------------------------------------------------------------------
+
+void visibilityIllegal(const LoggedLine& logged) {
+    const JsonValue value = *logged.rule.member("visibility");
+    Finding& finding =
+        logged.add(Code::VisibilityUnknown, value,
+                   fmt::format("{} is neither \"on\" nor \"off\"; the styler is dropped", quoted(value.text())));
+    const std::vector<std::string> values{"on", "off"};
+    const auto nearest = likelyName(value.text(), values);
+    if (nearest) finding.remedy = fmt::format("write \"{}\"", *nearest);
+}
+
+void sizeNotDigits(const LoggedLine& logged) {
+    const JsonValue value = *logged.rule.member(logged.step.styler);
+    const std::string text = value.text();
+    std::string digits;
+    for (const char byte : text.substr(0, text.find('.'))) {
+        if (byte >= '0' && byte <= '9') digits += byte;
+    }
+    Finding& finding =
+        logged.add(Code::SizeNotDigits, value,
+                   fmt::format("{} is not only digits; the {} is dropped", quoted(text), logged.step.styler));
+    if (!digits.empty())
+        finding.remedy = fmt::format("write \"{}\", or another whole number up to 255", digits.substr(0, 9));
+}
+
+// ---- The lines ------------------------------------------------------------------------------------------------------
+
+struct LogRow {
+    std::string_view begin;
+    std::string_view end;
+    void (*explain)(const LoggedLine&);
+};
+
+constexpr LogRow kRows[] = {
+    {"warning, \"featureType\" is  illegal or absent", "", featureTypeAbsent},
+    {"warning, \"featureType:", "\" is illegal", featureTypeUnknown},
+    {"warning, \"elementType\" is illegal or absent", "", elementTypeAbsent},
+    {"warning, \"stylers\" is illegal or absent", "", stylersAbsent},
+    {"warning, \"stylers\" is undefined", "", stylersEmpty},
+    {"warning, \"elementType\" is invalid.", "", elementInvalid},
+    {"warning, \"visibility\" is illegal or absent", "", visibilityIllegal},
+    {"Error, \"weight\" contain alpha, is illegal", "", sizeNotDigits},
+    {"Error, \"fontsize\" contain alpha, is illegal", "", sizeNotDigits},
+    {"Error, \"featureType\" not include labels element", "", fontSizeNeedsLabelType},
+    {"Error, \"", "\" not include labels element", fontSizeNeedsLabels},
+    {"warning, \"", "\" is not set for font size style.", elementInvalid},
+};
+
+void otherLine(const LoggedLine& logged) {
+    Finding& finding =
+        logged.check.add(Code::OtherLogLine, logged.step, "the component has something to say about this");
+    finding.log = logged.line;
+}
+
+void explainLine(const LoggedLine& logged) {
+    std::string_view text = logged.line;
+    if (text.starts_with(kLogPrefix)) text.remove_prefix(kLogPrefix.size());
+    const auto says = [text](const LogRow& row) {
+        return row.end.empty() ? text == row.begin : text.starts_with(row.begin) && text.ends_with(row.end);
+    };
+    const auto* const row = std::ranges::find_if(kRows, says);
+    row == std::end(kRows) ? otherLine(logged) : row->explain(logged);
+}
+
+}  // namespace
+
+void findLogged(StyleUnderCheck& check) {
+    for (const ReplayStep& step : check.steps()) {
+        if (!step.log.empty()) check.explain(step.rule, step.styler);
+        for (const std::string& line : step.log) explainLine({check, step, check.ruleOf(step), line});
+    }
+}
+
+}  // namespace customstyle_tool

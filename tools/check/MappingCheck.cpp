@@ -1,0 +1,284 @@
+#include "check/MappingCheck.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <set>
+#include <utility>
+
+#include "CustomConfig.h"
+#include "check/DocumentFindings.h"
+#include "check/LoadLog.h"
+#include "check/Spelling.h"
+#include "replay/MappingSource.h"
+#include "replay/SingleRules.h"
+#include "support/Answers.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+
+// So many style ids are named before a message says "and others".
+constexpr std::size_t kNamedIds = 5;
+
+std::vector<std::string> typeNames() {
+    const CustomConfig catalogue;
+    std::vector<std::string> names;
+    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type)
+        names.push_back(catalogue.GetFeatureTypeName(type));
+    return names;
+}
+
+// Whether the renderer can be answered about a style id that stands in a mapping.
+bool canBeFound(int styleId) {
+    const auto config = std::make_unique<CustomConfig>();
+    void* key = reinterpret_cast<void*>(static_cast<std::intptr_t>(styleId));
+    _orvik_framework::tagCustomStyle record{};
+    record.m_custom = 1;
+    config->m_levelStyleMaps[0][key] = &record;
+    config->m_keyStyleMaps.emplace("0", &config->m_levelStyleMaps[0]);
+    config->m_styleEffectLevels.emplace("0", 1);
+    const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
+    const bool found = ask(*config, static_cast<unsigned int>(styleId), 0).featureType == 0;
+    g_zrsdk_custom_style_enable = wasEnabled;
+    config->m_keyStyleMaps.clear();
+    config->m_levelStyleMaps[0].RemoveAll();
+    return found;
+}
+
+std::string idsText(const std::vector<int>& ids) {
+    const std::size_t named = std::min(ids.size(), kNamedIds);
+    return fmt::format("{}{}", fmt::join(ids.begin(), ids.begin() + static_cast<std::ptrdiff_t>(named), ", "),
+                       ids.size() > named ? fmt::format(" and {} others", ids.size() - named) : "");
+}
+
+class MappingFindings {
+public:
+    MappingFindings(const SourceFile& file, const JsonDocument& document)
+        : m_file(file), m_root(document.root()), m_typeNames(typeNames()) {}
+
+    std::vector<Finding> run() {
+        if (m_root.kind() != JsonKind::Object) {
+            add(Code::MappingNotObject, m_root.range(), m_root,
+                fmt::format("the mapping is {}, not an object; the component refuses it, and no style is loaded",
+                            kindName(m_root.kind())));
+            return std::move(m_findings);
+        }
+        for (const JsonValue member : m_root.children()) checkMember(member);
+        addMissing();
+        for (const std::string& name : m_typeNames) checkType(name);
+        addShared();
+        return std::move(m_findings);
+    }
+
+private:
+    Finding& add(Code code, TextRange range, JsonValue value, std::string message) {
+        return m_findings.emplace_back(Finding{.code = code,
+                                               .file = &m_file,
+                                               .range = range,
+                                               .rule = {},
+                                               .path = value.path(),
+                                               .message = std::move(message),
+                                               .remedy = infoOf(code).remedy,
+                                               .log = {},
+                                               .related = {}});
+    }
+
+    Finding& add(Code code, JsonValue value, std::string message) {
+        return add(code, value.range(), value, std::move(message));
+    }
+
+    // ---- Names
+    // -------------------------------------------------------------------------------------------------------
+
+    bool isTypeMember(JsonValue member) const {
+        return std::ranges::any_of(m_typeNames, [&](const std::string& name) {
+            const auto found = JsonValue(m_root).firstMemberIgnoringCase(name);
+            return found && *found == member;
+        });
+    }
+
+    void checkMember(JsonValue member) {
+        const auto first = m_root.firstMemberIgnoringCase(member.name());
+        if (first && *first != member) {
+            Finding& finding =
+                add(Code::MemberDoubled, member.nameRange(), member,
+                    fmt::format("{} stands here once more; the component takes the first one", quoted(member.name())));
+            finding.related.push_back({first->nameRange(), "the first one"});
+        } else if (!isTypeMember(member)) {
+            addUnknown(member);
+        } else if (std::ranges::find(m_typeNames, member.name()) == m_typeNames.end()) {
+            add(Code::MemberCaseAccepted, member.nameRange(), member,
+                fmt::format("the component finds {} all the same, but feature types are spelt in lower case",
+                            quoted(member.name())));
+        }
+    }
+
+    void addUnknown(JsonValue member) {
+        Finding& finding = add(Code::MappingNameUnknown, member.nameRange(), member,
+                               fmt::format("there is no feature type {} to map; the component passes over the list",
+                                           quoted(member.name())));
+        const auto nearest = likelyName(member.name(), m_typeNames);
+        if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
+    }
+
+    void addMissing() {
+        std::vector<std::string> missing;
+        std::ranges::copy_if(m_typeNames, std::back_inserter(missing),
+                             [&](const std::string& name) { return !m_root.firstMemberIgnoringCase(name); });
+        if (missing.empty()) return;
+        const TextRange start{m_root.range().begin, m_root.range().begin + 1};
+        add(Code::MappingTypeMissing, start, m_root,
+            fmt::format("{} missing: \"{}\"; the component refuses the mapping, and no style is loaded",
+                        missing.size() == 1 ? "a feature type is" : fmt::format("{} feature types are", missing.size()),
+                        fmt::join(missing, "\", \"")));
+    }
+
+    // ---- Lists
+    // -------------------------------------------------------------------------------------------------------
+
+    void checkType(const std::string& name) {
+        const auto list = m_root.firstMemberIgnoringCase(name);
+        if (!list) return;
+        if (list->kind() != JsonKind::Array) {
+            add(Code::MappingNotList, *list,
+                fmt::format("\"{}\" is {}, not a list; the component refuses the mapping, and no style is loaded", name,
+                            kindName(list->kind())));
+            return;
+        }
+        std::map<int, JsonValue> seen;
+        for (const JsonValue element : list->children()) {
+            if (checkId(element)) checkRepeated(seen, element);
+            noteId(name, element);
+        }
+    }
+
+    // Whether the style id is worth comparing with others.
+    bool checkId(JsonValue element) {
+        const int read = element.integer();
+        if (element.kind() != JsonKind::Number) {
+            add(Code::MappingNotNumber, element,
+                fmt::format("{} is no style id; it counts as the style id {}", kindName(element.kind()), read));
+        } else if (element.number() != std::floor(element.number())) {
+            add(Code::MappingIdFraction, element,
+                fmt::format("the fraction is cut off; this is the style id {}", read));
+        } else if (element.number() != read) {
+            add(Code::MappingIdOutOfRange, element,
+                fmt::format("the number is out of range; this is the style id {}", read));
+        } else if (read == 0) {
+            add(Code::MappingIdZero, element,
+                "0 is dropped at the begin of a list and behind another 0, and is no style id elsewhere");
+        } else if (!canBeFound(read)) {
+            add(Code::MappingIdNeverFound, element, "no question of the renderer finds a negative style id");
+        } else {
+            return true;
+        }
+        return false;
+    }
+
+    void checkRepeated(std::map<int, JsonValue>& seen, JsonValue element) {
+        const auto [first, isNew] = seen.try_emplace(element.integer(), element);
+        if (isNew) return;
+        Finding& finding =
+            add(Code::MappingIdRepeated, element,
+                fmt::format("the style id {} stands in this list already; nothing changes", element.integer()));
+        finding.related.push_back({first->second.range(), "the first one"});
+    }
+
+    // ---- Style ids under several types
+    // -------------------------------------------------------------------------------
+
+    struct Listing {
+        std::string type;
+        JsonValue element;
+    };
+
+    void noteId(const std::string& type, JsonValue element) {
+        std::vector<Listing>& listings = m_listings[element.integer()];
+        if (listings.empty() || listings.back().type != type) listings.push_back({type, element});
+    }
+
+    // One finding for each pair of types, at the first style id that they share.
+    void addShared() {
+        struct Shared {
+            JsonValue first;
+            std::vector<int> ids;
+        };
+        std::map<std::pair<std::string, std::string>, Shared> pairs;
+        for (const auto& [id, listings] : m_listings) {
+            for (std::size_t i = 1; i < listings.size(); ++i) {
+                Shared& shared =
+                    pairs.try_emplace({listings[0].type, listings[i].type}, Shared{listings[i].element, {}})
+                        .first->second;
+                if (listings[i].element.range().begin < shared.first.range().begin) shared.first = listings[i].element;
+                shared.ids.push_back(id);
+            }
+        }
+        for (const auto& [types, shared] : pairs) addShared(types.first, types.second, shared.first, shared.ids);
+    }
+
+    void addShared(const std::string& first, const std::string& second, JsonValue place, const std::vector<int>& ids) {
+        const CustomConfig catalogue;
+        const bool isParent = catalogue.IsParentFeatureType(catalogue.GetFeatureTypeId(first)) != 0;
+        add(Code::MappingIdShared, place,
+            fmt::format("\"{}\" and \"{}\" share {} style id{} ({}); where both customise one, \"{}\" answers", first,
+                        second, ids.size(), ids.size() == 1 ? "" : "s", idsText(ids), isParent ? second : first));
+    }
+
+    const SourceFile& m_file;
+    JsonValue m_root;
+    std::vector<std::string> m_typeNames;
+    std::map<int, std::vector<Listing>> m_listings;
+    std::vector<Finding> m_findings;
+};
+
+// What the component says about a mapping goes with each reason for which it refuses it.
+void addLog(std::vector<Finding>& findings, const SourceFile& file) {
+    constexpr Code kRefusals[] = {Code::JsonSyntax,         Code::JsonComment,   Code::JsonTooDeep,
+                                  Code::JsonEncoding,       Code::JsonEmpty,     Code::MappingNotObject,
+                                  Code::MappingTypeMissing, Code::MappingNotList};
+    const auto refuses = [&](const Finding& finding) {
+        return std::ranges::find(kRefusals, finding.code) != std::end(kRefusals);
+    };
+    if (std::ranges::none_of(findings, refuses)) return;
+    const std::string log = logOfMapping(file);
+    for (Finding& finding : findings) {
+        if (refuses(finding)) finding.log = log;
+    }
+}
+
+}  // namespace
+
+std::vector<Finding> checkMapping(const SourceFile& file, bool effects) {
+    std::vector<Finding> findings;
+    const auto parsed = parseJson(file.text());
+    if (const JsonError* error = std::get_if<JsonError>(&parsed)) {
+        findings.push_back(jsonFinding(file, *error, "the component refuses the mapping, and no style is loaded"));
+    } else {
+        const JsonDocument& document = std::get<JsonDocument>(parsed);
+        findings = MappingFindings(file, document).run();
+        if (std::optional<Finding> behind = textBehindEnd(file, document)) findings.push_back(std::move(*behind));
+    }
+    addLog(findings, file);
+    if (!effects) std::erase_if(findings, [](const Finding& finding) { return isShownOnRequest(finding.code); });
+    sortFindings(findings);
+    return findings;
+}
+
+bool isAcceptedMapping(std::string_view text) {
+    const Tree tree = componentTree(text);
+    return tree != nullptr && CustomConfig().ParseMappingConfig(tree.get()) == 1;
+}
+
+std::string representativeMapping(std::string_view text) {
+    CustomConfig config;
+    config.ParseMappingConfig(componentTree(text).get());
+    const StyleIdsByType ids(config);
+    return ids.mappingWithOnly(ids.representatives());
+}
+
+}  // namespace customstyle_tool

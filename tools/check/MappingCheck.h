@@ -1,0 +1,22 @@
+// Checks a mapping file: everything that the component refuses, drops or changes in it.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "check/Finding.h"
+#include "replay/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// All findings of a mapping file, sorted.
+/// @param effects  also what is shown on request only
+std::vector<Finding> checkMapping(const SourceFile& file, bool effects = false);
+
+/// Whether the component accepts a mapping.
+bool isAcceptedMapping(std::string_view text);
+
+/// A mapping with few style ids that speak for all of an accepted one: rules treat the records of a type alike.
+std::string representativeMapping(std::string_view text);
+
+}  // namespace customstyle_tool

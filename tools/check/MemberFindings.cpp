@@ -1,0 +1,159 @@
+// Names and kinds of the members of rules. The component says nothing about most of them, and cannot.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+#include "check/DocumentFindings.h"
+#include "check/Spelling.h"
+#include "check/StyleUnderCheck.h"
+#include "check/WhatIf.h"
+#include "json/JsonScalars.h"
+
+namespace customstyle_tool {
+namespace {
+
+const std::vector<std::string> kRuleMembers{"featureType", "elementType", "stylers"};
+const std::vector<std::string> kStylerMembers{"color", "visibility", "weight", "fontsize", "level"};
+constexpr std::string_view kNoteNames[] = {"note", "notes", "comment",     "comments", "remark",
+                                           "name", "title", "description", "id",       "todo"};
+
+bool equalIgnoringCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(left, right, {}, lowerCase, lowerCase);
+}
+
+bool isNote(std::string_view name) {
+    const bool marked =
+        name.starts_with('_') || name.starts_with('$') || name.starts_with('#') || name.starts_with("//");
+    const auto isName = [&](std::string_view note) { return equalIgnoringCase(name, note); };
+    return marked || std::ranges::any_of(kNoteNames, isName);
+}
+
+const std::string* find(const std::vector<std::string>& names, std::string_view name) {
+    const auto found =
+        std::ranges::find_if(names, [&](const std::string& known) { return equalIgnoringCase(known, name); });
+    return found == names.end() ? nullptr : &*found;
+}
+
+// The members of one object of a rule, and those that stand in the other one.
+struct Place {
+    const std::vector<std::string>& members;
+    const std::vector<std::string>& elsewhere;
+    const char* name;
+    const char* moveTo;
+};
+
+const Place kInRule{kRuleMembers, kStylerMembers, "a rule", "move it into \"stylers\""};
+const Place kInStylers{kStylerMembers, kRuleMembers, "\"stylers\"", "move it out of \"stylers\", beside it"};
+
+class MemberCheck {
+public:
+    MemberCheck(StyleUnderCheck& check, const RuleView& rule, const Place& place)
+        : m_check(check), m_rule(rule), m_place(place) {}
+
+    void run(JsonValue object) {
+        for (const JsonValue member : object.children()) {
+            if (const auto first = earlierNamesake(object, member)) {
+                addDoubled(member, *first);
+            } else {
+                checkMember(member);
+            }
+        }
+    }
+
+private:
+    static std::optional<JsonValue> earlierNamesake(JsonValue object, JsonValue member) {
+        const std::optional<JsonValue> first = object.firstMemberIgnoringCase(member.name());
+        return first && *first != member ? first : std::nullopt;
+    }
+
+    Finding& add(Code code, JsonValue member, std::string message) {
+        return m_check.add(code, m_rule, member.nameRange(), member.path(), std::move(message));
+    }
+
+    void addDoubled(JsonValue member, JsonValue first) {
+        if (isNote(member.name())) return;
+        Finding& finding = add(Code::MemberDoubled, member,
+                               fmt::format("{} stands here once more; the component takes the first one, {}",
+                                           quoted(member.name()), quotedSource(first)));
+        finding.related.push_back({first.nameRange(), "the first one"});
+    }
+
+    static std::string quotedSource(JsonValue value) {
+        return value.source().size() > 40 ? "as it stands above" : std::string(value.source());
+    }
+
+    void checkMember(JsonValue member) {
+        if (const std::string* known = find(m_place.members, member.name())) {
+            if (*known != member.name()) checkLetterCase(member, *known);
+        } else if (const std::string* other = find(m_place.elsewhere, member.name())) {
+            add(Code::MemberMisplaced, member,
+                fmt::format("{} has no member {}; the component does not see it here", m_place.name, quoted(*other)))
+                .remedy = m_place.moveTo;
+        } else if (!isNote(member.name())) {
+            addUnknown(member);
+        }
+    }
+
+    void addUnknown(JsonValue member) {
+        Finding& finding = add(
+            Code::MemberUnknown, member,
+            fmt::format("{} has no member {}; the component does not look at it", m_place.name, quoted(member.name())));
+        const auto nearest = likelyName(member.name(), m_place.members);
+        if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
+    }
+
+    void checkLetterCase(JsonValue member, const std::string& known) {
+        const std::string corrected = m_rule.textWith(member.nameRange(), "\"" + known + "\"");
+        const bool isRead = outcomeAlone(std::string(m_rule.value.source())) == outcomeAlone(corrected);
+        const Code code = isRead ? Code::MemberCaseAccepted : Code::MemberLetterCase;
+        const char* const message = isRead ? "the component finds {} all the same, but it is spelt \"{}\""
+                                           : "{} is not applied; the styler is spelt \"{}\"";
+        add(code, member, fmt::format(fmt::runtime(message), quoted(member.name()), known)).remedy =
+            fmt::format("write \"{}\"", known);
+    }
+
+    StyleUnderCheck& m_check;
+    const RuleView& m_rule;
+    const Place& m_place;
+};
+
+std::string asText(JsonValue value, std::string_view name) {
+    const bool isWhole = value.kind() == JsonKind::Number && std::floor(value.number()) == value.number();
+    if (name == "color" && isWhole && value.number() >= 0 && value.number() <= 0xFFFFFF) {
+        return fmt::format("\"#{:06x}\"", value.integer());
+    }
+    if (name == "visibility" && value.kind() == JsonKind::True) return "\"on\"";
+    if (name == "visibility" && value.kind() == JsonKind::False) return "\"off\"";
+    if (value.kind() == JsonKind::Number && name != "color" && name != "visibility") {
+        return fmt::format("\"{}\"", value.source());
+    }
+    return {};
+}
+
+void checkKind(StyleUnderCheck& check, const RuleView& rule, const std::string& name) {
+    const std::optional<JsonValue> value = rule.member(name);
+    if (!value || value->kind() == JsonKind::String) return;
+    const bool isLevel = name == "level";
+    Finding& finding =
+        check.add(Code::ValueNotText, rule, *value,
+                  fmt::format("\"{}\" is {}, not a text; {}", name, kindName(value->kind()),
+                              isLevel ? "the rule applies at all levels" : "the component leaves it out"));
+    const std::string text = asText(*value, name);
+    if (!text.empty()) finding.remedy = "write " + text;
+}
+
+}  // namespace
+
+void findMembers(StyleUnderCheck& check) {
+    for (const RuleView& rule : check.rules()) {
+        if (rule.value.kind() != JsonKind::Object) continue;
+        MemberCheck(check, rule, kInRule).run(rule.value);
+        if (!rule.stylers || rule.stylers->kind() != JsonKind::Object) continue;
+        MemberCheck(check, rule, kInStylers).run(*rule.stylers);
+        for (const std::string& name : kStylerMembers) checkKind(check, rule, name);
+    }
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,117 @@
+#include "check/PlainText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace customstyle_tool {
+namespace {
+
+// A line shows at most this many columns, and so many before the place.
+constexpr std::size_t kShownColumns = 120;
+constexpr std::size_t kColumnsBefore = 50;
+
+struct CharacterRange {
+    char32_t first;
+    char32_t last;
+};
+
+// Controls, and what turns the direction of writing or cannot be seen.
+constexpr CharacterRange kEscaped[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},     {0x200B, 0x200F},
+                                       {0x2028, 0x202E}, {0x2060, 0x2069}, {0xFEFF, 0xFEFF}, {0xD800, 0xDFFF}};
+
+bool isEscaped(char32_t character) {
+    return std::ranges::any_of(kEscaped, [character](const CharacterRange& range) {
+        return character >= range.first && character <= range.last;
+    });
+}
+
+struct Decoded {
+    char32_t character;
+    std::size_t size;  // 0 for no UTF-8
+};
+
+std::size_t sizeOfLead(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if (lead >= 0xC2 && lead < 0xE0) return 2;
+    if (lead >= 0xE0 && lead < 0xF0) return 3;
+    return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
+}
+
+Decoded decode(std::string_view text) {
+    constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const std::size_t size = sizeOfLead(lead);
+    if (size <= 1) return {lead, size};
+    if (text.size() < size) return {lead, 0};
+    char32_t character = lead & (0x7F >> size);
+    for (const char byte : text.substr(1, size - 1)) {
+        if ((static_cast<unsigned char>(byte) & 0xC0) != 0x80) return {lead, 0};
+        character = character << 6 | (static_cast<unsigned char>(byte) & 0x3F);
+    }
+    const bool isValid = character >= kSmallest[size] && character <= 0x10FFFF;
+    return isValid ? Decoded{character, size} : Decoded{lead, 0};
+}
+
+std::string escapeOf(char32_t character) {
+    if (character == '\n') return "\\n";
+    if (character == '\r') return "\\r";
+    return fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character));
+}
+
+// East Asian characters take two columns.
+std::size_t columnsOf(char32_t character) {
+    constexpr CharacterRange kWide[] = {{0x1100, 0x115F}, {0x2E80, 0xA4CF},   {0xAC00, 0xD7A3},
+                                        {0xF900, 0xFAFF}, {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},
+                                        {0xFFE0, 0xFFE6}, {0x1F300, 0x1FAFF}, {0x20000, 0x3FFFD}};
+    const auto isIn = [character](const CharacterRange& range) {
+        return character >= range.first && character <= range.last;
+    };
+    return std::ranges::any_of(kWide, isIn) ? 2 : 1;
+}
+
+}  // namespace
+
+PrintableCharacter nextCharacter(std::string_view text) {
+    const auto [character, size] = decode(text);
+    if (size == 0) return {text.substr(0, 1), fmt::format("\\x{:02x}", static_cast<std::uint32_t>(character)), 4};
+    if (character == '\t') return {text.substr(0, 1), " ", 1};
+    if (!isEscaped(character)) return {text.substr(0, size), std::string(text.substr(0, size)), columnsOf(character)};
+    std::string escape = escapeOf(character);
+    const std::size_t columns = escape.size();
+    return {text.substr(0, size), std::move(escape), columns};
+}
+
+std::string escapedText(std::string_view text) {
+    std::string shown;
+    while (!text.empty()) {
+        const PrintableCharacter next = nextCharacter(text);
+        shown += next.shown;
+        text.remove_prefix(next.source.size());
+    }
+    return shown;
+}
+
+Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end) {
+    // Only what can be shown is looked at: a line may be the whole file.
+    std::size_t at = line.size() > kShownColumns && begin > kColumnsBefore ? begin - kColumnsBefore : 0;
+    while (at > 0 && at < begin && (static_cast<unsigned char>(line[at]) & 0xC0) == 0x80) ++at;
+    Excerpt excerpt;
+    if (at > 0) excerpt = {"...", "   "};
+    std::size_t columns = 0;
+    while (at < line.size() && columns < kShownColumns) {
+        const PrintableCharacter next = nextCharacter(line.substr(at));
+        excerpt.line += next.shown;
+        excerpt.carets.append(next.columns, at >= begin && at < end ? '^' : ' ');
+        columns += next.columns;
+        at += next.source.size();
+    }
+    if (at < line.size()) excerpt.line += "...";
+    if (excerpt.carets.find('^') == std::string::npos) excerpt.carets += '^';
+    excerpt.carets.resize(excerpt.carets.find_last_of('^') + 1);
+    return excerpt;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,31 @@
+// Text from a user's file, safe to print.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace customstyle_tool {
+
+/// The next character of a text as it may be printed: as it is, or as an escape when it would control the terminal,
+/// turn the direction of writing, or is no UTF-8.
+struct PrintableCharacter {
+    std::string_view source;
+    std::string shown;
+    std::size_t columns;
+};
+PrintableCharacter nextCharacter(std::string_view text);
+
+/// A text with everything that could do more than be read written as an escape: \n, \u001b, \xff. Tabs become blanks.
+std::string escapedText(std::string_view text);
+
+/// The part of a source line around a place, with carets under the place.
+struct Excerpt {
+    std::string line;
+    std::string carets;
+};
+
+/// @param begin  first byte of the place in the line
+/// @param end    behind the place; beyond the line for a place that goes on
+Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end);
+
+}  // namespace customstyle_tool

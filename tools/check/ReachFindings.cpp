@@ -1,0 +1,283 @@
+// What each step reached, and what its author may have expected it to reach.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <set>
+
+#include "check/DocumentFindings.h"
+#include "check/StyleUnderCheck.h"
+#include "check/WhatIf.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+
+enum Part : std::size_t { kGeometry, kText, kIcon, kPartCount };
+
+Part partOf(const StyleField& field) {
+    const std::string_view name = field.name;
+    if (field.kind == FieldKind::IconFlag) return kIcon;
+    return name.starts_with("text") || name.starts_with("font") ? kText : kGeometry;
+}
+
+/// What a step did, in short.
+struct Reach {
+    std::set<int> types;                   // that it touched
+    std::array<bool, kPartCount> wrote{};  // by Part
+    bool leavesUncustomised = false;       // some record without anything written in it
+};
+
+Reach reachOf(const ReplayStep& step) {
+    Reach reach;
+    for (const RecordTouch& touch : step.touches) {
+        reach.types.insert(touch.featureType);
+        reach.leavesUncustomised |= touch.after.m_custom == 0;
+        for (std::size_t field = 0; field < kMarkField; ++field) {
+            if (touch.origins[field] == Origin::Written) reach.wrote[partOf(styleFields()[field])] = true;
+        }
+    }
+    return reach;
+}
+
+// The types whose content has a geometry; all others are labels, signs and names of places.
+bool drawsGeometry(int type) {
+    return type <= _orvik_framework::EMAPCUSTOMSTYLE_SUBWAY || type == _orvik_framework::EMAPCUSTOMSTYLE_BOUNDARY ||
+           type == _orvik_framework::EMAPCUSTOMSTYLE_GRID;
+}
+
+/// A parent type and the types whose content looks as if it belonged to it.
+struct Family {
+    int parent;
+    int first;
+    int last;
+};
+
+constexpr Family kFamilies[] = {
+    {_orvik_framework::EMAPCUSTOMSTYLE_MANMADE, _orvik_framework::EMAPCUSTOMSTYLE_EDUCATION,
+     _orvik_framework::EMAPCUSTOMSTYLE_TRANSPORTATION},
+    {_orvik_framework::EMAPCUSTOMSTYLE_DISTRICTLABEL, _orvik_framework::EMAPCUSTOMSTYLE_CONTINENT,
+     _orvik_framework::EMAPCUSTOMSTYLE_TOWN},
+    {_orvik_framework::EMAPCUSTOMSTYLE_POILABEL, _orvik_framework::EMAPCUSTOMSTYLE_AIRPORTLABEL,
+     _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL},
+};
+
+class ReachCheck {
+public:
+    ReachCheck(StyleUnderCheck& check, const std::set<int>& touchedTypes, const ReplayStep& step)
+        : m_check(check),
+          m_touchedTypes(touchedTypes),
+          m_step(step),
+          m_rule(check.ruleOf(step)),
+          m_reach(reachOf(step)) {
+        if (const auto value = m_rule.textMember("visibility")) m_visibility = value->text();
+    }
+
+    void run() {
+        if (m_step.styler.empty() || !m_step.log.empty()) return;
+        checkGlobal();
+        if (!m_step.gridColor && !m_step.hidesEveryIcon && m_reach.types.empty()) return checkNothing();
+        checkElementPath();
+        if (m_reach.types.empty()) return;
+        checkParts();
+        checkRestored();
+        checkTypes();
+    }
+
+private:
+    void add(Code code, const std::string& message) { m_check.add(code, m_step, message); }
+
+    void checkGlobal() {
+        const auto level = m_rule.textMember("level");
+        if (m_step.gridColor && level) {
+            m_check.add(Code::GridLevelLost, m_rule, {level->nameRange().begin, level->range().end}, level->path(),
+                        "the grid has one colour for all levels; the level is lost");
+        }
+        if (m_step.hidesEveryIcon && (isOn() || level)) {
+            add(Code::IconOnAll, isOn() ? "\"on\" hides every icon of the map too, at every level"
+                                        : "every icon of the map is hidden, at every level and not only at this one");
+        }
+    }
+
+    // ---- Steps that do nothing
+    // ---------------------------------------------------------------------------------------
+
+    void checkNothing() {
+        m_check.explain(m_step.rule, m_step.styler);
+        if (!m_step.refused.empty()) return;
+        if (!m_step.keys.empty()) return addWithoutRecords();
+        if (isOn()) return addIdleOn();
+        const bool isBoundary = m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_BOUNDARY;
+        const bool isLand = m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_LAND;
+        if (m_step.styler == "weight" && isBoundary)
+            return add(Code::WeightOnBoundary, "a boundary has no weight; nothing happens");
+        if (m_step.styler == "color" && isLand)
+            return add(Code::StrokeOnLand, "the land has no stroke; nothing happens");
+        add(Code::NothingReached, fmt::format("nothing happens: {} does nothing on {} of {}", m_step.styler,
+                                              quoted(m_rule.path), quoted(m_rule.typeName)));
+    }
+
+    void addWithoutRecords() {
+        if (m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_ALL) {
+            return add(Code::AllReachesNothing, "\"all\" stands for no other type; nothing on the map changes");
+        }
+        add(Code::TypeWithoutIds,
+            fmt::format("the mapping lists no style id that the rule could reach for \"{}\"; nothing changes",
+                        m_rule.typeName));
+    }
+
+    // "on" says nothing about elements; "off" in its place would.
+    void addIdleOn() {
+        const JsonValue value = *m_rule.member("visibility");
+        const AloneOutcome off = outcomeAlone(m_rule.textWith(value.range(), "\"off\""));
+        if (!off.log.empty()) {
+            const JsonValue element = *m_rule.elementType;
+            m_check.add(Code::ElementUnknown, m_rule, element,
+                        fmt::format("there is no element {}; nothing happens, and nothing is logged with \"on\"",
+                                    quoted(m_rule.path)));
+        } else if (off.store.slots().empty()) {
+            add(Code::NothingReached, fmt::format("nothing happens: there is nothing to show on {} of {}",
+                                                  quoted(m_rule.path), quoted(m_rule.typeName)));
+        } else {
+            add(Code::OnRestoresNoColor,
+                fmt::format("nothing happens: \"on\" shows icons only, and gives {} no colour back",
+                            quoted(m_rule.path)));
+        }
+    }
+
+    // ---- Paths
+    // -------------------------------------------------------------------------------------------------------
+
+    static bool isUsualWord(const std::string& word) {
+        constexpr std::string_view kWords[] = {"all",  "labels", "text",       "geometry",
+                                               "fill", "stroke", "topsurface", "icon"};
+        return std::ranges::find(kWords, word) != std::end(kWords);
+    }
+
+    bool isUsualPath() const {
+        const auto& words = m_rule.words;
+        const auto text = std::ranges::find(words, "text");
+        const bool isTextOfLabels = text == words.end() || (text != words.begin() && *(text - 1) == "labels");
+        return std::ranges::all_of(words, isUsualWord) && isTextOfLabels;
+    }
+
+    void checkElementPath() {
+        if (isUsualPath()) return;
+        const JsonValue element = *m_rule.elementType;
+        const AloneOutcome outcome = outcomeAlone(std::string(m_rule.value.source()));
+        const auto isSame = [&](const std::string& usual) {
+            return outcomeAlone(m_rule.textWith(element.range(), "\"" + usual + "\"")) == outcome;
+        };
+        const std::vector<std::string>& elements = usualElements();
+        const auto same = std::ranges::find_if(elements, isSame);
+        Finding& finding =
+            m_check.add(Code::ElementUnusual, m_rule, element,
+                        same == elements.end()
+                            ? fmt::format("{} is no usual element; only its last word counts", quoted(m_rule.path))
+                            : fmt::format("{} has the effect of \"{}\"", quoted(m_rule.path), *same));
+        if (same != elements.end())
+            finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", *same);
+    }
+
+    // ---- Geometry, text and icons
+    // ------------------------------------------------------------------------------------
+
+    void checkParts() {
+        const std::string& last = m_rule.words.back();
+        const bool isLabelsPath = m_rule.words.front() == "labels";
+        if (isLabelsPath && m_reach.wrote[kGeometry]) addGeometryChanged();
+        if (m_step.styler == "color" && last == "all" && !m_reach.wrote[kGeometry] && drawsGeometry(m_rule.typeId)) {
+            add(Code::AllColorsNamesOnly,
+                fmt::format("only the names of \"{}\" get the colour; the geometry stays as it is", m_rule.typeName));
+        }
+        const bool keepsLabels = m_check.catalogue().UpdateFeatureTypeId(m_rule.typeId) == m_rule.typeId;
+        const bool hides = m_step.styler == "visibility" && !isOn();
+        if (hides && m_rule.names("geometry") && m_reach.wrote[kText] && keepsLabels && drawsGeometry(m_rule.typeId)) {
+            add(Code::GeometryHidesNames,
+                fmt::format("names that stand under \"{}\" are hidden with the geometry", m_rule.typeName));
+        }
+    }
+
+    void addGeometryChanged() {
+        add(Code::LabelsChangeGeometry,
+            m_reach.wrote[kText]
+                ? fmt::format("the {} of the geometry of \"{}\" changes as well as that of the labels", m_step.styler,
+                              m_rule.typeName)
+                : fmt::format("\"{}\" has no labels; the {} of its geometry changes", m_rule.typeName, m_step.styler));
+    }
+
+    // "on" for something that is still painted in full transparency.
+    void checkRestored() {
+        if (m_step.styler != "visibility" || !isOn()) return;
+        const bool isHidden = std::ranges::any_of(m_step.touches, [](const RecordTouch& touch) {
+            return std::ranges::any_of(styleFields(), [&](const StyleField& field) {
+                return field.kind == FieldKind::Color && appliesIn(field, touch.after) &&
+                       valueOf(field, touch.after) == 0;
+            });
+        });
+        if (isHidden && m_rule.words.back() != "icon") {
+            add(Code::OnRestoresNoColor, "the icons show again; what \"off\" painted transparent stays so");
+        }
+    }
+
+    // ---- Types
+    // -------------------------------------------------------------------------------------------------------
+
+    void checkTypes() {
+        checkNamesake();
+        const bool isIcon = m_rule.words.back() == "icon" && m_step.styler == "visibility";
+        if (isIcon && !m_reach.types.contains(m_rule.typeId)) {
+            const int companion = *m_reach.types.begin();
+            add(Code::IconsOfCompanion,
+                fmt::format("this is about the icons of \"{}\"; those of \"{}\" stay as they are",
+                            m_check.catalogue().GetFeatureTypeName(companion), m_rule.typeName));
+        }
+        checkFamily();
+    }
+
+    void checkNamesake() {
+        const int namesake = m_check.catalogue().GetFeatureTypeId(m_rule.typeName + "label");
+        const bool isLabels = m_rule.names("labels") && m_reach.wrote[kText];
+        const bool isParent = m_check.catalogue().IsParentFeatureType(namesake) != 0;
+        if (!isLabels || namesake == -1 || isParent || m_reach.types.contains(namesake)) return;
+        m_check
+            .add(Code::NamesakeNotReached, m_rule, *m_rule.featureType,
+                 fmt::format("the names belong to \"{}label\", which this rule does not reach", m_rule.typeName))
+            .remedy = fmt::format("write the rule for \"{}label\"", m_rule.typeName);
+    }
+
+    // A rule for a parent in a file that leaves most of its family alone was probably meant for all of it.
+    void checkFamily() {
+        const auto* const family = std::ranges::find(kFamilies, m_rule.typeId, &Family::parent);
+        if (family == std::end(kFamilies)) return;
+        int untouched = 0;
+        for (int type = family->first; type <= family->last; ++type) untouched += m_touchedTypes.contains(type) ? 0 : 1;
+        if (2 * untouched <= family->last - family->first + 1) return;
+        const CustomConfig& catalogue = m_check.catalogue();
+        m_check.add(
+            Code::ParentAnswersLast, m_rule, *m_rule.featureType,
+            fmt::format("\"{}\" speaks for its own style ids only, not for \"{}\" to \"{}\"", m_rule.typeName,
+                        catalogue.GetFeatureTypeName(family->first), catalogue.GetFeatureTypeName(family->last)));
+    }
+
+    bool isOn() const { return m_step.styler == "visibility" && m_visibility == "on"; }
+
+    StyleUnderCheck& m_check;
+    const std::set<int>& m_touchedTypes;
+    const ReplayStep& m_step;
+    const RuleView& m_rule;
+    Reach m_reach;
+    std::string m_visibility;
+};
+
+}  // namespace
+
+void findReach(StyleUnderCheck& check) {
+    std::set<int> touchedTypes;
+    for (const ReplayStep& step : check.steps()) touchedTypes.merge(reachOf(step).types);
+    for (const ReplayStep& step : check.steps()) ReachCheck(check, touchedTypes, step).run();
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,40 @@
+// Findings as text for people, and as JSON and SARIF for programs.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "check/Finding.h"
+#include "replay/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// A file with its findings.
+struct CheckedFile {
+    std::unique_ptr<SourceFile> file;
+    std::vector<Finding> findings;
+};
+
+/// How many findings there are of each severity.
+struct FindingCounts {
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+    std::size_t notes = 0;
+};
+FindingCounts countFindings(const std::vector<CheckedFile>& files);
+
+/// One finding as compilers write it: place, severity, message and code, the line with carets, remedy and log.
+std::string findingText(const Finding& finding);
+
+/// One object: "version" 1, "files" in order with their "findings", and a "summary".
+std::string reportJson(const std::vector<CheckedFile>& files);
+
+/// A SARIF 2.1.0 log with one run, its rules made from the table of codes.
+std::string reportSarif(const std::vector<CheckedFile>& files);
+
+/// All codes with explanation, remedy and example, as text, and as the page of the documentation.
+std::string codesText();
+std::string codesMarkdown();
+
+}  // namespace customstyle_tool

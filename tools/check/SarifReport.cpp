@@ -1,0 +1,86 @@
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "check/Report.h"
+#include "json/JsonScalars.h"
+
+namespace customstyle_tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr char kSchema[] = "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json";
+
+// A path as a URI: relative ones stay relative.
+std::string uriOf(const std::string& path) {
+    std::string uri = std::filesystem::path(path).is_absolute() ? "file://" : "";
+    for (const char byte : path) {
+        const bool isPlain =
+            isLetter(byte) || isDigit(byte) || std::string_view("-._~/").find(byte) != std::string_view::npos;
+        uri += isPlain ? std::string(1, byte) : fmt::format("%{:02X}", static_cast<unsigned char>(byte));
+    }
+    return uri;
+}
+
+Json ruleJson(const CodeInfo& info) {
+    return {{"id", info.name},
+            {"shortDescription", {{"text", info.title}}},
+            {"fullDescription", {{"text", info.explanation}}},
+            {"help", {{"text", info.remedy}}},
+            {"defaultConfiguration", {{"level", severityName(info.severity)}}}};
+}
+
+Json regionJson(const SourceFile& file, TextRange range) {
+    const LinePosition begin = file.lines().position(range.begin);
+    const LinePosition end = file.lines().position(range.end);
+    return {{"startLine", begin.line}, {"startColumn", begin.column}, {"endLine", end.line},
+            {"endColumn", end.column}, {"byteOffset", range.begin},   {"byteLength", range.size()}};
+}
+
+Json locationJson(const SourceFile& file, TextRange range) {
+    return {{"physicalLocation",
+             {{"artifactLocation", {{"uri", uriOf(file.path())}}}, {"region", regionJson(file, range)}}}};
+}
+
+std::string messageOf(const Finding& finding) {
+    std::string text = fmt::format("{}. Remedy: {}.", finding.message, finding.remedy);
+    if (!finding.log.empty()) text += fmt::format(" Logged: {}", finding.log);
+    return text;
+}
+
+Json resultJson(const Finding& finding) {
+    const CodeInfo& info = infoOf(finding.code);
+    Json location = locationJson(*finding.file, finding.range);
+    location["logicalLocations"] = Json::array({Json{{"fullyQualifiedName", finding.path}}});
+    Json result{{"ruleId", info.name},
+                {"ruleIndex", static_cast<std::size_t>(finding.code)},
+                {"level", severityName(info.severity)},
+                {"message", {{"text", messageOf(finding)}}},
+                {"locations", Json::array({location})}};
+    for (const RelatedPlace& place : finding.related) {
+        Json related = locationJson(*finding.file, place.range);
+        related["message"] = {{"text", place.text}};
+        result["relatedLocations"].push_back(related);
+    }
+    return result;
+}
+
+}  // namespace
+
+std::string reportSarif(const std::vector<CheckedFile>& files) {
+    Json rules = Json::array();
+    for (const CodeInfo& info : codeInfos()) rules.push_back(ruleJson(info));
+    Json results = Json::array();
+    for (const CheckedFile& checked : files) {
+        for (const Finding& finding : checked.findings) results.push_back(resultJson(finding));
+    }
+    const Json run{{"tool", {{"driver", {{"name", "customstyle"}, {"rules", rules}}}}},
+                   {"columnKind", "unicodeCodePoints"},
+                   {"results", results}};
+    const Json log{{"$schema", kSchema}, {"version", "2.1.0"}, {"runs", Json::array({run})}};
+    return log.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,18 @@
+// "Did you mean": the name that an author had in mind.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace customstyle_tool {
+
+/// The candidate nearest to a word: the one that is the same but for letter case, blanks, dashes and underscores, else
+/// the first of those with the fewest letters wrong, at most one in three. None where nothing comes near.
+std::optional<std::string> likelyName(std::string_view word, std::span<const std::string> candidates);
+
+/// The number of letters to insert, take away, replace or swap with their neighbour to get from one word to the other.
+std::size_t spellingDistance(std::string_view left, std::string_view right);
+
+}  // namespace customstyle_tool

@@ -1,0 +1,189 @@
+// Values that the component reads otherwise than they are written.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <iterator>
+
+#include "check/DocumentFindings.h"
+#include "check/StyleUnderCheck.h"
+#include "json/JsonScalars.h"
+#include "replay/SingleRules.h"
+#include "support/RecordText.h"
+
+namespace customstyle_tool {
+namespace {
+
+constexpr std::size_t kShortDigits = 3;
+constexpr std::size_t kColorDigits = 6;
+constexpr std::size_t kColorDigitsWithAlpha = 8;
+
+struct NamedColor {
+    std::string_view name;
+    std::string_view text;
+};
+
+constexpr NamedColor kNamedColors[] = {
+    {"black", "#000000"}, {"white", "#ffffff"}, {"gray", "#808080"},    {"grey", "#808080"},    {"silver", "#c0c0c0"},
+    {"red", "#ff0000"},   {"green", "#008000"}, {"blue", "#0000ff"},    {"lime", "#00ff00"},    {"yellow", "#ffff00"},
+    {"aqua", "#00ffff"},  {"cyan", "#00ffff"},  {"fuchsia", "#ff00ff"}, {"magenta", "#ff00ff"}, {"maroon", "#800000"},
+    {"navy", "#000080"},  {"olive", "#808000"}, {"teal", "#008080"},    {"purple", "#800080"},  {"orange", "#ffa500"},
+};
+
+bool isHexDigit(char byte) {
+    return isDigit(byte) || (lowerCase(byte) >= 'a' && lowerCase(byte) <= 'f');
+}
+
+bool isHexadecimal(std::string_view text) {
+    return std::ranges::all_of(text, isHexDigit);
+}
+
+bool isWholeColor(std::size_t digits) {
+    return digits == kColorDigits || digits == kColorDigitsWithAlpha;
+}
+
+bool isShortColor(std::size_t digits) {
+    return digits == kShortDigits || digits == kShortDigits + 1;
+}
+
+std::string doubledDigits(std::string_view digits) {
+    std::string text = "#";
+    for (const char digit : digits) text.append(2, digit);
+    return text;
+}
+
+// Why a text is no colour, and what to write.
+struct ColorFault {
+    Code code;
+    std::string why;
+    std::string remedy;
+};
+
+std::optional<ColorFault> faultWithoutSign(std::string_view text) {
+    if (isHexadecimal(text) && (isWholeColor(text.size()) || isShortColor(text.size()))) {
+        const std::string whole = isWholeColor(text.size()) ? fmt::format("#{}", text) : doubledDigits(text);
+        return ColorFault{Code::ColorWithoutSign, "has no #", fmt::format("write \"{}\"", whole)};
+    }
+    std::string name(text);
+    std::ranges::transform(name, name.begin(), lowerCase);
+    const auto* const known = std::ranges::find(kNamedColors, name, &NamedColor::name);
+    const bool isName = !text.empty() && std::ranges::all_of(text, isLetter);
+    if (!isName) return ColorFault{Code::ColorWithoutSign, "does not begin with #", infoOf(Code::ColorLength).remedy};
+    const std::string remedy =
+        known == std::end(kNamedColors) ? infoOf(Code::ColorName).remedy : fmt::format("write \"{}\"", known->text);
+    return ColorFault{Code::ColorName, "is a word, and colours have no names", remedy};
+}
+
+std::optional<ColorFault> faultOf(std::string_view text) {
+    if (!text.starts_with('#')) return faultWithoutSign(text);
+    const std::string_view digits = text.substr(1);
+    if (!isHexadecimal(digits)) {
+        const char wrong = *std::ranges::find_if_not(digits, isHexDigit);
+        return ColorFault{Code::ColorBadDigit, fmt::format("has a {:?}, which is no hexadecimal digit", wrong),
+                          infoOf(Code::ColorBadDigit).remedy};
+    }
+    if (isWholeColor(digits.size())) return {};
+    if (isShortColor(digits.size())) {
+        return ColorFault{Code::ColorShort, "is the short form of a colour",
+                          fmt::format("write \"{}\"", doubledDigits(digits))};
+    }
+    return ColorFault{Code::ColorLength, fmt::format("has {} digits instead of 6 or 8", digits.size()),
+                      infoOf(Code::ColorLength).remedy};
+}
+
+// The colour that the component makes of a text.
+std::uint64_t readColor(const StyleUnderCheck& check, const std::string& text, int featureType) {
+    return static_cast<std::uint32_t>(check.catalogue().CalculateColorValue(text.c_str(), featureType));
+}
+
+void checkWholeColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
+    const std::string text = value.text();
+    const std::uint64_t read = readColor(check, text, rule.typeId);
+    if (read != readColor(check, text, -1)) {
+        check
+            .add(Code::ColorAlphaIgnored, rule, value,
+                 fmt::format("the alpha is ignored; \"{}\" is drawn in {}", rule.typeName, colorText(read)))
+            .remedy = fmt::format("write \"{}\", or choose a paler colour", text.substr(0, 1 + kColorDigits));
+    } else if (alphaOf(read) == 0 && text.find_first_not_of("#0") != std::string::npos) {
+        Finding& finding = check.add(Code::ColorInvisible, rule, value,
+                                     fmt::format("{} is drawn in {}", quoted(text), colorText(read)));
+        finding.remedy = fmt::format(
+            "alpha stands last: \"#{}{}\" is what alpha first would mean; to hide something use "
+            "\"visibility\": \"off\"",
+            text.substr(3), text.substr(1, 2));
+    }
+}
+
+void checkColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
+    const std::string text = value.text();
+    const std::optional<ColorFault> fault = faultOf(text);
+    if (!fault) return checkWholeColor(check, rule, value);
+    check
+        .add(fault->code, rule, value,
+             fmt::format("{} {}; it is read as {}", quoted(text), fault->why,
+                         colorText(readColor(check, text, rule.typeId))))
+        .remedy = fault->remedy;
+}
+
+// The level that the component makes of a rule's text.
+int readLevel(const StyleUnderCheck& check, const RuleView& rule) {
+    int level = 0;
+    check.catalogue().ParseCustomStyleGivenLevel(componentTree(rule.stylers->source()).get(), &level);
+    return level;
+}
+
+void checkLevel(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
+    const std::string text = value.text();
+    const int read = readLevel(check, rule);
+    const bool isWhole =
+        !text.empty() && std::ranges::all_of(text.substr(text[0] == '-' ? 1 : 0), isDigit) && text != "-";
+    if (!isWhole) {
+        check.add(Code::LevelMalformed, rule, value,
+                  fmt::format("{} is no whole number; the rule applies at level {} only", quoted(text), read));
+        return;
+    }
+    int written = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), written);
+    if (error == std::errc() && written == read) return;
+    check.add(Code::LevelClamped, rule, value,
+              fmt::format("there is no level {}; the rule applies at level {}", text.substr(0, 12), read));
+}
+
+// The size that the step wrote.
+std::optional<std::uint64_t> writtenSize(const ReplayStep& step) {
+    for (const RecordTouch& touch : step.touches) {
+        for (std::size_t field = 0; field < kStyleFieldCount; ++field) {
+            const bool isSize = styleFields()[field].kind == FieldKind::Size;
+            if (isSize && touch.origins[field] == Origin::Written) return valueOf(styleFields()[field], touch.after);
+        }
+    }
+    return {};
+}
+
+void checkSize(StyleUnderCheck& check, const ReplayStep& step) {
+    const std::optional<std::uint64_t> written = writtenSize(step);
+    if (!written) return;
+    const JsonValue value = *check.ruleOf(step).member(step.styler);
+    const std::string text = value.text();
+    const std::size_t firstDigit = std::min(text.find_first_not_of('0'), text.size() - 1);
+    if (text.substr(firstDigit) == fmt::format("{}", *written)) return;
+    check
+        .add(Code::SizeClamped, check.ruleOf(step), value,
+             fmt::format("{} is beyond the range; {} is drawn", quoted(text), *written))
+        .remedy = fmt::format("write \"{}\" or less", *written);
+}
+
+}  // namespace
+
+void findValues(StyleUnderCheck& check) {
+    for (const RuleView& rule : check.rules()) {
+        if (const auto color = rule.textMember("color")) checkColor(check, rule, *color);
+        if (const auto level = rule.textMember("level")) checkLevel(check, rule, *level);
+    }
+    for (const ReplayStep& step : check.steps()) {
+        if (step.styler == "weight" || step.styler == "fontsize") checkSize(check, step);
+    }
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,39 @@
+// Asks the component what it would make of a rule that stands alone.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "replay/StoreImage.h"
+#include "replay/TracedReplay.h"
+
+namespace customstyle_tool {
+
+/// The text of a mapping file with one style id for each feature type: enough to see which types a rule reaches.
+const std::string& oneIdPerType();
+
+/// What is left behind by a rule that stands alone.
+struct AloneOutcome {
+    StoreImage store;
+    std::vector<std::string> log;
+
+    bool operator==(const AloneOutcome&) const = default;
+};
+
+/// Loads the rule into an empty store over oneIdPerType().
+AloneOutcome outcomeAlone(const std::string& ruleText);
+
+/// The steps of the rule in an empty store over oneIdPerType().
+std::vector<ReplayStep> stepsOf(const std::string& ruleText);
+
+/// Whether the component does something for a styler on an element of a type, and does not complain.
+bool acceptsStyler(std::string_view featureType, std::string_view elementPath, std::string_view styler);
+
+/// The usual element paths on which a type takes a styler.
+std::vector<std::string> elementsTaking(std::string_view featureType, std::string_view styler);
+
+/// Every element path that has a plain meaning.
+const std::vector<std::string>& usualElements();
+
+}  // namespace customstyle_tool
