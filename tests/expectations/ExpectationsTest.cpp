@@ -97,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
         ProblemCase{"UnknownTypeThatAnswers", "id 5 all type watr", 15,
                     "\"watr\": there is no such feature type; did you mean \"water\"?"},
         ProblemCase{"ControlCharacters", "\x1b[2J all none", 1,
-                    "\"\\x1b[2J\": there is no such feature type; write a name like highway, or id and a number"}),
+                    "\"\\u001b[2J\": there is no such feature type; write a name like highway, or id and a number"}),
     problemName);
 
 struct LevelsCase {

@@ -51,7 +51,7 @@ TEST(ExplanationText, ShowsControlCharactersOfTheFileAsEscapes) {
     const std::string text =
         textOf(rule("highway", "geometry.fill").styler("color", "\"#112233\x1b[2J\""), "fill", Swatches::None);
     EXPECT_EQ(text.find('\x1b'), std::string::npos);
-    EXPECT_NE(text.find("\\x1b[2J"), std::string::npos);
+    EXPECT_NE(text.find("\\u001b[2J"), std::string::npos);
 }
 
 // Puts a terminal in the place of standard output.

@@ -1,6 +1,6 @@
 #include <fmt/format.h>
 
-#include "check/PlainText.h"
+#include "support/PlainText.h"
 #include "check/Report.h"
 
 namespace customstyle_tool {

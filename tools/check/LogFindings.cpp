@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "check/DocumentFindings.h"
-#include "check/Spelling.h"
+#include "support/Spelling.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
 

@@ -12,7 +12,7 @@
 #include "CustomConfig.h"
 #include "check/DocumentFindings.h"
 #include "check/LoadLog.h"
-#include "check/Spelling.h"
+#include "support/Spelling.h"
 #include "replay/MappingSource.h"
 #include "replay/SingleRules.h"
 #include "support/Answers.h"

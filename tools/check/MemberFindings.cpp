@@ -6,7 +6,7 @@
 #include <span>
 
 #include "check/DocumentFindings.h"
-#include "check/Spelling.h"
+#include "support/Spelling.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
 #include "json/JsonScalars.h"

@@ -4,7 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "check/PlainText.h"
+#include "support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {

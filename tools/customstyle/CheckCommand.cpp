@@ -104,9 +104,10 @@ private:
         printSummary();
     }
 
+    // Without findings there is nothing to say.
     void printSummary() const {
-        if (m_checked.empty()) return;
         const auto [errors, warnings, notes] = countFindings(m_checked);
+        if (errors + warnings + notes == 0) return;
         const auto count = [](std::size_t number, const char* what) {
             return fmt::format("{} {}{}", number, what, number == 1 ? "" : "s");
         };

@@ -7,7 +7,7 @@
 
 #include "customstyle/Command.h"
 #include "explain/ExplanationText.h"
-#include "explain/NearestName.h"
+#include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

@@ -9,15 +9,9 @@ int main(int argumentCount, char** arguments) {
     program.require_subcommand(1);
     program.footer("Exit status: 0 good, 1 the files are not good, 2 wrong usage. Diagnostics go to standard error.");
     const Command commands[] = {
-        checkCommand(program),
-        queryCommand(program),
-        dumpCommand(program),
-        explainCommand(program),
-        diffCommand(program),
-        testCommand(program),
-        schemaCommand(program),
-        formatCommand(program),
-        minifyCommand(program),
+        checkCommand(program),   queryCommand(program),  dumpCommand(program),
+        explainCommand(program), diffCommand(program),   testCommand(program),
+        schemaCommand(program),  formatCommand(program), minifyCommand(program),
     };
     try {
         program.parse(argumentCount, arguments);

@@ -6,9 +6,9 @@
 #include <set>
 #include <utility>
 
-#include "explain/Printable.h"
 #include "explain/RangesText.h"
 #include "support/Answers.h"
+#include "support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -131,7 +131,7 @@ std::string failuresText(std::span<const ExpectationFailure> failures, const Sou
     for (const ExpectationFailure& failure : failures) {
         const Expectation& expectation = *failure.expectation;
         text += fmt::format("{}: {}\n  expected {}\n  found    {} {}\n", file.place(expectation.offset),
-                            printable(expectation.text), valueWords(expectation, expectation.value, style.config()),
+                            escapedText(expectation.text), valueWords(expectation, expectation.value, style.config()),
                             valueWords(expectation, failure.value, style.config()), placeWords(failure));
         const Explanation explanation = explainer.explain(firstStyleId(failure), firstLevel(failure.levels));
         text +=

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "explain/NearestName.h"
-#include "explain/Printable.h"
+#include "support/PlainText.h"
+#include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
@@ -35,7 +35,7 @@ std::optional<Number> numberIn(std::string_view text, int base = 10) {
 }
 
 std::string quoted(std::string_view word) {
-    return fmt::format("\"{}\"", printable(word));
+    return fmt::format("\"{}\"", escapedText(word));
 }
 
 std::optional<int> featureTypeOf(std::string_view name) {
@@ -49,7 +49,7 @@ std::optional<std::string> nearestType(std::string_view written) {
     for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
         names.push_back(catalogue().GetFeatureTypeName(type));
     }
-    return nearestName(written, names);
+    return likelyName(written, names);
 }
 
 // "#rrggbb" and "#rrggbbaa"; packed, red is the lowest byte.

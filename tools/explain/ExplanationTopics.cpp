@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "explain/ExplanationText.h"
-#include "explain/NearestName.h"
 #include "support/RecordText.h"
+#include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
@@ -45,7 +45,7 @@ const TopicName* findTopic(std::string_view name) {
 std::optional<std::string> nearestTopic(std::string_view name) {
     std::vector<std::string> names;
     for (const TopicName& topic : topicNames()) names.push_back(topic.name);
-    return nearestName(withBlanks(name), names);
+    return likelyName(withBlanks(name), names);
 }
 
 const History& historyOf(const Explanation& explanation, const TopicName& topic) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "explain/QuietLog.h"
+#include "replay/LogRecording.h"
 
 namespace customstyle_tool {
 namespace {
@@ -49,7 +49,7 @@ const IntendedWrites::Outcome& IntendedWrites::outcomeOf(std::size_t step) {
 }
 
 std::unique_ptr<StoreImage> IntendedWrites::applyOver(std::size_t step, std::uint64_t mark) const {
-    const QuietLog quiet;
+    const LogSilence quiet;
     CustomConfig alone;
     alone.ParseMappingConfig(m_mapping.get());
     alone.ParseCustomConfig(m_rules[step].document.get());

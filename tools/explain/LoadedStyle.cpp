@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "explain/QuietLog.h"
+#include "replay/LogRecording.h"
 #include "replay/SingleRules.h"
 #include "support/DefaultMapping.h"
 #include "support/LoadedMap.h"
@@ -18,7 +18,7 @@ using TextOrFailure = std::variant<std::string, ReadFailure>;
 
 // The style file is known to be good here, so what the component refuses is the mapping.
 TextOrFailure mappingText(const std::string& directory, const std::string& styleFile) {
-    const QuietLog quiet;
+    const LogSilence quiet;
     const LoadedMap map = loadMap(directory, styleFile);
     if (const LoadFailure* failure = std::get_if<LoadFailure>(&map)) return ReadFailure{failure->text};
     auto read = readSource((std::filesystem::path(directory) / "CustomIndex").string(), "mapping file");
@@ -34,7 +34,7 @@ std::string whyNotJson(const SourceFile& file, const JsonError& error) {
 }  // namespace
 
 std::unique_ptr<CustomConfig> storeOf(std::string_view mapping, std::string_view style) {
-    const QuietLog quiet;
+    const LogSilence quiet;
     auto config = std::make_unique<CustomConfig>();
     config->ParseMappingConfig(componentTree(mapping).get());
     config->ParseCustomConfig(componentTree(style).get());

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "CustomConfig.h"
-#include "explain/Printable.h"
+#include "support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -42,8 +42,8 @@ StylerNote noteOf(const StyleSource& style, const ReplayStep& step) {
 std::string stylerText(const StylerNote& note) {
     const std::string level = note.level ? fmt::format(" at level {}", *note.level) : "";
     return fmt::format("rule {}, {}:{}:{}: {} {} on {} {}{}", note.rule, note.file, note.position.line,
-                       note.position.column, note.styler, printable(note.value), printable(note.featureType),
-                       printable(note.elementType), printable(level));
+                       note.position.column, note.styler, escapedText(note.value), escapedText(note.featureType),
+                       escapedText(note.elementType), escapedText(level));
 }
 
 std::optional<int> companionOf(const StylerNote& note, const Write& write) {

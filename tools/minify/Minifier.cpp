@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "explain/QuietLog.h"
 #include "minify/Compact.h"
 #include "minify/Equivalence.h"
 #include "minify/MinimalRule.h"
 #include "minify/Shrinking.h"
+#include "replay/LogRecording.h"
 #include "replay/MappingSource.h"
 #include "replay/StoreDifference.h"
 #include "support/DefaultMapping.h"
@@ -116,7 +116,7 @@ Minified firstProven(const StyleSource& style, const std::string& mapping,
 }  // namespace
 
 Minified minified(const StyleSource& style, const std::optional<std::string>& mapping) {
-    const QuietLog quiet;
+    const LogSilence quiet;
     const QuestionsOn on;
     const std::vector<MinimalRule> rules = minimalRules(style.file().text());
     const auto shrink = [&] {

@@ -1,10 +1,9 @@
-#include "check/Spelling.h"
+#include "support/Spelling.h"
 
 #include <algorithm>
+#include <cctype>
 #include <limits>
 #include <vector>
-
-#include "json/JsonScalars.h"
 
 namespace customstyle_tool {
 namespace {
@@ -15,7 +14,8 @@ constexpr std::size_t kLongestWord = 64;
 std::string plain(std::string_view word) {
     std::string text;
     for (const char byte : word) {
-        if (!isBlank(byte) && byte != '-' && byte != '_') text += lowerCase(byte);
+        if (std::isspace(static_cast<unsigned char>(byte)) == 0 && byte != '-' && byte != '_')
+            text += static_cast<char>(std::tolower(static_cast<unsigned char>(byte)));
     }
     return text;
 }
@@ -52,6 +52,10 @@ std::optional<std::string> likelyName(std::string_view word, std::span<const std
         nearest = candidate;
     }
     return nearest;
+}
+
+std::string didYouMean(const std::optional<std::string>& name) {
+    return name ? "; did you mean \"" + *name + "\"?" : "";
 }
 
 }  // namespace customstyle_tool

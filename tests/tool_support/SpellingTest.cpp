@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "check/Spelling.h"
+#include "support/Spelling.h"
 
 namespace customstyle_test {
 namespace {

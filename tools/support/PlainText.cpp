@@ -1,4 +1,4 @@
-#include "check/PlainText.h"
+#include "support/PlainText.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "explain/ExplanationText.h"
-#include "explain/NearestName.h"
+#include "support/Spelling.h"
 
 namespace customstyle_test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "check/PlainText.h"
+#include "support/PlainText.h"
 
 namespace customstyle_test {
 namespace {

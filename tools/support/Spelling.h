@@ -12,6 +12,9 @@ namespace customstyle_tool {
 /// the first of those with the fewest letters wrong, at most one in three. None where nothing comes near.
 std::optional<std::string> likelyName(std::string_view word, std::span<const std::string> candidates);
 
+/// "; did you mean "fill"?", or nothing.
+std::string didYouMean(const std::optional<std::string>& name);
+
 /// The number of letters to insert, take away, replace or swap with their neighbour to get from one word to the other.
 std::size_t spellingDistance(std::string_view left, std::string_view right);
 
