@@ -14,6 +14,8 @@ function(customstyle_target_settings target)
   if(CUSTOMSTYLE_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${CUSTOMSTYLE_SANITIZE} -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)
+    # GCC takes members of the standard library for uninitialised when its own checks stand in between.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PUBLIC -fsanitize=${CUSTOMSTYLE_SANITIZE})
   elseif(CUSTOMSTYLE_HARDENED)
     customstyle_harden(${target})
