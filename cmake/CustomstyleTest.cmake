@@ -1,9 +1,14 @@
+# customstyle_test_environment(<test>): tells the sanitizers of the leaks that are meant.
+function(customstyle_test_environment test)
+  set_tests_properties(${test} PROPERTIES ENVIRONMENT
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
 # customstyle_add_test(<name> <source>...): a GoogleTest program over the component, run by ctest under its name.
 function(customstyle_add_test name)
   add_executable(${name} ${ARGN})
   customstyle_target_settings(${name})
   target_link_libraries(${name} PRIVATE customstyle_test_support GTest::gmock GTest::gtest_main)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT
-    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+  customstyle_test_environment(${name})
 endfunction()
