@@ -115,7 +115,7 @@ TEST(VJson, NeighboursDoNotAddToTheDepth) {
 
 TEST(VJson, MembersAreFoundWithoutRegardToLetterCase) {
     const Tree tree = parsedExactly(R"({"FeatureType":"land"})");
-    const cJSON* member = cJSON_GetObjectItem(tree.get(), "featuretypE");
+    const cJSON* member = _orvik_vi::cJSON_GetObjectItem(tree.get(), "featuretypE");
     ASSERT_NE(member, nullptr);
     EXPECT_STREQ(member->valuestring, "land");
     EXPECT_STREQ(member->string, "FeatureType");
@@ -123,13 +123,37 @@ TEST(VJson, MembersAreFoundWithoutRegardToLetterCase) {
 
 TEST(VJson, OfEqualNamesTheFirstIsFound) {
     const Tree tree = parsedExactly(R"({"Level":"1","level":"2","level":"3"})");
-    EXPECT_STREQ(cJSON_GetObjectItem(tree.get(), "level")->valuestring, "1");
+    EXPECT_STREQ(_orvik_vi::cJSON_GetObjectItem(tree.get(), "level")->valuestring, "1");
 }
 
 TEST(VJson, AnAbsentMemberIsNull) {
     const Tree tree = parsedExactly(R"({"levels":"1"})");
-    EXPECT_EQ(cJSON_GetObjectItem(tree.get(), "level"), nullptr);
-    EXPECT_EQ(cJSON_GetObjectItem(tree.get(), ""), nullptr);
+    EXPECT_EQ(_orvik_vi::cJSON_GetObjectItem(tree.get(), "level"), nullptr);
+    EXPECT_EQ(_orvik_vi::cJSON_GetObjectItem(tree.get(), ""), nullptr);
+}
+
+TEST(VJson, NothingIsFoundOfNothing) {
+    const Tree tree = parsedExactly(R"({"level":"1"})");
+    EXPECT_EQ(_orvik_vi::cJSON_GetObjectItem(nullptr, "level"), nullptr);
+    EXPECT_EQ(_orvik_vi::cJSON_GetObjectItem(tree.get(), nullptr), nullptr);
+}
+
+// Every two bytes that are not NUL, as the name of a member and as the name asked for.
+TEST(VJson, MembersAreFoundAsThePackageFindsThem) {
+    char name[] = "x";
+    char asked[] = "x";
+    cJSON member{};
+    member.string = name;
+    cJSON object{};
+    object.child = &member;
+    for (int first = 1; first < 256; ++first) {
+        for (int second = 1; second < 256; ++second) {
+            name[0] = static_cast<char>(first);
+            asked[0] = static_cast<char>(second);
+            EXPECT_EQ(_orvik_vi::cJSON_GetObjectItem(&object, asked), ::cJSON_GetObjectItem(&object, asked))
+                << first << " and " << second;
+        }
+    }
 }
 
 TEST(VJson, ItemsOutsideAnArrayAreNull) {

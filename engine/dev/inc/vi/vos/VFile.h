@@ -21,9 +21,8 @@ public:
     /// Opens a file; a file that this object held open is closed first.
     /// @param path  complete path
     /// @param mode  kReadExisting; other modes do not open anything
-    /// @return 1, or 0 when nothing was opened: no such file, no permission, or not a regular file (a directory, a
-    /// device
-    ///         or a pipe)
+    /// @return 1, or 0 when nothing was opened: no such file, no permission, or not a regular file but a directory, a
+    /// device or a pipe
     int Open(const CVString& path, unsigned mode);
 
     /// Length in bytes as it was when the file was opened, at most what std::size_t holds; 0 while no file is open.
