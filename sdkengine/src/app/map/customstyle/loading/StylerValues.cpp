@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -20,11 +21,19 @@ std::string_view viewOf(const char* text) {
     return text == nullptr ? std::string_view() : text;
 }
 
+// The value of each character as a hexadecimal digit; all others count 0. A table, because nobody can foretell whether
+// a colour's next digit is a letter.
+constexpr std::array<std::uint8_t, 256> kHexValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    for (int digit = 0; digit < 10; ++digit) values['0' + digit] = static_cast<std::uint8_t>(digit);
+    for (int digit = 10; digit < 16; ++digit) {
+        values['a' + digit - 10] = values['A' + digit - 10] = static_cast<std::uint8_t>(digit);
+    }
+    return values;
+}();
+
 std::uint32_t hexValue(char c) {
-    if (isDigit(c)) return static_cast<std::uint32_t>(c - '0');
-    if (c >= 'a' && c <= 'f') return static_cast<std::uint32_t>(c - 'a' + 10);
-    if (c >= 'A' && c <= 'F') return static_cast<std::uint32_t>(c - 'A' + 10);
-    return 0;
+    return kHexValues[static_cast<unsigned char>(c)];
 }
 
 // The value of two hexadecimal digits; digits beyond the end count 0.

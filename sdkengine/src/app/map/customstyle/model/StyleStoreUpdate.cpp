@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 #include <string>
 
 #include "CustomConfig.h"
@@ -11,27 +12,32 @@ namespace _orvik_framework {
 
 namespace {
 
-CVMapPtrToPtr* makeSlot(CustomConfig& config, const StyleKeyWords& key, int featureType) {
+/// Gives a key its slot and its effect, or neither of them where memory runs out.
+CVMapPtrToPtr* makeSlot(CustomConfig& config, const std::string& key, const StyleScope& scope) {
     CVMapPtrToPtr& slot = config.m_levelStyleMaps[config.m_usedLevelSlots];
     releaseRecords(slot);  // of another key, for which memory ran out half-way
-    forEachRecord(config.m_typeStyleMaps[featureType],
+    forEachRecord(config.m_typeStyleMaps[scope.featureType],
                   [&](void*, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
-    const auto [entry, isNew] = config.m_keyStyleMaps.try_emplace(textOf(key), &slot);
-    ++config.m_usedLevelSlots;
-    return entry->second;
+    const auto [effect, isNewEffect] = config.m_styleEffectLevels.try_emplace(key, scope.allLevels);
+    try {
+        CVMapPtrToPtr* const ofKey = config.m_keyStyleMaps.try_emplace(key, &slot).first->second;
+        ++config.m_usedLevelSlots;
+        return ofKey;
+    } catch (const std::bad_alloc&) {
+        // A key in effect that has no slot would hide the styles for all levels of its type.
+        if (isNewEffect) config.m_styleEffectLevels.erase(effect);
+        throw;
+    }
 }
 
 }  // namespace
 
 CVMapPtrToPtr* registerKey(CustomConfig& config, const StyleKeys& keys, const StyleScope& scope) {
     const StyleKeyWords key = keys.ofScope(scope.allLevels);
-    CVMapPtrToPtr* slot = findSlot(config, key);
+    CVMapPtrToPtr* const slot = findSlot(config, key);
+    if (slot != nullptr) return slot;
     const bool hasRoom = isFeatureType(scope.featureType) && config.m_usedLevelSlots < kStyleSlotCount;
-    if (slot == nullptr && !hasRoom) return nullptr;
-    if (slot == nullptr) slot = makeSlot(config, key, scope.featureType);
-    // Last, so that a key in effect has a slot even when memory runs out in between.
-    if (!config.m_styleEffectLevels.contains(key)) config.m_styleEffectLevels.emplace(textOf(key), scope.allLevels);
-    return slot;
+    return hasRoom ? makeSlot(config, textOf(key), scope) : nullptr;
 }
 
 void CustomConfig::UpdateCustomStyleMap(char* keyOut, int featureType, int allLevels, int level) {
