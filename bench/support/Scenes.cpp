@@ -41,7 +41,7 @@ std::vector<unsigned int> mappedIds(const CustomConfig& config) {
 
 std::shared_ptr<const Store> makeStore(const std::string& name, std::unique_ptr<const CustomConfig> config) {
     std::vector<unsigned int> ids = mappedIds(*config);
-    return std::make_shared<Store>(name, std::move(config), std::move(ids));
+    return std::make_shared<Store>(Store{name, std::move(config), std::move(ids)});
 }
 
 std::shared_ptr<const Store> syntheticStore(const std::string& name, const Mapping& mapping) {

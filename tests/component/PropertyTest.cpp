@@ -1,10 +1,10 @@
 // Whatever the files hold, the store keeps its order and the answers agree with it.
 #include <gtest/gtest.h>
 
-#include "support/RandomFiles.h"
 #include "component/StoreInvariants.h"
 #include "support/FaultyMemory.h"
 #include "support/LogCapture.h"
+#include "support/RandomFiles.h"
 #include "support/TestStore.h"
 
 namespace customstyle_test {
@@ -67,9 +67,9 @@ TEST_P(RandomRules, GiveTheSameStoreAtOnceAndOneByOne) {
     for (int i = 0; i < 100; ++i) other.ParseCustomConfig(parsed("[" + same.rule() + "]").get());
     m_log.take();
     ASSERT_EQ(other.m_usedLevelSlots, m_config.m_usedLevelSlots);
-    for (const auto& [key, slot] : m_config.m_keyStyleMaps) {
-        visitRecords(*slot, [&](std::intptr_t id, const tagCustomStyle* record) {
-            EXPECT_EQ(*recordAt(other, key, static_cast<int>(id)), *record) << key;
+    for (const auto& slot : m_config.m_keyStyleMaps) {
+        visitRecords(*slot.second, [&](std::intptr_t id, const tagCustomStyle* record) {
+            EXPECT_EQ(*recordAt(other, slot.first, static_cast<int>(id)), *record) << slot.first;
         });
     }
 }

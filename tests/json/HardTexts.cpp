@@ -153,7 +153,7 @@ std::string nested(std::string_view opening, std::string_view inside, std::strin
 }
 
 void addDeepTexts(std::vector<std::string>& texts) {
-    for (const std::size_t depth : {2, 999, 1000, 1001, 1002, 5000}) {
+    for (const std::size_t depth : {2U, 999U, 1000U, 1001U, 1002U, 5000U}) {
         texts.push_back(nested("[", "", "]", depth));
         texts.push_back(nested("[", "1", "]", depth));
         texts.push_back(nested("[1,", "2", "]", depth));
@@ -167,7 +167,8 @@ void addDeepTexts(std::vector<std::string>& texts) {
 }
 
 void addLongNumbers(std::vector<std::string>& texts) {
-    for (const std::size_t length : {15, 17, 61, 62, 63, 64, 65, 127, 128, 308, 309, 310, 400, 800, 2000}) {
+    for (const std::size_t length :
+         {15U, 17U, 61U, 62U, 63U, 64U, 65U, 127U, 128U, 308U, 309U, 310U, 400U, 800U, 2000U}) {
         const std::string zeros(length, '0');
         const std::string digits(length, '7');
         for (const std::string& number :

@@ -15,8 +15,8 @@ auto orderOf(const Finding& finding) {
 
 void sortFindings(std::vector<Finding>& findings) {
     std::ranges::stable_sort(findings, {}, orderOf);
-    const auto repeated = std::ranges::unique(findings, {}, orderOf);
-    findings.erase(repeated.begin(), repeated.end());
+    const auto isRepetition = [](const Finding& one, const Finding& next) { return orderOf(one) == orderOf(next); };
+    findings.erase(std::unique(findings.begin(), findings.end(), isRepetition), findings.end());
 }
 
 bool hasSeverity(const std::vector<Finding>& findings, Severity severity) {

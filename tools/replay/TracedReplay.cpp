@@ -127,10 +127,11 @@ public:
 
 private:
     void sortOutRefusedKeys() {
-        const auto refused = std::ranges::stable_partition(
-            m_step.newKeys, [&](const std::string& key) { return hasSlot(m_config, key); });
-        m_step.refused.assign(refused.begin(), refused.end());
-        m_step.newKeys.erase(refused.begin(), refused.end());
+        std::vector<std::string>& keys = m_step.newKeys;
+        const auto refused = std::stable_partition(keys.begin(), keys.end(),
+                                                   [&](const std::string& key) { return hasSlot(m_config, key); });
+        m_step.refused.assign(refused, keys.end());
+        keys.erase(refused, keys.end());
     }
 
     void findTouches(const cJSON* document, const StoreImage& before, const StoreImage& after) {
