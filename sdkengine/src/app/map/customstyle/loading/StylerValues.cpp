@@ -25,9 +25,8 @@ std::string_view viewOf(const char* text) {
 // a colour's next digit is a letter.
 constexpr std::array<std::uint8_t, 256> kHexValues = [] {
     std::array<std::uint8_t, 256> values{};
-    for (int digit = 0; digit < 10; ++digit) values['0' + digit] = static_cast<std::uint8_t>(digit);
-    for (int digit = 10; digit < 16; ++digit) {
-        values['a' + digit - 10] = values['A' + digit - 10] = static_cast<std::uint8_t>(digit);
+    for (const std::string_view digits : {"0123456789abcdef", "0123456789ABCDEF"}) {
+        for (std::uint8_t value = 0; value < 16; ++value) values[static_cast<unsigned char>(digits[value])] = value;
     }
     return values;
 }();
