@@ -121,7 +121,8 @@ const tagCustomStyle* effectiveRecord(const CustomConfig& config, int type, int 
     const std::string levelKey = typeKey + ":" + std::to_string(level);
     const tagCustomStyle* found = nullptr;
     const auto slot = config.m_keyStyleMaps.find(config.m_keyStyleMaps.contains(levelKey) ? levelKey : typeKey);
-    if (slot == config.m_keyStyleMaps.end() || styleId < 0) return nullptr;
+    const bool canBeFound = styleId >= 0 || sizeof(void*) == sizeof styleId;
+    if (slot == config.m_keyStyleMaps.end() || !canBeFound) return nullptr;
     visitRecords(*slot->second, [&](std::intptr_t id, const tagCustomStyle* record) {
         if (id == styleId) found = record;
     });

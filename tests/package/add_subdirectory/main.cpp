@@ -8,6 +8,7 @@ int main() {
     const _orvik_framework::StyleSnapshot snapshot(config);
     _orvik_framework::tagCustomStyle style{};
     const _orvik_vi::CVString name = "highway";
-    const bool answers = config.GetStyleFromConfig(style, 1, 10) == -1 && snapshot.GetStyleFromConfig(style, 1, 10) == -1;
+    const bool answers =
+        config.GetStyleFromConfig(style, 1, 10) == -1 && snapshot.GetStyleFromConfig(style, 1, 10) == -1;
     return answers && config.GetFeatureTypeId(name.ToUtf8()) == 13 ? 0 : 1;
 }
