@@ -1,0 +1,172 @@
+// One allocation after another fails: in construction, in a load, in the compilation of a snapshot.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <set>
+
+#include "StyleSnapshot.h"
+#include "hostile/FailingHeaps.h"
+#include "support/FaultyMemory.h"
+#include "support/LogCapture.h"
+#include "support/TemporaryDirectory.h"
+#include "support/TestStore.h"
+
+namespace customstyle_test {
+namespace {
+
+using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StyleSnapshot;
+using Failures = FailingHeaps::Failures;
+
+// More than any of the actions below takes.
+constexpr std::size_t kEndless = 100000;
+
+std::set<int> idsOf(const CVMapPtrToPtr& records) {
+    std::set<int> ids;
+    for (void* position = records.GetStartPosition(); position != nullptr;) {
+        void* key = nullptr;
+        void* record = nullptr;
+        records.GetNextAssoc(position, key, record);
+        // A record that could not be made leaves no trace, so there is none without content.
+        EXPECT_NE(record, nullptr);
+        if (record == nullptr) continue;
+        ids.insert(static_cast<const tagCustomStyle*>(record)->m_ID);
+        EXPECT_EQ(reinterpret_cast<std::intptr_t>(key), static_cast<const tagCustomStyle*>(record)->m_ID);
+    }
+    return ids;
+}
+
+// The slots in use are the first ones, each under one key, and hold records of the key's type only.
+void expectSlotsInOrder(const CustomConfig& config) {
+    std::set<const CVMapPtrToPtr*> slots;
+    for (const auto& [key, slot] : config.m_keyStyleMaps) {
+        slots.insert(slot);
+        EXPECT_LT(slot - config.m_levelStyleMaps, config.m_usedLevelSlots) << key;
+        const std::set<int> base = idsOf(config.m_typeStyleMaps[std::stoi(key)]);
+        for (const int id : idsOf(*slot)) EXPECT_TRUE(base.contains(id)) << id << " under " << key;
+    }
+    EXPECT_EQ(static_cast<int>(slots.size()), config.m_usedLevelSlots);
+    EXPECT_EQ(slots.size(), config.m_keyStyleMaps.size());
+}
+
+// A key in effect that had no slot would hide the styles for all levels of its type.
+void expectSlotsForEffects(const CustomConfig& config) {
+    for (const auto& [key, allLevels] : config.m_styleEffectLevels) {
+        EXPECT_TRUE(config.m_keyStyleMaps.contains(key)) << key;
+        EXPECT_EQ(allLevels, key.find(':') == std::string::npos ? 1 : 0) << key;
+    }
+}
+
+void expectAnswers(const CustomConfig& config) {
+    const QueriesEnabled enabled;
+    std::uint64_t colour = 0;
+    for (const int type : {0, 3, 13, 28, 45, 71}) {
+        tagCustomStyle style{};
+        for (const int level : {9, 15}) {
+            const auto id = static_cast<unsigned>(firstStyleId(type));
+            const int found = config.GetStyleFromConfig(style, id, level);
+            EXPECT_TRUE(found == -1 || found == type) << type;
+            if (found != -1) {
+                EXPECT_EQ(style.m_ID, firstStyleId(type));
+            }
+            EXPECT_LE(config.IsCustomizedIconVisible(id, level), 1);
+            EXPECT_LE(config.IsCustomBackRegionEnable(colour, level), 1);
+        }
+    }
+}
+
+const std::vector<RuleBuilder> kRules = {
+    rule("highway", "all").color("#112233").visibility("off"),
+    rule("highway", "labels.text.fill").color("#445566").weight("3").fontsize("12").level("15"),
+    rule("land", "geometry").color("#778899"),
+    rule("building", "geometry.topsurface").color("#aabbcc").level("9"),
+    rule("districtlabel", "labels.icon").visibility("off"),
+    rule("a name that is too long to be kept inside of a string", "fill").color("#112233"),
+    rule("local", "an element that nobody knows").fontsize("12").weight("x"),
+    rule("grid", "all").color("#ddeeff").level("9"),
+};
+
+std::string styleFile(auto first, auto last) {
+    std::string json;
+    for (; first != last; ++first) json += (json.empty() ? "[" : ",") + first->json();
+    return json + "]";
+}
+
+class FailingAllocation : public testing::TestWithParam<Failures> {
+protected:
+    FailingAllocation() {
+        _orvik_vi::CVLog::SetSink([this](_orvik_vi::ELOGPRIORITY, const std::string& line) {
+            if (line.ends_with("format error")) ++m_textsNotJson;
+        });
+    }
+    ~FailingAllocation() override { _orvik_vi::CVLog::SetSink({}); }
+
+    /// Whether the action came to an allocation that failed.
+    static bool failsAfter(std::size_t successes, const std::function<void()>& action) {
+        const FailingHeaps heaps(successes, GetParam());
+        try {
+            action();
+        } catch (const std::bad_alloc&) {
+            EXPECT_TRUE(heaps.hasFailed());
+        }
+        return heaps.hasFailed();
+    }
+
+    /// The number of allocations after which `fails(successes)` no longer does.
+    static std::size_t firstSufficient(const std::function<bool(std::size_t)>& fails) {
+        std::size_t successes = 0;
+        while (!HasFailure() && successes < kEndless && fails(successes)) ++successes;
+        EXPECT_GT(successes, 0U);
+        EXPECT_LT(successes, kEndless);
+        RecordProperty("allocations", static_cast<int>(successes));
+        return successes;
+    }
+
+    TemporaryDirectory m_directory;
+    std::ptrdiff_t m_textsNotJson = 0;  // texts that are no JSON stay in memory
+};
+
+TEST_P(FailingAllocation, OfAConstructionLeavesNothing) {
+    const MemoryAccounts accounts;
+    firstSufficient([](std::size_t successes) { return failsAfter(successes, [] { const CustomConfig config; }); });
+    EXPECT_EQ(accounts.blocks(), 0);
+}
+
+TEST_P(FailingAllocation, OfALoadLeavesAStoreThatAnswersGoesOnAndEnds) {
+    m_directory.write("CustomIndex", testMapping());
+    const _orvik_vi::CVString mapping(m_directory.prefix().c_str());
+    const _orvik_vi::CVString style(m_directory.write("style.json", styleFile(kRules.begin(), kRules.end())).c_str());
+    const Tree otherOrder = parsed(styleFile(kRules.rbegin(), kRules.rend()));
+    const MemoryAccounts accounts;
+    firstSufficient([&](std::size_t successes) {
+        CustomConfig config;
+        int result = 0;
+        const bool failed = failsAfter(successes, [&] { result = config.Init(mapping, style); });
+        EXPECT_TRUE(failed || result == 1);
+        for (int part = 0; part < 2; ++part) {
+            expectSlotsInOrder(config);
+            expectSlotsForEffects(config);
+            expectAnswers(config);
+            config.ParseCustomConfig(otherOrder.get());
+        }
+        EXPECT_EQ(outstandingJsonBlocks(), 0) << successes;
+        return failed;
+    });
+    EXPECT_EQ(accounts.blocks(), m_textsNotJson);
+}
+
+TEST_P(FailingAllocation, OfASnapshotLeavesNothing) {
+    const auto config = loadedWith({kRules[0], kRules[1], kRules[2], kRules[3], kRules[4], kRules[7]});
+    const MemoryAccounts accounts;
+    firstSufficient(
+        [&](std::size_t successes) { return failsAfter(successes, [&] { const StyleSnapshot snapshot(*config); }); });
+    EXPECT_EQ(accounts.blocks(), 0);
+    expectAnswers(*config);
+}
+
+INSTANTIATE_TEST_SUITE_P(Heaps, FailingAllocation, testing::Values(Failures::One, Failures::AllFurther),
+                         [](const auto& each) { return each.param == Failures::One ? "Once" : "FromThenOn"; });
+
+}  // namespace
+}  // namespace customstyle_test
