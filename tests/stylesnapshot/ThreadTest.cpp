@@ -3,9 +3,11 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <thread>
 #include <vector>
 
+#include "SnapshotSwitch.h"
 #include "StyleSnapshot.h"
 #include "support/TestStore.h"
 
@@ -68,6 +70,37 @@ TEST(ManyThreads, AgreeOnOneSnapshot) {
     const QueriesEnabled enabled;
     const std::uint64_t expected = sumOfAnswers(*config);
     EXPECT_EQ(differingThreads([&] { return sumOfAnswers(snapshot) == expected; }), 0);
+}
+
+// Long enough for each reader to meet many exchanges, and bounded in any case.
+constexpr int kExchanges = 200;
+
+TEST(ManyThreads, SeeOneStyleOrTheOtherWholeWhileTheyAreExchanged) {
+    const auto one = someStore();
+    const auto other = loadedWith({rule("highway", "all").color("#ffeedd"), rule("land", "geometry").color("#010203")});
+    const QueriesEnabled enabled;
+    const std::uint64_t sums[] = {sumOfAnswers(*one), sumOfAnswers(*other)};
+    SnapshotSwitch styles(std::make_unique<StyleSnapshot>(*one));
+    std::atomic<int> torn = 0;
+    std::atomic<int> frames = 0;
+    std::atomic<bool> stop = false;
+    std::vector<std::thread> readers;
+    for (std::size_t reader = 0; reader < kReaders; ++reader) {
+        readers.emplace_back([&, reader] {
+            while (!stop) {
+                const std::uint64_t sum = sumOfAnswers(styles.beginFrame(reader));
+                styles.endFrame(reader);
+                if (sum != sums[0] && sum != sums[1]) ++torn;
+                ++frames;
+            }
+        });
+    }
+    for (int exchange = 0; exchange < kExchanges || frames < kReaders; ++exchange) {
+        styles.exchange(std::make_unique<StyleSnapshot>(exchange % 2 == 0 ? *other : *one));
+    }
+    stop = true;
+    for (std::thread& reader : readers) reader.join();
+    EXPECT_EQ(torn, 0);
 }
 
 }  // namespace
