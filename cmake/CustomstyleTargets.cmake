@@ -19,6 +19,10 @@ function(customstyle_target_settings target)
     # GCC takes members of the standard library for uninitialised when its own checks stand in between.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PUBLIC -fsanitize=${CUSTOMSTYLE_SANITIZE})
+    if(CUSTOMSTYLE_FUZZ)
+      # All our code counts its branches; only the fuzzers get the engine.
+      target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
   elseif(CUSTOMSTYLE_HARDENED)
     customstyle_harden(${target})
   endif()
