@@ -65,7 +65,7 @@ private:
         if (kind > 1) return m_input.oneOf(kWords);
         std::string text = m_input.text(40);
         for (std::size_t doublings = kind == 1 ? m_input.below(10) : 0; doublings > 0; --doublings) text += text;
-        return text.c_str();
+        return text.substr(0, text.find('\0'));
     }
 
     void askTypes() {

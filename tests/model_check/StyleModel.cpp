@@ -123,8 +123,8 @@ void StyleModel::apply(const Rule& rule) {
     if (!rule.stylers) return log.push_back(warning("stylers", " is illegal or absent"));
 
     std::string element = *path;
-    while (element.find('.') != std::string::npos && element.find('.') > 0)
-        element = element.substr(element.find('.') + 1);
+    for (auto dot = element.find('.'); dot != std::string::npos && dot != 0; dot = element.find('.'))
+        element = element.substr(dot + 1);
     const bool mentionsLabels = path->find("labels") != std::string::npos || path->find("all") != std::string::npos;
     const auto level = textOf(*rule.stylers, "level");
     const Frame frame{static_cast<int>(found - kNames.begin()),

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
-#include "support/PlainText.h"
 #include "check/Report.h"
+#include "support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {

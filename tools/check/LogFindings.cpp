@@ -6,9 +6,9 @@
 #include <iterator>
 
 #include "check/DocumentFindings.h"
-#include "support/Spelling.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
+#include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
