@@ -100,6 +100,15 @@ TEST_F(StoreUpdate, KeysTakeSlotsInTheOrderInWhichTheyAreFirstSeen) {
     EXPECT_EQ(m_config.m_keyStyleMaps.at("3:21"), &m_config.m_levelStyleMaps[2]);
 }
 
+TEST_F(StoreUpdate, KeysOfAnyLengthThatDifferInOneCharacterAreDifferentKeys) {
+    int keys = 0;
+    for (const int level : {10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000}) {
+        for (const int digit : {1, 2, 3, 1}) update(kHighway, 0, level + digit);
+        keys += 3;
+        EXPECT_EQ(m_config.m_usedLevelSlots, keys) << level;
+    }
+}
+
 TEST_F(StoreUpdate, TheFirstMarkOfAKeyStays) {
     update(kHighway, 2, 0);
     update(kHighway, 1, 0);
