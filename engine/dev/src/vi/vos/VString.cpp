@@ -82,6 +82,7 @@ void CVString::Format(const char* format, ...) {
     va_start(arguments, format);
     std::va_list measured;
     va_copy(measured, arguments);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_copy made it, which the check overlooks
     const int length = std::vsnprintf(nullptr, 0, format, measured);
     va_end(measured);
     std::string utf8(static_cast<std::size_t>(std::max(length, 0)), '\0');
