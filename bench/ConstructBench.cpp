@@ -2,6 +2,7 @@
 // its two tables of feature type names?
 #include <benchmark/benchmark.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -52,7 +53,9 @@ void construct(benchmark::State& state) {
 bool tablesAgree() {
     const CustomConfig config;
     const PlainObject plain;
-    return config.m_featureTypeIds == plain.ids && config.m_featureTypeNames == plain.names;
+    const std::map<std::string, int> ids(config.m_featureTypeIds.begin(), config.m_featureTypeIds.end());
+    return ids == std::map<std::string, int>(plain.ids.begin(), plain.ids.end()) &&
+           config.m_featureTypeNames == plain.names;
 }
 
 }  // namespace
