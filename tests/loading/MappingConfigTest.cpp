@@ -181,6 +181,13 @@ TEST_F(MappingConfig, WithoutATypeInTheMiddleTheEarlierOnesAreKept) {
     for (int type = 13; type <= kGrid; ++type) EXPECT_THAT(styleIds(m_config, type), IsEmpty()) << type;
 }
 
+TEST_F(MappingConfig, ATypeWithoutANameIsPassedOver) {
+    m_config.m_featureTypeNames.erase(13);
+    EXPECT_EQ(m_config.ParseMappingConfig(mappingWithout("highway").get()), 1);
+    EXPECT_THAT(styleIds(m_config, 13), IsEmpty());
+    EXPECT_EQ(styleIds(m_config, 14).size(), 2U);
+}
+
 struct ValueCase {
     const char* name;
     const char* json;

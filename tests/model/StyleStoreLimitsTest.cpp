@@ -58,6 +58,14 @@ TEST_P(UnknownFeatureType, HasItsTypeKeyTextAllTheSame) {
     EXPECT_EQ(std::string(key), std::to_string(GetParam()));
 }
 
+TEST_P(UnknownFeatureType, HasItsLevelKeyTextUpTo15Characters) {
+    char key[16];
+    for (const int level : {4, 15, 123, -4567}) {
+        m_config.UpdateCustomStyleMap(key, GetParam(), 0, level);
+        EXPECT_EQ(key, (std::to_string(GetParam()) + ":" + std::to_string(level)).substr(0, 15));
+    }
+}
+
 TEST_P(UnknownFeatureType, HasALevelKeyTextWithin16Characters) {
     char key[24];
     std::ranges::fill(key, 'x');
@@ -67,7 +75,9 @@ TEST_P(UnknownFeatureType, HasALevelKeyTextWithin16Characters) {
     EXPECT_EQ(std::string(key + 16, 8), "xxxxxxxx");
 }
 
-INSTANTIATE_TEST_SUITE_P(StoreLimits, UnknownFeatureType, testing::Values(-1, -13, 73, 1000, kIntMin, kIntMax));
+INSTANTIATE_TEST_SUITE_P(StoreLimits, UnknownFeatureType,
+                         testing::Values(-1, -13, 73, 1000, -12345, 123456, 1234567, 12345678, 123456789, kIntMin,
+                                         kIntMax));
 
 // ---- Slots ----------------------------------------------------------------------------------------------------------
 

@@ -6,7 +6,6 @@
 #include <span>
 
 #include "CustomConfig.h"
-#include "model/FeatureTypeTable.h"
 #include "styling/ElementWord.h"
 #include "styling/ShortList.h"
 
@@ -107,11 +106,10 @@ inline bool namesCompanion(const Steps& steps) {
     });
 }
 
-/// Runs a row's steps: calls `apply(Target, int featureType)` for each, in order. An id outside the catalogue has no
-/// records and no companion, so nothing happens for it.
+/// Runs a row's steps: calls `apply(Target, int featureType)` for each, in order. An id outside the catalogue counts as
+/// one of a type 1 to 70, without a companion; its records are refused where they would be registered.
 template <typename Apply>
 void runSteps(const CustomConfig& config, const DispatchRow& row, int featureType, int includesLabels, Apply apply) {
-    if (!isFeatureType(featureType)) return;
     const Steps& steps = row.steps[static_cast<std::size_t>(audienceOf(featureType, includesLabels))];
     const int companion = namesCompanion(steps) ? config.UpdateFeatureTypeId(featureType) : -1;
     for (const Step step : steps) {
