@@ -8,6 +8,7 @@
 #include "check/MappingCheck.h"
 #include "check/StyleCheck.h"
 #include "check/WhatIf.h"
+#include "replay/MappingSource.h"
 
 namespace customstyle_test {
 

@@ -94,10 +94,5 @@ TEST(MappingCheck, QuotesWhatTheComponentLogs) {
     EXPECT_EQ(logOf("{"), "ZRX Custom Map: CustomIndex file parse failed, format error");
 }
 
-TEST(RepresentativeMapping, KeepsOneStyleIdForEachSetOfTypes) {
-    const std::string mapping = mappingWith("water", "[50, 51, 1001, 52]");
-    EXPECT_THAT(representativeMapping(mapping), HasSubstr(R"("green":[1001],"water":[50,1001],)"));
-}
-
 }  // namespace
 }  // namespace customstyle_test

@@ -41,6 +41,12 @@ TEST(FindingText, ShowsNothingThatSteersATerminal) {
     EXPECT_THAT(text, HasSubstr("\\u001b[31m\\u001b[2J"));
 }
 
+TEST(FindingText, CutsWhatALongNameWouldFill) {
+    const CheckedFile checked = checkedStyle("[" + ruleText(std::string(100'000, 'x'), "all", "{}") + "]");
+    EXPECT_LT(findingText(checked.findings.at(0)).size(), 2'000U);
+    EXPECT_THAT(findingText(checked.findings.at(0)), HasSubstr("log: ZRX Custom Map: warning, \"featureType:xxx"));
+}
+
 TEST(JsonReport, HoldsEveryFinding) {
     const json report = json::parse(reportJson(one(checkedStyle(kTwoMistakes))));
     EXPECT_EQ(report.at("version"), 1);

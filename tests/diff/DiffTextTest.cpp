@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "diff/DiffText.h"
-#include "explain/LoadedText.h"
+#include "replay/LoadedText.h"
 #include "support/TestStore.h"
 
 namespace customstyle_test {

@@ -13,7 +13,7 @@
 
 #include "diff/StyleDiff.h"
 #include "explain/Explainer.h"
-#include "explain/LoadedText.h"
+#include "replay/LoadedText.h"
 #include "support/RandomFiles.h"
 #include "support/TestStore.h"
 

@@ -63,6 +63,7 @@ def main(tool, manual_path, completion):
     subcommands = set(subcommands_of(top))
     expect_equal("manual: subcommands", subcommands, set(sections))
     expect_equal("manual: synopsis", subcommands, set(re.findall(r"^\.Cm (\w+)$", text.split(".Sh DESC")[0], re.MULTILINE)))
+    expect_equal("manual: options", options_of(top), manual_options(text.split(".Sh DESC")[0].split(".Cm")[0]))
     expect_equal("completion: subcommands", subcommands | options_of(top), completed(completion, ""))
     for subcommand in sorted(subcommands & set(sections)):
         help_text = help_of(tool, subcommand)

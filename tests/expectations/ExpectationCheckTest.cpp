@@ -4,7 +4,7 @@
 #include <string>
 
 #include "expectations/ExpectationCheck.h"
-#include "explain/LoadedText.h"
+#include "replay/LoadedText.h"
 #include "support/TestStore.h"
 
 namespace customstyle_test {

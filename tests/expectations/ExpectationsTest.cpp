@@ -4,7 +4,7 @@
 #include <string>
 
 #include "expectations/Expectations.h"
-#include "explain/LoadedText.h"
+#include "replay/LoadedText.h"
 #include "support/TestStore.h"
 
 namespace customstyle_test {
@@ -186,6 +186,15 @@ TEST(ExpectationLines, AreReadOnBehindAProblem) {
     EXPECT_EQ(result.expectations.size(), 1U);
     ASSERT_EQ(result.problems.size(), 2U);
     EXPECT_EQ(file.place(result.problems[1].offset), "file:3:4");
+}
+
+TEST(FileOfProblems, IsNotReadToItsEnd) {
+    std::string text;
+    for (int i = 0; i < 1000; ++i) text += "lorem ipsum\n";
+    const SourceFile file("file", text + "water all none\n");
+    const ExpectationFile result = parsedFile(file);
+    EXPECT_EQ(result.problems.size(), customstyle_tool::kMostProblems);
+    EXPECT_TRUE(result.expectations.empty());
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "explain/ExplanationText.h"
-#include "explain/LoadedText.h"
+#include "replay/LoadedText.h"
 #include "support/TestStore.h"
 
 namespace customstyle_test {

@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "explain/Accounts.h"
-#include "explain/LoadedText.h"
+#include "replay/LoadedText.h"
 #include "support/RandomFiles.h"
 #include "support/TestStore.h"
 

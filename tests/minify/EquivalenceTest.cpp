@@ -7,6 +7,7 @@
 
 #include "minify/Equivalence.h"
 #include "minify/RandomStyle.h"
+#include "replay/LoadedStyle.h"
 #include "replay/StoreDifference.h"
 #include "support/DefaultMapping.h"
 #include "support/LogCapture.h"
@@ -29,7 +30,7 @@ std::vector<int> everyType() {
 
 // The log is to be silenced by the caller.
 bool areSame(const std::string& left, const std::string& right) {
-    return haveSameStyles(*storeFor(defaultMapping(), left), *storeFor(defaultMapping(), right), everyType());
+    return haveSameStyles(*storeOf(defaultMapping(), left), *storeOf(defaultMapping(), right), everyType());
 }
 
 const auto kBlue = rule("water", "geometry.fill").color("#0000ff");
@@ -74,8 +75,8 @@ TEST(SameStyles, DifferInTheIconsOfTheMap) {
 
 TEST(SameStyles, LookAtTheNamedTypesOnly) {
     const LogSilence quiet;
-    const auto empty = storeFor(defaultMapping(), "[]");
-    const auto blue = storeFor(defaultMapping(), styleOf({kBlue}));
+    const auto empty = storeOf(defaultMapping(), "[]");
+    const auto blue = storeOf(defaultMapping(), styleOf({kBlue}));
     EXPECT_TRUE(haveSameStyles(*empty, *blue, {0, 1, 3}));
     EXPECT_FALSE(haveSameStyles(*empty, *blue, {2}));
 }
@@ -103,9 +104,9 @@ TEST(SameStyles, GiveEqualAnswersOnEveryMapping) {
         if (!areSame(style, shorter)) continue;
         ++same;
         const std::string mapping = randomMapping(random);
-        EXPECT_FALSE(fullDifferenceBetween(*storeFor(mapping, style), *storeFor(mapping, shorter)).any()) << style;
+        EXPECT_FALSE(fullDifferenceBetween(*storeOf(mapping, style), *storeOf(mapping, shorter)).any()) << style;
         EXPECT_FALSE(
-            differenceBetween(*storeFor(mappingOfAllPairs(), style), *storeFor(mappingOfAllPairs(), shorter)).any())
+            differenceBetween(*storeOf(mappingOfAllPairs(), style), *storeOf(mappingOfAllPairs(), shorter)).any())
             << style;
     }
     EXPECT_GT(same, 10);
@@ -120,10 +121,10 @@ TEST(MappingOfAllPairs, TellsApartWhatAnyMappingTells) {
         const std::string style = customstyle_test::randomStyle(random, 6);
         const std::string shorter = customstyle_test::withoutOneRule(random, style);
         const std::string mapping = randomMapping(random);
-        if (!fullDifferenceBetween(*storeFor(mapping, style), *storeFor(mapping, shorter)).any()) continue;
+        if (!fullDifferenceBetween(*storeOf(mapping, style), *storeOf(mapping, shorter)).any()) continue;
         ++told;
         EXPECT_TRUE(
-            differenceBetween(*storeFor(mappingOfAllPairs(), style), *storeFor(mappingOfAllPairs(), shorter)).any())
+            differenceBetween(*storeOf(mappingOfAllPairs(), style), *storeOf(mappingOfAllPairs(), shorter)).any())
             << style;
     }
     EXPECT_GT(told, 10);

@@ -8,9 +8,9 @@
 #include <string>
 #include <variant>
 
-#include "minify/Equivalence.h"
 #include "minify/Minifier.h"
 #include "minify/RandomStyle.h"
+#include "replay/LoadedStyle.h"
 #include "replay/StoreDifference.h"
 #include "support/LogCapture.h"
 #include "support/TestStore.h"
@@ -39,7 +39,7 @@ std::string exampleMapping() {
 void expectSameAnswers(const std::string& mapping, const std::string& left, const std::string& right) {
     const LogSilence quiet;
     const QueriesEnabled enabled;
-    EXPECT_FALSE(fullDifferenceBetween(*storeFor(mapping, left), *storeFor(mapping, right)).any()) << left << right;
+    EXPECT_FALSE(fullDifferenceBetween(*storeOf(mapping, left), *storeOf(mapping, right)).any()) << left << right;
 }
 
 void expectSmallAndEqual(const std::string& style, const std::string& mapping) {

@@ -45,6 +45,12 @@ TEST(StyleIdsByType, AreRepresentedOnceForEachSetOfTypesAndByTheFirstOfEachType)
     EXPECT_THAT(ids.representatives(), ElementsAre(1, 3, 4, 5));
 }
 
+TEST(RepresentativeMapping, KeepsOneStyleIdForEachSetOfTypes) {
+    const std::string mapping = R"({"land":[],"green":[1001],"water":[50,51,1001,52]})";
+    EXPECT_THAT(customstyle_tool::representativeMapping(mapping),
+                testing::StartsWith(R"({"land":[],"green":[1001],"water":[50,1001],)"));
+}
+
 class RepresentativesOfARandomMapping : public testing::TestWithParam<unsigned> {};
 
 TEST_P(RepresentativesOfARandomMapping, AreStyledLikeAllThatStandUnderTheSameTypes) {

@@ -6,8 +6,8 @@
 #include <utility>
 #include <variant>
 
-#include "replay/SourceFile.h"
 #include "support/RandomFiles.h"
+#include "support/SourceFile.h"
 #include "support/StyleBuilder.h"
 
 namespace customstyle_test {

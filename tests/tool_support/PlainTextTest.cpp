@@ -80,5 +80,19 @@ TEST(Excerpt, IsCutAroundThePlaceInALongLine) {
     EXPECT_EQ(excerpt.carets.size(), excerpt.line.find("XY") + 2);
 }
 
+TEST(ShortenedText, IsCutBetweenCharacters) {
+    EXPECT_EQ(shortened("highway", 7), "highway");
+    EXPECT_EQ(shortened("highways", 7), "highway...");
+    EXPECT_EQ(shortened("stra\xC3\x9F"
+                        "e",
+                        5),
+              "stra...");
+}
+
+TEST(QuotedText, IsCutWhereItIsLong) {
+    EXPECT_EQ(inQuotes("water"), "\"water\"");
+    EXPECT_EQ(inQuotes(std::string(61, 'x')), '"' + std::string(60, 'x') + "...\"");
+}
+
 }  // namespace
 }  // namespace customstyle_test

@@ -10,9 +10,6 @@
 namespace customstyle_tool {
 namespace {
 
-// A quoted text of more bytes than this is cut.
-constexpr std::size_t kLongestQuote = 60;
-
 struct FaultCode {
     JsonFault fault;
     Code code;
@@ -68,7 +65,7 @@ void addCutTexts(std::vector<Finding>& findings, const SourceFile& file, JsonVal
     const auto add = [&](TextRange range, const std::string& read) {
         Finding& finding = findings.emplace_back(findingAt(
             file, Code::TextCutAtNul, range, value.path(),
-            fmt::format("the component reads only {}: a text ends at its first zero character", quoted(read))));
+            fmt::format("the component reads only {}: a text ends at its first zero character", inQuotes(read))));
         finding.rule = ruleOf(value);
     };
     if (value.wholeName().size() > value.name().size()) add(value.nameRange(), value.name());
@@ -104,13 +101,6 @@ std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& d
 std::string_view kindName(JsonKind kind) {
     constexpr std::string_view kNames[] = {"null", "false", "true", "a number", "a text", "a list", "an object"};
     return kNames[static_cast<std::size_t>(kind)];
-}
-
-std::string quoted(std::string_view text) {
-    if (text.size() <= kLongestQuote) return fmt::format("\"{}\"", text);
-    std::size_t end = kLongestQuote;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-    return fmt::format("\"{}...\"", text.substr(0, end));
 }
 
 }  // namespace customstyle_tool

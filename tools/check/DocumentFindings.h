@@ -9,7 +9,8 @@
 #include "check/Finding.h"
 #include "json/JsonDocument.h"
 #include "json/JsonError.h"
-#include "replay/SourceFile.h"
+#include "support/PlainText.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 
@@ -25,8 +26,5 @@ std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& d
 
 /// What kind of value it is, with its article: "a number", "an object".
 std::string_view kindName(JsonKind kind);
-
-/// A text as messages quote it: in double quotes, cut when it is long.
-std::string quoted(std::string_view text);
 
 }  // namespace customstyle_tool

@@ -100,6 +100,17 @@ std::string partialText(const Effect& effect, bool isForOneLevel) {
     return text;
 }
 
+// The time grows with the square of the number: half a minute for so many on a small machine.
+constexpr std::size_t kMostStepsToProve = 15'000;
+
+void addUnproven(StyleUnderCheck& check) {
+    const std::size_t begin = check.style().document().root().range().begin;
+    check.addToFile(Code::EffectsUnproven, {begin, begin + 1},
+                    fmt::format("the file has {} rules, too many to prove what each of them does; rules without effect "
+                                "are not found",
+                                check.rules().size()));
+}
+
 class EffectCheck {
 public:
     EffectCheck(StyleUnderCheck& check, const std::vector<ProvenEffect>& effects)
@@ -189,6 +200,7 @@ private:
 }  // namespace
 
 void findEffects(StyleUnderCheck& check, std::string_view mapping, const Progress& progress) {
+    if (check.steps().size() > kMostStepsToProve) return addUnproven(check);
     const std::vector<ProvenEffect> effects = proveEffects(mapping, check.style(), progress);
     const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
     EffectCheck(check, effects).run();

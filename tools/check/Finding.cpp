@@ -19,9 +19,4 @@ void sortFindings(std::vector<Finding>& findings) {
     findings.erase(std::unique(findings.begin(), findings.end(), isRepetition), findings.end());
 }
 
-bool hasSeverity(const std::vector<Finding>& findings, Severity severity) {
-    return std::ranges::any_of(findings,
-                               [&](const Finding& finding) { return infoOf(finding.code).severity == severity; });
-}
-
 }  // namespace customstyle_tool

@@ -7,7 +7,7 @@
 
 #include "check/FindingCodes.h"
 #include "json/JsonDocument.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 
@@ -31,8 +31,5 @@ struct Finding {
 
 /// Orders by place, then code, then message, and removes repetitions.
 void sortFindings(std::vector<Finding>& findings);
-
-/// Whether a finding of this severity is among them.
-bool hasSeverity(const std::vector<Finding>& findings, Severity severity);
 
 }  // namespace customstyle_tool

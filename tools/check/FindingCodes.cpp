@@ -311,6 +311,11 @@ constexpr CodeInfo kInfos[] = {
      "nothing, if that is what you mean",
      R"([{"featureType": "city", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
  {"featureType": "city", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366", "level": "9"}}])"},
+    {Code::EffectsUnproven, "effects-unproven", Warning, Style, "too many rules for proofs",
+     "To prove that a rule has an effect, the rest of the file is loaded without it. With more than 15,000 stylers in all that "
+     "would take too long, so rules without effect are not found.",
+     "take out what has no effect, which \"customstyle minify\" does for you, and check the result",
+     R"((15,001 rules))"},
     {Code::SlotsNearlyFull, "slots-nearly-full", Warning, Style, "nearly too many style keys",
      "Each type, and each type at each level, for which a rule writes takes one of 1,241 places of the store. The file "
      "takes more than four fifths of them.",
@@ -414,6 +419,13 @@ std::string rulesForLevelsTo(int highest, std::size_t marked) {
     return rules + "]";
 }
 
+std::string rulesInNumber(std::size_t count) {
+    const std::string rule = R"({"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}})";
+    std::string rules = "<<[>>" + rule;
+    for (std::size_t i = 1; i < count; ++i) rules += ",\n " + rule;
+    return rules + "]";
+}
+
 void replaceAll(std::string& text, std::string_view word, const std::string& by) {
     for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + by.size())) {
         text.replace(at, word.size(), by);
@@ -431,6 +443,7 @@ std::string expanded(std::string text) {
     replaceAll(text, R"((every type but "green" and "water"))", mappingMembersWithout({"green", "water"}));
     if (text == "(70 types at levels 4 to 18)") return rulesForLevelsTo(18, 993);
     if (text == "(70 types at levels 4 to 21)") return rulesForLevelsTo(21, 1242);
+    if (text == "(15,001 rules)") return rulesInNumber(15'001);
     return text;
 }
 

@@ -85,6 +85,7 @@ enum class Code : std::uint8_t {
     NoEffect,
     SharedIdsLost,
     PartialEffect,
+    EffectsUnproven,
     SlotsNearlyFull,
     SlotsExceeded,
     OtherLogLine,

@@ -8,6 +8,7 @@
 
 #include "CustomConfig.h"
 #include "check/WhatIf.h"
+#include "support/LoadedMap.h"
 #include "vi/vos/VLog.h"
 
 namespace customstyle_tool {
@@ -15,8 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using _orvik_vi::CVLog;
-
-constexpr char kMappingName[] = "CustomIndex";
 
 std::string firstLineOfLoading(const std::string& mappingPrefix, const std::string& stylePath) {
     std::string first;
@@ -36,7 +35,7 @@ public:
         std::string name = (fs::temp_directory_path(error) / "customstyle-XXXXXX").string();
         if (error || ::mkdtemp(name.data()) == nullptr) return;
         m_path = name;
-        std::ofstream(m_path / kMappingName) << oneIdPerType();
+        std::ofstream(mappingFileIn(m_path.string())) << oneIdPerType();
     }
     ~MappingDirectory() {
         std::error_code ignored;
@@ -57,7 +56,7 @@ private:
 std::string logOfMapping(const SourceFile& mapping) {
     const fs::path path(mapping.path());
     std::error_code error;
-    if (path.filename() != kMappingName || !fs::is_regular_file(path, error)) return {};
+    if (path != mappingFileIn(path.parent_path().string()) || !fs::is_regular_file(path, error)) return {};
     const std::string prefix = path.parent_path().empty() ? "./" : (path.parent_path() / "").string();
     return firstLineOfLoading(prefix, mapping.path());
 }

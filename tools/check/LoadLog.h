@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -62,7 +62,7 @@ std::vector<std::string> typeNames(const _orvik_framework::CustomConfig& catalog
 void featureTypeUnknown(const LoggedLine& logged) {
     const std::string& name = logged.rule.typeName;
     Finding& finding = logged.add(Code::TypeUnknown, *logged.rule.featureType,
-                                  fmt::format("there is no feature type {}; the rule is skipped", quoted(name)));
+                                  fmt::format("there is no feature type {}; the rule is skipped", inQuotes(name)));
     const auto nearest = likelyName(name, typeNames(logged.check.catalogue()));
     if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
 }
@@ -87,10 +87,10 @@ void stylersAbsent(const LoggedLine& logged) {
 Finding* suspectIn(StyleUnderCheck& check, const RuleView& rule) {
     constexpr Code kSuspects[] = {Code::ValueNotText, Code::MemberLetterCase, Code::MemberUnknown};
     for (const Code code : kSuspects) {
-        for (Finding& finding : check.findings()) {
-            const bool isInStylers = finding.rule == rule.place && finding.range.begin > rule.stylers->range().begin &&
-                                     finding.range.end < rule.stylers->range().end;
-            if (isInStylers && finding.code == code) return &finding;
+        for (Finding* finding : check.findingsOf(rule)) {
+            const bool isInStylers =
+                finding->range.begin > rule.stylers->range().begin && finding->range.end < rule.stylers->range().end;
+            if (isInStylers && finding->code == code) return finding;
         }
     }
     return nullptr;
@@ -142,21 +142,21 @@ void elementInvalid(const LoggedLine& logged) {
     const bool isKnown = std::ranges::any_of(
         kStylers, [&](std::string_view other) { return acceptsStyler(rule.typeName, rule.path, other); });
     const std::string message =
-        isKnown ? fmt::format("{} has no {}; the styler is dropped", quoted(rule.path), styler)
-                : fmt::format("there is no element {}; the {} is dropped", quoted(rule.path), styler);
+        isKnown ? fmt::format("{} has no {}; the styler is dropped", inQuotes(rule.path), styler)
+                : fmt::format("there is no element {}; the {} is dropped", inQuotes(rule.path), styler);
     logged.add(isKnown ? Code::ElementNotForStyler : Code::ElementUnknown, *rule.elementType, message).remedy =
         elementRemedy(rule, styler);
 }
 
 void fontSizeNeedsLabelType(const LoggedLine& logged) {
     logged.add(Code::FontsizeWithoutLabels, *logged.rule.featureType,
-               fmt::format("{} has no labels; the font size is dropped", quoted(logged.rule.typeName)));
+               fmt::format("{} has no labels; the font size is dropped", inQuotes(logged.rule.typeName)));
 }
 
 void fontSizeNeedsLabels(const LoggedLine& logged) {
     logged
         .add(Code::FontsizeWithoutLabels, *logged.rule.elementType,
-             fmt::format("{} names no labels; the font size is dropped", quoted(logged.rule.path)))
+             fmt::format("{} names no labels; the font size is dropped", inQuotes(logged.rule.path)))
         .remedy = elementRemedy(logged.rule, logged.step.styler);
 }
 
@@ -166,7 +166,7 @@ void visibilityIllegal(const LoggedLine& logged) {
     const JsonValue value = *logged.rule.member("visibility");
     Finding& finding =
         logged.add(Code::VisibilityUnknown, value,
-                   fmt::format("{} is neither \"on\" nor \"off\"; the styler is dropped", quoted(value.text())));
+                   fmt::format("{} is neither \"on\" nor \"off\"; the styler is dropped", inQuotes(value.text())));
     const std::vector<std::string> values{"on", "off"};
     const auto nearest = likelyName(value.text(), values);
     if (nearest) finding.remedy = fmt::format("write \"{}\"", *nearest);
@@ -181,7 +181,7 @@ void sizeNotDigits(const LoggedLine& logged) {
     }
     Finding& finding =
         logged.add(Code::SizeNotDigits, value,
-                   fmt::format("{} is not only digits; the {} is dropped", quoted(text), logged.step.styler));
+                   fmt::format("{} is not only digits; the {} is dropped", inQuotes(text), logged.step.styler));
     if (!digits.empty())
         finding.remedy = fmt::format("write \"{}\", or another whole number up to 255", digits.substr(0, 9));
 }

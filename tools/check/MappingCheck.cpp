@@ -6,16 +6,18 @@
 #include <cmath>
 #include <map>
 #include <memory>
-#include <set>
+#include <optional>
+#include <unordered_map>
 #include <utility>
 
 #include "CustomConfig.h"
 #include "check/DocumentFindings.h"
 #include "check/LoadLog.h"
-#include "support/Spelling.h"
+#include "json/JsonScalars.h"
 #include "replay/MappingSource.h"
 #include "replay/SingleRules.h"
 #include "support/Answers.h"
+#include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
@@ -33,22 +35,36 @@ std::vector<std::string> typeNames() {
     return names;
 }
 
-// Whether the renderer can be answered about a style id that stands in a mapping.
-bool canBeFound(int styleId) {
-    const auto config = std::make_unique<CustomConfig>();
-    void* key = reinterpret_cast<void*>(static_cast<std::intptr_t>(styleId));
-    _orvik_framework::tagCustomStyle record{};
-    record.m_custom = 1;
-    config->m_levelStyleMaps[0][key] = &record;
-    config->m_keyStyleMaps.emplace("0", &config->m_levelStyleMaps[0]);
-    config->m_styleEffectLevels.emplace("0", 1);
-    const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
-    const bool found = ask(*config, static_cast<unsigned int>(styleId), 0).featureType == 0;
-    g_zrsdk_custom_style_enable = wasEnabled;
-    config->m_keyStyleMaps.clear();
-    config->m_levelStyleMaps[0].RemoveAll();
-    return found;
-}
+// A store with one record of the land, to see whether the renderer can be answered about a style id.
+class LookupProbe {
+public:
+    LookupProbe() {
+        m_record.m_custom = 1;
+        m_config->m_keyStyleMaps.emplace("0", &slot());
+        m_config->m_styleEffectLevels.emplace("0", 1);
+    }
+    ~LookupProbe() {
+        m_config->m_keyStyleMaps.clear();  // the record is not the store's to free
+        slot().RemoveAll();
+    }
+    LookupProbe(const LookupProbe&) = delete;
+    LookupProbe& operator=(const LookupProbe&) = delete;
+
+    bool canBeFound(int styleId) {
+        slot().RemoveAll();
+        slot()[reinterpret_cast<void*>(static_cast<std::intptr_t>(styleId))] = &m_record;
+        const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
+        const bool found = ask(*m_config, static_cast<unsigned int>(styleId), 0).featureType == 0;
+        g_zrsdk_custom_style_enable = wasEnabled;
+        return found;
+    }
+
+private:
+    _orvik_framework::CVMapPtrToPtr& slot() { return m_config->m_levelStyleMaps[0]; }
+
+    std::unique_ptr<CustomConfig> m_config = std::make_unique<CustomConfig>();
+    _orvik_framework::tagCustomStyle m_record{};
+};
 
 std::string idsText(const std::vector<int>& ids) {
     const std::size_t named = std::min(ids.size(), kNamedIds);
@@ -68,7 +84,10 @@ public:
                             kindName(m_root.kind())));
             return std::move(m_findings);
         }
-        for (const JsonValue member : m_root.children()) checkMember(member);
+        for (const JsonValue member : m_root.children()) {
+            m_firsts.try_emplace(inLowerCase(member.name()), member);
+            checkMember(member);
+        }
         addMissing();
         for (const std::string& name : m_typeNames) checkType(name);
         addShared();
@@ -95,33 +114,35 @@ private:
     // ---- Names
     // -------------------------------------------------------------------------------------------------------
 
-    bool isTypeMember(JsonValue member) const {
-        return std::ranges::any_of(m_typeNames, [&](const std::string& name) {
-            const auto found = JsonValue(m_root).firstMemberIgnoringCase(name);
-            return found && *found == member;
-        });
+    bool isTypeName(const std::string& name) const { return std::ranges::find(m_typeNames, name) != m_typeNames.end(); }
+
+    // The member that the component takes.
+    std::optional<JsonValue> memberOf(const std::string& typeName) const {
+        const auto found = m_firsts.find(typeName);
+        if (found == m_firsts.end()) return {};
+        return found->second;
     }
 
     void checkMember(JsonValue member) {
-        const auto first = m_root.firstMemberIgnoringCase(member.name());
-        if (first && *first != member) {
-            Finding& finding =
-                add(Code::MemberDoubled, member.nameRange(), member,
-                    fmt::format("{} stands here once more; the component takes the first one", quoted(member.name())));
-            finding.related.push_back({first->nameRange(), "the first one"});
-        } else if (!isTypeMember(member)) {
+        const JsonValue first = m_firsts.at(inLowerCase(member.name()));
+        if (first != member) {
+            Finding& finding = add(
+                Code::MemberDoubled, member.nameRange(), member,
+                fmt::format("{} stands here once more; the component takes the first one", inQuotes(member.name())));
+            finding.related.push_back({first.nameRange(), "the first one"});
+        } else if (!isTypeName(inLowerCase(member.name()))) {
             addUnknown(member);
-        } else if (std::ranges::find(m_typeNames, member.name()) == m_typeNames.end()) {
+        } else if (!isTypeName(member.name())) {
             add(Code::MemberCaseAccepted, member.nameRange(), member,
                 fmt::format("the component finds {} all the same, but feature types are spelt in lower case",
-                            quoted(member.name())));
+                            inQuotes(member.name())));
         }
     }
 
     void addUnknown(JsonValue member) {
         Finding& finding = add(Code::MappingNameUnknown, member.nameRange(), member,
                                fmt::format("there is no feature type {} to map; the component passes over the list",
-                                           quoted(member.name())));
+                                           inQuotes(member.name())));
         const auto nearest = likelyName(member.name(), m_typeNames);
         if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
     }
@@ -129,7 +150,7 @@ private:
     void addMissing() {
         std::vector<std::string> missing;
         std::ranges::copy_if(m_typeNames, std::back_inserter(missing),
-                             [&](const std::string& name) { return !m_root.firstMemberIgnoringCase(name); });
+                             [&](const std::string& name) { return !memberOf(name); });
         if (missing.empty()) return;
         const TextRange start{m_root.range().begin, m_root.range().begin + 1};
         add(Code::MappingTypeMissing, start, m_root,
@@ -142,7 +163,7 @@ private:
     // -------------------------------------------------------------------------------------------------------
 
     void checkType(const std::string& name) {
-        const auto list = m_root.firstMemberIgnoringCase(name);
+        const auto list = memberOf(name);
         if (!list) return;
         if (list->kind() != JsonKind::Array) {
             add(Code::MappingNotList, *list,
@@ -172,7 +193,7 @@ private:
         } else if (read == 0) {
             add(Code::MappingIdZero, element,
                 "0 is dropped at the begin of a list and behind another 0, and is no style id elsewhere");
-        } else if (!canBeFound(read)) {
+        } else if (!m_lookup.canBeFound(read)) {
             add(Code::MappingIdNeverFound, element, "no question of the renderer finds a negative style id");
         } else {
             return true;
@@ -231,7 +252,9 @@ private:
 
     const SourceFile& m_file;
     JsonValue m_root;
+    LookupProbe m_lookup;
     std::vector<std::string> m_typeNames;
+    std::unordered_map<std::string, JsonValue> m_firsts;  // of members with one name, by the name in small letters
     std::map<int, std::vector<Listing>> m_listings;
     std::vector<Finding> m_findings;
 };
@@ -272,13 +295,6 @@ std::vector<Finding> checkMapping(const SourceFile& file, bool effects) {
 bool isAcceptedMapping(std::string_view text) {
     const Tree tree = componentTree(text);
     return tree != nullptr && CustomConfig().ParseMappingConfig(tree.get()) == 1;
-}
-
-std::string representativeMapping(std::string_view text) {
-    CustomConfig config;
-    config.ParseMappingConfig(componentTree(text).get());
-    const StyleIdsByType ids(config);
-    return ids.mappingWithOnly(ids.representatives());
 }
 
 }  // namespace customstyle_tool

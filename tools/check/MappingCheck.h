@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "check/Finding.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 
@@ -15,8 +15,4 @@ std::vector<Finding> checkMapping(const SourceFile& file, bool effects = false);
 
 /// Whether the component accepts a mapping.
 bool isAcceptedMapping(std::string_view text);
-
-/// A mapping with few style ids that speak for all of an accepted one: rules treat the records of a type alike.
-std::string representativeMapping(std::string_view text);
-
 }  // namespace customstyle_tool

@@ -4,31 +4,21 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <string>
+#include <unordered_map>
 
 #include "check/DocumentFindings.h"
-#include "support/Spelling.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
 #include "json/JsonScalars.h"
+#include "support/RemarkMembers.h"
+#include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
 
 const std::vector<std::string> kRuleMembers{"featureType", "elementType", "stylers"};
 const std::vector<std::string> kStylerMembers{"color", "visibility", "weight", "fontsize", "level"};
-constexpr std::string_view kNoteNames[] = {"note", "notes", "comment",     "comments", "remark",
-                                           "name", "title", "description", "id",       "todo"};
-
-bool equalIgnoringCase(std::string_view left, std::string_view right) {
-    return std::ranges::equal(left, right, {}, lowerCase, lowerCase);
-}
-
-bool isNote(std::string_view name) {
-    const bool marked =
-        name.starts_with('_') || name.starts_with('$') || name.starts_with('#') || name.starts_with("//");
-    const auto isName = [&](std::string_view note) { return equalIgnoringCase(name, note); };
-    return marked || std::ranges::any_of(kNoteNames, isName);
-}
 
 const std::string* find(const std::vector<std::string>& names, std::string_view name) {
     const auto found =
@@ -53,30 +43,23 @@ public:
         : m_check(check), m_rule(rule), m_place(place) {}
 
     void run(JsonValue object) {
+        std::unordered_map<std::string, JsonValue> firsts;
         for (const JsonValue member : object.children()) {
-            if (const auto first = earlierNamesake(object, member)) {
-                addDoubled(member, *first);
-            } else {
-                checkMember(member);
-            }
+            const auto [first, isNew] = firsts.try_emplace(inLowerCase(member.name()), member);
+            isNew ? checkMember(member) : addDoubled(member, first->second);
         }
     }
 
 private:
-    static std::optional<JsonValue> earlierNamesake(JsonValue object, JsonValue member) {
-        const std::optional<JsonValue> first = object.firstMemberIgnoringCase(member.name());
-        return first && *first != member ? first : std::nullopt;
-    }
-
     Finding& add(Code code, JsonValue member, std::string message) {
         return m_check.add(code, m_rule, member.nameRange(), member.path(), std::move(message));
     }
 
     void addDoubled(JsonValue member, JsonValue first) {
-        if (isNote(member.name())) return;
+        if (isRemark(member.name())) return;
         Finding& finding = add(Code::MemberDoubled, member,
                                fmt::format("{} stands here once more; the component takes the first one, {}",
-                                           quoted(member.name()), quotedSource(first)));
+                                           inQuotes(member.name()), quotedSource(first)));
         finding.related.push_back({first.nameRange(), "the first one"});
     }
 
@@ -89,17 +72,17 @@ private:
             if (*known != member.name()) checkLetterCase(member, *known);
         } else if (const std::string* other = find(m_place.elsewhere, member.name())) {
             add(Code::MemberMisplaced, member,
-                fmt::format("{} has no member {}; the component does not see it here", m_place.name, quoted(*other)))
+                fmt::format("{} has no member {}; the component does not see it here", m_place.name, inQuotes(*other)))
                 .remedy = m_place.moveTo;
-        } else if (!isNote(member.name())) {
+        } else if (!isRemark(member.name())) {
             addUnknown(member);
         }
     }
 
     void addUnknown(JsonValue member) {
-        Finding& finding = add(
-            Code::MemberUnknown, member,
-            fmt::format("{} has no member {}; the component does not look at it", m_place.name, quoted(member.name())));
+        Finding& finding = add(Code::MemberUnknown, member,
+                               fmt::format("{} has no member {}; the component does not look at it", m_place.name,
+                                           inQuotes(member.name())));
         const auto nearest = likelyName(member.name(), m_place.members);
         if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
     }
@@ -110,7 +93,7 @@ private:
         const Code code = isRead ? Code::MemberCaseAccepted : Code::MemberLetterCase;
         const char* const message = isRead ? "the component finds {} all the same, but it is spelt \"{}\""
                                            : "{} is not applied; the styler is spelt \"{}\"";
-        add(code, member, fmt::format(fmt::runtime(message), quoted(member.name()), known)).remedy =
+        add(code, member, fmt::format(fmt::runtime(message), inQuotes(member.name()), known)).remedy =
             fmt::format("write \"{}\"", known);
     }
 

@@ -116,7 +116,7 @@ private:
         if (m_step.styler == "color" && isLand)
             return add(Code::StrokeOnLand, "the land has no stroke; nothing happens");
         add(Code::NothingReached, fmt::format("nothing happens: {} does nothing on {} of {}", m_step.styler,
-                                              quoted(m_rule.path), quoted(m_rule.typeName)));
+                                              inQuotes(m_rule.path), inQuotes(m_rule.typeName)));
     }
 
     void addWithoutRecords() {
@@ -136,14 +136,14 @@ private:
             const JsonValue element = *m_rule.elementType;
             m_check.add(Code::ElementUnknown, m_rule, element,
                         fmt::format("there is no element {}; nothing happens, and nothing is logged with \"on\"",
-                                    quoted(m_rule.path)));
+                                    inQuotes(m_rule.path)));
         } else if (off.store.slots().empty()) {
             add(Code::NothingReached, fmt::format("nothing happens: there is nothing to show on {} of {}",
-                                                  quoted(m_rule.path), quoted(m_rule.typeName)));
+                                                  inQuotes(m_rule.path), inQuotes(m_rule.typeName)));
         } else {
             add(Code::OnRestoresNoColor,
                 fmt::format("nothing happens: \"on\" shows icons only, and gives {} no colour back",
-                            quoted(m_rule.path)));
+                            inQuotes(m_rule.path)));
         }
     }
 
@@ -175,8 +175,8 @@ private:
         Finding& finding =
             m_check.add(Code::ElementUnusual, m_rule, element,
                         same == elements.end()
-                            ? fmt::format("{} is no usual element; only its last word counts", quoted(m_rule.path))
-                            : fmt::format("{} has the effect of \"{}\"", quoted(m_rule.path), *same));
+                            ? fmt::format("{} is no usual element; only its last word counts", inQuotes(m_rule.path))
+                            : fmt::format("{} has the effect of \"{}\"", inQuotes(m_rule.path), *same));
         if (same != elements.end())
             finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", *same);
     }

@@ -11,8 +11,15 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+constexpr std::size_t kLongestLine = 400;  // bytes
+
 std::string placeText(const SourceFile& file, std::size_t offset) {
     return escapedText(file.place(offset));
+}
+
+// Names and texts of the file stand in it, which may be very long.
+std::string shownText(std::string_view text) {
+    return escapedText(shortened(text, kLongestLine));
 }
 
 std::string excerptText(const SourceFile& file, TextRange range) {
@@ -69,9 +76,9 @@ std::string findingText(const Finding& finding) {
     std::string text = fmt::format("{}: {}: {} [{}]\n", placeText(*finding.file, finding.range.begin),
                                    severityName(info.severity), escapedText(finding.message), info.name);
     text += excerptText(*finding.file, finding.range);
-    if (finding.rule) text += fmt::format("  in: rule {}, {}\n", *finding.rule + 1, escapedText(finding.path));
+    if (finding.rule) text += fmt::format("  in: rule {}, {}\n", *finding.rule + 1, shownText(finding.path));
     text += fmt::format("  remedy: {}\n", escapedText(finding.remedy));
-    if (!finding.log.empty()) text += fmt::format("  log: {}\n", escapedText(finding.log));
+    if (!finding.log.empty()) text += fmt::format("  log: {}\n", shownText(finding.log));
     for (const RelatedPlace& place : finding.related) {
         text += fmt::format("  {}: {}\n", placeText(*finding.file, place.range.begin), escapedText(place.text));
     }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "check/Finding.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -8,7 +8,7 @@
 
 #include "CustomConfig.h"
 #include "json/JsonDocument.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

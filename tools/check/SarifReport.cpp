@@ -45,7 +45,8 @@ Json locationJson(const SourceFile& file, TextRange range) {
 }
 
 std::string messageOf(const Finding& finding) {
-    std::string text = fmt::format("{}. Remedy: {}.", finding.message, finding.remedy);
+    const char* const end = finding.remedy.ends_with('?') ? "" : ".";
+    std::string text = fmt::format("{}. Remedy: {}{}", finding.message, finding.remedy, end);
     if (!finding.log.empty()) text += fmt::format(" Logged: {}", finding.log);
     return text;
 }
@@ -76,9 +77,8 @@ std::string reportSarif(const std::vector<CheckedFile>& files) {
     for (const CheckedFile& checked : files) {
         for (const Finding& finding : checked.findings) results.push_back(resultJson(finding));
     }
-    const Json run{{"tool", {{"driver", {{"name", "customstyle"}, {"rules", rules}}}}},
-                   {"columnKind", "unicodeCodePoints"},
-                   {"results", results}};
+    const Json driver{{"name", "customstyle"}, {"version", CUSTOMSTYLE_VERSION}, {"rules", rules}};
+    const Json run{{"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", results}};
     const Json log{{"$schema", kSchema}, {"version", "2.1.0"}, {"runs", Json::array({run})}};
     return log.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

@@ -6,7 +6,7 @@
 
 #include "check/Finding.h"
 #include "replay/ProvenEffects.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -9,6 +9,7 @@ StyleUnderCheck::StyleUnderCheck(const StyleSource& style, std::string_view mapp
 
 Finding& StyleUnderCheck::add(Code code, const RuleView& rule, TextRange range, const std::string& path,
                               std::string message) {
+    m_findingsOfRule[rule.place].push_back(m_findings.size());
     return m_findings.emplace_back(Finding{.code = code,
                                            .file = &m_style->file(),
                                            .range = range,
@@ -41,6 +42,12 @@ Finding& StyleUnderCheck::addToFile(Code code, TextRange range, std::string mess
                                            .remedy = infoOf(code).remedy,
                                            .log = {},
                                            .related = {}});
+}
+
+std::vector<Finding*> StyleUnderCheck::findingsOf(const RuleView& rule) {
+    std::vector<Finding*> findings;
+    for (const std::size_t place : m_findingsOfRule[rule.place]) findings.push_back(&m_findings[place]);
+    return findings;
 }
 
 std::string StyleUnderCheck::nameOf(const ReplayStep& step) const {

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -40,6 +41,8 @@ public:
     bool isExplained(std::size_t rule, const std::string& styler) const { return m_explained.contains({rule, styler}); }
 
     std::vector<Finding>& findings() { return m_findings; }
+    /// Those of one rule so far, in the order in which they were added. Valid until the next is added.
+    std::vector<Finding*> findingsOf(const RuleView& rule);
 
     /// "rule 3", counted from 1, and "the "weight" of rule 3" where the rule has several stylers.
     std::string nameOf(const ReplayStep& step) const;
@@ -50,6 +53,7 @@ private:
     std::vector<RuleView> m_rules;
     TracedReplay m_replay;
     std::vector<Finding> m_findings;
+    std::unordered_map<std::size_t, std::vector<std::size_t>> m_findingsOfRule;  // by place of the rule
     std::set<std::pair<std::size_t, std::string>> m_explained;
 };
 

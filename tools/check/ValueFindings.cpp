@@ -31,10 +31,6 @@ constexpr NamedColor kNamedColors[] = {
     {"navy", "#000080"},  {"olive", "#808000"}, {"teal", "#008080"},    {"purple", "#800080"},  {"orange", "#ffa500"},
 };
 
-bool isHexDigit(char byte) {
-    return isDigit(byte) || (lowerCase(byte) >= 'a' && lowerCase(byte) <= 'f');
-}
-
 bool isHexadecimal(std::string_view text) {
     return std::ranges::all_of(text, isHexDigit);
 }
@@ -65,8 +61,7 @@ std::optional<ColorFault> faultWithoutSign(std::string_view text) {
         const std::string whole = isWholeColor(text.size()) ? fmt::format("#{}", text) : doubledDigits(text);
         return ColorFault{Code::ColorWithoutSign, "has no #", fmt::format("write \"{}\"", whole)};
     }
-    std::string name(text);
-    std::ranges::transform(name, name.begin(), lowerCase);
+    const std::string name = inLowerCase(std::string(text));
     const auto* const known = std::ranges::find(kNamedColors, name, &NamedColor::name);
     const bool isName = !text.empty() && std::ranges::all_of(text, isLetter);
     if (!isName) return ColorFault{Code::ColorWithoutSign, "does not begin with #", infoOf(Code::ColorLength).remedy};
@@ -107,7 +102,7 @@ void checkWholeColor(StyleUnderCheck& check, const RuleView& rule, JsonValue val
             .remedy = fmt::format("write \"{}\", or choose a paler colour", text.substr(0, 1 + kColorDigits));
     } else if (alphaOf(read) == 0 && text.find_first_not_of("#0") != std::string::npos) {
         Finding& finding = check.add(Code::ColorInvisible, rule, value,
-                                     fmt::format("{} is drawn in {}", quoted(text), colorText(read)));
+                                     fmt::format("{} is drawn in {}", inQuotes(text), colorText(read)));
         finding.remedy = fmt::format(
             "alpha stands last: \"#{}{}\" is what alpha first would mean; to hide something use "
             "\"visibility\": \"off\"",
@@ -121,7 +116,7 @@ void checkColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
     if (!fault) return checkWholeColor(check, rule, value);
     check
         .add(fault->code, rule, value,
-             fmt::format("{} {}; it is read as {}", quoted(text), fault->why,
+             fmt::format("{} {}; it is read as {}", inQuotes(text), fault->why,
                          colorText(readColor(check, text, rule.typeId))))
         .remedy = fault->remedy;
 }
@@ -140,7 +135,7 @@ void checkLevel(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
         !text.empty() && std::ranges::all_of(text.substr(text[0] == '-' ? 1 : 0), isDigit) && text != "-";
     if (!isWhole) {
         check.add(Code::LevelMalformed, rule, value,
-                  fmt::format("{} is no whole number; the rule applies at level {} only", quoted(text), read));
+                  fmt::format("{} is no whole number; the rule applies at level {} only", inQuotes(text), read));
         return;
     }
     int written = 0;
@@ -170,7 +165,7 @@ void checkSize(StyleUnderCheck& check, const ReplayStep& step) {
     if (text.substr(firstDigit) == fmt::format("{}", *written)) return;
     check
         .add(Code::SizeClamped, check.ruleOf(step), value,
-             fmt::format("{} is beyond the range; {} is drawn", quoted(text), *written))
+             fmt::format("{} is beyond the range; {} is drawn", inQuotes(text), *written))
         .remedy = fmt::format("write \"{}\" or less", *written);
 }
 

@@ -1,8 +1,10 @@
 #include "check/WhatIf.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "replay/SingleRules.h"
 #include "support/DefaultMapping.h"
@@ -61,11 +63,14 @@ bool acceptsStyler(std::string_view featureType, std::string_view elementPath, s
     });
 }
 
-std::vector<std::string> elementsTaking(std::string_view featureType, std::string_view styler) {
-    std::vector<std::string> elements;
-    std::ranges::copy_if(usualElements(), std::back_inserter(elements),
-                         [&](const std::string& element) { return acceptsStyler(featureType, element, styler); });
-    return elements;
+const std::vector<std::string>& elementsTaking(const std::string& featureType, const std::string& styler) {
+    static std::map<std::pair<std::string, std::string>, std::vector<std::string>> known;
+    const auto [entry, isNew] = known.try_emplace({featureType, styler});
+    if (isNew) {
+        std::ranges::copy_if(usualElements(), std::back_inserter(entry->second),
+                             [&](const std::string& element) { return acceptsStyler(featureType, element, styler); });
+    }
+    return entry->second;
 }
 
 const std::vector<std::string>& usualElements() {

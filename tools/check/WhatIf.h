@@ -30,8 +30,8 @@ std::vector<ReplayStep> stepsOf(const std::string& ruleText);
 /// Whether the component does something for a styler on an element of a type, and does not complain.
 bool acceptsStyler(std::string_view featureType, std::string_view elementPath, std::string_view styler);
 
-/// The usual element paths on which a type takes a styler.
-std::vector<std::string> elementsTaking(std::string_view featureType, std::string_view styler);
+/// The usual element paths on which a type takes a styler. The component is asked once for each type and styler.
+const std::vector<std::string>& elementsTaking(const std::string& featureType, const std::string& styler);
 
 /// Every element path that has a plain meaning.
 const std::vector<std::string>& usualElements();

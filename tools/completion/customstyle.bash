@@ -47,7 +47,7 @@ _customstyle() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _customstyle_choose "$_customstyle_subcommands --help" "$current"
+        _customstyle_choose "$_customstyle_subcommands --help --version" "$current"
         return
     fi
     case $previous in

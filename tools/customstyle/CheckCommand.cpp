@@ -3,8 +3,8 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,14 +12,17 @@
 #include "check/Report.h"
 #include "check/StyleCheck.h"
 #include "check/WhatIf.h"
-#include "customstyle/Command.h"
+#include "customstyle/Arguments.h"
+#include "customstyle/Console.h"
+#include "replay/MappingSource.h"
+#include "support/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {
 
 struct CheckArguments {
     std::vector<std::string> files;
-    std::string mappingDirectory;
+    std::optional<std::string> mappingDirectory;
     std::string format = "text";
     bool warningsAreErrors = false;
     bool effects = false;
@@ -66,19 +69,23 @@ private:
     std::unique_ptr<SourceFile> read(const std::string& path, const char* what) {
         auto source = readSource(path, what);
         if (const ReadFailure* failure = std::get_if<ReadFailure>(&source)) {
-            fmt::print(stderr, "customstyle: {}\n", failure->text);
-            m_isUnreadable = true;
+            complainOf(*failure);
             return nullptr;
         }
-        return std::move(std::get<0>(source));
+        return std::get<0>(std::move(source));
+    }
+
+    void complainOf(const ReadFailure& failure) {
+        complain(failure.text);
+        m_isUnreadable = true;
     }
 
     // Proofs are made over few style ids that speak for all, or, without an accepted mapping, over one for each type.
     void readMapping() {
         m_mapping = oneIdPerType();
-        if (m_arguments.mappingDirectory.empty()) return;
-        const auto path = std::filesystem::path(m_arguments.mappingDirectory) / "CustomIndex";
-        std::unique_ptr<SourceFile> file = read(path.string(), "mapping file");
+        if (!m_arguments.mappingDirectory) return;
+        if (const auto problem = problemOfMappingDirectory(*m_arguments.mappingDirectory)) return complainOf(*problem);
+        std::unique_ptr<SourceFile> file = read(mappingFileIn(*m_arguments.mappingDirectory), "mapping file");
         if (file == nullptr) return;
         m_isMapped = isAcceptedMapping(file->text());
         if (m_isMapped) m_mapping = representativeMapping(file->text());
@@ -130,8 +137,7 @@ int runCheck(const CheckArguments& arguments) {
         return kGood;
     }
     if (arguments.files.empty()) {
-        fmt::print(stderr, "customstyle: check needs a style file; run customstyle check --help for more\n");
-        return kMisuse;
+        return complain("check needs a style file; run customstyle check --help for more");
     }
     return CheckRun(arguments).run();
 }
@@ -148,9 +154,7 @@ Command checkCommand(CLI::App& program) {
             "--mapping", arguments->mappingDirectory,
             "Directory of the mapping file CustomIndex: is checked too, and effects are proven for its style ids")
         ->type_name("DIR");
-    command->add_option("--format", arguments->format, "text: for people; json, sarif: for programs")
-        ->check(CLI::IsMember({"text", "json", "sarif"}))
-        ->capture_default_str();
+    addFormat(*command, arguments->format, {"text", "json", "sarif"}, "text: for people; json, sarif: for programs");
     command->add_flag("--werror", arguments->warningsAreErrors, "Exit with 1 for warnings too");
     command->add_flag(
         "--effects", arguments->effects,

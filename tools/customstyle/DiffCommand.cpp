@@ -5,7 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "customstyle/Command.h"
+#include "customstyle/Arguments.h"
+#include "customstyle/Console.h"
 #include "diff/DiffText.h"
 
 namespace customstyle_tool {
@@ -18,16 +19,11 @@ struct DiffOptions {
     std::string format = "text";
 };
 
-int misuse(const ReadFailure& failure) {
-    fmt::print(stderr, "customstyle: {}\n", failure.text);
-    return kMisuse;
-}
-
 int diff(const DiffOptions& options) {
     const StyleOrFailure before = loadStyle(options.before, options.mappingDirectory);
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&before)) return misuse(*failure);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&before)) return complain(failure->text);
     const StyleOrFailure after = loadStyle(options.after, options.mappingDirectory);
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&after)) return misuse(*failure);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&after)) return complain(failure->text);
 
     const std::vector<JoinedChange> changes = differenceOf(*std::get<0>(before), *std::get<0>(after));
     fmt::print("{}", options.format == "json" ? diffJson(changes) + "\n" : diffText(changes));
@@ -41,13 +37,8 @@ Command diffCommand(CLI::App& program) {
     CLI::App* command = program.add_subcommand("diff", "Print what changes on the map between two style files");
     command->add_option("A", options->before, "Style file before")->type_name("FILE")->required();
     command->add_option("B", options->after, "Style file after")->type_name("FILE")->required();
-    command
-        ->add_option("--mapping", options->mappingDirectory,
-                     "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T")
-        ->type_name("DIR");
-    command->add_option("--format", options->format, "text: a line for each change; json: for programs")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->capture_default_str();
+    addMapping(*command, options->mappingDirectory);
+    addFormat(*command, options->format, {"text", "json"}, "text: a line for each change; json: for programs");
     command->footer(
         "Exit status: 0 when every answer for every style id at every level is the same, 1 when some differ,\n"
         "2 for wrong usage and files that cannot be read. A change that holds for some style ids of a\n"

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "customstyle/Arguments.h"
 #include "customstyle/Command.h"
 #include "customstyle/MapOptions.h"
 #include "support/AnswerTable.h"
@@ -227,9 +228,9 @@ Command dumpCommand(CLI::App& program) {
     const auto options = std::make_shared<DumpOptions>();
     CLI::App* command = program.add_subcommand("dump", "Print the styles of all style ids at all levels");
     addMapOptions(*command, *options);
-    command->add_option("--format", options->format, "text: a table of what is customised; csv, json: every answer")
-        ->check(CLI::IsMember({"text", "csv", "json"}))
-        ->capture_default_str();
+    addFormat(*command, options->format, {"text", "csv", "json"},
+              "text: a table of what is customised; csv, json: every answer");
+    command->footer("Exit status: 0 good, 1 a file that cannot be loaded, 2 wrong usage.");
     return {command, [options] {
                 return withLoadedMap(*options, [&](const CustomConfig& config) { printAs(options->format, config); });
             }};

@@ -5,7 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "customstyle/Command.h"
+#include "customstyle/Arguments.h"
+#include "customstyle/Console.h"
 #include "explain/ExplanationText.h"
 #include "support/Spelling.h"
 
@@ -37,10 +38,7 @@ std::string problemOfField(const std::string& name) {
 
 int explain(const ExplainOptions& options) {
     const StyleOrFailure loaded = loadStyle(options.styleFile, options.mappingDirectory);
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&loaded)) {
-        fmt::print(stderr, "customstyle: {}\n", failure->text);
-        return kMisuse;
-    }
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&loaded)) return complain(failure->text);
     Explainer explainer(*std::get<0>(loaded), {options.styleId});
     const Explanation explanation = explainer.explain(options.styleId, options.level);
     const TopicName* const only = options.field.empty() ? nullptr : findTopic(options.field);
@@ -58,24 +56,25 @@ Command explainCommand(CLI::App& program) {
     const auto options = std::make_shared<ExplainOptions>();
     CLI::App* command = program.add_subcommand(
         "explain", "Tell for one style id and level which rules made each value, and what was lost");
-    command
-        ->add_option("--mapping", options->mappingDirectory,
-                     "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T")
-        ->type_name("DIR");
+    addMapping(*command, options->mappingDirectory);
     command->add_option("--style", options->styleFile, "Style file")->type_name("FILE")->required();
     command->add_option("--id", options->styleId, "Style id of the renderer, from 0 to 4294967295")
         ->type_name("N")
+        ->check(isStyleId())
         ->required();
-    command->add_option("--level", options->level, "Zoom level; rules can name 4 to 21")->type_name("L")->required();
+    command->add_option("--level", options->level, "Zoom level; rules can name 4 to 21")
+        ->type_name("L")
+        ->check(isLevel())
+        ->required();
     command->add_option("--field", options->field, "Tell about this one only: " + fieldNames())
         ->type_name("NAME")
         ->check(CLI::Validator(problemOfField, ""));
-    command->add_option("--format", options->format, "text: for people, with colours in a terminal; json: for programs")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->capture_default_str();
+    addFormat(*command, options->format, {"text", "json"},
+              "text: for people, with colours in a terminal; json: for programs");
     command->footer(
         "Values are lost where a later rule writes them again, where a rule for one level starts over from\n"
-        "the style for all levels, and where another feature type answers for the style id.");
+        "the style for all levels, and where another feature type answers for the style id.\n"
+        "Exit status: 0 good, 2 wrong usage or a file that cannot be read.");
     return {command, [options] { return explain(*options); }};
 }
 

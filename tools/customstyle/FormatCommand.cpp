@@ -7,7 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "customstyle/Command.h"
+#include "customstyle/Arguments.h"
+#include "customstyle/Console.h"
 #include "layout/Layout.h"
 #include "layout/StyleText.h"
 #include "support/AtomicFile.h"
@@ -21,11 +22,6 @@ struct FormatOptions {
     bool check = false;
     bool toStandardOutput = false;
 };
-
-int complain(const std::string& text, int status = kMisuse) {
-    fmt::print(stderr, "customstyle: {}\n", text);
-    return status;
-}
 
 // The first byte that the layout changes.
 std::size_t firstDifference(std::string_view left, std::string_view right) {
@@ -42,7 +38,7 @@ int check(const SourceFile& file, const std::string& laidOutText) {
 int write(const FormatOptions& options, const SourceFile& file, const std::string& laidOutText) {
     if (options.toStandardOutput) {
         fmt::print("{}", laidOutText);
-        return std::fflush(stdout) == 0 ? kGood : complain("standard output cannot be written");
+        return kGood;
     }
     const std::string& target = options.output.empty() ? file.path() : options.output;
     if (target == file.path() && file.text() == laidOutText) return kGood;
@@ -67,14 +63,12 @@ Command formatCommand(CLI::App& program) {
     CLI::Option* check = command->add_flag("--check", options->check, "Write nothing; exit 1 if the layout is another");
     CLI::Option* toOutput = command->add_flag("--stdout", options->toStandardOutput, "Print instead of writing FILE");
     CLI::Option* output = command->add_option("-o,--output", options->output, "Write here instead of FILE");
-    output->type_name("OUT")->excludes(toOutput)->excludes(check);
+    output->type_name("OUT")->check(isOutputFile())->excludes(toOutput)->excludes(check);
     toOutput->excludes(check);
     command->footer(
-        "Keeps the rules, their members, all texts and numbers, and their order, byte for byte. Replaces the file as "
-        "a\n"
-        "whole or not at all. Exit status: 0 good, 1 laid out otherwise (--check), 2 wrong usage or a file that "
-        "cannot\n"
-        "be read or written.");
+        "Keeps the rules, their members, all texts and numbers, and their order, byte for byte. Replaces the file\n"
+        "as a whole or not at all. Exit status: 0 good, 1 laid out otherwise (--check), 2 wrong usage or a file that\n"
+        "cannot be read or written.");
     return {command, [options] { return format(*options); }};
 }
 

@@ -1,11 +1,8 @@
 #include "customstyle/MapOptions.h"
 
-#include <fmt/format.h>
-
-#include <cstdio>
 #include <variant>
 
-#include "customstyle/Command.h"
+#include "customstyle/Console.h"
 #include "support/LoadedMap.h"
 
 namespace customstyle_tool {
@@ -19,10 +16,7 @@ void addMapOptions(CLI::App& command, MapOptions& options) {
 
 int withLoadedMap(const MapOptions& options, const std::function<void(const _orvik_framework::CustomConfig&)>& use) {
     const LoadedMap map = loadMap(options.mappingDirectory, options.styleFile);
-    if (const LoadFailure* failure = std::get_if<LoadFailure>(&map)) {
-        fmt::print(stderr, "customstyle: {}\n", failure->text);
-        return kFinding;
-    }
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&map)) return complain(failure->text, kFinding);
     use(*std::get<0>(map));
     return kGood;
 }

@@ -7,10 +7,11 @@
 #include <string>
 #include <variant>
 
-#include "customstyle/Command.h"
-#include "explain/LoadedStyle.h"
+#include "customstyle/Arguments.h"
+#include "customstyle/Console.h"
 #include "layout/StyleText.h"
 #include "minify/Minifier.h"
+#include "replay/LoadedStyle.h"
 #include "support/AtomicFile.h"
 
 namespace customstyle_tool {
@@ -22,11 +23,6 @@ struct MinifyOptions {
     std::string output;
     bool toStandardOutput = false;
 };
-
-int complain(const std::string& text) {
-    fmt::print(stderr, "customstyle: {}\n", text);
-    return kMisuse;
-}
 
 void report(const StyleSource& style, const Minified& result) {
     fmt::print(stderr, "{}: {} bytes to {}, {} rules to {}; every answer is the same\n", style.file().path(),
@@ -41,7 +37,7 @@ int write(const MinifyOptions& options, const std::string& text) {
         return problem ? complain(*problem) : kGood;
     }
     fmt::print("{}", text);
-    return std::fflush(stdout) == 0 ? kGood : complain("standard output cannot be written");
+    return kGood;
 }
 
 int minify(const MinifyOptions& options) {
@@ -78,6 +74,7 @@ Command minifyCommand(CLI::App& program) {
     CLI::Option* toOutput = command->add_flag("--stdout", options->toStandardOutput, "Print the result");
     command->add_option("-o,--output", options->output, "Write the result to this file, which may be FILE")
         ->type_name("OUT")
+        ->check(isOutputFile())
         ->excludes(toOutput);
     command->footer(
         "Takes out rules, stylers and members without effect, puts rules for the same element together and shortens\n"

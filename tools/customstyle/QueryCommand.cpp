@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "customstyle/Arguments.h"
 #include "customstyle/Command.h"
 #include "customstyle/MapOptions.h"
 #include "support/AnswerTable.h"
@@ -53,8 +54,13 @@ Command queryCommand(CLI::App& program) {
     addMapOptions(*command, *options);
     command->add_option("--id", options->styleIds, "Style ids of the renderer, from 0 to 4294967295")
         ->type_name("N")
+        ->check(isStyleId())
         ->required();
-    command->add_option("--level", options->levels, "Zoom levels; rules can name 4 to 21")->type_name("L")->required();
+    command->add_option("--level", options->levels, "Zoom levels; rules can name 4 to 21")
+        ->type_name("L")
+        ->check(isLevel())
+        ->required();
+    command->footer("Exit status: 0 good, 1 a file that cannot be loaded, 2 wrong usage.");
     return {command, [options] {
                 return withLoadedMap(*options, [&](const CustomConfig& config) {
                     printAnswers(stdout, config, options->styleIds, options->levels);

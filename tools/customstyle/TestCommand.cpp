@@ -5,8 +5,10 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
-#include "customstyle/Command.h"
+#include "customstyle/Arguments.h"
+#include "customstyle/Console.h"
 #include "expectations/ExpectationCheck.h"
 
 namespace customstyle_tool {
@@ -18,21 +20,12 @@ struct TestOptions {
     std::optional<std::string> mappingDirectory;
 };
 
-int misuse(const std::string& text) {
-    fmt::print(stderr, "customstyle: {}\n", text);
-    return kMisuse;
-}
-
-std::string problemsText(const ExpectationFile& parsed, const SourceFile& file) {
-    if (parsed.problems.empty() && parsed.expectations.empty()) {
-        return fmt::format("{}: holds no expectation; \"customstyle test --help\" shows how to write them",
-                           file.path());
+int complainOf(const std::vector<ExpectationProblem>& problems, const SourceFile& file) {
+    for (const ExpectationProblem& problem : problems) {
+        complain(fmt::format("{}: {}", file.place(problem.offset), problem.text));
     }
-    std::vector<std::string> lines;
-    for (const ExpectationProblem& problem : parsed.problems) {
-        lines.push_back(fmt::format("{}: {}", file.place(problem.offset), problem.text));
-    }
-    return fmt::format("{}", fmt::join(lines, "\ncustomstyle: "));
+    if (problems.size() < kMostProblems) return kMisuse;
+    return complain(fmt::format("{}: has not been read further, with so many problems", file.path()));
 }
 
 int report(const ExpectationFile& parsed, const SourceFile& file, const LoadedStyle& style) {
@@ -46,17 +39,21 @@ int report(const ExpectationFile& parsed, const SourceFile& file, const LoadedSt
 
 int test(const TestOptions& options) {
     const StyleOrFailure style = loadStyle(options.styleFile, options.mappingDirectory);
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&style)) return misuse(failure->text);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&style)) return complain(failure->text);
     const auto file = readSource(options.expectationFile, "file of expectations");
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&file)) return misuse(failure->text);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&file)) return complain(failure->text);
 
     const SourceFile& text = *std::get<0>(file);
     if (text.text().find('\0') != std::string_view::npos) {
-        return misuse(fmt::format("{}: holds NUL bytes; a file of expectations is a text", text.path()));
+        return complain(fmt::format("{}: holds NUL bytes; a file of expectations is a text", text.path()));
     }
     const LoadedStyle& loaded = *std::get<0>(style);
     const ExpectationFile parsed = parseExpectations(text, loaded.styleIds());
-    if (!parsed.problems.empty() || parsed.expectations.empty()) return misuse(problemsText(parsed, text));
+    if (!parsed.problems.empty()) return complainOf(parsed.problems, text);
+    if (parsed.expectations.empty()) {
+        return complain(
+            fmt::format("{}: holds no expectation; \"customstyle test --help\" shows how to write them", text.path()));
+    }
     return report(parsed, text, loaded);
 }
 
@@ -69,10 +66,7 @@ Command testCommand(CLI::App& program) {
     command->add_option("EXPECTATIONS", options->expectationFile, "File of expectations")
         ->type_name("FILE")
         ->required();
-    command
-        ->add_option("--mapping", options->mappingDirectory,
-                     "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T")
-        ->type_name("DIR");
+    addMapping(*command, options->mappingDirectory);
     command->footer(
         std::string(expectationHelp()) +
         "\n\nExit status: 0 when all expectations hold, 1 when some do not, 2 for wrong usage and files that\n"

@@ -1,12 +1,39 @@
 // The command-line tool: lets a style author and an engine developer ask what the renderer would be told.
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <new>
+#include <system_error>
 
 #include "customstyle/Command.h"
+#include "customstyle/Console.h"
+#include "customstyle/Usage.h"
+
+namespace {
+
+using namespace customstyle_tool;
+
+// What fails in the middle is nearly always the output: a full disk.
+int runToTheEnd(const Command& command) {
+    try {
+        return withOutputWritten(command.run());
+    } catch (const std::bad_alloc&) {
+        return complain("there is not enough memory for this");
+    } catch (const std::system_error& error) {
+        const char* const what = std::ferror(stdout) != 0 ? "standard output cannot be written: " : "";
+        return complain(what + error.code().message());
+    }
+}
+
+}  // namespace
 
 int main(int argumentCount, char** arguments) {
-    using namespace customstyle_tool;
     CLI::App program("Custom map styles: what the renderer is told for its style ids.", "customstyle");
     program.require_subcommand(1);
+    program.set_version_flag("--version", "customstyle " CUSTOMSTYLE_VERSION, "Print the version and exit");
     program.footer("Exit status: 0 good, 1 the files are not good, 2 wrong usage. Diagnostics go to standard error.");
     const Command commands[] = {
         checkCommand(program),   queryCommand(program),  dumpCommand(program),
@@ -16,10 +43,11 @@ int main(int argumentCount, char** arguments) {
     try {
         program.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {
-        return program.exit(error) == 0 ? kGood : kMisuse;
+        if (error.get_exit_code() == 0) return withOutputWritten(program.exit(error));  // help and version
+        fmt::print(stderr, "{}", usageProblem(program, error));
+        return kMisuse;
     }
-    for (const Command& command : commands) {
-        if (command.options->parsed()) return command.run();
-    }
-    return kMisuse;
+    const auto* const chosen =
+        std::ranges::find_if(commands, [](const Command& each) { return each.options->parsed(); });
+    return runToTheEnd(*chosen);
 }

@@ -26,6 +26,13 @@ const std::optional<Write>& winnerOf(const Explanation& explanation, const Chang
     return explanation.fields[answer.question.field].winner;
 }
 
+// What was lost plays no part here, and of a long style much is.
+Explanation winnersOf(Explanation explanation) {
+    for (History& field : explanation.fields) field.losses = {};
+    for (History* history : {&explanation.icon, &explanation.land, &explanation.grid}) history->losses = {};
+    return explanation;
+}
+
 }  // namespace
 
 Attribution::Attribution(const LoadedStyle& style, const std::set<unsigned int>& styleIds)
@@ -59,7 +66,7 @@ const Explanation& Attribution::explanationFor(const ChangedAnswer& answer) {
     const std::pair place{speaker, answer.levelClass};
     const auto known = m_explanations.find(place);
     if (known != m_explanations.end()) return known->second;
-    return m_explanations.try_emplace(place, m_explainer.explain(speaker, levelOfClass(answer.levelClass)))
+    return m_explanations.emplace(place, winnersOf(m_explainer.explain(speaker, levelOfClass(answer.levelClass))))
         .first->second;
 }
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "explain/LoadedStyle.h"
+#include "replay/LoadedStyle.h"
 #include "support/Levels.h"
 
 namespace customstyle_tool {

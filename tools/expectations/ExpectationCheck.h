@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "expectations/Expectations.h"
-#include "explain/LoadedStyle.h"
+#include "replay/LoadedStyle.h"
 
 namespace customstyle_tool {
 

@@ -34,10 +34,6 @@ std::optional<Number> numberIn(std::string_view text, int base = 10) {
     return number;
 }
 
-std::string quoted(std::string_view word) {
-    return fmt::format("\"{}\"", escapedText(word));
-}
-
 std::optional<int> featureTypeOf(std::string_view name) {
     const int type = catalogue().GetFeatureTypeId(std::string(name));
     if (type == -1 || type == _orvik_framework::EMAPCUSTOMSTYLE_ALL) return {};
@@ -87,7 +83,7 @@ public:
 
 private:
     [[noreturn]] static void fail(const Word& word, std::string_view what) {
-        throw ExpectationProblem{word.offset, fmt::format("{}: {}", quoted(word.text), what)};
+        throw ExpectationProblem{word.offset, fmt::format("{}: {}", escapedText(inQuotes(word.text)), what)};
     }
 
     const Word& next(const char* what) {
@@ -234,7 +230,8 @@ ExpectationFile parseExpectations(const SourceFile& file, const StyleIdsByType& 
     ExpectationFile result;
     const std::string_view text = file.text();
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    for (std::size_t begin = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0; begin < text.size();) {
+    for (std::size_t begin = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+         begin < text.size() && result.problems.size() < kMostProblems;) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
         auto words = wordsOf(text.substr(begin, end - begin), begin);
         if (!words.empty()) parseLine(result, std::move(words), styleIds);

@@ -31,8 +31,8 @@
 
 #include "explain/ExplanationText.h"
 #include "replay/MappingSource.h"
-#include "replay/SourceFile.h"
 #include "support/Levels.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 
@@ -64,6 +64,9 @@ struct ExpectationFile {
     std::vector<Expectation> expectations;
     std::vector<ExpectationProblem> problems;  ///< in the order of the file; one a line at most
 };
+
+/// With so many problems, the rest of a file is not read: it is meant for something else.
+inline constexpr std::size_t kMostProblems = 20;
 
 /// Reads a file of expectations. An expectation about a feature type without style ids is a problem, because it could
 /// not fail.

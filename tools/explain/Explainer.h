@@ -9,9 +9,9 @@
 
 #include "explain/Explanation.h"
 #include "explain/IntendedWrites.h"
-#include "explain/LoadedStyle.h"
 #include "explain/RecordHistory.h"
 #include "explain/StoreProbe.h"
+#include "replay/LoadedStyle.h"
 #include "replay/TracedReplay.h"
 
 namespace customstyle_tool {

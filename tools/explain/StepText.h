@@ -5,8 +5,8 @@
 #include <string>
 
 #include "explain/Explanation.h"
-#include "replay/SourceFile.h"
 #include "replay/TracedReplay.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -1,5 +1,6 @@
 #include "explain/StoreProbe.h"
 
+#include "replay/LogRecording.h"
 #include "replay/StoreImage.h"
 
 namespace customstyle_tool {
@@ -42,9 +43,10 @@ void setIcon(const CustomConfig& config, int featureType, int level, unsigned in
 
 }  // namespace
 
-StoreProbe::StoreProbe(const LoadedStyle& style)
-    : m_icons(storeOf(style.mapping(), style.source().file().text())),
-      m_land(storeOf(style.mapping(), style.source().file().text())) {
+StoreProbe::StoreProbe(const LoadedStyle& style) {
+    const LogSilence quiet;
+    m_icons = storeOf(style.mapping(), style.source().file().text());
+    m_land = storeOf(style.mapping(), style.source().file().text());
     showEveryIcon(*m_icons);
     nameLandRecords(*m_land);
 }

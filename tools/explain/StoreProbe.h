@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-#include "explain/LoadedStyle.h"
+#include "replay/LoadedStyle.h"
 
 namespace customstyle_tool {
 

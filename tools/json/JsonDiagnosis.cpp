@@ -50,7 +50,7 @@ std::string_view firstWord(std::string_view text) {
 }
 
 bool isHexadecimal(std::string_view word) {
-    return word.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+    return std::ranges::all_of(word, isHexDigit);
 }
 
 bool isColor(std::string_view text) {
@@ -63,7 +63,7 @@ bool isComment(std::string_view text) {
 }
 
 bool isWordInCapitals(std::string_view word) {
-    const auto isWord = [word](std::string_view small) { return std::ranges::equal(word, small, {}, lowerCase); };
+    const auto isWord = [word](std::string_view small) { return equalIgnoringCase(word, small); };
     return std::ranges::any_of(kWords, isWord);
 }
 

@@ -27,10 +27,6 @@ std::string cutAtNul(std::string text) {
     return text;
 }
 
-bool equalIgnoringCase(std::string_view left, std::string_view right) {
-    return std::ranges::equal(left, right, {}, lowerCase, lowerCase);
-}
-
 bool isPlainName(std::string_view name) {
     const auto isPlain = [](char byte) { return isLetter(byte) || isDigit(byte) || byte == '_'; };
     return !name.empty() && !isDigit(name.front()) && std::ranges::all_of(name, isPlain);

@@ -119,6 +119,11 @@ void appendUtf8(char32_t character, std::string& text) {
 
 }  // namespace
 
+std::string inLowerCase(std::string text) {
+    std::ranges::transform(text, text.begin(), lowerCase);
+    return text;
+}
+
 std::size_t behindBlanks(std::string_view text, std::size_t at) {
     while (at < text.size() && isBlank(text[at])) ++at;
     return at;

@@ -1,6 +1,7 @@
 // The smallest parts of JSON text: blanks, numbers and what stands between quotes.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -25,6 +26,16 @@ constexpr bool isLetter(char byte) {
 
 constexpr char lowerCase(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+constexpr bool isHexDigit(char byte) {
+    return isDigit(byte) || (lowerCase(byte) >= 'a' && lowerCase(byte) <= 'f');
+}
+
+std::string inLowerCase(std::string text);
+
+constexpr bool equalIgnoringCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(left, right, {}, lowerCase, lowerCase);
 }
 
 /// The first byte from `at` on that is not blank, or the size of the text.

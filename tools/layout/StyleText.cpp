@@ -29,10 +29,8 @@ std::variant<StyleText, ReadFailure> readForRewriting(const std::string& path) {
     auto read = readSource(path, "style file");
     if (auto* failure = std::get_if<ReadFailure>(&read)) return std::move(*failure);
     auto file = std::get<std::unique_ptr<SourceFile>>(std::move(read));
-    auto parsed = parseJson(file->text());
-    if (const auto* error = std::get_if<JsonError>(&parsed)) {
-        return ReadFailure{fmt::format("{}: {}", file->place(error->offset), error->reason())};
-    }
+    auto parsed = documentOf(*file, "style file");
+    if (auto* failure = std::get_if<ReadFailure>(&parsed)) return std::move(*failure);
     auto document = std::get<JsonDocument>(std::move(parsed));
     if (auto loss = lossIn(*file, document)) return ReadFailure{std::move(*loss)};
     return StyleText{std::move(file), std::move(document)};

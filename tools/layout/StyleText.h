@@ -5,7 +5,7 @@
 #include <string>
 #include <variant>
 
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

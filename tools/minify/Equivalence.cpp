@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "replay/SingleRules.h"
 #include "replay/StoreImage.h"
 #include "support/DefaultMapping.h"
 #include "support/Levels.h"
@@ -54,13 +53,6 @@ int pairId(int left, int right) {
 }
 
 }  // namespace
-
-std::unique_ptr<CustomConfig> storeFor(std::string_view mapping, std::string_view style) {
-    auto store = std::make_unique<CustomConfig>();
-    store->ParseMappingConfig(componentTree(mapping).get());
-    store->ParseCustomConfig(componentTree(style).get());
-    return store;
-}
 
 bool haveSameStyles(const CustomConfig& left, const CustomConfig& right, const std::vector<int>& featureTypes) {
     const bool sameGrid = left.m_gridColorSet == right.m_gridColorSet && left.m_gridColor == right.m_gridColor;

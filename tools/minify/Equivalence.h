@@ -1,17 +1,12 @@
 // Whether styles have the same effect, on one map or on every map.
 #pragma once
 
-#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "CustomConfig.h"
 
 namespace customstyle_tool {
-
-/// A store loaded with the texts of a mapping and a style. The component's log is to be silenced by the caller.
-std::unique_ptr<_orvik_framework::CustomConfig> storeFor(std::string_view mapping, std::string_view style);
 
 /// Whether the styles in effect for these feature types are the same at every level: the record, and whether there is
 /// one at all. Then every map draws these types alike, because a map's style ids choose among these records only.

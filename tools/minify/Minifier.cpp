@@ -10,6 +10,7 @@
 #include "minify/Equivalence.h"
 #include "minify/MinimalRule.h"
 #include "minify/Shrinking.h"
+#include "replay/LoadedStyle.h"
 #include "replay/LogRecording.h"
 #include "replay/MappingSource.h"
 #include "replay/StoreDifference.h"
@@ -70,9 +71,9 @@ std::vector<int> typesIn(const PlacedRules& part) {
 PlacedRules shrunkOnEveryMap(const PlacedRules& part, WorkLimit& limit) {
     const std::string mapping = defaultMapping();
     const std::vector<int> types = typesIn(part);
-    const auto wanted = storeFor(mapping, textOf(part));
+    const auto wanted = storeOf(mapping, textOf(part));
     const auto hasSameEffect = [&](const PlacedRules& candidate) {
-        return haveSameStyles(*wanted, *storeFor(mapping, textOf(candidate)), types);
+        return haveSameStyles(*wanted, *storeOf(mapping, textOf(candidate)), types);
     };
     return Shrinking(part, hasSameEffect, limit).shrink();
 }
@@ -86,17 +87,11 @@ PlacedRules shrunkOnEveryMap(const std::vector<MinimalRule>& rules, WorkLimit& l
     return whole;
 }
 
-// One id of each kind speaks for all.
-std::string representativeMapping(const std::string& mapping) {
-    const StyleIdsByType styleIds(*storeFor(mapping, "[]"));
-    return styleIds.mappingWithOnly(styleIds.representatives());
-}
-
 PlacedRules shrunkOnMap(const PlacedRules& rules, const std::string& mapping, WorkLimit& limit) {
     const std::string representative = representativeMapping(mapping);
-    const auto wanted = storeFor(representative, textOf(rules));
+    const auto wanted = storeOf(representative, textOf(rules));
     const auto hasSameEffect = [&](const PlacedRules& candidate) {
-        return !differenceBetween(*wanted, *storeFor(representative, textOf(candidate))).any();
+        return !differenceBetween(*wanted, *storeOf(representative, textOf(candidate))).any();
     };
     return Shrinking(rules, hasSameEffect, limit).shrink();
 }
@@ -105,10 +100,10 @@ PlacedRules shrunkOnMap(const PlacedRules& rules, const std::string& mapping, Wo
 // there are slots depends on the order of all its rules, and may have to stay as it is.
 Minified firstProven(const StyleSource& style, const std::string& mapping,
                      const std::vector<std::function<Minified()>>& attempts) {
-    const auto wanted = storeFor(mapping, style.file().text());
+    const auto wanted = storeOf(mapping, style.file().text());
     for (const auto& attempt : attempts) {
         Minified result = attempt();
-        if (!differenceBetween(*wanted, *storeFor(mapping, result.text)).any()) return result;
+        if (!differenceBetween(*wanted, *storeOf(mapping, result.text)).any()) return result;
     }
     return {std::string(style.file().text()), style.rules().size(), false};
 }

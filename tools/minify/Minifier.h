@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -14,7 +14,7 @@ using _orvik_framework::CVString;
 using _orvik_vi::cJSON;
 
 std::optional<std::string> textMember(const cJSON* object, const std::string& name) {
-    const cJSON* member = cJSON_GetObjectItem(object, name.c_str());
+    const cJSON* member = _orvik_vi::cJSON_GetObjectItem(object, name.c_str());
     if (!cJSON_IsString(member)) return {};
     return member->valuestring;
 }
@@ -42,7 +42,7 @@ std::vector<MinimalStyler> stylersOf(const CustomConfig& component, const std::s
 std::optional<MinimalRule> ruleOf(const CustomConfig& component, const cJSON* rule) {
     const auto featureType = textMember(rule, "featureType");
     const auto elementType = textMember(rule, "elementType");
-    const cJSON* stylers = cJSON_GetObjectItem(rule, "stylers");
+    const cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(rule, "stylers");
     if (!featureType || !elementType || !cJSON_IsObject(stylers)) return {};
     MinimalRule minimal{*featureType, *elementType, levelOf(component, stylers), {}};
     minimal.stylers = stylersOf(component, *featureType, stylers);

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "replay/SingleRules.h"
+
 namespace customstyle_tool {
 
 using _orvik_framework::CustomConfig;
@@ -56,6 +58,13 @@ std::set<int> StyleIdsByType::representatives() const {
         }
     }
     return chosen;
+}
+
+std::string representativeMapping(std::string_view mapping) {
+    CustomConfig config;
+    config.ParseMappingConfig(componentTree(mapping).get());
+    const StyleIdsByType ids(config);
+    return ids.mappingWithOnly(ids.representatives());
 }
 
 }  // namespace customstyle_tool

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "CustomConfig.h"
@@ -33,5 +34,8 @@ public:
 private:
     std::vector<std::vector<int>> m_ids;
 };
+
+/// The text of a mapping with few style ids that speak for all of one that the component accepts.
+std::string representativeMapping(std::string_view mapping);
 
 }  // namespace customstyle_tool

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <future>
 #include <memory>
 #include <thread>
 #include <utility>
@@ -27,21 +28,16 @@ public:
     }
 
     std::vector<ProvenEffect> prove(const Progress& progress) {
-        std::atomic<std::size_t> next = 0;
-        std::atomic<std::size_t> done = 0;
-        const auto work = [&] {
-            for (std::size_t i = next++; i < m_cases.size(); i = next++) {
-                proveCase(m_cases[i]);
-                ++done;
-            }
-        };
-        std::vector<std::jthread> workers;
-        for (unsigned i = 0; i < std::max(1u, std::thread::hardware_concurrency()); ++i) workers.emplace_back(work);
-        while (done < m_cases.size()) {
-            if (progress) progress(done, m_cases.size());
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        std::vector<std::future<void>> workers;
+        for (unsigned i = 0; i < std::max(1u, std::thread::hardware_concurrency()); ++i) {
+            workers.push_back(std::async(std::launch::async, [this] { work(); }));
         }
-        workers.clear();
+        for (std::future<void>& worker : workers) {
+            while (worker.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready) {
+                if (progress) progress(m_done, m_cases.size());
+            }
+        }
+        for (std::future<void>& worker : workers) worker.get();
         if (progress) progress(m_cases.size(), m_cases.size());
         return std::move(m_cases);
     }
@@ -54,6 +50,13 @@ private:
             const bool isLast = i + 1 == m_rules.size() || m_rules[i + 1].rule != m_rules[i].rule;
             if (isFirst) m_cases.push_back({m_rules[i].rule, "", {}});
             if (!isFirst || !isLast) m_cases.push_back({m_rules[i].rule, m_rules[i].styler, {}});
+        }
+    }
+
+    void work() {
+        for (std::size_t i = m_next++; i < m_cases.size(); i = m_next++) {
+            proveCase(m_cases[i]);
+            ++m_done;
         }
     }
 
@@ -78,6 +81,8 @@ private:
     LogSilence m_quiet;  // behind the rules, whose making records the log
     std::unique_ptr<CustomConfig> m_whole;
     std::vector<ProvenEffect> m_cases;
+    std::atomic<std::size_t> m_next = 0;
+    std::atomic<std::size_t> m_done = 0;
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "replay/SourceFile.h"
 #include "replay/StoreDifference.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -3,6 +3,7 @@
 #include <cjson/cJSON.h>
 
 #include <algorithm>
+#include <new>
 
 #include "CustomConfig.h"
 #include "replay/LogRecording.h"
@@ -24,20 +25,19 @@ std::vector<std::string> namesIn(const std::string& list) {
     return names;
 }
 
-Tree listWith(cJSON* rule) {
-    Tree list(cJSON_CreateArray());
-    cJSON_AddItemToArray(list.get(), rule);
-    return list;
-}
-
+// A list with a copy of the rule.
 Tree copyOf(const cJSON* rule) {
-    return listWith(cJSON_Duplicate(rule, 1));
+    Tree list(cJSON_CreateArray());
+    cJSON* const copy = cJSON_Duplicate(rule, 1);
+    if (list == nullptr || copy == nullptr) throw std::bad_alloc();
+    cJSON_AddItemToArray(list.get(), copy);
+    return list;
 }
 
 // Leaves of the named stylers only one in, or none for the empty name. The order of the members does not matter.
 Tree copyWithOnly(const cJSON* rule, const std::string& styler, const std::vector<std::string>& all) {
     Tree list = copyOf(rule);
-    cJSON* stylers = cJSON_GetObjectItem(list->child, "stylers");
+    cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(list->child, "stylers");
     for (const std::string& other : all) {
         if (other == styler) continue;
         while (cJSON* member = cJSON_DetachItemFromObject(stylers, other.c_str())) cJSON_Delete(member);
@@ -49,7 +49,7 @@ Tree copyWithOnly(const cJSON* rule, const std::string& styler, const std::vecto
 class StylerJudge {
 public:
     std::vector<std::string> actedOn(const cJSON* rule) {
-        const cJSON* stylers = cJSON_GetObjectItem(rule, "stylers");
+        const cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(rule, "stylers");
         const auto listed = namesIn(m_component.ParseCustomStyler(stylers).ToUtf8());
         const auto idleLog = logOf(copyWithOnly(rule, "", listed));
         std::vector<std::string> names;

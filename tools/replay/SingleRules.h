@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 #include "vi/vos/VJson.h"
 
 namespace customstyle_tool {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "CustomConfig.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 #include "support/StyleFields.h"
 
 namespace customstyle_tool {

@@ -10,6 +10,7 @@
 #include "schema/Descriptions.h"
 #include "schema/NumberPattern.h"
 #include "schema/RuleTable.h"
+#include "support/RemarkMembers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -19,22 +20,6 @@ using Json = nlohmann::ordered_json;
 
 constexpr char kColorPattern[] = "^#[0-9A-Fa-f]{6}(?:[0-9A-Fa-f]{2})?$";
 constexpr char kOpaqueColorPattern[] = "^#[0-9A-Fa-f]{6}(?:[Ff]{2})?$";
-
-// Members that authors use for remarks, in any letter case.
-constexpr const char* kRemarkNames[] = {"note", "notes", "comment",     "comments", "remark",
-                                        "name", "title", "description", "id",       "todo"};
-
-std::string inAnyCase(std::string_view name) {
-    std::string pattern;
-    for (const char letter : name) pattern += fmt::format("[{}{}]", static_cast<char>(letter - 'a' + 'A'), letter);
-    return pattern;
-}
-
-std::string remarkPattern() {
-    std::vector<std::string> names;
-    for (const char* name : kRemarkNames) names.push_back(inAnyCase(name));
-    return fmt::format("^(?:[_$#]|//)|^(?:{})$", fmt::join(names, "|"));
-}
 
 Json constants(std::span<const Description> descriptions) {
     Json list = Json::array();

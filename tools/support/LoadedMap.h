@@ -2,22 +2,25 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 
 #include "CustomConfig.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 
-/// Why the files could not be loaded: the file, the place where there is one, and the remedy.
-struct LoadFailure {
-    std::string text;
-};
+/// The mapping file of a directory.
+std::string mappingFileIn(const std::string& mappingDirectory);
 
-using LoadedMap = std::variant<std::unique_ptr<_orvik_framework::CustomConfig>, LoadFailure>;
+/// Why there is no directory with a mapping file under a path, if so.
+std::optional<ReadFailure> problemOfMappingDirectory(const std::string& path);
+
+using LoadedMap = std::variant<std::unique_ptr<_orvik_framework::CustomConfig>, ReadFailure>;
 
 /// Loads the file "CustomIndex" of a directory and a style file, and turns the renderer's questions on. The component's
-/// log lines go where CVLog sends them.
+/// log lines go where CVLog sends them. Where the component refuses the files, the failure tells what it does not.
 /// @param mappingDirectory  with or without a trailing separator
 LoadedMap loadMap(const std::string& mappingDirectory, const std::string& styleFile);
 

@@ -13,6 +13,9 @@ namespace {
 constexpr std::size_t kShownColumns = 120;
 constexpr std::size_t kColumnsBefore = 50;
 
+// A quoted text of more bytes than this is cut.
+constexpr std::size_t kQuotedBytes = 60;
+
 struct CharacterRange {
     char32_t first;
     char32_t last;
@@ -92,6 +95,17 @@ std::string escapedText(std::string_view text) {
         text.remove_prefix(next.source.size());
     }
     return shown;
+}
+
+std::string inQuotes(std::string_view text) {
+    return "\"" + shortened(text, kQuotedBytes) + "\"";
+}
+
+std::string shortened(std::string_view text, std::size_t most) {
+    if (text.size() <= most) return std::string(text);
+    std::size_t end = most;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    return std::string(text.substr(0, end)) + "...";
 }
 
 Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end) {

@@ -18,6 +18,12 @@ PrintableCharacter nextCharacter(std::string_view text);
 /// A text with everything that could do more than be read written as an escape: \n, \u001b, \xff. Tabs become blanks.
 std::string escapedText(std::string_view text);
 
+/// A text in quotes; cut, with dots for the rest, where it is long.
+std::string inQuotes(std::string_view text);
+
+/// A text cut to at most so many bytes, with dots for the rest.
+std::string shortened(std::string_view text, std::size_t most);
+
 /// The part of a source line around a place, with carets under the place.
 struct Excerpt {
     std::string line;

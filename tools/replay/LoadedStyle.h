@@ -8,7 +8,7 @@
 
 #include "CustomConfig.h"
 #include "replay/MappingSource.h"
-#include "replay/SourceFile.h"
+#include "support/SourceFile.h"
 
 namespace customstyle_tool {
 
@@ -40,7 +40,8 @@ using StyleOrFailure = std::variant<std::unique_ptr<LoadedStyle>, ReadFailure>;
 /// @param mappingDirectory  directory of the file "CustomIndex"; without it, the default mapping is used
 StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory);
 
-/// A store of its own, loaded with the texts of two files.
+/// A store of its own, loaded with the texts of a mapping and a style. The component's log is to be silenced by the
+/// caller.
 std::unique_ptr<_orvik_framework::CustomConfig> storeOf(std::string_view mapping, std::string_view style);
 
 }  // namespace customstyle_tool

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -38,9 +39,15 @@ struct ReadFailure {
     std::string text;
 };
 
-/// Reads a regular file whole.
+/// Why there is no regular file to read under a path, if so.
 /// @param what  what the file is meant to be, as the failure calls it: "style file"
+std::optional<ReadFailure> problemOfFile(const std::string& path, const char* what);
+
+/// Reads a regular file whole.
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> readSource(const std::string& path, const char* what);
+
+/// The value that a file holds, which has to outlive it. The failure tells the place.
+std::variant<JsonDocument, ReadFailure> documentOf(const SourceFile& file, const char* what);
 
 /// A style file that is JSON: its rules in the order in which the component applies them.
 class StyleSource {

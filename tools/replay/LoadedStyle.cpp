@@ -1,8 +1,5 @@
-#include "explain/LoadedStyle.h"
+#include "replay/LoadedStyle.h"
 
-#include <fmt/format.h>
-
-#include <filesystem>
 #include <utility>
 
 #include "replay/LogRecording.h"
@@ -20,21 +17,20 @@ using TextOrFailure = std::variant<std::string, ReadFailure>;
 TextOrFailure mappingText(const std::string& directory, const std::string& styleFile) {
     const LogSilence quiet;
     const LoadedMap map = loadMap(directory, styleFile);
-    if (const LoadFailure* failure = std::get_if<LoadFailure>(&map)) return ReadFailure{failure->text};
-    auto read = readSource((std::filesystem::path(directory) / "CustomIndex").string(), "mapping file");
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&map)) return *failure;
+    auto read = readSource(mappingFileIn(directory), "mapping file");
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
     return std::string(std::get<0>(read)->text());
 }
 
-std::string whyNotJson(const SourceFile& file, const JsonError& error) {
-    if (file.text().empty()) return fmt::format("{}: is empty; a style file is a JSON list of rules", file.path());
-    return fmt::format("{}: is not JSON: {}", file.place(error.offset), error.reason());
+std::unique_ptr<CustomConfig> quietStoreOf(std::string_view mapping, std::string_view style) {
+    const LogSilence quiet;
+    return storeOf(mapping, style);
 }
 
 }  // namespace
 
 std::unique_ptr<CustomConfig> storeOf(std::string_view mapping, std::string_view style) {
-    const LogSilence quiet;
     auto config = std::make_unique<CustomConfig>();
     config->ParseMappingConfig(componentTree(mapping).get());
     config->ParseCustomConfig(componentTree(style).get());
@@ -45,20 +41,21 @@ LoadedStyle::LoadedStyle(std::string mapping, std::unique_ptr<SourceFile> file, 
     : m_mapping(std::move(mapping)),
       m_file(std::move(file)),
       m_source(*m_file, std::move(document)),
-      m_config(storeOf(m_mapping, m_file->text())),
+      m_config(quietStoreOf(m_mapping, m_file->text())),
       m_styleIds(*m_config) {}
 
 StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory) {
     auto read = readSource(styleFile, "style file");
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
     std::unique_ptr<SourceFile>& file = std::get<0>(read);
-    auto parsed = parseJson(file->text());
-    if (const JsonError* error = std::get_if<JsonError>(&parsed)) return ReadFailure{whyNotJson(*file, *error)};
+    auto document = documentOf(*file, "style file");
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&document)) return *failure;
 
     TextOrFailure mapping = mappingDirectory ? mappingText(*mappingDirectory, styleFile) : defaultMapping();
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&mapping)) return *failure;
     g_zrsdk_custom_style_enable = 1;
-    return std::make_unique<LoadedStyle>(std::get<0>(std::move(mapping)), std::move(file), std::get<0>(parsed));
+    return std::make_unique<LoadedStyle>(std::get<0>(std::move(mapping)), std::move(file),
+                                         std::get<0>(std::move(document)));
 }
 
 }  // namespace customstyle_tool

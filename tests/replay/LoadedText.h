@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "explain/LoadedStyle.h"
+#include "replay/LoadedStyle.h"
 
 namespace customstyle_test {
 

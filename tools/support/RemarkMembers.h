@@ -1,0 +1,16 @@
+// The members of rules that are remarks of their author.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace customstyle_tool {
+
+/// Whether a member is a remark, by its name in any letter case or by what the name begins with. The component passes
+/// over remarks, and nobody need wonder about it.
+bool isRemark(std::string_view memberName);
+
+/// The same as a regular expression for a JSON Schema.
+std::string remarkPattern();
+
+}  // namespace customstyle_tool
