@@ -63,11 +63,8 @@ private:
         } else {
             key.tail |= back.head << 8 * (front.size - 8);
         }
-        key.tail &= kLastCharacterOff;
         return key;
     }
-
-    static constexpr std::uint64_t kLastCharacterOff = ~std::uint64_t{0} >> 8;
 
     StyleKeyWords m_type;
     StyleKeyWords m_level;  // with its colon
