@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <string>
 
 #include "check/CheckedText.h"
 #include "check/MappingCheck.h"
@@ -94,6 +96,19 @@ TEST_F(Mistakes, HaveOneFindingEach) {
     for (std::size_t rule = 0; rule < m_rules.size(); ++rule) {
         EXPECT_LE(findingsOf(rule).size(), 1U) << rule + 1 << ": " << noteOf(rule);
     }
+}
+
+// What concerns the file as a whole cannot stand beside all the rest, and the example map has style ids for each type.
+TEST_F(Mistakes, AreOfEveryKindThatOneFileCanHold) {
+    std::set<std::string> missing;
+    for (const CodeInfo& info : codeInfos()) {
+        if (info.kind == FileKind::Style && !isShownOnRequest(info.code)) missing.insert(info.name);
+    }
+    for (const Finding& finding : m_checked.findings) missing.erase(infoOf(finding.code).name);
+    EXPECT_THAT(missing, testing::UnorderedElementsAre("json-syntax", "json-comment", "json-too-deep", "json-encoding",
+                                                       "json-empty", "text-after-end", "not-a-list", "no-rules",
+                                                       "type-without-ids", "effects-unproven", "slots-nearly-full",
+                                                       "slots-exceeded", "other-log-line"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""compare_with_help.py TOOL MANUAL COMPLETION: whether all that the help of the tool names is in its manual page and in
-the completion of bash, subcommand by subcommand, and nothing else.
+"""compare_with_help.py TOOL MANUAL COMPLETION DOCUMENT...: whether all that the help of the tool names is in its manual
+page and in the completion of bash, subcommand by subcommand, and nothing else; and whether the calls that documents show
+name subcommands and options that there are.
 """
 import re
 import subprocess
@@ -47,6 +48,12 @@ def completed(completion, *words):
     return set(subprocess.run(command, check=True, capture_output=True, text=True).stdout.split())
 
 
+def calls_in(text):
+    """The calls that a text shows: subcommand and options."""
+    found = re.findall(r"(?<![\w:])customstyle ([a-z]+)\b([^`\n|]*)", text)
+    return [(subcommand, set(re.findall(r"(?<=\s)--[\w-]+", rest))) for subcommand, rest in found]
+
+
 failures = []
 
 
@@ -55,7 +62,18 @@ def expect_equal(what, expected, actual):
         failures.append(f"{what}: missing {sorted(expected - actual)}, unknown {sorted(actual - expected)}")
 
 
-def main(tool, manual_path, completion):
+def check_calls(path, options):
+    with open(path) as document:
+        calls = calls_in(document.read())
+    if not calls:
+        failures.append(f"{path}: shows no call")
+    for subcommand, named in calls:
+        unknown = named - options.get(subcommand, set())
+        if subcommand not in options or unknown:
+            failures.append(f"{path}: there is no {subcommand} {' '.join(sorted(unknown))}")
+
+
+def main(tool, manual_path, completion, *documents):
     with open(manual_path) as manual:
         text = manual.read()
     sections = manual_sections(text)
@@ -74,6 +92,9 @@ def main(tool, manual_path, completion):
         if values_of(help_text):
             expect_equal(f"completion: formats of {subcommand}", values_of(help_text),
                          completed(completion, subcommand, "--format", ""))
+    known = {subcommand: options_of(help_of(tool, subcommand)) for subcommand in subcommands}
+    for document in (manual_path, *documents):
+        check_calls(document, known)
     print(f"{len(subcommands)} subcommands, {len(failures)} failures")
     print("\n".join(failures))
     return 1 if failures or not subcommands else 0

@@ -26,10 +26,12 @@ const std::optional<Write>& winnerOf(const Explanation& explanation, const Chang
     return explanation.fields[answer.question.field].winner;
 }
 
-// What was lost plays no part here, and of a long style much is.
+// What was lost plays no part here, and of a long style much is. Its memory is given back.
 Explanation winnersOf(Explanation explanation) {
-    for (History& field : explanation.fields) field.losses = {};
-    for (History* history : {&explanation.icon, &explanation.land, &explanation.grid}) history->losses = {};
+    for (History& field : explanation.fields) field.losses = std::vector<Loss>();
+    for (History* history : {&explanation.icon, &explanation.land, &explanation.grid}) {
+        history->losses = std::vector<Loss>();
+    }
     return explanation;
 }
 

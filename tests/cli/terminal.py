@@ -1,0 +1,66 @@
+#!/usr/bin/env python3
+"""terminal.py TOOL: what the tool shows in a terminal, and only there: how far the proofs of a long check have come, and
+colours in explanations, unless the user wants none.
+"""
+import json
+import os
+import pathlib
+import pty
+import subprocess
+import sys
+import tempfile
+
+failures = []
+
+
+def in_terminal(command, **environment):
+    """What a command writes to a terminal, for all its streams."""
+    ours, theirs = pty.openpty()
+    environment = {name: value for name, value in os.environ.items() if name != "NO_COLOR"} | environment
+    process = subprocess.Popen(command, stdin=theirs, stdout=theirs, stderr=theirs, env=environment)
+    os.close(theirs)
+    shown = b""
+    try:
+        while piece := os.read(ours, 65536):
+            shown += piece
+    except OSError:  # Linux says so that the other end is closed
+        pass
+    process.wait()
+    os.close(ours)
+    return shown.decode()
+
+
+def expect(condition, message, text):
+    if not condition:
+        failures.append(f"{message}: {text[:200]!r}")
+
+
+def many_rules():
+    rule = {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}
+    return json.dumps([rule | {"stylers": {"color": f"#{i:06x}"}} for i in range(1500)])
+
+
+def main(tool):
+    with tempfile.TemporaryDirectory() as directory:
+        style = pathlib.Path(directory) / "style.json"
+        style.write_text(many_rules())
+        check = [tool, "check", style]
+        shown = in_terminal(check)
+        line = f"\r{style}: "
+        expect(line in shown and " of 1500 proofs" in shown, "no progress is shown", shown)
+        expect("\r\x1b[K" in shown[shown.rindex(" proofs"):], "the line of the progress stays", shown[-200:])
+        piped = subprocess.run(check, capture_output=True, text=True)
+        expect("proofs\n" not in piped.stderr and piped.stderr == "", "progress is shown in a pipe", piped.stderr)
+
+        explain = [tool, "explain", "--style", style, "--id", "1002", "--level", "9", "--field", "fill"]
+        block = "\x1b[48;2;0;5;219m"
+        expect(block in in_terminal(explain), "no colour is shown", in_terminal(explain))
+        expect("\x1b" not in in_terminal(explain, NO_COLOR="1"), "a colour is shown", in_terminal(explain, NO_COLOR="1"))
+        piped = subprocess.run(explain, capture_output=True, text=True)
+        expect("#0005db" in piped.stdout and "\x1b" not in piped.stdout, "a colour is shown in a pipe", piped.stdout)
+    print(f"{len(failures)} failures")
+    print("\n".join(failures))
+    return 1 if failures else 0
+
+
+sys.exit(main(*sys.argv[1:]))
