@@ -6,7 +6,7 @@
 #include <set>
 
 #include "StyleSnapshot.h"
-#include "hostile/FailingHeaps.h"
+#include "support/FailingHeaps.h"
 #include "support/FaultyMemory.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryDirectory.h"

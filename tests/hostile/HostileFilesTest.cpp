@@ -9,6 +9,8 @@
 
 #include "support/FaultyMemory.h"
 #include "support/LogCapture.h"
+#include "support/OpenFiles.h"
+#include "support/OrdinaryUser.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestStore.h"
 
@@ -25,26 +27,6 @@ constexpr char kMappingNotJson[] = "CustomIndex file parse failed, format error"
 constexpr char kStyleMissing[] = "open failed";
 constexpr char kStyleNotJson[] = "custom config file parse failed, format error";
 constexpr char kNoRule[] = R"(warning, "featureType" is  illegal or absent)";
-
-std::ptrdiff_t openFiles() {
-    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
-}
-
-/// Reads as an ordinary user while it lives.
-class OrdinaryUser {
-public:
-    OrdinaryUser() : m_user(geteuid()) {
-        if (m_user == 0) become(65534);
-    }
-    ~OrdinaryUser() { become(m_user); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    static void become(uid_t user) { EXPECT_EQ(seteuid(user), 0); }
-
-    uid_t m_user;
-};
 
 class HostileFiles : public testing::Test {
 protected:

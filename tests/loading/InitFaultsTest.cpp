@@ -9,6 +9,7 @@
 
 #include "support/FaultyMemory.h"
 #include "support/LogCapture.h"
+#include "support/OpenFiles.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestStore.h"
 #include "vi/vos/VMem.h"
@@ -20,10 +21,6 @@ using testing::ElementsAre;
 
 // The records of the test mapping: two for each of the types 0 to 71.
 constexpr int kRecords = 144;
-
-std::ptrdiff_t openFiles() {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
-}
 
 class InitWithFaults : public testing::Test {
 protected:

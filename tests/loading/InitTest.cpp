@@ -7,21 +7,18 @@
 
 #include "support/FaultyMemory.h"
 #include "support/LogCapture.h"
+#include "support/OpenFiles.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 using testing::ElementsAre;
 
 // The records of the test mapping: two for each of the types 0 to 71.
 constexpr int kRecords = 144;
-
-std::ptrdiff_t openFiles() {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
-}
 
 int recordsIn(const CustomConfig& config) {
     int records = 0;

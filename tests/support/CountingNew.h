@@ -1,14 +1,17 @@
-// The C++ heap, counted. A program that compiles CountingNew.cpp replaces its operator new.
+// The C++ heap, counted. One of these at a time.
 #pragma once
 
 #include <cstddef>
 
 namespace customstyle_test {
 
-/// Counts the calls of operator new since it was made.
+/// Counts the calls of operator new while it lives.
 class NewCalls {
 public:
     NewCalls();
+    ~NewCalls();
+    NewCalls(const NewCalls&) = delete;
+    NewCalls& operator=(const NewCalls&) = delete;
     std::size_t count() const;
 
 private:

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string>
 
+#include "support/OrdinaryUser.h"
 #include "support/TemporaryDirectory.h"
 #include "vi/vos/VFile.h"
 #include "vi/vos/VString.h"
@@ -120,22 +121,6 @@ TEST_F(VFileRefusal, OfTheOtherModeClosesTheFileThatWasOpen) {
     EXPECT_EQ(file.Read(&untouched, 1), 0u);
     EXPECT_EQ(untouched, '?');
 }
-
-/// Gives up the rights of the superuser while it lives; without them it changes nothing.
-class OrdinaryUser {
-public:
-    OrdinaryUser() : m_user(geteuid()) {
-        if (m_user == 0) become(65534);
-    }
-    ~OrdinaryUser() { become(m_user); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    static void become(uid_t user) { EXPECT_EQ(seteuid(user), 0); }
-
-    uid_t m_user;
-};
 
 TEST_F(VFileRefusal, OfAFileThatMayNotBeRead) {
     const std::string text = m_directory.write("text", "abc");

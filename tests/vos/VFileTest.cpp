@@ -7,6 +7,7 @@
 #include <limits>
 #include <string>
 
+#include "support/OpenFiles.h"
 #include "support/TemporaryDirectory.h"
 #include "vi/vos/VFile.h"
 #include "vi/vos/VString.h"
@@ -22,10 +23,6 @@ std::string readFrom(CVFile& file, std::size_t size) {
     std::string buffer(size, '?');
     buffer.resize(file.Read(buffer.data(), size));
     return buffer;
-}
-
-std::ptrdiff_t openDescriptors() {
-    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
 }
 
 class VFile : public testing::Test {
@@ -129,10 +126,10 @@ TEST_F(VFile, ClosingEndsReading) {
 }
 
 TEST_F(VFile, ClosingWithoutAnOpenFileDoesNothing) {
-    const std::ptrdiff_t before = openDescriptors();
+    const std::ptrdiff_t before = openFiles();
     m_file.Close();
     m_file.Close();
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(VFile, OpeningAgainStartsWithTheNewFile) {
@@ -154,14 +151,14 @@ TEST_F(VFile, OpeningAgainInVainLeavesNothingOpen) {
 
 TEST_F(VFile, GivesItsDescriptorBackOnOpeningAgainAndInTheEnd) {
     const std::string path = m_directory.write("text", "abc");
-    const std::ptrdiff_t before = openDescriptors();
+    const std::ptrdiff_t before = openFiles();
     {
         CVFile file;
         EXPECT_EQ(file.Open(path.c_str(), 257), 1);
         EXPECT_EQ(file.Open(path.c_str(), 257), 1);
-        EXPECT_EQ(openDescriptors(), before + 1);
+        EXPECT_EQ(openFiles(), before + 1);
     }
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 }  // namespace

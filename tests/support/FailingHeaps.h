@@ -1,5 +1,4 @@
-// Every heap that a load uses, counted together: operator new, the engine's heap and the JSON parser's. A program that
-// compiles FailingHeaps.cpp replaces its operator new.
+// Every heap that a load uses, counted together: operator new, the engine's heap and the JSON parser's.
 #pragma once
 
 #include <cstddef>
