@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 
 #include "hostile/FaultyFile.h"
@@ -24,12 +25,21 @@ FaultyFile whole(const std::string& content) {
     return {content, content.size(), content.size()};
 }
 
+// Memory as it looks that was in use before.
+void* allocateUsed(std::size_t size, const char*, int) {
+    void* block = std::malloc(size);
+    if (block != nullptr) std::memset(block, '1', size);
+    return block;
+}
+
 class ReadError : public testing::Test {
 protected:
     ReadError() {
+        _orvik_vi::CVMem::SetHostAllocator(allocateUsed, std::free);
         provideFile("map/CustomIndex", whole(testMapping()));
         provideFile("style.json", whole(m_style));
     }
+    ~ReadError() override { _orvik_vi::CVMem::SetHostAllocator(nullptr, nullptr); }
 
     /// Answers as Init does. A text that is no JSON stays behind, and no file stays open.
     int load() {
@@ -100,7 +110,6 @@ void* refuseLarge(std::size_t size, const char*, int) {
 class UnheldLength : public ReadError, public testing::WithParamInterface<std::size_t> {
 protected:
     UnheldLength() { _orvik_vi::CVMem::SetHostAllocator(refuseLarge, std::free); }
-    ~UnheldLength() override { _orvik_vi::CVMem::SetHostAllocator(nullptr, nullptr); }
 };
 
 TEST_P(UnheldLength, OfTheMappingIsRefused) {

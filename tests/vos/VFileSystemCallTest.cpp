@@ -1,0 +1,105 @@
+// CVFile between its calls of the system: names that come to stand for something else, reads that a signal breaks off.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "support/OpenFiles.h"
+#include "support/TemporaryDirectory.h"
+#include "vi/vos/VFile.h"
+#include "vi/vos/VString.h"
+
+namespace {
+
+std::function<void()> g_beforeOpen;
+int g_interruptions = 0;
+
+int openAfterAll(const char* path, int flags) {
+    if (g_beforeOpen) std::exchange(g_beforeOpen, nullptr)();
+    return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, 0));
+}
+
+}  // namespace
+
+// In place of the C library's, by the names that the linker knows them by.
+extern "C" {
+int openInstead(const char* path, int flags, ...) __asm__("open");
+int open64Instead(const char* path, int flags, ...) __asm__("open64");
+ssize_t readInstead(int descriptor, void* buffer, std::size_t size) __asm__("read");
+
+int openInstead(const char* path, int flags, ...) {
+    return openAfterAll(path, flags);
+}
+
+int open64Instead(const char* path, int flags, ...) {
+    return openAfterAll(path, flags);
+}
+
+ssize_t readInstead(int descriptor, void* buffer, std::size_t size) {
+    if (g_interruptions > 0) {
+        --g_interruptions;
+        errno = EINTR;
+        return -1;
+    }
+    return syscall(SYS_read, descriptor, buffer, size);
+}
+}
+
+namespace customstyle_test {
+namespace {
+
+using _orvik_vi::CVFile;
+
+namespace fs = std::filesystem;
+
+class VFileSystemCall : public testing::Test {
+protected:
+    ~VFileSystemCall() override {
+        g_beforeOpen = nullptr;
+        g_interruptions = 0;
+    }
+
+    /// What opening answers when the name is given to something else after the first look at it.
+    int openedWhileReplaced(const std::function<void(const char* path)>& make) {
+        g_beforeOpen = [this, make] {
+            fs::remove(m_path);
+            make(m_path.c_str());
+        };
+        const std::ptrdiff_t before = openFiles();
+        const int answer = m_file.Open(m_path.c_str(), 257);
+        EXPECT_FALSE(g_beforeOpen) << "nothing was opened";
+        EXPECT_EQ(openFiles(), before);
+        return answer;
+    }
+
+    TemporaryDirectory m_directory;
+    const std::string m_path = m_directory.write("style.json", "[1, 2]");
+    CVFile m_file;
+};
+
+TEST_F(VFileSystemCall, OpeningRefusesADirectoryThatTookTheFilesName) {
+    EXPECT_EQ(openedWhileReplaced([](const char* path) { fs::create_directory(path); }), 0);
+}
+
+TEST_F(VFileSystemCall, OpeningRefusesAPipeThatTookTheFilesName) {
+    EXPECT_EQ(openedWhileReplaced([](const char* path) { mkfifo(path, 0600); }), 0);
+}
+
+TEST_F(VFileSystemCall, ReadingGoesOnAfterSignals) {
+    ASSERT_EQ(m_file.Open(m_path.c_str(), 257), 1);
+    std::string text(6, '?');
+    g_interruptions = 3;
+    EXPECT_EQ(m_file.Read(text.data(), text.size()), 6U);
+    EXPECT_EQ(text, "[1, 2]");
+    EXPECT_EQ(g_interruptions, 0);
+}
+
+}  // namespace
+}  // namespace customstyle_test
