@@ -78,9 +78,8 @@ std::string codesMarkdown() {
         "# What `customstyle check` finds\n\n"
         "Made from the tool's own table by `customstyle check --codes-markdown`; a test compares the two.\n\n"
         "An error is something that the component drops or draws otherwise for certain, a warning something that does "
-        "not "
-        "do what its author can have meant, a note something to know. Examples are whole files; what they name in "
-        "parentheses is too long to be written here.\n\n";
+        "not do what its author can have meant, a note something to know. Examples are whole files; what they name "
+        "in parentheses is too long to be written here.\n\n";
     text += sectionMarkdown(FileKind::Style, "Style files");
     text += sectionMarkdown(FileKind::Mapping, "Mapping files");
     text.pop_back();

@@ -8,6 +8,7 @@
 #include "check/StyleUnderCheck.h"
 #include "replay/StoreImage.h"
 #include "support/Answers.h"
+#include "support/FeatureTypes.h"
 #include "support/Levels.h"
 
 namespace customstyle_tool {
@@ -155,7 +156,7 @@ private:
     // The first touch of the step whose style id another type answers for, and otherwise.
     static const RecordTouch* lostTouch(const StyleUnderCheck& check, const ReplayStep& step) {
         const auto isLost = [&](const RecordTouch& touch) {
-            if (check.catalogue().IsParentFeatureType(touch.featureType) != 0) return false;  // answers last by nature
+            if (catalogue().IsParentFeatureType(touch.featureType) != 0) return false;  // answers last by nature
             const Answer answer =
                 ask(check.outcome(), static_cast<unsigned int>(touch.styleId), touch.level.value_or(0));
             const bool isOther = answer.featureType != -1 && answer.featureType != touch.featureType;
@@ -173,11 +174,10 @@ private:
         if (touch == nullptr) return;
         const int other =
             ask(m_check.outcome(), static_cast<unsigned int>(touch->styleId), touch->level.value_or(0)).featureType;
-        const auto& catalogue = m_check.catalogue();
         m_check.add(Code::SharedIdsLost, step,
                     fmt::format("style ids that \"{0}\" shares with \"{1}\", such as {2}, follow \"{1}\"",
-                                catalogue.GetFeatureTypeName(touch->featureType), catalogue.GetFeatureTypeName(other),
-                                touch->styleId));
+                                catalogue().GetFeatureTypeName(touch->featureType),
+                                catalogue().GetFeatureTypeName(other), touch->styleId));
     }
 
     // A rule with one styler is named by that styler's place.

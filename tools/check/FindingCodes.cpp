@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "CustomConfig.h"
+#include "support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
@@ -392,19 +392,17 @@ static_assert(eachInfoStandsAtItsCode());
 
 // Lists for all types of a mapping but some, each with an id of its own.
 std::string mappingMembersWithout(std::initializer_list<std::string_view> excepted) {
-    const _orvik_framework::CustomConfig catalogue;
+    const std::span<const std::string> names = mappedTypeNames();
     std::string members;
-    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
-        const std::string name = catalogue.GetFeatureTypeName(type);
-        if (std::ranges::find(excepted, name) != excepted.end()) continue;
-        members += fmt::format(R"({}"{}": [{}])", members.empty() ? "" : ", ", name, 10000 + type);
+    for (std::size_t type = 0; type < names.size(); ++type) {
+        if (std::ranges::find(excepted, names[type]) != excepted.end()) continue;
+        members += fmt::format(R"({}"{}": [{}])", members.empty() ? "" : ", ", names[type], 10000 + type);
     }
     return members;
 }
 
 // Rules for the types "land" to "otherlabel", without "boundary", at each level up to `highest`.
 std::string rulesForLevelsTo(int highest, std::size_t marked) {
-    const _orvik_framework::CustomConfig catalogue;
     std::string rules;
     std::size_t count = 0;
     for (int type = 0; type <= _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL; ++type) {
@@ -413,7 +411,7 @@ std::string rulesForLevelsTo(int highest, std::size_t marked) {
             const char* const styler = ++count == marked ? R"(<<"weight": "3">>)" : R"("weight": "3")";
             rules +=
                 fmt::format(R"({}{{"featureType": "{}", "elementType": "geometry", "stylers": {{{}, "level": "{}"}}}})",
-                            rules.empty() ? "[" : ",\n ", catalogue.GetFeatureTypeName(type), styler, level);
+                            rules.empty() ? "[" : ",\n ", catalogue().GetFeatureTypeName(type), styler, level);
         }
     }
     return rules + "]";

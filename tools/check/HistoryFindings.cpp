@@ -3,11 +3,15 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
+#include <utility>
 
 #include "check/FieldHistory.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
+#include "replay/StyleKey.h"
+#include "support/FeatureTypes.h"
 #include "support/Levels.h"
 
 namespace customstyle_tool {
@@ -88,8 +92,7 @@ void checkOwnReset(StyleUnderCheck& check, const ReplayStep& step) {
     if (lost.empty()) return;
     check.add(Code::LevelResetsItself, step,
               fmt::format("what it writes to {} does not stay at {}: the rule writes several times, and each time "
-                          "starts again from the "
-                          "style for all levels",
+                          "starts again from the style for all levels",
                           fieldNames(lost), levelText(level)));
 }
 
@@ -106,37 +109,54 @@ bool isTakenOut(const RecordTouch& touch) {
     return touch.origins[kMarkField] == Origin::Written && touch.after.m_custom == 0;
 }
 
-// The last step before this one that made a record of the type count as customised.
-const ReplayStep* earlierWork(const StyleUnderCheck& check, std::size_t place, const RecordTouch& touch) {
-    for (std::size_t i = place; i-- > 0;) {
-        const ReplayStep& step = check.steps()[i];
-        const bool isWork = std::ranges::any_of(step.touches, [&](const RecordTouch& other) {
-            const bool covers = !other.level || other.level == touch.level;
-            return other.featureType == touch.featureType && covers && other.after.m_custom != 0;
-        });
-        if (isWork) return &step;
+// Which step was the last one that made records of a type count as customised, for each level and for all.
+class WorkSoFar {
+public:
+    void add(std::size_t place, const ReplayStep& step) {
+        for (const RecordTouch& touch : step.touches) {
+            if (touch.after.m_custom != 0) m_last[{touch.featureType, touch.level}] = place;
+        }
     }
-    return nullptr;
+
+    /// The last step whose work can be in the record of this touch.
+    std::optional<std::size_t> before(const RecordTouch& touch) const {
+        return std::max(find(touch.featureType, {}), find(touch.featureType, touch.level));
+    }
+
+private:
+    std::optional<std::size_t> find(int featureType, std::optional<int> level) const {
+        const auto found = m_last.find({featureType, level});
+        if (found == m_last.end()) return {};
+        return found->second;
+    }
+
+    std::map<std::pair<int, std::optional<int>>, std::size_t> m_last;
+};
+
+void addTakenOut(StyleUnderCheck& check, const ReplayStep& step, const RecordTouch& touch,
+                 std::optional<std::size_t> work) {
+    const std::string type = catalogue().GetFeatureTypeName(touch.featureType);
+    check.explain(step.rule, step.styler);
+    if (!work) {
+        check.add(Code::ElementMatchesNothing, step,
+                  fmt::format("nothing is written: labels of \"{}\" have no such element", type));
+        return;
+    }
+    const ReplayStep& lost = check.steps()[*work];
+    Finding& finding = check.add(
+        Code::ElementMatchesNothing, step,
+        fmt::format("nothing is written, and what {} gave \"{}\" is no longer drawn", check.nameOf(lost), type));
+    finding.related.push_back(placeOf(check, lost, "taken out of use"));
+    check.explain(lost.rule, lost.styler);
 }
 
 void findTakenOut(StyleUnderCheck& check) {
+    WorkSoFar work;
     for (std::size_t i = 0; i < check.steps().size(); ++i) {
         const ReplayStep& step = check.steps()[i];
         const auto touch = std::ranges::find_if(step.touches, isTakenOut);
-        if (touch == step.touches.end()) continue;
-        const ReplayStep* const lost = earlierWork(check, i, *touch);
-        const std::string type = check.catalogue().GetFeatureTypeName(touch->featureType);
-        check.explain(step.rule, step.styler);
-        if (lost == nullptr) {
-            check.add(Code::ElementMatchesNothing, step,
-                      fmt::format("nothing is written: labels of \"{}\" have no such element", type));
-            continue;
-        }
-        Finding& finding = check.add(
-            Code::ElementMatchesNothing, step,
-            fmt::format("nothing is written, and what {} gave \"{}\" is no longer drawn", check.nameOf(*lost), type));
-        finding.related.push_back(placeOf(check, *lost, "taken out of use"));
-        check.explain(lost->rule, lost->styler);
+        if (touch != step.touches.end()) addTakenOut(check, step, *touch, work.before(*touch));
+        work.add(i, step);
     }
 }
 
@@ -170,12 +190,12 @@ std::map<std::size_t, ShutOut> shutOutSteps(const StyleUnderCheck& check, const 
     const auto firstSteps = firstStepsOfKeys(check);
     std::map<std::size_t, ShutOut> shutOut;
     for (const auto& [record, owners] : history.records()) {
-        const std::size_t colon = record.first.find(':');
-        if (colon == std::string::npos) continue;
-        const RecordOwners& ofAll = history.ownersOf(record.first.substr(0, colon), record.second);
+        const auto [featureType, level] = parsedKey(record.first);
+        if (!level) continue;
+        const RecordOwners& ofAll = history.ownersOf(std::to_string(featureType), record.second);
         for (const std::size_t step : missingIn(owners, ofAll)) {
             ShutOut& each = shutOut[step];
-            each.levels.set(classOfLevel(std::stoi(record.first.substr(colon + 1))));
+            each.levels.set(classOfLevel(*level));
             const std::size_t culprit = firstSteps.at(record.first);
             each.culprit = std::min(each.culprit.value_or(culprit), culprit);
         }

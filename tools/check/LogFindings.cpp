@@ -8,6 +8,7 @@
 #include "check/DocumentFindings.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
+#include "support/FeatureTypes.h"
 #include "support/Spelling.h"
 
 namespace customstyle_tool {
@@ -52,18 +53,11 @@ void featureTypeAbsent(const LoggedLine& logged) {
     }
 }
 
-std::vector<std::string> typeNames(const _orvik_framework::CustomConfig& catalogue) {
-    std::vector<std::string> names;
-    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type)
-        names.push_back(catalogue.GetFeatureTypeName(type));
-    return names;
-}
-
 void featureTypeUnknown(const LoggedLine& logged) {
     const std::string& name = logged.rule.typeName;
     Finding& finding = logged.add(Code::TypeUnknown, *logged.rule.featureType,
                                   fmt::format("there is no feature type {}; the rule is skipped", inQuotes(name)));
-    const auto nearest = likelyName(name, typeNames(logged.check.catalogue()));
+    const auto nearest = likelyName(name, featureTypeNames());
     if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
 }
 

@@ -17,6 +17,7 @@
 #include "replay/MappingSource.h"
 #include "replay/SingleRules.h"
 #include "support/Answers.h"
+#include "support/FeatureTypes.h"
 #include "support/Spelling.h"
 
 namespace customstyle_tool {
@@ -26,14 +27,6 @@ using _orvik_framework::CustomConfig;
 
 // So many style ids are named before a message says "and others".
 constexpr std::size_t kNamedIds = 5;
-
-std::vector<std::string> typeNames() {
-    const CustomConfig catalogue;
-    std::vector<std::string> names;
-    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type)
-        names.push_back(catalogue.GetFeatureTypeName(type));
-    return names;
-}
 
 // A store with one record of the land, to see whether the renderer can be answered about a style id.
 class LookupProbe {
@@ -74,8 +67,7 @@ std::string idsText(const std::vector<int>& ids) {
 
 class MappingFindings {
 public:
-    MappingFindings(const SourceFile& file, const JsonDocument& document)
-        : m_file(file), m_root(document.root()), m_typeNames(typeNames()) {}
+    MappingFindings(const SourceFile& file, const JsonDocument& document) : m_file(file), m_root(document.root()) {}
 
     std::vector<Finding> run() {
         if (m_root.kind() != JsonKind::Object) {
@@ -89,7 +81,7 @@ public:
             checkMember(member);
         }
         addMissing();
-        for (const std::string& name : m_typeNames) checkType(name);
+        for (const std::string& name : mappedTypeNames()) checkType(name);
         addShared();
         return std::move(m_findings);
     }
@@ -111,10 +103,11 @@ private:
         return add(code, value.range(), value, std::move(message));
     }
 
-    // ---- Names
-    // -------------------------------------------------------------------------------------------------------
+    // ---- Names -----------------------------------------------------------------------------------------------------
 
-    bool isTypeName(const std::string& name) const { return std::ranges::find(m_typeNames, name) != m_typeNames.end(); }
+    bool isTypeName(const std::string& name) const {
+        return std::ranges::find(mappedTypeNames(), name) != mappedTypeNames().end();
+    }
 
     // The member that the component takes.
     std::optional<JsonValue> memberOf(const std::string& typeName) const {
@@ -143,13 +136,13 @@ private:
         Finding& finding = add(Code::MappingNameUnknown, member.nameRange(), member,
                                fmt::format("there is no feature type {} to map; the component passes over the list",
                                            inQuotes(member.name())));
-        const auto nearest = likelyName(member.name(), m_typeNames);
+        const auto nearest = likelyName(member.name(), mappedTypeNames());
         if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
     }
 
     void addMissing() {
         std::vector<std::string> missing;
-        std::ranges::copy_if(m_typeNames, std::back_inserter(missing),
+        std::ranges::copy_if(mappedTypeNames(), std::back_inserter(missing),
                              [&](const std::string& name) { return !memberOf(name); });
         if (missing.empty()) return;
         const TextRange start{m_root.range().begin, m_root.range().begin + 1};
@@ -159,8 +152,7 @@ private:
                         fmt::join(missing, "\", \"")));
     }
 
-    // ---- Lists
-    // -------------------------------------------------------------------------------------------------------
+    // ---- Lists -----------------------------------------------------------------------------------------------------
 
     void checkType(const std::string& name) {
         const auto list = memberOf(name);
@@ -210,8 +202,7 @@ private:
         finding.related.push_back({first->second.range(), "the first one"});
     }
 
-    // ---- Style ids under several types
-    // -------------------------------------------------------------------------------
+    // ---- Style ids under several types -----------------------------------------------------------------------------
 
     struct Listing {
         std::string type;
@@ -243,8 +234,7 @@ private:
     }
 
     void addShared(const std::string& first, const std::string& second, JsonValue place, const std::vector<int>& ids) {
-        const CustomConfig catalogue;
-        const bool isParent = catalogue.IsParentFeatureType(catalogue.GetFeatureTypeId(first)) != 0;
+        const bool isParent = catalogue().IsParentFeatureType(catalogue().GetFeatureTypeId(first)) != 0;
         add(Code::MappingIdShared, place,
             fmt::format("\"{}\" and \"{}\" share {} style id{} ({}); where both customise one, \"{}\" answers", first,
                         second, ids.size(), ids.size() == 1 ? "" : "s", idsText(ids), isParent ? second : first));
@@ -253,7 +243,6 @@ private:
     const SourceFile& m_file;
     JsonValue m_root;
     LookupProbe m_lookup;
-    std::vector<std::string> m_typeNames;
     std::unordered_map<std::string, JsonValue> m_firsts;  // of members with one name, by the name in small letters
     std::map<int, std::vector<Listing>> m_listings;
     std::vector<Finding> m_findings;

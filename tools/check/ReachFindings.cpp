@@ -9,11 +9,10 @@
 #include "check/DocumentFindings.h"
 #include "check/StyleUnderCheck.h"
 #include "check/WhatIf.h"
+#include "support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
-
-using _orvik_framework::CustomConfig;
 
 enum Part : std::size_t { kGeometry, kText, kIcon, kPartCount };
 
@@ -101,8 +100,7 @@ private:
         }
     }
 
-    // ---- Steps that do nothing
-    // ---------------------------------------------------------------------------------------
+    // ---- Steps that do nothing -------------------------------------------------------------------------------------
 
     void checkNothing() {
         m_check.explain(m_step.rule, m_step.styler);
@@ -147,8 +145,7 @@ private:
         }
     }
 
-    // ---- Paths
-    // -------------------------------------------------------------------------------------------------------
+    // ---- Paths -----------------------------------------------------------------------------------------------------
 
     static bool isUsualWord(const std::string& word) {
         constexpr std::string_view kWords[] = {"all",  "labels", "text",       "geometry",
@@ -181,8 +178,7 @@ private:
             finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", *same);
     }
 
-    // ---- Geometry, text and icons
-    // ------------------------------------------------------------------------------------
+    // ---- Geometry, text and icons ----------------------------------------------------------------------------------
 
     void checkParts() {
         const std::string& last = m_rule.words.back();
@@ -192,7 +188,7 @@ private:
             add(Code::AllColorsNamesOnly,
                 fmt::format("only the names of \"{}\" get the colour; the geometry stays as it is", m_rule.typeName));
         }
-        const bool keepsLabels = m_check.catalogue().UpdateFeatureTypeId(m_rule.typeId) == m_rule.typeId;
+        const bool keepsLabels = catalogue().UpdateFeatureTypeId(m_rule.typeId) == m_rule.typeId;
         const bool hides = m_step.styler == "visibility" && !isOn();
         if (hides && m_rule.names("geometry") && m_reach.wrote[kText] && keepsLabels && drawsGeometry(m_rule.typeId)) {
             add(Code::GeometryHidesNames,
@@ -222,8 +218,7 @@ private:
         }
     }
 
-    // ---- Types
-    // -------------------------------------------------------------------------------------------------------
+    // ---- Types -----------------------------------------------------------------------------------------------------
 
     void checkTypes() {
         checkNamesake();
@@ -232,15 +227,15 @@ private:
             const int companion = *m_reach.types.begin();
             add(Code::IconsOfCompanion,
                 fmt::format("this is about the icons of \"{}\"; those of \"{}\" stay as they are",
-                            m_check.catalogue().GetFeatureTypeName(companion), m_rule.typeName));
+                            catalogue().GetFeatureTypeName(companion), m_rule.typeName));
         }
         checkFamily();
     }
 
     void checkNamesake() {
-        const int namesake = m_check.catalogue().GetFeatureTypeId(m_rule.typeName + "label");
+        const int namesake = catalogue().GetFeatureTypeId(m_rule.typeName + "label");
         const bool isLabels = m_rule.names("labels") && m_reach.wrote[kText];
-        const bool isParent = m_check.catalogue().IsParentFeatureType(namesake) != 0;
+        const bool isParent = catalogue().IsParentFeatureType(namesake) != 0;
         if (!isLabels || namesake == -1 || isParent || m_reach.types.contains(namesake)) return;
         m_check
             .add(Code::NamesakeNotReached, m_rule, *m_rule.featureType,
@@ -255,11 +250,10 @@ private:
         int untouched = 0;
         for (int type = family->first; type <= family->last; ++type) untouched += m_touchedTypes.contains(type) ? 0 : 1;
         if (2 * untouched <= family->last - family->first + 1) return;
-        const CustomConfig& catalogue = m_check.catalogue();
         m_check.add(
             Code::ParentAnswersLast, m_rule, *m_rule.featureType,
             fmt::format("\"{}\" speaks for its own style ids only, not for \"{}\" to \"{}\"", m_rule.typeName,
-                        catalogue.GetFeatureTypeName(family->first), catalogue.GetFeatureTypeName(family->last)));
+                        catalogue().GetFeatureTypeName(family->first), catalogue().GetFeatureTypeName(family->last)));
     }
 
     bool isOn() const { return m_step.styler == "visibility" && m_visibility == "on"; }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "support/FeatureTypes.h"
+
 namespace customstyle_tool {
 namespace {
 
@@ -19,7 +21,7 @@ std::vector<std::string> wordsOf(std::string_view path) {
     return words;
 }
 
-RuleView viewOf(std::size_t place, JsonValue value, const _orvik_framework::CustomConfig& catalogue) {
+RuleView viewOf(std::size_t place, JsonValue value) {
     RuleView rule;
     rule.place = place;
     rule.value = value;
@@ -27,7 +29,7 @@ RuleView viewOf(std::size_t place, JsonValue value, const _orvik_framework::Cust
     rule.elementType = value.firstMemberIgnoringCase("elementType");
     rule.stylers = value.firstMemberIgnoringCase("stylers");
     if (isText(rule.featureType)) rule.typeName = rule.featureType->text();
-    rule.typeId = catalogue.GetFeatureTypeId(rule.typeName);
+    rule.typeId = catalogue().GetFeatureTypeId(rule.typeName);
     if (isText(rule.elementType)) rule.path = rule.elementType->text();
     rule.words = wordsOf(rule.path);
     return rule;
@@ -63,9 +65,9 @@ std::string RuleView::textWith(TextRange part, std::string_view replacement) con
     return text;
 }
 
-std::vector<RuleView> viewsOf(const StyleSource& style, const _orvik_framework::CustomConfig& catalogue) {
+std::vector<RuleView> viewsOf(const StyleSource& style) {
     std::vector<RuleView> views;
-    for (const JsonValue rule : style.rules()) views.push_back(viewOf(views.size(), rule, catalogue));
+    for (const JsonValue rule : style.rules()) views.push_back(viewOf(views.size(), rule));
     return views;
 }
 

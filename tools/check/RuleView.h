@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "CustomConfig.h"
 #include "json/JsonDocument.h"
 #include "support/SourceFile.h"
 
@@ -42,6 +41,6 @@ struct RuleView {
     std::string textWith(TextRange part, std::string_view replacement) const;
 };
 
-std::vector<RuleView> viewsOf(const StyleSource& style, const _orvik_framework::CustomConfig& catalogue);
+std::vector<RuleView> viewsOf(const StyleSource& style);
 
 }  // namespace customstyle_tool

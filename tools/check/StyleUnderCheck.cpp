@@ -5,7 +5,7 @@
 namespace customstyle_tool {
 
 StyleUnderCheck::StyleUnderCheck(const StyleSource& style, std::string_view mapping)
-    : m_style(&style), m_rules(viewsOf(style, m_catalogue)), m_replay(mapping, style) {}
+    : m_style(&style), m_rules(viewsOf(style)), m_replay(mapping, style) {}
 
 Finding& StyleUnderCheck::add(Code code, const RuleView& rule, TextRange range, const std::string& path,
                               std::string message) {

@@ -22,7 +22,6 @@ public:
     StyleUnderCheck(const StyleSource& style, std::string_view mapping);
 
     const StyleSource& style() const { return *m_style; }
-    const _orvik_framework::CustomConfig& catalogue() const { return m_catalogue; }
     const std::vector<RuleView>& rules() const { return m_rules; }
     const std::vector<ReplayStep>& steps() const { return m_replay.steps(); }
     const _orvik_framework::CustomConfig& outcome() const { return m_replay.config(); }
@@ -49,7 +48,6 @@ public:
 
 private:
     const StyleSource* m_style;
-    _orvik_framework::CustomConfig m_catalogue;
     std::vector<RuleView> m_rules;
     TracedReplay m_replay;
     std::vector<Finding> m_findings;

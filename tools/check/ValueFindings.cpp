@@ -10,6 +10,7 @@
 #include "check/StyleUnderCheck.h"
 #include "json/JsonScalars.h"
 #include "replay/SingleRules.h"
+#include "support/FeatureTypes.h"
 #include "support/RecordText.h"
 
 namespace customstyle_tool {
@@ -88,14 +89,14 @@ std::optional<ColorFault> faultOf(std::string_view text) {
 }
 
 // The colour that the component makes of a text.
-std::uint64_t readColor(const StyleUnderCheck& check, const std::string& text, int featureType) {
-    return static_cast<std::uint32_t>(check.catalogue().CalculateColorValue(text.c_str(), featureType));
+std::uint64_t readColor(const std::string& text, int featureType) {
+    return static_cast<std::uint32_t>(catalogue().CalculateColorValue(text.c_str(), featureType));
 }
 
 void checkWholeColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
-    const std::uint64_t read = readColor(check, text, rule.typeId);
-    if (read != readColor(check, text, -1)) {
+    const std::uint64_t read = readColor(text, rule.typeId);
+    if (read != readColor(text, -1)) {
         check
             .add(Code::ColorAlphaIgnored, rule, value,
                  fmt::format("the alpha is ignored; \"{}\" is drawn in {}", rule.typeName, colorText(read)))
@@ -115,22 +116,22 @@ void checkColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
     const std::optional<ColorFault> fault = faultOf(text);
     if (!fault) return checkWholeColor(check, rule, value);
     check
-        .add(fault->code, rule, value,
-             fmt::format("{} {}; it is read as {}", inQuotes(text), fault->why,
-                         colorText(readColor(check, text, rule.typeId))))
+        .add(
+            fault->code, rule, value,
+            fmt::format("{} {}; it is read as {}", inQuotes(text), fault->why, colorText(readColor(text, rule.typeId))))
         .remedy = fault->remedy;
 }
 
 // The level that the component makes of a rule's text.
-int readLevel(const StyleUnderCheck& check, const RuleView& rule) {
+int readLevel(const RuleView& rule) {
     int level = 0;
-    check.catalogue().ParseCustomStyleGivenLevel(componentTree(rule.stylers->source()).get(), &level);
+    catalogue().ParseCustomStyleGivenLevel(componentTree(rule.stylers->source()).get(), &level);
     return level;
 }
 
 void checkLevel(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
-    const int read = readLevel(check, rule);
+    const int read = readLevel(rule);
     const bool isWhole =
         !text.empty() && std::ranges::all_of(text.substr(text[0] == '-' ? 1 : 0), isDigit) && text != "-";
     if (!isWhole) {

@@ -13,6 +13,7 @@
 #include "customstyle/MapOptions.h"
 #include "support/AnswerTable.h"
 #include "support/Answers.h"
+#include "support/JsonParts.h"
 #include "support/Levels.h"
 #include "support/RecordText.h"
 #include "support/StyleFields.h"
@@ -55,33 +56,14 @@ bool isUntouched(const Group& group) {
     return group.answer.featureType == -1 && !group.answer.iconHidden;
 }
 
-std::string memberName(const char* fieldName) {
-    std::string name = fieldName;
-    std::ranges::replace(name, ' ', '_');
-    return name;
-}
-
-Json jsonOf(std::uint64_t color) {
-    return {{"rgb", rgbText(color)}, {"alpha", alphaOf(color)}};
-}
-
-Json jsonOf(const LevelSet& levels) {
-    Json list = Json::array();
-    for (std::size_t levelClass = 0; levelClass < kOtherLevels; ++levelClass) {
-        if (levels[levelClass]) list.push_back(levelOfClass(levelClass));
-    }
-    if (levels[kOtherLevels]) list.push_back("other");
-    return list;
-}
-
 Json jsonOf(const CustomConfig& config, unsigned int styleId, const Group& group) {
     Json style = Json::object();
     for (const FieldText& field : group.fields) {
-        style[memberName(field.name)] = field.isColor ? jsonOf(field.value) : Json(field.value);
+        style[memberName(field.name)] = field.isColor ? colorJson(field.value) : Json(field.value);
     }
     const int featureType = group.answer.featureType;
     return {{"id", styleId},
-            {"levels", jsonOf(group.levels)},
+            {"levels", levelsJson(group.levels)},
             {"feature_type", featureType == -1 ? Json(nullptr) : Json(featureType)},
             {"feature_type_name", featureType == -1 ? Json(nullptr) : Json(config.GetFeatureTypeName(featureType))},
             {"style", style},
@@ -106,7 +88,7 @@ template <typename Ask>
 Json backgroundJson(const CustomConfig& config, Ask askColor) {
     Json list = Json::array();
     for (const auto& [color, levels] : backgrounds(config, askColor)) {
-        list.push_back({{"levels", jsonOf(levels)}, {"color", jsonOf(color)}});
+        list.push_back({{"levels", levelsJson(levels)}, {"color", colorJson(color)}});
     }
     return list;
 }

@@ -4,8 +4,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include "CustomConfig.h"
 #include "explain/RangesText.h"
+#include "support/FeatureTypes.h"
+#include "support/JsonParts.h"
 #include "support/RecordText.h"
 #include "support/StyleFields.h"
 
@@ -16,10 +17,9 @@ using Json = nlohmann::ordered_json;
 using Value = std::optional<std::uint64_t>;
 
 std::string typeText(int featureType) {
-    static const _orvik_framework::CustomConfig catalogue;
     if (featureType == kEveryType) return "every type";
     if (featureType == kNoType) return "style ids outside the mapping";
-    return catalogue.GetFeatureTypeName(featureType);
+    return catalogue().GetFeatureTypeName(featureType);
 }
 
 bool isColor(const Question& question) {
@@ -71,7 +71,7 @@ std::string lineOf(const JoinedChange& each) {
 Json valueJson(const Question& question, const Value& value) {
     if (isIcon(question)) return valueText(question, value);
     if (!value) return nullptr;
-    if (isColor(question)) return {{"rgb", rgbText(*value)}, {"alpha", alphaOf(*value)}};
+    if (isColor(question)) return colorJson(*value);
     if (question.subject == Subject::FeatureType) return valueText(question, value);
     return *value;
 }
@@ -79,15 +79,6 @@ Json valueJson(const Question& question, const Value& value) {
 Json stylerJson(const std::optional<StylerPlace>& styler) {
     if (!styler) return nullptr;
     return {{"rule", styler->rule}, {"line", styler->line}, {"column", styler->column}};
-}
-
-Json levelsJson(const LevelSet& levels) {
-    Json list = Json::array();
-    for (std::size_t levelClass = 0; levelClass < kOtherLevels; ++levelClass) {
-        if (levels[levelClass]) list.push_back(levelOfClass(levelClass));
-    }
-    if (levels[kOtherLevels]) list.push_back("other");
-    return list;
 }
 
 Json changeJson(const JoinedChange& each) {

@@ -15,12 +15,6 @@ namespace {
 using _orvik_framework::CustomConfig;
 using Value = std::optional<std::uint64_t>;
 
-Value fieldIn(const Answer& answer, std::size_t place) {
-    const StyleField& field = styleFields()[place];
-    if (answer.featureType == -1 || !appliesIn(field, answer.style)) return {};
-    return valueOf(field, answer.style);
-}
-
 Value typeIn(const Answer& answer) {
     if (answer.featureType == -1) return {};
     return static_cast<std::uint64_t>(answer.featureType);

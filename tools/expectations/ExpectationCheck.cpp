@@ -28,12 +28,6 @@ std::set<unsigned int> styleIdsOf(const Expectation& expectation, const LoadedSt
     return {ids.begin(), ids.end()};
 }
 
-Value fieldOf(const Answer& answer, std::size_t place) {
-    const StyleField& field = styleFields()[place];
-    if (answer.featureType == -1 || !appliesIn(field, answer.style)) return {};
-    return valueOf(field, answer.style);
-}
-
 Value answerTo(const Expectation& expectation, const CustomConfig& config, unsigned int styleId, int level) {
     const Answer answer = ask(config, styleId, level);
     if (expectation.aspect == Aspect::FeatureType) {
@@ -49,7 +43,7 @@ Value answerTo(const Expectation& expectation, const CustomConfig& config, unsig
         case Topic::Field:
             break;
     }
-    return fieldOf(answer, expectation.topic->field);
+    return fieldIn(answer, expectation.topic->field);
 }
 
 // The levels of each wrong answer for one style id, by the first level.

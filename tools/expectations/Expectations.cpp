@@ -5,13 +5,12 @@
 #include <algorithm>
 #include <charconv>
 
+#include "support/FeatureTypes.h"
 #include "support/PlainText.h"
 #include "support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
-
-using _orvik_framework::CustomConfig;
 
 constexpr std::string_view kBlanks = " \t\r";
 constexpr int kLargestSize = 255;
@@ -20,11 +19,6 @@ struct Word {
     std::size_t offset;
     std::string_view text;
 };
-
-const CustomConfig& catalogue() {
-    static const CustomConfig config;
-    return config;
-}
 
 template <typename Number>
 std::optional<Number> numberIn(std::string_view text, int base = 10) {
@@ -41,11 +35,7 @@ std::optional<int> featureTypeOf(std::string_view name) {
 }
 
 std::optional<std::string> nearestType(std::string_view written) {
-    std::vector<std::string> names;
-    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
-        names.push_back(catalogue().GetFeatureTypeName(type));
-    }
-    return likelyName(written, names);
+    return likelyName(written, mappedTypeNames());
 }
 
 // "#rrggbb" and "#rrggbbaa"; packed, red is the lowest byte.

@@ -6,7 +6,7 @@
 
 #include "explain/ExplanationText.h"
 #include "explain/StepText.h"
-#include "support/RecordText.h"
+#include "support/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {
@@ -55,7 +55,7 @@ private:
     static Json valueOf(const TopicName& topic, std::uint64_t value) {
         if (topic.topic == Topic::Icon) return valueText(topic, value);
         if (topic.topic == Topic::Field && styleFields()[topic.field].kind == FieldKind::Size) return value;
-        return {{"rgb", rgbText(value)}, {"alpha", alphaOf(value)}};
+        return colorJson(value);
     }
 
     Json stylerOf(std::size_t step) const {
@@ -95,11 +95,6 @@ private:
 
     const Explainer& m_explainer;
 };
-
-std::string memberName(std::string name) {
-    std::ranges::replace(name, ' ', '_');
-    return name;
-}
 
 }  // namespace
 

@@ -29,13 +29,13 @@ const tagCustomStyle* recordIn(const StoreImage& image, const RecordTouch& touch
 
 }  // namespace
 
-IntendedWrites::IntendedWrites(std::string mapping, const StyleSource& style)
+IntendedWrites::IntendedWrites(std::string_view mapping, const StyleSource& style)
     : m_mapping(componentTree(mapping)), m_rules(singleRules(style)) {}
 
 std::optional<std::uint64_t> IntendedWrites::value(const Visit& visit, std::size_t field) {
     const Outcome& outcome = outcomeOf(visit.step);
-    const tagCustomStyle* first = recordIn(*outcome.first, *visit.touch);
-    const tagCustomStyle* second = recordIn(*outcome.second, *visit.touch);
+    const tagCustomStyle* first = recordIn(outcome.first, *visit.touch);
+    const tagCustomStyle* second = recordIn(outcome.second, *visit.touch);
     if (first == nullptr || second == nullptr) return {};
     const std::uint64_t value = valueOf(styleFields()[field], *first);
     if (value != valueOf(styleFields()[field], *second)) return {};
@@ -45,17 +45,17 @@ std::optional<std::uint64_t> IntendedWrites::value(const Visit& visit, std::size
 const IntendedWrites::Outcome& IntendedWrites::outcomeOf(std::size_t step) {
     const auto known = m_outcomes.find(step);
     if (known != m_outcomes.end()) return known->second;
-    return m_outcomes[step] = {applyOver(step, kFirstMark), applyOver(step, kSecondMark)};
+    return m_outcomes.emplace(step, Outcome{applyOver(step, kFirstMark), applyOver(step, kSecondMark)}).first->second;
 }
 
-std::unique_ptr<StoreImage> IntendedWrites::applyOver(std::size_t step, std::uint64_t mark) const {
+StoreImage IntendedWrites::applyOver(std::size_t step, std::uint64_t mark) const {
     const LogSilence quiet;
     CustomConfig alone;
     alone.ParseMappingConfig(m_mapping.get());
     alone.ParseCustomConfig(m_rules[step].document.get());
     markRecords(alone, mark);
     alone.ParseCustomConfig(m_rules[step].document.get());
-    return std::make_unique<StoreImage>(alone);
+    return StoreImage(alone);
 }
 
 }  // namespace customstyle_tool

@@ -2,9 +2,8 @@
 #pragma once
 
 #include <map>
-#include <memory>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "explain/RecordHistory.h"
@@ -18,7 +17,7 @@ namespace customstyle_tool {
 class IntendedWrites {
 public:
     /// @param mapping  text of a mapping file with the style ids to be asked for
-    IntendedWrites(std::string mapping, const StyleSource& style);
+    IntendedWrites(std::string_view mapping, const StyleSource& style);
 
     /// The value that the step of a visit writes into a field of the record, none where it leaves the field alone.
     std::optional<std::uint64_t> value(const Visit& visit, std::size_t field);
@@ -26,12 +25,12 @@ public:
 private:
     // The store after the step over records marked in two ways: what bears both marks was not written.
     struct Outcome {
-        std::unique_ptr<StoreImage> first;
-        std::unique_ptr<StoreImage> second;
+        StoreImage first;
+        StoreImage second;
     };
 
     const Outcome& outcomeOf(std::size_t step);
-    std::unique_ptr<StoreImage> applyOver(std::size_t step, std::uint64_t mark) const;
+    StoreImage applyOver(std::size_t step, std::uint64_t mark) const;
 
     Tree m_mapping;
     std::vector<SingleRule> m_rules;

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "CustomConfig.h"
+#include "support/FeatureTypes.h"
 #include "support/PlainText.h"
 
 namespace customstyle_tool {
@@ -47,9 +47,8 @@ std::string stylerText(const StylerNote& note) {
 }
 
 std::optional<int> companionOf(const StylerNote& note, const Write& write) {
-    const _orvik_framework::CustomConfig catalogue;
-    const int own = catalogue.GetFeatureTypeId(note.featureType);
-    if (own == write.featureType || catalogue.UpdateFeatureTypeId(own) != write.featureType) return {};
+    const int own = catalogue().GetFeatureTypeId(note.featureType);
+    if (own == write.featureType || catalogue().UpdateFeatureTypeId(own) != write.featureType) return {};
     return write.featureType;
 }
 

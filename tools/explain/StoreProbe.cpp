@@ -2,16 +2,13 @@
 
 #include "replay/LogRecording.h"
 #include "replay/StoreImage.h"
+#include "replay/StyleKey.h"
 
 namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::tagCustomStyle;
-
-int featureTypeOf(const std::string& key) {
-    return std::stoi(key);
-}
 
 void showEveryIcon(CustomConfig& config) {
     config.m_allIconsHidden = 0;
@@ -22,7 +19,7 @@ void showEveryIcon(CustomConfig& config) {
 
 void nameLandRecords(CustomConfig& config) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        if (featureTypeOf(key) != _orvik_framework::EMAPCUSTOMSTYLE_LAND) continue;
+        if (parsedKey(key).featureType != _orvik_framework::EMAPCUSTOMSTYLE_LAND) continue;
         forEachSlotRecord(*slot, [](int styleId, tagCustomStyle& record) {
             record.m_fillColor = static_cast<unsigned int>(styleId);
             record.m_custom = 1;

@@ -7,6 +7,7 @@
 
 #include "replay/StoreImage.h"
 #include "support/DefaultMapping.h"
+#include "support/FeatureTypes.h"
 #include "support/Levels.h"
 
 namespace customstyle_tool {
@@ -18,7 +19,7 @@ using _orvik_framework::tagCustomStyle;
 constexpr int kFirstPairId = 100000;
 
 std::string keyInEffect(const CustomConfig& config, int featureType, int level) {
-    const std::string levelKey = fmt::format("{}:{}", featureType, level);
+    std::string levelKey = fmt::format("{}:{}", featureType, level);
     if (config.IsStyleEffectAtGivenLevel(levelKey.c_str()) != 0) return levelKey;
     return std::to_string(featureType);
 }
@@ -61,14 +62,13 @@ bool haveSameStyles(const CustomConfig& left, const CustomConfig& right, const s
 }
 
 std::string mappingOfAllPairs() {
-    const CustomConfig catalogue;
-    std::vector<std::string> members;
-    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
+    return mappingText([](int featureType) {
         std::vector<int> ids;
-        for (int other = 0; other < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++other) ids.push_back(pairId(type, other));
-        members.push_back(fmt::format("\"{}\":[{}]", catalogue.GetFeatureTypeName(type), fmt::join(ids, ",")));
-    }
-    return fmt::format("{{{}}}", fmt::join(members, ","));
+        for (int other = 0; other < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++other) {
+            ids.push_back(pairId(featureType, other));
+        }
+        return ids;
+    });
 }
 
 }  // namespace customstyle_tool

@@ -15,11 +15,10 @@
 #include "replay/MappingSource.h"
 #include "replay/StoreDifference.h"
 #include "support/DefaultMapping.h"
+#include "support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
-
-using _orvik_framework::CustomConfig;
 
 constexpr std::size_t kWorkLimit = 30'000'000;
 
@@ -46,22 +45,20 @@ std::string textOf(const PlacedRules& rules) {
 
 // The rules that can reach each other's records: those for a type and for its companion. By the companion's id.
 std::map<int, PlacedRules> independentParts(const std::vector<MinimalRule>& rules) {
-    const CustomConfig catalogue;
     std::map<int, PlacedRules> parts;
     for (std::size_t i = 0; i < rules.size(); ++i) {
-        const int type = catalogue.GetFeatureTypeId(rules[i].featureType);
-        const int companion = catalogue.UpdateFeatureTypeId(type);
+        const int type = catalogue().GetFeatureTypeId(rules[i].featureType);
+        const int companion = catalogue().UpdateFeatureTypeId(type);
         parts[companion == -1 ? type : companion].push_back({i, rules[i]});
     }
     return parts;
 }
 
 std::vector<int> typesIn(const PlacedRules& part) {
-    const CustomConfig catalogue;
     std::vector<int> types;
     for (const PlacedRule& each : part) {
-        const int type = catalogue.GetFeatureTypeId(each.rule.featureType);
-        for (const int reached : {type, catalogue.UpdateFeatureTypeId(type)}) {
+        const int type = catalogue().GetFeatureTypeId(each.rule.featureType);
+        for (const int reached : {type, catalogue().UpdateFeatureTypeId(type)}) {
             if (reached >= 0 && std::ranges::find(types, reached) == types.end()) types.push_back(reached);
         }
     }

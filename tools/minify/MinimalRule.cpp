@@ -49,8 +49,8 @@ std::optional<MinimalRule> ruleOf(const CustomConfig& component, const cJSON* ru
     return minimal.stylers.empty() ? std::nullopt : std::optional(std::move(minimal));
 }
 
-// A text in quotes. Bytes stay as they are, as the component reads them.
-std::string quoted(std::string_view text) {
+// A text as JSON. Bytes stay as they are, as the component reads them.
+std::string jsonText(std::string_view text) {
     std::string out = "\"";
     for (const char byte : text) {
         if (static_cast<unsigned char>(byte) < 0x20) {
@@ -64,7 +64,7 @@ std::string quoted(std::string_view text) {
 }
 
 std::string member(std::string_view name, std::string_view value) {
-    return fmt::format("{}:{}", quoted(name), quoted(value));
+    return fmt::format("{}:{}", jsonText(name), jsonText(value));
 }
 
 std::string textOf(const MinimalRule& rule) {

@@ -14,7 +14,7 @@ using _orvik_framework::CustomConfig;
 using TextOrFailure = std::variant<std::string, ReadFailure>;
 
 // The style file is known to be good here, so what the component refuses is the mapping.
-TextOrFailure mappingText(const std::string& directory, const std::string& styleFile) {
+TextOrFailure readMapping(const std::string& directory, const std::string& styleFile) {
     const LogSilence quiet;
     const LoadedMap map = loadMap(directory, styleFile);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&map)) return *failure;
@@ -51,7 +51,7 @@ StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::
     auto document = documentOf(*file, "style file");
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&document)) return *failure;
 
-    TextOrFailure mapping = mappingDirectory ? mappingText(*mappingDirectory, styleFile) : defaultMapping();
+    TextOrFailure mapping = mappingDirectory ? readMapping(*mappingDirectory, styleFile) : defaultMapping();
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&mapping)) return *failure;
     g_zrsdk_custom_style_enable = 1;
     return std::make_unique<LoadedStyle>(std::get<0>(std::move(mapping)), std::move(file),

@@ -1,12 +1,11 @@
 #include "replay/MappingSource.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 
 #include "replay/SingleRules.h"
+#include "support/FeatureTypes.h"
 
 namespace customstyle_tool {
 
@@ -31,17 +30,14 @@ std::set<int> StyleIdsByType::all() const {
 }
 
 std::string StyleIdsByType::mappingWithOnly(const std::set<int>& styleIds) const {
-    const CustomConfig catalogue;
-    std::vector<std::string> members;
-    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) {
+    return mappingText([&](int featureType) {
         std::vector<int> kept;
-        std::ranges::copy_if(of(type), std::back_inserter(kept), [&](int id) { return styleIds.contains(id); });
+        std::ranges::copy_if(of(featureType), std::back_inserter(kept), [&](int id) { return styleIds.contains(id); });
         // The component drops a 0 at the head of a list; behind another id it stays. No renderer asks for the lowest
         // one.
         if (!kept.empty() && kept.front() == 0) kept.insert(kept.begin(), std::numeric_limits<int>::min());
-        members.push_back(fmt::format("\"{}\":[{}]", catalogue.GetFeatureTypeName(type), fmt::join(kept, ",")));
-    }
-    return fmt::format("{{{}}}", fmt::join(members, ","));
+        return kept;
+    });
 }
 
 std::set<int> StyleIdsByType::representatives() const {

@@ -2,9 +2,11 @@
 
 #include <cstring>
 #include <map>
-#include <string_view>
+#include <optional>
+#include <string>
 
 #include "replay/StoreImage.h"
+#include "replay/StyleKey.h"
 #include "support/Answers.h"
 
 namespace customstyle_tool {
@@ -22,10 +24,9 @@ LevelSet allLevels() {
 }
 
 // The levels at which a key can be the one in effect.
-LevelSet levelsOfKey(std::string_view key) {
-    const std::size_t colon = key.find(':');
-    if (colon == std::string_view::npos) return allLevels();
-    return LevelSet().set(classOfLevel(std::stoi(std::string(key.substr(colon + 1)))));
+LevelSet levelsOfKey(const std::string& key) {
+    const std::optional<int> level = parsedKey(key).level;
+    return level ? LevelSet().set(classOfLevel(*level)) : allLevels();
 }
 
 const CVMapPtrToPtr* slotOf(const CustomConfig& config, const std::string& key) {
@@ -34,6 +35,8 @@ const CVMapPtrToPtr* slotOf(const CustomConfig& config, const std::string& key) 
 }
 
 bool isSameRecord(const tagCustomStyle& left, const tagCustomStyle& right) {
+    // Equal bytes are soon seen and common; padding may differ.
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c)
     return std::memcmp(&left, &right, sizeof left) == 0 || sameFields(left, right);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "replay/StyleKey.h"
 #include "support/StyleFields.h"
 
 namespace customstyle_tool {
@@ -22,7 +23,7 @@ StoreImage::StoreImage(const CustomConfig& config, const std::set<int>& featureT
       m_gridColorSet(config.m_gridColorSet != 0),
       m_allIconsHidden(config.m_allIconsHidden != 0) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        if (featureTypes.contains(std::stoi(key))) addSlot(key, *slot);
+        if (featureTypes.contains(parsedKey(key).featureType)) addSlot(key, *slot);
     }
 }
 

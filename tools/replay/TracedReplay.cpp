@@ -6,6 +6,7 @@
 #include "replay/LogRecording.h"
 #include "replay/SingleRules.h"
 #include "replay/StoreImage.h"
+#include "replay/StyleKey.h"
 
 namespace customstyle_tool {
 namespace {
@@ -35,10 +36,6 @@ bool hasSlot(const CustomConfig& config, const std::string& key) {
     return config.m_keyStyleMaps.contains(key);
 }
 
-bool isLevelKey(std::string_view key) {
-    return key.find(':') != std::string_view::npos;
-}
-
 // Marks are unlike for records of a level and of all levels, and for the first and the second marking, in every width.
 std::uint64_t markFor(bool ofLevel, bool second) {
     const std::uint64_t mark = ofLevel ? 0x5A5A5A5A5A5A5A5A : 0x3C3C3C3C3C3C3C3C;
@@ -55,15 +52,12 @@ bool isMarked(const StyleField& field, const tagCustomStyle& record, std::uint64
     return valueOf(field, record) == valueOf(field, marked);
 }
 
-int featureTypeOf(const std::string& key) {
-    return std::stoi(key);
-}
-
 // Applies the rule to the store with every record of the feature types marked, and leaves the outcome there.
 void applyToMarked(CustomConfig& config, const cJSON* document, const std::set<int>& featureTypes, bool second) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        if (!featureTypes.contains(featureTypeOf(key))) continue;
-        const std::uint64_t mark = markFor(isLevelKey(key), second);
+        const auto [featureType, level] = parsedKey(key);
+        if (!featureTypes.contains(featureType)) continue;
+        const std::uint64_t mark = markFor(level.has_value(), second);
         forEachSlotRecord(*slot, [&](int, tagCustomStyle& record) { markRecord(record, mark); });
     }
     config.m_gridColorSet = 0;
@@ -86,16 +80,6 @@ std::array<Origin, kStyleFieldCount> originsOf(bool ofLevel, const tagCustomStyl
     return origins;
 }
 
-bool isVisited(const RecordTouch& touch) {
-    return std::ranges::any_of(touch.origins, [](Origin origin) { return origin != Origin::Kept; });
-}
-
-std::optional<int> levelOf(const std::string& key) {
-    const std::size_t colon = key.find(':');
-    if (colon == std::string::npos) return {};
-    return std::stoi(key.substr(colon + 1));
-}
-
 // A record that came with the step began as a copy of its base record.
 tagCustomStyle recordBefore(const StoreImage& before, const std::string& key, std::size_t place, int styleId) {
     const auto slot = before.slots().find(key);
@@ -113,7 +97,7 @@ public:
         m_step.keys = keysOf(document);
         std::ranges::copy_if(m_step.keys, std::back_inserter(m_step.newKeys),
                              [&](const std::string& key) { return !hasSlot(m_config, key); });
-        for (const std::string& key : m_step.keys) m_featureTypes.insert(featureTypeOf(key));
+        for (const std::string& key : m_step.keys) m_featureTypes.insert(parsedKey(key).featureType);
         const StoreImage before(m_config, m_featureTypes);
         {
             const LogRecording recording(m_step.log);
@@ -149,11 +133,12 @@ private:
 
     void findTouchesOfKey(const std::string& key, const StoreImage& before, const std::vector<ImageRecord>& after,
                           const std::vector<ImageRecord>& first, const std::vector<ImageRecord>& second) {
+        const auto [featureType, level] = parsedKey(key);
         for (std::size_t i = 0; i < after.size(); ++i) {
-            RecordTouch touch{key, featureTypeOf(key), levelOf(key), after[i].styleId, {}, after[i].style, {}};
+            RecordTouch touch{key, featureType, level, after[i].styleId, {}, after[i].style, {}};
             touch.before = recordBefore(before, key, i, touch.styleId);
-            touch.origins = originsOf(isLevelKey(key), first[i].style, second[i].style);
-            if (isVisited(touch)) m_step.touches.push_back(std::move(touch));
+            touch.origins = originsOf(level.has_value(), first[i].style, second[i].style);
+            m_step.touches.push_back(std::move(touch));
         }
     }
 

@@ -2,10 +2,18 @@
 
 #include <set>
 
+#include "support/StyleFields.h"
+
 namespace customstyle_tool {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
+
+std::optional<std::uint64_t> fieldIn(const Answer& answer, std::size_t place) {
+    const StyleField& field = styleFields()[place];
+    if (answer.featureType == -1 || !appliesIn(field, answer.style)) return {};
+    return valueOf(field, answer.style);
+}
 
 Answer ask(const CustomConfig& config, unsigned int styleId, int level) {
     Answer answer{};

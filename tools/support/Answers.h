@@ -1,6 +1,7 @@
 // Everything that the renderer can learn from a loaded map.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -15,6 +16,10 @@ struct Answer {
     _orvik_framework::tagCustomStyle style;  ///< all 0 when there is no custom style
     bool iconHidden;
 };
+
+/// The value of a field, where there is a style and the value applies.
+/// @param place  in styleFields()
+std::optional<std::uint64_t> fieldIn(const Answer& answer, std::size_t place);
 
 Answer ask(const _orvik_framework::CustomConfig& config, unsigned int styleId, int level);
 

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <vector>
 
+#include "support/FeatureTypes.h"
+
 namespace customstyle_tool {
 namespace {
 
@@ -17,10 +19,8 @@ constexpr char kMapping[] = "mapping file";
 constexpr char kStyle[] = "style file";
 
 Problem problemOfMapping(const std::string& path, JsonValue root) {
-    const CustomConfig catalogue;
     std::vector<std::string> absent;
-    for (int featureType = 0; featureType < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++featureType) {
-        const std::string name = catalogue.GetFeatureTypeName(featureType);
+    for (const std::string& name : mappedTypeNames()) {
         const auto list = root.firstMemberIgnoringCase(name);
         if (!list || list->kind() != JsonKind::Array) absent.push_back(name);
     }
