@@ -28,9 +28,9 @@ std::vector<std::string> namesIn(const std::string& list) {
 // A list with a copy of the rule.
 Tree copyOf(const cJSON* rule) {
     Tree list(cJSON_CreateArray());
-    cJSON* const copy = cJSON_Duplicate(rule, 1);
+    Tree copy(cJSON_Duplicate(rule, 1));
     if (list == nullptr || copy == nullptr) throw std::bad_alloc();
-    cJSON_AddItemToArray(list.get(), copy);
+    cJSON_AddItemToArray(list.get(), copy.release());
     return list;
 }
 
