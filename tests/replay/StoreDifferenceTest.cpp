@@ -1,6 +1,8 @@
 // Where the answers of two stores differ.
 #include <gtest/gtest.h>
 
+#include <cstddef>
+
 #include "replay/Sources.h"
 #include "replay/StoreDifference.h"
 #include "support/LogCapture.h"
@@ -52,11 +54,30 @@ TEST(StoreDifference, OfTheBackgrounds) {
     EXPECT_TRUE(grid.styles.none());
 }
 
+TEST(Effect, OfAnyKindCounts) {
+    EXPECT_FALSE(Effect().any());
+    for (const auto part : {&Effect::styles, &Effect::icons, &Effect::land, &Effect::grid}) {
+        Effect effect;
+        (effect.*part).set(3);
+        EXPECT_TRUE(effect.any());
+    }
+}
+
 TEST(StoreDifference, OfARecordTakenOutShowsAtItsLevel) {
     const Effect effect = differenceOf(
         {rule("water", "geometry").color("#112233")},
         {rule("water", "geometry").color("#112233"), rule("water", "labels.topsurface").visibility("off").level("9")});
     EXPECT_EQ(levelsText(effect.styles), "9");
+}
+
+TEST(StoreDifference, OfBytesThatBelongToNoFieldIsNone) {
+    constexpr std::size_t kBehindTheSize = offsetof(tagCustomStyle, m_fontSize) + 1;
+    static_assert(kBehindTheSize < offsetof(tagCustomStyle, m_fontSizeSet));
+    const auto left = loadedWith({rule("water", "geometry").color("#112233")});
+    const auto right = loadedWith({rule("water", "geometry").color("#112233")});
+    reinterpret_cast<unsigned char*>(&firstRecordAt(*right, "2"))[kBehindTheSize] ^= 1;
+    const QueriesEnabled enabled;
+    EXPECT_FALSE(differenceBetween(*left, *right).any());
 }
 
 class DifferenceOfRandomStyles : public testing::TestWithParam<unsigned> {};
