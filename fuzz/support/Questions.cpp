@@ -94,7 +94,8 @@ std::set<int> levelsToAsk(const CustomConfig& config) {
     std::set<int> levels = {-2147483647 - 1, 0, 4, 21, 22, 2147483647};
     for (const auto& [key, allLevels] : config.m_styleEffectLevels) {
         const std::size_t colon = key.find(':');
-        if (colon != std::string::npos && levels.size() < 10) levels.insert(std::atoi(key.c_str() + colon + 1));
+        if (colon != std::string::npos && levels.size() < 10)
+            levels.insert(static_cast<int>(std::strtol(key.c_str() + colon + 1, nullptr, 10)));
     }
     return levels;
 }

@@ -37,7 +37,7 @@ std::string styleText(const std::vector<RuleBuilder>& rules) {
 std::string mapping() {
     std::string text = testMapping();
     const std::string second = std::to_string(secondStyleId(24));
-    text.insert(text.find("[", text.find("\"subway\"")) + 1, second + ", ");
+    text.insert(text.find('[', text.find("\"subway\"")) + 1, second + ", ");
     return text;
 }
 

@@ -15,7 +15,6 @@ namespace {
 
 using customstyle_tool::Explanation;
 using customstyle_tool::History;
-using customstyle_tool::kIconField;
 using customstyle_tool::kMarkField;
 using customstyle_tool::kStyleFieldCount;
 using customstyle_tool::LoadedStyle;

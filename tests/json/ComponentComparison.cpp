@@ -1,5 +1,7 @@
 #include "json/ComponentComparison.h"
 
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 
@@ -33,8 +35,9 @@ bool sameName(const cJSON& expected, const JsonValue& value) {
 }
 
 bool sameScalar(const cJSON& expected, const JsonValue& value) {
-    const double number = value.number();
-    if (std::memcmp(&expected.valuedouble, &number, sizeof number) != 0) return false;
+    // The sign of a zero counts, too.
+    if (std::bit_cast<std::uint64_t>(expected.valuedouble) != std::bit_cast<std::uint64_t>(value.number()))
+        return false;
     if (expected.valueint != value.integer()) return false;
     if (expected.valuestring == nullptr) return value.wholeText().empty();
     return sameText(expected.valuestring, value.text(), value.wholeText());

@@ -111,7 +111,8 @@ TEST(RuleRecorder, HoldsTypeElementAndMarkInThisOrder) {
     expectMembersOnly<stFeatureTypeStyleRecorder>({placeOf("m_featureType", r, r.m_featureType),
                                                    placeOf("m_elementType", r, r.m_elementType),
                                                    placeOf("m_recorded", r, r.m_recorded)});
-    static_assert(std::is_same_v<decltype(r.m_featureType), int> && std::is_same_v<decltype(r.m_recorded), int>);
+    static_assert(std::is_same_v<decltype(r.m_featureType), int>);
+    static_assert(std::is_same_v<decltype(r.m_recorded), int>);
     static_assert(std::is_same_v<decltype(r.m_elementType), CVString>);
 }
 

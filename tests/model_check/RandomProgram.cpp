@@ -70,7 +70,7 @@ Value RandomProgram::text(const std::string& text) {
 
 Rule RandomProgram::rule() {
     Rule rule;
-    const std::string name = kNames[static_cast<std::size_t>(m_types[at(m_types.size())])];
+    const std::string& name = kNames[static_cast<std::size_t>(m_types[at(m_types.size())])];
     if (!oneIn(60)) rule.frame.emplace_back("featureType", text(oneIn(60) ? "Lake %s\n\x1b[2J" : name));
     if (!oneIn(60)) rule.frame.emplace_back(oneIn(20) ? "ElementType" : "elementType", text(kPaths[at(kPaths.size())]));
     if (!oneIn(60)) rule.stylers = stylers();

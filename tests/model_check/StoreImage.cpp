@@ -44,7 +44,7 @@ std::string nameOf(const std::string& map, std::int64_t styleId) {
 
 void addRecord(Image& image, const std::string& name, int styleId, const Record& record) {
     image[name] = static_cast<std::uint32_t>(styleId);
-    for (const auto& [field, value] : record) image[name + "/" + field] = value;
+    for (const auto& [field, value] : record) image[std::string(name).append("/").append(field)] = value;
 }
 
 void addRecords(Image& image, const std::string& map, const CVMapPtrToPtr& records) {

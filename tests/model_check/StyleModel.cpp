@@ -132,7 +132,7 @@ void StyleModel::apply(const Rule& rule) {
                       mentionsLabels,
                       *rule.stylers,
                       level ? 0 : 1,
-                      level ? std::clamp(std::atoi(level->c_str()), 4, 21) : 0};
+                      level ? static_cast<int>(std::clamp(std::strtol(level->c_str(), nullptr, 10), 4L, 21L)) : 0};
 
     if (stylerOf(frame.stylers, "color")) applyColour(frame);
     if (stylerOf(frame.stylers, "visibility")) applyVisibility(frame);

@@ -2,6 +2,7 @@
 // without complaint, and the number of findings of the check where it was asked.
 #include <algorithm>
 #include <cstdio>
+#include <exception>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <variant>
@@ -49,9 +50,12 @@ void print(const char* part, const std::vector<CorpusStyle>& styles) {
 
 }  // namespace
 
-int main() {
+int main() try {
     print("single", singleStylers());
     print("peculiar", peculiarStyles());
     print("random", randomStyles());
     return 0;
+} catch (const std::exception& failure) {
+    std::fprintf(stderr, "%s\n", failure.what());
+    return 1;
 }

@@ -216,7 +216,7 @@ TEST(SnapshotOfAStore, WithEverySlotTakenAnswersLikeIt) {
     const auto config = loadedWith({});
     for (int type = 0; type <= 71; ++type) {
         for (int level = 4; level <= 21; ++level) {
-            config->SetTypeColor(type, "fill", std::uint64_t(1000 * type + level), 0, level);
+            config->SetTypeColor(type, "fill", 1000 * std::uint64_t(type) + std::uint64_t(level), 0, level);
         }
     }
     const StyleSnapshot snapshot(*config);

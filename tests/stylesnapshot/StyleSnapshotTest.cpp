@@ -59,8 +59,9 @@ class StyleSnapshotOf : public testing::TestWithParam<int> {};
 
 TEST_P(StyleSnapshotOf, ManyStyleIdsAndEverySlotTakesAtMost64BytesAnIdAnd160Kilobytes) {
     const StyleSnapshot snapshot(*storeOf(GetParam()));
-    EXPECT_LE(snapshot.bytes(), 64u * static_cast<unsigned>(GetParam()) + 160 * 1024);
-    EXPECT_GT(snapshot.bytes(), sizeof(StyleSnapshot) + 8u * static_cast<unsigned>(GetParam()));
+    const auto styleIds = static_cast<std::size_t>(GetParam());
+    EXPECT_LE(snapshot.bytes(), 64 * styleIds + std::size_t{160} * 1024);
+    EXPECT_GT(snapshot.bytes(), sizeof(StyleSnapshot) + 8 * styleIds);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, StyleSnapshotOf, testing::Values(100, 500, 600, 5000, 50000));

@@ -38,9 +38,10 @@ std::uint64_t sumOfAnswers(const Styles& styles) {
         }
     }
     std::uint64_t color = 0;
-    sum += static_cast<std::uint64_t>(styles.IsCustomBackRegionEnable(color, 10)) + color;
-    sum += static_cast<std::uint64_t>(styles.IsCustomGridBackRegionEnable(color, 10)) + color;
-    return sum;
+    sum += static_cast<std::uint64_t>(styles.IsCustomBackRegionEnable(color, 10));
+    sum += color;
+    sum += static_cast<std::uint64_t>(styles.IsCustomGridBackRegionEnable(color, 10));
+    return sum + color;
 }
 
 int differingThreads(const std::function<bool()>& agrees) {

@@ -37,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, EscapedText,
                                                     "2J",
                                                     "\\u009b2J"},
                                          EscapeCase{"TurnedWriting",
-                                                    "\xE2\x80\xAE"
+                                                    "\xE2\x80\xAE"  // NOLINT(misc-misleading-bidirectional): shown
                                                     "x",
                                                     "\\u202ex"},
                                          EscapeCase{"OtherScripts", "\xE6\xB0\xB4 \xC3\xA9", "\xE6\xB0\xB4 \xC3\xA9"},

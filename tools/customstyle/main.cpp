@@ -30,6 +30,7 @@ int runToTheEnd(const Command& command) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): without memory for its options the tool may as well end.
 int main(int argumentCount, char** arguments) {
     CLI::App program("Custom map styles: what the renderer is told for its style ids.", "customstyle");
     program.require_subcommand(1);

@@ -128,7 +128,7 @@ Json remainderOf(const StylerValue& styler) {
 }
 
 Json columnSchema(const StylerColumn& column) {
-    const Json refused = stylerMember(column.styler.name, remainderOf(column.styler));
+    Json refused = stylerMember(column.styler.name, remainderOf(column.styler));
     if (column.elements.empty()) return refused;
     const Json works{{"properties", {{"elementType", {{"pattern", patternOf(column.elements)}}}}}};
     return {{"if", {{"not", works}}}, {"then", refused}};
