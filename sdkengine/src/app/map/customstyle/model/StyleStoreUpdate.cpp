@@ -18,14 +18,14 @@ CVMapPtrToPtr* makeSlot(CustomConfig& config, const std::string& key, const Styl
     releaseRecords(slot);  // of another key, for which memory ran out half-way
     forEachRecord(config.m_typeStyleMaps[scope.featureType],
                   [&](void*, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
-    const auto [effect, isNewEffect] = config.m_styleEffectLevels.try_emplace(key, scope.allLevels);
+    const auto effect = config.m_styleEffectLevels.try_emplace(key, scope.allLevels);
     try {
         CVMapPtrToPtr* const ofKey = config.m_keyStyleMaps.try_emplace(key, &slot).first->second;
         ++config.m_usedLevelSlots;
         return ofKey;
     } catch (const std::bad_alloc&) {
         // A key in effect that has no slot would hide the styles for all levels of its type.
-        if (isNewEffect) config.m_styleEffectLevels.erase(effect);
+        if (effect.second) config.m_styleEffectLevels.erase(effect.first);
         throw;
     }
 }

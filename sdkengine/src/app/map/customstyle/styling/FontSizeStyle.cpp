@@ -42,9 +42,8 @@ void CustomConfig::SetCustomFontSizeStyle(int featureType, const CVString& eleme
     if (row == nullptr) return CustomMapPrintLog(messages::elementUnknownToFontSize(elementType));
 
     const auto size = static_cast<unsigned char>(std::min(std::strtoul(text, nullptr, 10), kLargestSize));
-    runSteps(*this, *row, featureType, includesLabels, [&](Target target, int type) {
-        if (target == Target::Text) setFontSizeStyle(type, elementType, size, allLevels, level);
-    });
+    runSteps(*this, *row, featureType, includesLabels,
+             [&](Target /*text*/, int type) { setFontSizeStyle(type, elementType, size, allLevels, level); });
 }
 
 void CustomConfig::setFontSizeStyle(int featureType, const CVString& elementType, unsigned char size, int allLevels,
