@@ -156,6 +156,25 @@ TEST_P(FailingAllocation, OfALoadLeavesAStoreThatAnswersGoesOnAndEnds) {
     EXPECT_EQ(accounts.blocks(), m_textsNotJson);
 }
 
+// A host may have put an effect there by hand.
+TEST_P(FailingAllocation, OfASlotIsThrownAndLeavesAnEffectThatWasThereBefore) {
+    firstSufficient([](std::size_t successes) {
+        CustomConfig config;
+        config.m_styleEffectLevels["13:15"] = 2;
+        char key[16];
+        bool isThrown = false;
+        const bool failed = failsAfter(successes, [&] {
+            isThrown = true;
+            config.UpdateCustomStyleMap(key, 13, 0, 15);
+            isThrown = false;
+        });
+        EXPECT_EQ(isThrown, failed);
+        EXPECT_EQ(config.m_styleEffectLevels, (decltype(config.m_styleEffectLevels){{"13:15", 2}}));
+        EXPECT_EQ(config.m_keyStyleMaps.contains("13:15"), !failed);
+        return failed;
+    });
+}
+
 TEST_P(FailingAllocation, OfASnapshotLeavesNothing) {
     const auto config = loadedWith({kRules[0], kRules[1], kRules[2], kRules[3], kRules[4], kRules[7]});
     const MemoryAccounts accounts;

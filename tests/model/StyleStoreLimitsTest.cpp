@@ -76,8 +76,8 @@ TEST_P(UnknownFeatureType, HasALevelKeyTextWithin16Characters) {
 }
 
 INSTANTIATE_TEST_SUITE_P(StoreLimits, UnknownFeatureType,
-                         testing::Values(-1, -13, 73, 1000, -12345, 123456, 1234567, 12345678, 123456789, kIntMin,
-                                         kIntMax));
+                         testing::Values(-1, -13, 73, 99, 100, 1000, -12345, 123456, 1234567, 12345678, 123456789,
+                                         kIntMin, kIntMax));
 
 // ---- Slots ----------------------------------------------------------------------------------------------------------
 

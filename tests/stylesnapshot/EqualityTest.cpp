@@ -100,6 +100,8 @@ private:
         slot[reinterpret_cast<void*>(std::uintptr_t(pick(0, 40)))];  // a key without a record, where it is new
         if (chance(3)) m_config.m_styleEffectLevels["13:15"] = pick(0, 2);
         if (chance(3)) m_config.m_keyStyleMaps["9"] = nullptr;
+        static const std::vector<std::string> kKeysOfNoLevel = {"13:", "13:x", "13:15x", "13:99999999999", ":", ""};
+        if (chance(3)) m_config.m_styleEffectLevels[kKeysOfNoLevel[std::size_t(pick(0, 5))]] = pick(0, 2);
     }
 
     std::mt19937 m_random;
