@@ -35,29 +35,37 @@ def expect(condition, message, text):
         failures.append(f"{message}: {text[:200]!r}")
 
 
-def many_rules():
-    rule = {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}
-    return json.dumps([rule | {"stylers": {"color": f"#{i:06x}"}} for i in range(1500)])
+def style_with(directory, count):
+    """A style file with so many rules for the colour of the water; the last one has the number before the count."""
+    rule = {"featureType": "water", "elementType": "geometry"}
+    style = pathlib.Path(directory) / f"{count}.json"
+    style.write_text(json.dumps([rule | {"stylers": {"color": f"#{i:06x}"}} for i in range(count)]))
+    return style
+
+
+def try_progress(tool, style):
+    check = [tool, "check", style]
+    shown = in_terminal(check)
+    expect(f"\r{style}: " in shown and " of 1500 proofs" in shown, "no progress is shown", shown)
+    expect("\r\x1b[K" in shown[shown.rindex(" proofs"):], "the line of the progress stays", shown[-200:])
+    piped = subprocess.run(check, capture_output=True, text=True)
+    expect(piped.stderr == "", "progress is shown in a pipe", piped.stderr)
+
+
+def try_colours(tool, style):
+    explain = [tool, "explain", "--style", style, "--id", "1002", "--level", "9", "--field", "fill"]
+    shown = in_terminal(explain)
+    expect("\x1b[48;2;0;0;1m" in shown, "no colour is shown", shown)
+    plain = in_terminal(explain, NO_COLOR="1")
+    expect("#000001" in plain and "\x1b" not in plain, "a colour is shown", plain)
+    piped = subprocess.run(explain, capture_output=True, text=True)
+    expect("#000001" in piped.stdout and "\x1b" not in piped.stdout, "a colour is shown in a pipe", piped.stdout)
 
 
 def main(tool):
     with tempfile.TemporaryDirectory() as directory:
-        style = pathlib.Path(directory) / "style.json"
-        style.write_text(many_rules())
-        check = [tool, "check", style]
-        shown = in_terminal(check)
-        line = f"\r{style}: "
-        expect(line in shown and " of 1500 proofs" in shown, "no progress is shown", shown)
-        expect("\r\x1b[K" in shown[shown.rindex(" proofs"):], "the line of the progress stays", shown[-200:])
-        piped = subprocess.run(check, capture_output=True, text=True)
-        expect(piped.stderr == "", "progress is shown in a pipe", piped.stderr)
-
-        explain = [tool, "explain", "--style", style, "--id", "1002", "--level", "9", "--field", "fill"]
-        block = "\x1b[48;2;0;5;219m"
-        expect(block in in_terminal(explain), "no colour is shown", in_terminal(explain))
-        expect("\x1b" not in in_terminal(explain, NO_COLOR="1"), "a colour is shown", in_terminal(explain, NO_COLOR="1"))
-        piped = subprocess.run(explain, capture_output=True, text=True)
-        expect("#0005db" in piped.stdout and "\x1b" not in piped.stdout, "a colour is shown in a pipe", piped.stdout)
+        try_progress(tool, style_with(directory, 1500))
+        try_colours(tool, style_with(directory, 2))
     print(f"{len(failures)} failures")
     print("\n".join(failures))
     return 1 if failures else 0
