@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "model/RecordStorage.h"
 #include "replay/Sources.h"
 #include "replay/StoreDifference.h"
 #include "support/LogCapture.h"
@@ -68,6 +69,18 @@ TEST(StoreDifference, OfARecordTakenOutShowsAtItsLevel) {
         {rule("water", "geometry").color("#112233")},
         {rule("water", "geometry").color("#112233"), rule("water", "labels.topsurface").visibility("off").level("9")});
     EXPECT_EQ(levelsText(effect.styles), "9");
+}
+
+TEST(StoreDifference, OfAStyleIdThatOneStoreHasAloneIsAtEveryLevel) {
+    const auto left = loadedWith({rule("water", "geometry").color("#112233")});
+    const auto right = loadedWith({rule("water", "geometry").color("#112233")});
+    tagCustomStyle another = firstRecordAt(*right, "2");
+    another.m_ID = 99999;
+    storeCopy(*right->m_keyStyleMaps.at("2"), another);
+    const QueriesEnabled enabled;
+    const Effect effect = differenceBetween(*left, *right);
+    EXPECT_EQ(levelsText(effect.styles), "all levels");
+    EXPECT_EQ(effect.styleIds, 1u);
 }
 
 TEST(StoreDifference, OfBytesThatBelongToNoFieldIsNone) {
