@@ -3,6 +3,11 @@ include(CheckCXXCompilerFlag)
 
 option(CUSTOMSTYLE_HARDENED "Let the compiler build in its checks against memory faults" ${PROJECT_IS_TOP_LEVEL})
 
+# An optimising g++ warns of the code of others that comes from precompiled headers; only who develops builds often.
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+
 # For programs and libraries alike.
 function(customstyle_target_settings target)
   target_compile_features(${target} PUBLIC cxx_std_20)
