@@ -31,6 +31,21 @@ function(customstyle_target_settings target)
   elseif(CUSTOMSTYLE_HARDENED)
     customstyle_harden(${target})
   endif()
+  if(CUSTOMSTYLE_COVERAGE)
+    customstyle_count(${target})
+  endif()
+endfunction()
+
+# Counts what runs, into profiles/ of the build tree. Headers count wherever they are included.
+function(customstyle_count target)
+  set(counted -fprofile-instr-generate=${PROJECT_BINARY_DIR}/profiles/%m.profraw)
+  target_compile_options(${target} PRIVATE ${counted} -fcoverage-mapping
+                                           -fprofile-list=${PROJECT_SOURCE_DIR}/cmake/counted-sources.txt)
+  target_link_options(${target} PUBLIC ${counted})
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL EXECUTABLE)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/OneProcessor.cpp)
+  endif()
 endfunction()
 
 # Guards the stack and the buffers of the C library; programs stand at a random address, with all tables of the linker
