@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // What does an icon query of the class and of the snapshot cost against the walk in its plainest form?
-#include "StyleSnapshot.h"
-#include "support/Frames.h"
-#include "support/LiteralWalk.h"
+#include "bench/support/Frames.h"
+#include "bench/support/LiteralWalk.h"
+#include "customstyle/StyleSnapshot.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "support/Loading.h"
-#include "support/MapFiles.h"
+#include "bench/support/Loading.h"
+#include "bench/support/MapFiles.h"
 
 namespace {
 

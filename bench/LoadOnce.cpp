@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "support/Loading.h"
-#include "support/MapFiles.h"
+#include "bench/support/Loading.h"
+#include "bench/support/MapFiles.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // What does a style query of the class cost against the walk over feature types in its plainest form?
-#include "support/Frames.h"
-#include "support/LiteralWalk.h"
+#include "bench/support/Frames.h"
+#include "bench/support/LiteralWalk.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Do two threads disturb each other on one snapshot? Against two threads with a snapshot each, and against one thread.
-#include "StyleSnapshot.h"
-#include "support/Frames.h"
+#include "bench/support/Frames.h"
+#include "customstyle/StyleSnapshot.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 // record[level][id], and against nothing but the copy of the record? And how much memory does the snapshot take?
 #include <map>
 
-#include "StyleSnapshot.h"
-#include "support/DirectIndex.h"
-#include "support/Frames.h"
+#include "bench/support/DirectIndex.h"
+#include "bench/support/Frames.h"
+#include "customstyle/StyleSnapshot.h"
 
 namespace {
 

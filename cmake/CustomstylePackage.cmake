@@ -11,11 +11,10 @@ if(CUSTOMSTYLE_BUILD_TOOLS)
   install(FILES tools/completion/customstyle.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
           RENAME customstyle)
 endif()
-install(FILES sdkengine/src/app/map/customstyle/CustomConfig.h
-              sdkengine/src/app/map/stylesnapshot/PerfectIdIndex.h
-              sdkengine/src/app/map/stylesnapshot/StyleSnapshot.h
+install(DIRECTORY sdkengine/src/app/map/customstyle/include/customstyle
+                  sdkengine/src/app/map/stylesnapshot/include/customstyle
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY engine/dev/inc/vi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY engine/dev/inc/vi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/customstyle)
 install(EXPORT customstyle NAMESPACE customstyle:: DESTINATION ${package_directory})
 
 configure_package_config_file(cmake/customstyleConfig.cmake.in ${PROJECT_BINARY_DIR}/customstyleConfig.cmake

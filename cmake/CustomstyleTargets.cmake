@@ -74,3 +74,15 @@ function(customstyle_library_settings target)
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 endfunction()
+
+# Headers for users stand in include/customstyle/ beside the sources; the others are seen by the library alone.
+function(customstyle_library_headers target)
+  target_include_directories(${target}
+    PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+    PRIVATE ${PROJECT_SOURCE_DIR}/sdkengine/src/app/map)
+endfunction()
+
+# For tests and benchmarks of what users do not see.
+function(customstyle_private_headers target)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/sdkengine/src/app/map)
+endfunction()

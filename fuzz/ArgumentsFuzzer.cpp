@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "CustomConfig.h"
-#include "support/FuzzInput.h"
-#include "support/LoadAccounts.h"
-#include "support/Require.h"
-#include "support/StyleBuilder.h"
+#include "customstyle/CustomConfig.h"
+#include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/LoadAccounts.h"
+#include "fuzz/support/Require.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include <string>
 #include <string_view>
 
-#include "hostile/FaultyFile.h"
-#include "support/FuzzInput.h"
-#include "support/LoadAccounts.h"
-#include "support/Questions.h"
-#include "support/Require.h"
+#include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/LoadAccounts.h"
+#include "fuzz/support/Questions.h"
+#include "fuzz/support/Require.h"
+#include "tests/hostile/FaultyFile.h"
 
 namespace {
 

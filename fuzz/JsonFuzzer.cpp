@@ -1,7 +1,7 @@
 // The tools' JSON reader beside the parser that the component uses.
-#include "json/ComponentComparison.h"
-#include "support/FuzzInput.h"
-#include "support/Require.h"
+#include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/Require.h"
+#include "tests/json/ComponentComparison.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = customstyle_fuzz::FuzzInput(data, size).rest();

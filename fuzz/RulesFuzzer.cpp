@@ -1,14 +1,14 @@
 // Rules that are well formed, in any order and number: the component against the model in tests/model_check.
 #include <string>
 
-#include "model_check/ModelTables.h"
-#include "model_check/StoreImage.h"
-#include "model_check/StyleModel.h"
-#include "support/FuzzInput.h"
-#include "support/LoadAccounts.h"
-#include "support/Questions.h"
-#include "support/Require.h"
-#include "support/StyleBuilder.h"
+#include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/LoadAccounts.h"
+#include "fuzz/support/Questions.h"
+#include "fuzz/support/Require.h"
+#include "tests/model_check/ModelTables.h"
+#include "tests/model_check/StoreImage.h"
+#include "tests/model_check/StyleModel.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 // class.
 #include <string>
 
-#include "support/FuzzInput.h"
-#include "support/LoadAccounts.h"
-#include "support/Questions.h"
+#include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/LoadAccounts.h"
+#include "fuzz/support/Questions.h"
 #include "vi/vos/VTempl.h"
 
 namespace {

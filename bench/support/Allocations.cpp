@@ -1,4 +1,4 @@
-#include "support/Allocations.h"
+#include "bench/support/Allocations.h"
 
 #include <atomic>
 #include <cstdlib>

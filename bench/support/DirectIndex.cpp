@@ -1,4 +1,4 @@
-#include "support/DirectIndex.h"
+#include "bench/support/DirectIndex.h"
 
 #include <algorithm>
 

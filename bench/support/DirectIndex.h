@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_bench {
 

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "support/Allocations.h"
-#include "support/SameRecord.h"
-#include "support/Scenes.h"
+#include "bench/support/Allocations.h"
+#include "bench/support/SameRecord.h"
+#include "bench/support/Scenes.h"
 
 namespace customstyle_bench {
 

@@ -1,4 +1,4 @@
-#include "support/LiteralWalk.h"
+#include "bench/support/LiteralWalk.h"
 
 #include <cstdint>
 #include <cstdio>

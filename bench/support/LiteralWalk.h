@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_bench {
 

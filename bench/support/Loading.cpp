@@ -1,4 +1,4 @@
-#include "support/Loading.h"
+#include "bench/support/Loading.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,10 +1,10 @@
-#include "support/MapFiles.h"
+#include "bench/support/MapFiles.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <set>
 
-#include "support/Random.h"
+#include "bench/support/Random.h"
 
 namespace customstyle_bench {
 namespace {

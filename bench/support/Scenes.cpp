@@ -1,12 +1,12 @@
-#include "support/Scenes.h"
+#include "bench/support/Scenes.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <set>
 #include <stdexcept>
 
-#include "support/MapFiles.h"
-#include "support/StyleStreams.h"
+#include "bench/support/MapFiles.h"
+#include "bench/support/StyleStreams.h"
 #include "vi/vos/VJson.h"
 
 namespace customstyle_bench {

@@ -1,10 +1,10 @@
-#include "support/StyleStreams.h"
+#include "bench/support/StyleStreams.h"
 
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
-#include "support/Random.h"
+#include "bench/support/Random.h"
 
 namespace customstyle_bench {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/MapFiles.h"
+#include "bench/support/MapFiles.h"
 
 namespace customstyle_bench {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "StyleSnapshot.h"
+#include "customstyle/StyleSnapshot.h"
 
 /// One pointer to the current snapshot, exchanged by the host while render threads draw.
 ///

@@ -1,7 +1,7 @@
 // The least that an engine does: load a map's two files, then ask for each style that it draws.
 #include <cstdio>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 int main(int argumentCount, char** arguments) {
     if (argumentCount < 3) return std::puts("usage: ask_while_drawing MAPPING_DIRECTORY/ STYLE_FILE"), 2;

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "StyleSnapshot.h"
+#include "customstyle/StyleSnapshot.h"
 
 int main(int argumentCount, char** arguments) {
     if (argumentCount < 3) return std::puts("usage: compile_for_drawing MAPPING_DIRECTORY/ STYLE_FILE"), 2;

@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-#include "SnapshotSwitch.h"
+#include "examples/programs/SnapshotSwitch.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "support/LoadAccounts.h"
+#include "fuzz/support/LoadAccounts.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <vector>
 
-#include "support/Require.h"
+#include "fuzz/support/Require.h"
 #include "vi/vos/VLog.h"
 #include "vi/vos/VMem.h"
 

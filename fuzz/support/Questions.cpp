@@ -1,10 +1,10 @@
-#include "support/Questions.h"
+#include "fuzz/support/Questions.h"
 
 #include <cstdlib>
 #include <string>
 
-#include "support/Require.h"
-#include "support/TestStore.h"
+#include "fuzz/support/Require.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_fuzz {
 

@@ -3,8 +3,8 @@
 
 #include <set>
 
-#include "CustomConfig.h"
-#include "StyleSnapshot.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/StyleSnapshot.h"
 
 namespace customstyle_fuzz {
 

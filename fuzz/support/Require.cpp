@@ -1,4 +1,4 @@
-#include "support/Require.h"
+#include "fuzz/support/Require.h"
 
 #include <cstdio>
 #include <cstdlib>

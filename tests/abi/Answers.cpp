@@ -7,9 +7,9 @@
 #include <set>
 #include <string>
 
-#include "StyleSnapshot.h"
-#include "model/RecordStorage.h"
-#include "support/TestStore.h"
+#include "customstyle/StyleSnapshot.h"
+#include "customstyle/model/RecordStorage.h"
+#include "tests/support/TestStore.h"
 #include "vi/vos/VLog.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <limits>
 #include <string>
 
-#include "StyleSnapshot.h"
-#include "model/RecordStorage.h"
-#include "support/TestStore.h"
+#include "customstyle/StyleSnapshot.h"
+#include "customstyle/model/RecordStorage.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

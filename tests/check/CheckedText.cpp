@@ -1,14 +1,14 @@
-#include "check/CheckedText.h"
+#include "tests/check/CheckedText.h"
 
 #include <fmt/format.h>
 
 #include <fstream>
 #include <iterator>
 
-#include "check/MappingCheck.h"
-#include "check/StyleCheck.h"
-#include "check/WhatIf.h"
-#include "replay/MappingSource.h"
+#include "tools/check/MappingCheck.h"
+#include "tools/check/StyleCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/replay/MappingSource.h"
 
 namespace customstyle_test {
 

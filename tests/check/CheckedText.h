@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "check/Finding.h"
-#include "check/Report.h"
+#include "tools/check/Finding.h"
+#include "tools/check/Report.h"
 
 namespace customstyle_test {
 

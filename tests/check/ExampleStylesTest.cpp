@@ -7,9 +7,9 @@
 #include <set>
 #include <string>
 
-#include "check/CheckedText.h"
-#include "check/MappingCheck.h"
-#include "support/LogCapture.h"
+#include "tests/check/CheckedText.h"
+#include "tests/support/LogCapture.h"
+#include "tools/check/MappingCheck.h"
 
 namespace customstyle_test {
 namespace {

@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "check/CheckedText.h"
-#include "check/FieldHistory.h"
-#include "check/WhatIf.h"
+#include "tests/check/CheckedText.h"
+#include "tools/check/FieldHistory.h"
+#include "tools/check/WhatIf.h"
 
 namespace customstyle_test {
 namespace {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <set>
 
-#include "check/CheckedText.h"
-#include "check/FindingCodes.h"
-#include "check/Report.h"
+#include "tests/check/CheckedText.h"
+#include "tools/check/FindingCodes.h"
+#include "tools/check/Report.h"
 
 namespace customstyle_test {
 namespace {

@@ -6,11 +6,11 @@
 #include <memory>
 #include <set>
 
-#include "CustomConfig.h"
-#include "check/CheckedText.h"
-#include "replay/SingleRules.h"
-#include "support/LogCapture.h"
-#include "support/RandomFiles.h"
+#include "customstyle/CustomConfig.h"
+#include "tests/check/CheckedText.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/RandomFiles.h"
+#include "tools/replay/SingleRules.h"
 
 namespace customstyle_test {
 namespace {

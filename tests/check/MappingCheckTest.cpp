@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <variant>
 
-#include "check/CheckedText.h"
-#include "check/MappingCheck.h"
-#include "check/WhatIf.h"
-#include "support/DefaultMapping.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/check/CheckedText.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tools/check/MappingCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/support/DefaultMapping.h"
 
 namespace customstyle_test {
 namespace {

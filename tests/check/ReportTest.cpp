@@ -3,8 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "check/CheckedText.h"
-#include "check/Report.h"
+#include "tests/check/CheckedText.h"
+#include "tools/check/Report.h"
 
 namespace customstyle_test {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <variant>
 
-#include "check/CheckedText.h"
-#include "check/StyleCheck.h"
-#include "check/WhatIf.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/check/CheckedText.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tools/check/StyleCheck.h"
+#include "tools/check/WhatIf.h"
 
 namespace customstyle_test {
 namespace {

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,11 +1,11 @@
 // Whatever the files hold, the store keeps its order and the answers agree with it.
 #include <gtest/gtest.h>
 
-#include "component/StoreInvariants.h"
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/RandomFiles.h"
-#include "support/TestStore.h"
+#include "tests/component/StoreInvariants.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/RandomFiles.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,11 +1,11 @@
-#include "component/StoreInvariants.h"
+#include "tests/component/StoreInvariants.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <vector>
 
-#include "support/TestStore.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_test {
 

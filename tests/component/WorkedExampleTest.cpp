@@ -1,9 +1,9 @@
 // One rule all the way, from two files to the renderer's answer.
 #include <gtest/gtest.h>
 
-#include "support/LogCapture.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "diff/DiffText.h"
-#include "replay/LoadedText.h"
-#include "support/TestStore.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/TestStore.h"
+#include "tools/diff/DiffText.h"
 
 namespace customstyle_test {
 namespace {

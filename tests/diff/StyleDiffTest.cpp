@@ -11,11 +11,11 @@
 #include <utility>
 #include <vector>
 
-#include "diff/StyleDiff.h"
-#include "explain/Explainer.h"
-#include "replay/LoadedText.h"
-#include "support/RandomFiles.h"
-#include "support/TestStore.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/RandomFiles.h"
+#include "tests/support/TestStore.h"
+#include "tools/diff/StyleDiff.h"
+#include "tools/explain/Explainer.h"
 
 namespace customstyle_test {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "expectations/ExpectationCheck.h"
-#include "replay/LoadedText.h"
-#include "support/TestStore.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/TestStore.h"
+#include "tools/expectations/ExpectationCheck.h"
 
 namespace customstyle_test {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "expectations/Expectations.h"
-#include "replay/LoadedText.h"
-#include "support/TestStore.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/TestStore.h"
+#include "tools/expectations/Expectations.h"
 
 namespace customstyle_test {
 namespace {

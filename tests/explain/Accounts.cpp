@@ -1,4 +1,4 @@
-#include "explain/Accounts.h"
+#include "tests/explain/Accounts.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 #include <map>
 #include <tuple>
 
-#include "support/Answers.h"
-#include "support/Levels.h"
-#include "support/TestStore.h"
+#include "tests/support/TestStore.h"
+#include "tools/support/Answers.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,7 +1,7 @@
 // What must hold of every explanation. Each function adds its findings to the running test.
 #pragma once
 
-#include "explain/Explainer.h"
+#include "tools/explain/Explainer.h"
 
 namespace customstyle_test {
 

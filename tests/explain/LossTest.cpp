@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "explain/ExplanationText.h"
-#include "replay/LoadedText.h"
-#include "support/TestStore.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/TestStore.h"
+#include "tools/explain/ExplanationText.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "explain/ExplanationText.h"
-#include "support/Spelling.h"
+#include "tools/explain/ExplanationText.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_test {
 namespace {

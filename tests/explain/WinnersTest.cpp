@@ -5,10 +5,10 @@
 #include <fstream>
 #include <iterator>
 
-#include "explain/Accounts.h"
-#include "replay/LoadedText.h"
-#include "support/RandomFiles.h"
-#include "support/TestStore.h"
+#include "tests/explain/Accounts.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/RandomFiles.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

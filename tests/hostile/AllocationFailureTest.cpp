@@ -5,12 +5,12 @@
 #include <new>
 #include <set>
 
-#include "StyleSnapshot.h"
-#include "support/FailingHeaps.h"
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "customstyle/StyleSnapshot.h"
+#include "tests/support/FailingHeaps.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

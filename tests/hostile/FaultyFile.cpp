@@ -1,4 +1,4 @@
-#include "hostile/FaultyFile.h"
+#include "tests/hostile/FaultyFile.h"
 
 #include <algorithm>
 #include <cstring>

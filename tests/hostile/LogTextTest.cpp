@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/LogCapture.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

@@ -6,10 +6,10 @@
 #include <cstring>
 #include <limits>
 
-#include "hostile/FaultyFile.h"
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/hostile/FaultyFile.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 #include "vi/vos/VMem.h"
 
 namespace customstyle_test {

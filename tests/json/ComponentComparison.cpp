@@ -1,12 +1,12 @@
-#include "json/ComponentComparison.h"
+#include "tests/json/ComponentComparison.h"
 
 #include <bit>
 #include <cstdint>
 #include <cstring>
 #include <vector>
 
-#include "json/JsonDocument.h"
-#include "support/StyleBuilder.h"
+#include "tests/support/StyleBuilder.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,4 +1,4 @@
-#include "json/HardTexts.h"
+#include "tests/json/HardTexts.h"
 
 #include <algorithm>
 #include <iterator>

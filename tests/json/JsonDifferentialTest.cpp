@@ -10,10 +10,10 @@
 #include <string_view>
 #include <vector>
 
-#include "json/ComponentComparison.h"
-#include "json/HardTexts.h"
-#include "json/JsonDocument.h"
-#include "support/StyleBuilder.h"
+#include "tests/json/ComponentComparison.h"
+#include "tests/json/HardTexts.h"
+#include "tests/support/StyleBuilder.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_test {
 namespace {

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_test {
 namespace {

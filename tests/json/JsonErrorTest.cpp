@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "json/JsonDocument.h"
-#include "json/JsonError.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/json/JsonError.h"
 
 namespace customstyle_test {
 namespace {

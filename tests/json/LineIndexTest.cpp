@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "json/LineIndex.h"
+#include "tools/json/LineIndex.h"
 
 namespace customstyle_test {
 namespace {

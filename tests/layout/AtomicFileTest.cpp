@@ -9,8 +9,8 @@
 #include <iterator>
 #include <string>
 
-#include "support/AtomicFile.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tools/support/AtomicFile.h"
 
 namespace {
 

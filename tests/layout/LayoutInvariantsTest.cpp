@@ -9,8 +9,8 @@
 #include <variant>
 #include <vector>
 
-#include "layout/Layout.h"
-#include "minify/Compact.h"
+#include "tools/layout/Layout.h"
+#include "tools/minify/Compact.h"
 
 namespace {
 

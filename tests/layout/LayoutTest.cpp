@@ -3,8 +3,8 @@
 #include <string>
 #include <variant>
 
-#include "layout/Columns.h"
-#include "layout/Layout.h"
+#include "tools/layout/Columns.h"
+#include "tools/layout/Layout.h"
 
 namespace {
 

@@ -7,11 +7,11 @@
 #include <filesystem>
 #include <utility>
 
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/OpenFiles.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/OpenFiles.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 #include "vi/vos/VMem.h"
 
 namespace customstyle_test {

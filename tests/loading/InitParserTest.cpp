@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 #include "vi/vos/VJson.h"
 
 namespace {

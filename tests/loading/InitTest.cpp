@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <optional>
 
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/OpenFiles.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/OpenFiles.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

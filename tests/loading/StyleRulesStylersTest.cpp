@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

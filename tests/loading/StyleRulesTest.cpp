@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

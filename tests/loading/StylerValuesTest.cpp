@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "CustomConfig.h"
-#include "support/StyleBuilder.h"
+#include "customstyle/CustomConfig.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test {
 namespace {

@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "minify/Equivalence.h"
-#include "minify/RandomStyle.h"
-#include "replay/LoadedStyle.h"
-#include "replay/StoreDifference.h"
-#include "support/DefaultMapping.h"
-#include "support/LogCapture.h"
-#include "support/StyleBuilder.h"
-#include "support/TestStore.h"
+#include "tests/minify/RandomStyle.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/StyleBuilder.h"
+#include "tests/support/TestStore.h"
+#include "tools/minify/Equivalence.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/replay/StoreDifference.h"
+#include "tools/support/DefaultMapping.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <string>
 #include <variant>
 
-#include "minify/Minifier.h"
-#include "support/LogCapture.h"
-#include "support/StyleBuilder.h"
-#include "support/TestStore.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/StyleBuilder.h"
+#include "tests/support/TestStore.h"
+#include "tools/minify/Minifier.h"
 
 namespace {
 

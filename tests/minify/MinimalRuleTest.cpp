@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "CustomConfig.h"
-#include "minify/MinimalRule.h"
-#include "minify/ShortValues.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/minify/MinimalRule.h"
+#include "tools/minify/ShortValues.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "minify/RandomStyle.h"
+#include "tests/minify/RandomStyle.h"
 
 #include <iterator>
 #include <nlohmann/json.hpp>
 
-#include "support/StyleBuilder.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test {
 namespace {

@@ -8,12 +8,12 @@
 #include <string>
 #include <variant>
 
-#include "minify/Minifier.h"
-#include "minify/RandomStyle.h"
-#include "replay/LoadedStyle.h"
-#include "replay/StoreDifference.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/minify/RandomStyle.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
+#include "tools/minify/Minifier.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/replay/StoreDifference.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 #include "vi/vos/VTempl.h"
 
 namespace customstyle_test {

@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "support/TestStore.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

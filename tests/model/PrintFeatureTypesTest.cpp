@@ -1,10 +1,10 @@
 // The walk over the base styles that formats them for nobody.
 #include <gtest/gtest.h>
 
-#include "model/BaseRecords.h"
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/model/BaseRecords.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

@@ -6,7 +6,7 @@
 #include <type_traits>
 #include <unordered_map>
 
-#include "support/TestStore.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

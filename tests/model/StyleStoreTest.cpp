@@ -5,11 +5,11 @@
 #include <memory>
 #include <vector>
 
-#include "model/BaseRecords.h"
-#include "support/FaultyMemory.h"
-#include "support/LogCapture.h"
-#include "support/RecordingHeap.h"
-#include "support/TestStore.h"
+#include "tests/model/BaseRecords.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/RecordingHeap.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

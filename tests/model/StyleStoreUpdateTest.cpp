@@ -5,9 +5,9 @@
 #include <limits>
 #include <string>
 
-#include "model/BaseRecords.h"
-#include "support/FaultyMemory.h"
-#include "support/TestStore.h"
+#include "tests/model/BaseRecords.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

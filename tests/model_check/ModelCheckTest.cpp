@@ -4,13 +4,13 @@
 
 #include <functional>
 
-#include "model_check/ModelTables.h"
-#include "model_check/RandomProgram.h"
-#include "model_check/StoreImage.h"
-#include "model_check/StyleModel.h"
-#include "support/LogCapture.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/model_check/ModelTables.h"
+#include "tests/model_check/RandomProgram.h"
+#include "tests/model_check/StoreImage.h"
+#include "tests/model_check/StyleModel.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test::model {
 namespace {

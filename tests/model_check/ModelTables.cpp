@@ -1,4 +1,4 @@
-#include "model_check/ModelTables.h"
+#include "tests/model_check/ModelTables.h"
 
 namespace customstyle_test::model {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "model_check/StyleModel.h"
+#include "tests/model_check/StyleModel.h"
 
 namespace customstyle_test::model {
 

@@ -1,6 +1,6 @@
-#include "model_check/RandomProgram.h"
+#include "tests/model_check/RandomProgram.h"
 
-#include "model_check/ModelTables.h"
+#include "tests/model_check/ModelTables.h"
 
 namespace customstyle_test::model {
 namespace {

@@ -1,4 +1,4 @@
-#include "model_check/StoreImage.h"
+#include "tests/model_check/StoreImage.h"
 
 #include <set>
 

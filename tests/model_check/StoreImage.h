@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "CustomConfig.h"
-#include "model_check/StyleModel.h"
+#include "customstyle/CustomConfig.h"
+#include "tests/model_check/StyleModel.h"
 
 namespace customstyle_test::model {
 

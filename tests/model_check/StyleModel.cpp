@@ -1,12 +1,12 @@
-#include "model_check/StyleModel.h"
+#include "tests/model_check/StyleModel.h"
 
 #include <strings.h>
 
 #include <algorithm>
 #include <cstdlib>
 
-#include "model_check/ModelTables.h"
-#include "support/StyleBuilder.h"
+#include "tests/model_check/ModelTables.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test::model {
 

@@ -5,9 +5,9 @@
 #include <limits>
 #include <string>
 
-#include "queries/QueryStore.h"
-#include "support/CountingNew.h"
-#include "support/FaultyMemory.h"
+#include "tests/queries/QueryStore.h"
+#include "tests/support/CountingNew.h"
+#include "tests/support/FaultyMemory.h"
 
 namespace customstyle_test {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <limits>
 
-#include "queries/QueryStore.h"
-#include "support/LogCapture.h"
+#include "tests/queries/QueryStore.h"
+#include "tests/support/LogCapture.h"
 
 namespace customstyle_test {
 namespace {

@@ -4,8 +4,8 @@
 #include <limits>
 #include <string>
 
-#include "queries/QueryStore.h"
-#include "support/LogCapture.h"
+#include "tests/queries/QueryStore.h"
+#include "tests/support/LogCapture.h"
 
 namespace customstyle_test {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "model/BaseRecords.h"
-#include "support/TestStore.h"
+#include "tests/model/BaseRecords.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "queries/QueryStore.h"
+#include "tests/queries/QueryStore.h"
 
 namespace customstyle_test {
 namespace {

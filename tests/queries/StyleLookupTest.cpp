@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "queries/QueryStore.h"
-#include "support/LogCapture.h"
+#include "tests/queries/QueryStore.h"
+#include "tests/support/LogCapture.h"
 
 namespace customstyle_test {
 namespace {

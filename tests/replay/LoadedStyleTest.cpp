@@ -3,14 +3,14 @@
 
 #include <variant>
 
-#include "replay/LoadedStyle.h"
-#include "replay/LoadedText.h"
-#include "support/Answers.h"
-#include "support/DefaultMapping.h"
-#include "support/LogCapture.h"
-#include "support/StyleBuilder.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TestStore.h"
+#include "tests/replay/LoadedText.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/StyleBuilder.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/TestStore.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/support/Answers.h"
+#include "tools/support/DefaultMapping.h"
 
 namespace customstyle_test {
 namespace {

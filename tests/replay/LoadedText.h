@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "replay/LoadedStyle.h"
+#include "tools/replay/LoadedStyle.h"
 
 namespace customstyle_test {
 

@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "replay/MappingSource.h"
-#include "replay/Sources.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/replay/Sources.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
+#include "tools/replay/MappingSource.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,10 +1,10 @@
 // What leaving out a rule or a styler changes.
 #include <gtest/gtest.h>
 
-#include "replay/ProvenEffects.h"
-#include "replay/Sources.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/replay/Sources.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
+#include "tools/replay/ProvenEffects.h"
 
 namespace customstyle_test {
 namespace {

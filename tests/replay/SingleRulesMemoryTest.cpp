@@ -3,9 +3,9 @@
 
 #include <new>
 
-#include "replay/SingleRules.h"
-#include "replay/Sources.h"
-#include "support/FailingHeaps.h"
+#include "tests/replay/Sources.h"
+#include "tests/support/FailingHeaps.h"
+#include "tools/replay/SingleRules.h"
 
 namespace customstyle_test {
 namespace {

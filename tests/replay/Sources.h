@@ -6,9 +6,9 @@
 #include <utility>
 #include <variant>
 
-#include "support/RandomFiles.h"
-#include "support/SourceFile.h"
-#include "support/StyleBuilder.h"
+#include "tests/support/RandomFiles.h"
+#include "tests/support/StyleBuilder.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_test {
 

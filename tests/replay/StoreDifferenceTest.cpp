@@ -3,11 +3,11 @@
 
 #include <cstddef>
 
-#include "model/RecordStorage.h"
-#include "replay/Sources.h"
-#include "replay/StoreDifference.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "customstyle/model/RecordStorage.h"
+#include "tests/replay/Sources.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
+#include "tools/replay/StoreDifference.h"
 
 namespace customstyle_test {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <functional>
 
-#include "model/BaseRecords.h"
-#include "replay/StoreImage.h"
-#include "support/TestStore.h"
+#include "tests/model/BaseRecords.h"
+#include "tests/support/TestStore.h"
+#include "tools/replay/StoreImage.h"
 
 namespace customstyle_test {
 namespace {

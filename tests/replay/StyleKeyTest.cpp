@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "replay/StyleKey.h"
+#include "tools/replay/StyleKey.h"
 
 namespace customstyle_test {
 namespace {

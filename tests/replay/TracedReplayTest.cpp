@@ -5,11 +5,11 @@
 #include <fstream>
 #include <iterator>
 
-#include "replay/Sources.h"
-#include "replay/StoreImage.h"
-#include "replay/TracedReplay.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/replay/Sources.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/replay/TracedReplay.h"
 
 namespace customstyle_test {
 namespace {

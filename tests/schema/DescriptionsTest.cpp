@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
-#include "CustomConfig.h"
-#include "schema/Descriptions.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/schema/Descriptions.h"
 
 namespace {
 

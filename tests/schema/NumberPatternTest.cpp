@@ -3,7 +3,7 @@
 #include <regex>
 #include <string>
 
-#include "schema/NumberPattern.h"
+#include "tools/schema/NumberPattern.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "schema/RuleProbe.h"
-#include "schema/RuleTable.h"
+#include "tools/schema/RuleProbe.h"
+#include "tools/schema/RuleTable.h"
 
 namespace {
 

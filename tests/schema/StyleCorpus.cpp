@@ -1,12 +1,12 @@
-#include "schema/StyleCorpus.h"
+#include "tests/schema/StyleCorpus.h"
 
 #include <algorithm>
 #include <iterator>
 #include <random>
 #include <string_view>
 
-#include "CustomConfig.h"
-#include "support/StyleBuilder.h"
+#include "customstyle/CustomConfig.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test {
 namespace {

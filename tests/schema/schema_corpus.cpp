@@ -7,10 +7,10 @@
 #include <string>
 #include <variant>
 
-#include "check/StyleCheck.h"
-#include "replay/TracedReplay.h"
-#include "schema/StyleCorpus.h"
-#include "support/DefaultMapping.h"
+#include "tests/schema/StyleCorpus.h"
+#include "tools/check/StyleCheck.h"
+#include "tools/replay/TracedReplay.h"
+#include "tools/support/DefaultMapping.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <random>
 #include <set>
 
-#include "StyleSnapshot.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "customstyle/StyleSnapshot.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

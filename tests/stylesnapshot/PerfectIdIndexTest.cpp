@@ -4,7 +4,7 @@
 #include <random>
 #include <set>
 
-#include "PerfectIdIndex.h"
+#include "customstyle/PerfectIdIndex.h"
 
 namespace customstyle_test {
 namespace {

@@ -1,8 +1,8 @@
 // What a snapshot promises besides equal answers: independence and size.
 #include <gtest/gtest.h>
 
-#include "StyleSnapshot.h"
-#include "support/TestStore.h"
+#include "customstyle/StyleSnapshot.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

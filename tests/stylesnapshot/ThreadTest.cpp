@@ -7,9 +7,9 @@
 #include <thread>
 #include <vector>
 
-#include "SnapshotSwitch.h"
-#include "StyleSnapshot.h"
-#include "support/TestStore.h"
+#include "customstyle/StyleSnapshot.h"
+#include "examples/programs/SnapshotSwitch.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

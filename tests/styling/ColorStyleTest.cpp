@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "styling/DispatchCases.h"
-#include "styling/StoreChanges.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/styling/DispatchCases.h"
+#include "tests/styling/StoreChanges.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 #include "vi/vos/VTempl.h"
 
 namespace customstyle_test {

@@ -1,10 +1,10 @@
 // The writer of font sizes, called without a dispatcher.
 #include <gtest/gtest.h>
 
-#include "styling/StoreChanges.h"
-#include "styling/WriterCases.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/styling/StoreChanges.h"
+#include "tests/styling/WriterCases.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

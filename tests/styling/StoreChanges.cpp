@@ -1,8 +1,8 @@
-#include "styling/StoreChanges.h"
+#include "tests/styling/StoreChanges.h"
 
 #include <map>
 
-#include "support/TestStore.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

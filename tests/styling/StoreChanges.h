@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_test {
 

@@ -1,10 +1,10 @@
 // Visibility rules one after another, and the writer of the icon flag.
 #include <gtest/gtest.h>
 
-#include "styling/StoreChanges.h"
-#include "styling/WriterCases.h"
-#include "support/LogCapture.h"
-#include "support/TestStore.h"
+#include "tests/styling/StoreChanges.h"
+#include "tests/styling/WriterCases.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {

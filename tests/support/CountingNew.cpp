@@ -1,6 +1,6 @@
-#include "support/CountingNew.h"
+#include "tests/support/CountingNew.h"
 
-#include "support/ReplacedNew.h"
+#include "tests/support/ReplacedNew.h"
 
 namespace customstyle_test {
 namespace {

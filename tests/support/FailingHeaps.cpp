@@ -1,8 +1,8 @@
-#include "support/FailingHeaps.h"
+#include "tests/support/FailingHeaps.h"
 
 #include <cstdlib>
 
-#include "support/ReplacedNew.h"
+#include "tests/support/ReplacedNew.h"
 #include "vi/vos/VJson.h"
 #include "vi/vos/VMem.h"
 

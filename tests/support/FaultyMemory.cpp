@@ -1,4 +1,4 @@
-#include "support/FaultyMemory.h"
+#include "tests/support/FaultyMemory.h"
 
 #include <cstdlib>
 

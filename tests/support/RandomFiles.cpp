@@ -1,8 +1,8 @@
-#include "support/RandomFiles.h"
+#include "tests/support/RandomFiles.h"
 
 #include <iterator>
 
-#include "support/StyleBuilder.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test {
 namespace {

@@ -4,7 +4,7 @@
 #include <random>
 #include <string>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_test {
 

@@ -1,4 +1,4 @@
-#include "support/RecordingHeap.h"
+#include "tests/support/RecordingHeap.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "support/ReplacedNew.h"
+#include "tests/support/ReplacedNew.h"
 
 #include <cstdlib>
 #include <new>

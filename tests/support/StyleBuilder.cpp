@@ -1,4 +1,4 @@
-#include "support/StyleBuilder.h"
+#include "tests/support/StyleBuilder.h"
 
 #include <stdexcept>
 

@@ -1,11 +1,11 @@
-#include "support/TestStore.h"
+#include "tests/support/TestStore.h"
 
 #include <ostream>
 #include <stdexcept>
 #include <tuple>
 
-#include "model/FeatureTypeTable.h"
-#include "model/RecordStorage.h"
+#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/model/RecordStorage.h"
 
 namespace _orvik_framework {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "CustomConfig.h"
-#include "support/StyleBuilder.h"
+#include "customstyle/CustomConfig.h"
+#include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/JsonParts.h"
+#include "tools/support/JsonParts.h"
 
 namespace customstyle_test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "support/PlainText.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_test {
 namespace {

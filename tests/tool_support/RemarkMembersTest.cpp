@@ -3,7 +3,7 @@
 #include <ostream>
 #include <regex>
 
-#include "support/RemarkMembers.h"
+#include "tools/support/RemarkMembers.h"
 
 namespace customstyle_test {
 namespace {

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <variant>
 
-#include "support/SourceFile.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/support/TemporaryDirectory.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_test {
 namespace {

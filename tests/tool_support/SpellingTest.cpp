@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Spelling.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_test {
 namespace {

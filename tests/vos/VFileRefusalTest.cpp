@@ -11,8 +11,8 @@
 #include <filesystem>
 #include <string>
 
-#include "support/OrdinaryUser.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/support/OrdinaryUser.h"
+#include "tests/support/TemporaryDirectory.h"
 #include "vi/vos/VFile.h"
 #include "vi/vos/VString.h"
 

@@ -11,8 +11,8 @@
 #include <string>
 #include <utility>
 
-#include "support/OpenFiles.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/support/OpenFiles.h"
+#include "tests/support/TemporaryDirectory.h"
 #include "vi/vos/VFile.h"
 #include "vi/vos/VString.h"
 

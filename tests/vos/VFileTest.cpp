@@ -7,8 +7,8 @@
 #include <limits>
 #include <string>
 
-#include "support/OpenFiles.h"
-#include "support/TemporaryDirectory.h"
+#include "tests/support/OpenFiles.h"
+#include "tests/support/TemporaryDirectory.h"
 #include "vi/vos/VFile.h"
 #include "vi/vos/VString.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "support/StyleBuilder.h"
+#include "tests/support/StyleBuilder.h"
 #include "vi/vos/VJson.h"
 
 namespace customstyle_test {

@@ -5,7 +5,7 @@
 #include <limits>
 #include <new>
 
-#include "support/CountingNew.h"
+#include "tests/support/CountingNew.h"
 #include "vi/vos/VMap.h"
 
 namespace customstyle_test {

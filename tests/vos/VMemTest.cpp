@@ -7,8 +7,8 @@
 #include <thread>
 #include <vector>
 
-#include "support/FaultyMemory.h"
-#include "support/RecordingHeap.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/RecordingHeap.h"
 #include "vi/vos/VMem.h"
 
 namespace customstyle_test {

@@ -6,8 +6,8 @@
 #include <cstring>
 #include <span>
 
-#include "support/FaultyMemory.h"
-#include "support/RecordingHeap.h"
+#include "tests/support/FaultyMemory.h"
+#include "tests/support/RecordingHeap.h"
 #include "vi/vos/VTempl.h"
 
 namespace customstyle_test {

@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 
-#include "check/Report.h"
-#include "support/PlainText.h"
+#include "tools/check/Report.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,11 +1,11 @@
-#include "check/DocumentFindings.h"
+#include "tools/check/DocumentFindings.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <iterator>
 
-#include "json/JsonScalars.h"
+#include "tools/json/JsonScalars.h"
 
 namespace customstyle_tool {
 namespace {

@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "check/Finding.h"
-#include "json/JsonDocument.h"
-#include "json/JsonError.h"
-#include "support/PlainText.h"
-#include "support/SourceFile.h"
+#include "tools/check/Finding.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/json/JsonError.h"
+#include "tools/support/PlainText.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

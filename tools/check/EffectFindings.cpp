@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <set>
 
-#include "check/FieldHistory.h"
-#include "check/StyleUnderCheck.h"
-#include "replay/StoreImage.h"
-#include "support/Answers.h"
-#include "support/FeatureTypes.h"
-#include "support/Levels.h"
+#include "tools/check/FieldHistory.h"
+#include "tools/check/StyleUnderCheck.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/support/Answers.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 namespace {

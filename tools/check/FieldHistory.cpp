@@ -1,4 +1,4 @@
-#include "check/FieldHistory.h"
+#include "tools/check/FieldHistory.h"
 
 namespace customstyle_tool {
 namespace {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "replay/TracedReplay.h"
+#include "tools/replay/TracedReplay.h"
 
 namespace customstyle_tool {
 

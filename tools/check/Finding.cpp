@@ -1,4 +1,4 @@
-#include "check/Finding.h"
+#include "tools/check/Finding.h"
 
 #include <algorithm>
 #include <tuple>

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "check/FindingCodes.h"
-#include "json/JsonDocument.h"
-#include "support/SourceFile.h"
+#include "tools/check/FindingCodes.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

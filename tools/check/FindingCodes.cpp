@@ -1,11 +1,11 @@
-#include "check/FindingCodes.h"
+#include "tools/check/FindingCodes.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <iterator>
 
-#include "support/FeatureTypes.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {

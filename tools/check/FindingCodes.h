@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_tool {
 

@@ -7,12 +7,12 @@
 #include <set>
 #include <utility>
 
-#include "check/FieldHistory.h"
-#include "check/StyleUnderCheck.h"
-#include "check/WhatIf.h"
-#include "replay/StyleKey.h"
-#include "support/FeatureTypes.h"
-#include "support/Levels.h"
+#include "tools/check/FieldHistory.h"
+#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/replay/StyleKey.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 namespace {

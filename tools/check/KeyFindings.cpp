@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-#include "check/StyleUnderCheck.h"
+#include "tools/check/StyleUnderCheck.h"
 
 namespace customstyle_tool {
 namespace {

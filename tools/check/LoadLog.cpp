@@ -1,4 +1,4 @@
-#include "check/LoadLog.h"
+#include "tools/check/LoadLog.h"
 
 #include <unistd.h>
 
@@ -6,9 +6,9 @@
 #include <fstream>
 #include <memory>
 
-#include "CustomConfig.h"
-#include "check/WhatIf.h"
-#include "support/LoadedMap.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/check/WhatIf.h"
+#include "tools/support/LoadedMap.h"
 #include "vi/vos/VLog.h"
 
 namespace customstyle_tool {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "support/SourceFile.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

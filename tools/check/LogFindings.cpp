@@ -5,11 +5,11 @@
 #include <functional>
 #include <iterator>
 
-#include "check/DocumentFindings.h"
-#include "check/StyleUnderCheck.h"
-#include "check/WhatIf.h"
-#include "support/FeatureTypes.h"
-#include "support/Spelling.h"
+#include "tools/check/DocumentFindings.h"
+#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "check/MappingCheck.h"
+#include "tools/check/MappingCheck.h"
 
 #include <fmt/format.h>
 
@@ -10,15 +10,15 @@
 #include <unordered_map>
 #include <utility>
 
-#include "CustomConfig.h"
-#include "check/DocumentFindings.h"
-#include "check/LoadLog.h"
-#include "json/JsonScalars.h"
-#include "replay/MappingSource.h"
-#include "replay/SingleRules.h"
-#include "support/Answers.h"
-#include "support/FeatureTypes.h"
-#include "support/Spelling.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/check/DocumentFindings.h"
+#include "tools/check/LoadLog.h"
+#include "tools/json/JsonScalars.h"
+#include "tools/replay/MappingSource.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/support/Answers.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "check/Finding.h"
-#include "support/SourceFile.h"
+#include "tools/check/Finding.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

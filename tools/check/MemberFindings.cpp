@@ -7,12 +7,12 @@
 #include <string>
 #include <unordered_map>
 
-#include "check/DocumentFindings.h"
-#include "check/StyleUnderCheck.h"
-#include "check/WhatIf.h"
-#include "json/JsonScalars.h"
-#include "support/RemarkMembers.h"
-#include "support/Spelling.h"
+#include "tools/check/DocumentFindings.h"
+#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/json/JsonScalars.h"
+#include "tools/support/RemarkMembers.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

@@ -6,10 +6,10 @@
 #include <iterator>
 #include <set>
 
-#include "check/DocumentFindings.h"
-#include "check/StyleUnderCheck.h"
-#include "check/WhatIf.h"
-#include "support/FeatureTypes.h"
+#include "tools/check/DocumentFindings.h"
+#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,10 +1,10 @@
-#include "check/Report.h"
+#include "tools/check/Report.h"
 
 #include <fmt/format.h>
 
 #include <nlohmann/json.hpp>
 
-#include "support/PlainText.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "check/Finding.h"
-#include "support/SourceFile.h"
+#include "tools/check/Finding.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

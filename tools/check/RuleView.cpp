@@ -1,8 +1,8 @@
-#include "check/RuleView.h"
+#include "tools/check/RuleView.h"
 
 #include <algorithm>
 
-#include "support/FeatureTypes.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "json/JsonDocument.h"
-#include "support/SourceFile.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

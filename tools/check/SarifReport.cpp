@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "check/Report.h"
-#include "json/JsonScalars.h"
+#include "tools/check/Report.h"
+#include "tools/json/JsonScalars.h"
 
 namespace customstyle_tool {
 namespace {

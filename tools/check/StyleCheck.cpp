@@ -1,8 +1,8 @@
-#include "check/StyleCheck.h"
+#include "tools/check/StyleCheck.h"
 
-#include "check/DocumentFindings.h"
-#include "check/LoadLog.h"
-#include "check/StyleUnderCheck.h"
+#include "tools/check/DocumentFindings.h"
+#include "tools/check/LoadLog.h"
+#include "tools/check/StyleUnderCheck.h"
 
 namespace customstyle_tool {
 namespace {

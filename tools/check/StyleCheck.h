@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "check/Finding.h"
-#include "replay/ProvenEffects.h"
-#include "support/SourceFile.h"
+#include "tools/check/Finding.h"
+#include "tools/replay/ProvenEffects.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

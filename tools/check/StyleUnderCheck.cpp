@@ -1,4 +1,4 @@
-#include "check/StyleUnderCheck.h"
+#include "tools/check/StyleUnderCheck.h"
 
 #include <fmt/format.h>
 

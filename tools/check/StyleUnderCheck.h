@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
-#include "check/Finding.h"
-#include "check/RuleView.h"
-#include "replay/ProvenEffects.h"
-#include "replay/TracedReplay.h"
+#include "tools/check/Finding.h"
+#include "tools/check/RuleView.h"
+#include "tools/replay/ProvenEffects.h"
+#include "tools/replay/TracedReplay.h"
 
 namespace customstyle_tool {
 

@@ -6,12 +6,12 @@
 #include <charconv>
 #include <iterator>
 
-#include "check/DocumentFindings.h"
-#include "check/StyleUnderCheck.h"
-#include "json/JsonScalars.h"
-#include "replay/SingleRules.h"
-#include "support/FeatureTypes.h"
-#include "support/RecordText.h"
+#include "tools/check/DocumentFindings.h"
+#include "tools/check/StyleUnderCheck.h"
+#include "tools/json/JsonScalars.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "check/WhatIf.h"
+#include "tools/check/WhatIf.h"
 
 #include <algorithm>
 #include <map>
@@ -6,8 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "replay/SingleRules.h"
-#include "support/DefaultMapping.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/support/DefaultMapping.h"
 #include "vi/vos/VLog.h"
 
 namespace customstyle_tool {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "replay/StoreImage.h"
-#include "replay/TracedReplay.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/replay/TracedReplay.h"
 
 namespace customstyle_tool {
 

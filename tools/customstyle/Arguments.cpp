@@ -1,4 +1,4 @@
-#include "customstyle/Arguments.h"
+#include "tools/customstyle/Arguments.h"
 
 #include <fmt/format.h>
 

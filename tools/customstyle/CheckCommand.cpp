@@ -8,14 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "check/MappingCheck.h"
-#include "check/Report.h"
-#include "check/StyleCheck.h"
-#include "check/WhatIf.h"
-#include "customstyle/Arguments.h"
-#include "customstyle/Console.h"
-#include "replay/MappingSource.h"
-#include "support/LoadedMap.h"
+#include "tools/check/MappingCheck.h"
+#include "tools/check/Report.h"
+#include "tools/check/StyleCheck.h"
+#include "tools/check/WhatIf.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/replay/MappingSource.h"
+#include "tools/support/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "customstyle/Console.h"
+#include "tools/customstyle/Console.h"
 
 #include <fmt/format.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <system_error>
 
-#include "support/PlainText.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "customstyle/Command.h"
+#include "tools/customstyle/Command.h"
 
 namespace customstyle_tool {
 

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Console.h"
-#include "diff/DiffText.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/diff/DiffText.h"
 
 namespace customstyle_tool {
 namespace {

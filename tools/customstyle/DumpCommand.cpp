@@ -8,15 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Command.h"
-#include "customstyle/MapOptions.h"
-#include "support/AnswerTable.h"
-#include "support/Answers.h"
-#include "support/JsonParts.h"
-#include "support/Levels.h"
-#include "support/RecordText.h"
-#include "support/StyleFields.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Command.h"
+#include "tools/customstyle/MapOptions.h"
+#include "tools/support/AnswerTable.h"
+#include "tools/support/Answers.h"
+#include "tools/support/JsonParts.h"
+#include "tools/support/Levels.h"
+#include "tools/support/RecordText.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {

@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Console.h"
-#include "explain/ExplanationText.h"
-#include "support/Spelling.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/explain/ExplanationText.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

@@ -7,11 +7,11 @@
 #include <optional>
 #include <string>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Console.h"
-#include "layout/Layout.h"
-#include "layout/StyleText.h"
-#include "support/AtomicFile.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/layout/Layout.h"
+#include "tools/layout/StyleText.h"
+#include "tools/support/AtomicFile.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,9 +1,9 @@
-#include "customstyle/MapOptions.h"
+#include "tools/customstyle/MapOptions.h"
 
 #include <variant>
 
-#include "customstyle/Console.h"
-#include "support/LoadedMap.h"
+#include "tools/customstyle/Console.h"
+#include "tools/support/LoadedMap.h"
 
 namespace customstyle_tool {
 

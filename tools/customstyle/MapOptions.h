@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 

@@ -7,12 +7,12 @@
 #include <string>
 #include <variant>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Console.h"
-#include "layout/StyleText.h"
-#include "minify/Minifier.h"
-#include "replay/LoadedStyle.h"
-#include "support/AtomicFile.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/layout/StyleText.h"
+#include "tools/minify/Minifier.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/support/AtomicFile.h"
 
 namespace customstyle_tool {
 namespace {

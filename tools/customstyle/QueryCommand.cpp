@@ -4,12 +4,12 @@
 #include <memory>
 #include <vector>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Command.h"
-#include "customstyle/MapOptions.h"
-#include "support/AnswerTable.h"
-#include "support/Answers.h"
-#include "support/RecordText.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Command.h"
+#include "tools/customstyle/MapOptions.h"
+#include "tools/support/AnswerTable.h"
+#include "tools/support/Answers.h"
+#include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <cstdio>
 
-#include "customstyle/Command.h"
-#include "schema/StyleSchema.h"
+#include "tools/customstyle/Command.h"
+#include "tools/schema/StyleSchema.h"
 
 namespace customstyle_tool {
 namespace {

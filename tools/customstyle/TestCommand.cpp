@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "customstyle/Arguments.h"
-#include "customstyle/Console.h"
-#include "expectations/ExpectationCheck.h"
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/expectations/ExpectationCheck.h"
 
 namespace customstyle_tool {
 namespace {

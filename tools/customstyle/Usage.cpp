@@ -1,12 +1,12 @@
-#include "customstyle/Usage.h"
+#include "tools/customstyle/Usage.h"
 
 #include <fmt/format.h>
 
 #include <string_view>
 #include <vector>
 
-#include "support/PlainText.h"
-#include "support/Spelling.h"
+#include "tools/support/PlainText.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

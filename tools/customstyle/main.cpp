@@ -8,9 +8,9 @@
 #include <new>
 #include <system_error>
 
-#include "customstyle/Command.h"
-#include "customstyle/Console.h"
-#include "customstyle/Usage.h"
+#include "tools/customstyle/Command.h"
+#include "tools/customstyle/Console.h"
+#include "tools/customstyle/Usage.h"
 
 namespace {
 

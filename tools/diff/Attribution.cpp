@@ -1,6 +1,6 @@
-#include "diff/Attribution.h"
+#include "tools/diff/Attribution.h"
 
-#include "explain/StepText.h"
+#include "tools/explain/StepText.h"
 
 namespace customstyle_tool {
 namespace {

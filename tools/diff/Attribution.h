@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "diff/StyleDiff.h"
-#include "explain/Explainer.h"
+#include "tools/diff/StyleDiff.h"
+#include "tools/explain/Explainer.h"
 
 namespace customstyle_tool {
 

@@ -1,14 +1,14 @@
-#include "diff/DiffText.h"
+#include "tools/diff/DiffText.h"
 
 #include <fmt/format.h>
 
 #include <nlohmann/json.hpp>
 
-#include "explain/RangesText.h"
-#include "support/FeatureTypes.h"
-#include "support/JsonParts.h"
-#include "support/RecordText.h"
-#include "support/StyleFields.h"
+#include "tools/explain/RangesText.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/JsonParts.h"
+#include "tools/support/RecordText.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {

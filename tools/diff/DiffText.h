@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "diff/StyleDiff.h"
+#include "tools/diff/StyleDiff.h"
 
 namespace customstyle_tool {
 

@@ -1,13 +1,13 @@
-#include "diff/StyleDiff.h"
+#include "tools/diff/StyleDiff.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 #include <tuple>
 
-#include "diff/Attribution.h"
-#include "support/Answers.h"
-#include "support/StyleFields.h"
+#include "tools/diff/Attribution.h"
+#include "tools/support/Answers.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {

@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-#include "replay/LoadedStyle.h"
-#include "support/Levels.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 

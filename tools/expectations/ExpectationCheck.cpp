@@ -1,4 +1,4 @@
-#include "expectations/ExpectationCheck.h"
+#include "tools/expectations/ExpectationCheck.h"
 
 #include <fmt/format.h>
 
@@ -6,9 +6,9 @@
 #include <set>
 #include <utility>
 
-#include "explain/RangesText.h"
-#include "support/Answers.h"
-#include "support/PlainText.h"
+#include "tools/explain/RangesText.h"
+#include "tools/support/Answers.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "expectations/Expectations.h"
-#include "replay/LoadedStyle.h"
+#include "tools/expectations/Expectations.h"
+#include "tools/replay/LoadedStyle.h"
 
 namespace customstyle_tool {
 

@@ -1,13 +1,13 @@
-#include "expectations/Expectations.h"
+#include "tools/expectations/Expectations.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <charconv>
 
-#include "support/FeatureTypes.h"
-#include "support/PlainText.h"
-#include "support/Spelling.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/PlainText.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

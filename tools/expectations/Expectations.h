@@ -29,10 +29,10 @@
 #include <string>
 #include <vector>
 
-#include "explain/ExplanationText.h"
-#include "replay/MappingSource.h"
-#include "support/Levels.h"
-#include "support/SourceFile.h"
+#include "tools/explain/ExplanationText.h"
+#include "tools/replay/MappingSource.h"
+#include "tools/support/Levels.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

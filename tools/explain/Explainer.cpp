@@ -1,10 +1,10 @@
-#include "explain/Explainer.h"
+#include "tools/explain/Explainer.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 
-#include "support/Levels.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 namespace {

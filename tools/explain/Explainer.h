@@ -7,12 +7,12 @@
 #include <utility>
 #include <vector>
 
-#include "explain/Explanation.h"
-#include "explain/IntendedWrites.h"
-#include "explain/RecordHistory.h"
-#include "explain/StoreProbe.h"
-#include "replay/LoadedStyle.h"
-#include "replay/TracedReplay.h"
+#include "tools/explain/Explanation.h"
+#include "tools/explain/IntendedWrites.h"
+#include "tools/explain/RecordHistory.h"
+#include "tools/explain/StoreProbe.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/replay/TracedReplay.h"
 
 namespace customstyle_tool {
 

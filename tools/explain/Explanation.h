@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "support/StyleFields.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 

@@ -4,9 +4,9 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
-#include "explain/ExplanationText.h"
-#include "explain/StepText.h"
-#include "support/JsonParts.h"
+#include "tools/explain/ExplanationText.h"
+#include "tools/explain/StepText.h"
+#include "tools/support/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,13 +1,13 @@
-#include "explain/ExplanationText.h"
+#include "tools/explain/ExplanationText.h"
 
 #include <fmt/format.h>
 #include <unistd.h>
 
 #include <cstdlib>
 
-#include "explain/StepText.h"
-#include "support/AnswerTable.h"
-#include "support/RecordText.h"
+#include "tools/explain/StepText.h"
+#include "tools/support/AnswerTable.h"
+#include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

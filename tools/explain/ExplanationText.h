@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "explain/Explainer.h"
+#include "tools/explain/Explainer.h"
 
 namespace customstyle_tool {
 

@@ -1,9 +1,9 @@
 // What can be asked about an explanation.
 #include <algorithm>
 
-#include "explain/ExplanationText.h"
-#include "support/RecordText.h"
-#include "support/Spelling.h"
+#include "tools/explain/ExplanationText.h"
+#include "tools/support/RecordText.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,8 +1,8 @@
-#include "explain/IntendedWrites.h"
+#include "tools/explain/IntendedWrites.h"
 
 #include <algorithm>
 
-#include "replay/LogRecording.h"
+#include "tools/replay/LogRecording.h"
 
 namespace customstyle_tool {
 namespace {

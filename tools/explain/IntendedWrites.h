@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "explain/RecordHistory.h"
-#include "replay/SingleRules.h"
-#include "replay/StoreImage.h"
+#include "tools/explain/RecordHistory.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/replay/StoreImage.h"
 
 namespace customstyle_tool {
 

@@ -1,4 +1,4 @@
-#include "explain/RangesText.h"
+#include "tools/explain/RangesText.h"
 
 #include <fmt/format.h>
 

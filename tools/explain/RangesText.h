@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "support/Levels.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 

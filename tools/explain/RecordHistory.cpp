@@ -1,4 +1,4 @@
-#include "explain/RecordHistory.h"
+#include "tools/explain/RecordHistory.h"
 
 #include <algorithm>
 

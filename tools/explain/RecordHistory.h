@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "explain/Explanation.h"
-#include "replay/TracedReplay.h"
+#include "tools/explain/Explanation.h"
+#include "tools/replay/TracedReplay.h"
 
 namespace customstyle_tool {
 

@@ -1,9 +1,9 @@
-#include "explain/StepText.h"
+#include "tools/explain/StepText.h"
 
 #include <fmt/format.h>
 
-#include "support/FeatureTypes.h"
-#include "support/PlainText.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "explain/Explanation.h"
-#include "replay/TracedReplay.h"
-#include "support/SourceFile.h"
+#include "tools/explain/Explanation.h"
+#include "tools/replay/TracedReplay.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -1,8 +1,8 @@
-#include "explain/StoreProbe.h"
+#include "tools/explain/StoreProbe.h"
 
-#include "replay/LogRecording.h"
-#include "replay/StoreImage.h"
-#include "replay/StyleKey.h"
+#include "tools/replay/LogRecording.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/replay/StyleKey.h"
 
 namespace customstyle_tool {
 namespace {

@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-#include "replay/LoadedStyle.h"
+#include "tools/replay/LoadedStyle.h"
 
 namespace customstyle_tool {
 

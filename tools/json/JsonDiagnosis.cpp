@@ -1,9 +1,9 @@
-#include "json/JsonDiagnosis.h"
+#include "tools/json/JsonDiagnosis.h"
 
 #include <algorithm>
 #include <string>
 
-#include "json/JsonScalars.h"
+#include "tools/json/JsonScalars.h"
 
 namespace customstyle_tool {
 namespace {

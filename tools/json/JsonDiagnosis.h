@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-#include "json/JsonDocument.h"
-#include "json/JsonError.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/json/JsonError.h"
 
 namespace customstyle_tool {
 

@@ -1,12 +1,12 @@
-#include "json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <limits>
 
-#include "json/JsonScalars.h"
-#include "json/JsonTree.h"
+#include "tools/json/JsonScalars.h"
+#include "tools/json/JsonTree.h"
 
 namespace customstyle_tool {
 namespace {

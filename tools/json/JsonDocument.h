@@ -14,7 +14,7 @@
 #include <utility>
 #include <variant>
 
-#include "json/JsonError.h"
+#include "tools/json/JsonError.h"
 
 namespace customstyle_tool {
 

@@ -1,4 +1,4 @@
-#include "json/JsonError.h"
+#include "tools/json/JsonError.h"
 
 #include <iterator>
 

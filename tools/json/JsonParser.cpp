@@ -3,9 +3,9 @@
 #include <string>
 #include <utility>
 
-#include "json/JsonDiagnosis.h"
-#include "json/JsonScalars.h"
-#include "json/JsonTree.h"
+#include "tools/json/JsonDiagnosis.h"
+#include "tools/json/JsonScalars.h"
+#include "tools/json/JsonTree.h"
 
 namespace customstyle_tool {
 namespace {

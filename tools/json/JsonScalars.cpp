@@ -1,4 +1,4 @@
-#include "json/JsonScalars.h"
+#include "tools/json/JsonScalars.h"
 
 #include <algorithm>
 #include <charconv>

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "json/JsonError.h"
+#include "tools/json/JsonError.h"
 
 namespace customstyle_tool {
 

@@ -5,7 +5,7 @@
 #include <deque>
 #include <string_view>
 
-#include "json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_tool {
 

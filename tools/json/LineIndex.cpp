@@ -1,4 +1,4 @@
-#include "json/LineIndex.h"
+#include "tools/json/LineIndex.h"
 
 #include <algorithm>
 

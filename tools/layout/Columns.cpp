@@ -1,4 +1,4 @@
-#include "layout/Columns.h"
+#include "tools/layout/Columns.h"
 
 #include <algorithm>
 #include <map>

@@ -1,11 +1,11 @@
-#include "layout/Layout.h"
+#include "tools/layout/Layout.h"
 
 #include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-#include "layout/Columns.h"
+#include "tools/layout/Columns.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_tool {
 

@@ -1,4 +1,4 @@
-#include "layout/StyleText.h"
+#include "tools/layout/StyleText.h"
 
 #include <fmt/format.h>
 

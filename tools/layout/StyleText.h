@@ -5,7 +5,7 @@
 #include <string>
 #include <variant>
 
-#include "support/SourceFile.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

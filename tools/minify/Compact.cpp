@@ -1,4 +1,4 @@
-#include "minify/Compact.h"
+#include "tools/minify/Compact.h"
 
 #include <string_view>
 

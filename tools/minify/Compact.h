@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "json/JsonDocument.h"
+#include "tools/json/JsonDocument.h"
 
 namespace customstyle_tool {
 

@@ -1,14 +1,14 @@
-#include "minify/Equivalence.h"
+#include "tools/minify/Equivalence.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdint>
 
-#include "replay/StoreImage.h"
-#include "support/DefaultMapping.h"
-#include "support/FeatureTypes.h"
-#include "support/Levels.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/support/DefaultMapping.h"
+#include "tools/support/FeatureTypes.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 namespace {

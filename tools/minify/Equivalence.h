@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 

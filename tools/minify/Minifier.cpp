@@ -1,4 +1,4 @@
-#include "minify/Minifier.h"
+#include "tools/minify/Minifier.h"
 
 #include <algorithm>
 #include <functional>
@@ -6,16 +6,16 @@
 #include <utility>
 #include <vector>
 
-#include "minify/Compact.h"
-#include "minify/Equivalence.h"
-#include "minify/MinimalRule.h"
-#include "minify/Shrinking.h"
-#include "replay/LoadedStyle.h"
-#include "replay/LogRecording.h"
-#include "replay/MappingSource.h"
-#include "replay/StoreDifference.h"
-#include "support/DefaultMapping.h"
-#include "support/FeatureTypes.h"
+#include "tools/minify/Compact.h"
+#include "tools/minify/Equivalence.h"
+#include "tools/minify/MinimalRule.h"
+#include "tools/minify/Shrinking.h"
+#include "tools/replay/LoadedStyle.h"
+#include "tools/replay/LogRecording.h"
+#include "tools/replay/MappingSource.h"
+#include "tools/replay/StoreDifference.h"
+#include "tools/support/DefaultMapping.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {

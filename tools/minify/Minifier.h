@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "support/SourceFile.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -1,10 +1,10 @@
-#include "minify/MinimalRule.h"
+#include "tools/minify/MinimalRule.h"
 
 #include <fmt/format.h>
 
-#include "CustomConfig.h"
-#include "minify/ShortValues.h"
-#include "replay/SingleRules.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/minify/ShortValues.h"
+#include "tools/replay/SingleRules.h"
 
 namespace customstyle_tool {
 namespace {

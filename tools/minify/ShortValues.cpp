@@ -1,10 +1,10 @@
-#include "minify/ShortValues.h"
+#include "tools/minify/ShortValues.h"
 
 #include <fmt/format.h>
 
 #include <cstdint>
 
-#include "support/RecordText.h"
+#include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 

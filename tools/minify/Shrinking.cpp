@@ -1,4 +1,4 @@
-#include "minify/Shrinking.h"
+#include "tools/minify/Shrinking.h"
 
 #include <algorithm>
 #include <initializer_list>

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "minify/MinimalRule.h"
+#include "tools/minify/MinimalRule.h"
 
 namespace customstyle_tool {
 

@@ -1,11 +1,11 @@
-#include "replay/LoadedStyle.h"
+#include "tools/replay/LoadedStyle.h"
 
 #include <utility>
 
-#include "replay/LogRecording.h"
-#include "replay/SingleRules.h"
-#include "support/DefaultMapping.h"
-#include "support/LoadedMap.h"
+#include "tools/replay/LogRecording.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/support/DefaultMapping.h"
+#include "tools/support/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {

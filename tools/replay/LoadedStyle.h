@@ -6,9 +6,9 @@
 #include <string>
 #include <variant>
 
-#include "CustomConfig.h"
-#include "replay/MappingSource.h"
-#include "support/SourceFile.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/replay/MappingSource.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

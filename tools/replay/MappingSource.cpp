@@ -1,11 +1,11 @@
-#include "replay/MappingSource.h"
+#include "tools/replay/MappingSource.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 
-#include "replay/SingleRules.h"
-#include "support/FeatureTypes.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 

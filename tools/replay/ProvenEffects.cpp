@@ -1,4 +1,4 @@
-#include "replay/ProvenEffects.h"
+#include "tools/replay/ProvenEffects.h"
 
 #include <algorithm>
 #include <atomic>
@@ -8,8 +8,8 @@
 #include <thread>
 #include <utility>
 
-#include "replay/LogRecording.h"
-#include "replay/SingleRules.h"
+#include "tools/replay/LogRecording.h"
+#include "tools/replay/SingleRules.h"
 
 namespace customstyle_tool {
 namespace {

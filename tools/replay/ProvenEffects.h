@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "replay/StoreDifference.h"
-#include "support/SourceFile.h"
+#include "tools/replay/StoreDifference.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

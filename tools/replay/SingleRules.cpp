@@ -1,12 +1,12 @@
-#include "replay/SingleRules.h"
+#include "tools/replay/SingleRules.h"
 
 #include <cjson/cJSON.h>
 
 #include <algorithm>
 #include <new>
 
-#include "CustomConfig.h"
-#include "replay/LogRecording.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/replay/LogRecording.h"
 
 namespace customstyle_tool {
 namespace {

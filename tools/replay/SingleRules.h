@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/SourceFile.h"
+#include "tools/support/SourceFile.h"
 #include "vi/vos/VJson.h"
 
 namespace customstyle_tool {

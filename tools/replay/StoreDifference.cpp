@@ -1,13 +1,13 @@
-#include "replay/StoreDifference.h"
+#include "tools/replay/StoreDifference.h"
 
 #include <cstring>
 #include <map>
 #include <optional>
 #include <string>
 
-#include "replay/StoreImage.h"
-#include "replay/StyleKey.h"
-#include "support/Answers.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/replay/StyleKey.h"
+#include "tools/support/Answers.h"
 
 namespace customstyle_tool {
 namespace {

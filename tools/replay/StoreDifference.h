@@ -3,8 +3,8 @@
 
 #include <cstddef>
 
-#include "CustomConfig.h"
-#include "support/Levels.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 

@@ -1,9 +1,9 @@
-#include "replay/StoreImage.h"
+#include "tools/replay/StoreImage.h"
 
 #include <algorithm>
 
-#include "replay/StyleKey.h"
-#include "support/StyleFields.h"
+#include "tools/replay/StyleKey.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 

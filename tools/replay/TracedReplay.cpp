@@ -1,12 +1,12 @@
-#include "replay/TracedReplay.h"
+#include "tools/replay/TracedReplay.h"
 
 #include <algorithm>
 #include <set>
 
-#include "replay/LogRecording.h"
-#include "replay/SingleRules.h"
-#include "replay/StoreImage.h"
-#include "replay/StyleKey.h"
+#include "tools/replay/LogRecording.h"
+#include "tools/replay/SingleRules.h"
+#include "tools/replay/StoreImage.h"
+#include "tools/replay/StyleKey.h"
 
 namespace customstyle_tool {
 namespace {

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "CustomConfig.h"
-#include "support/SourceFile.h"
-#include "support/StyleFields.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/support/SourceFile.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 

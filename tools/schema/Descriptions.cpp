@@ -1,4 +1,4 @@
-#include "schema/Descriptions.h"
+#include "tools/schema/Descriptions.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "schema/NumberPattern.h"
+#include "tools/schema/NumberPattern.h"
 
 #include <fmt/format.h>
 

@@ -1,10 +1,10 @@
-#include "schema/RuleProbe.h"
+#include "tools/schema/RuleProbe.h"
 
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "replay/StoreDifference.h"
-#include "support/DefaultMapping.h"
+#include "tools/replay/StoreDifference.h"
+#include "tools/support/DefaultMapping.h"
 #include "vi/vos/VLog.h"
 
 namespace customstyle_tool {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "CustomConfig.h"
-#include "replay/SingleRules.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/replay/SingleRules.h"
 
 namespace customstyle_tool {
 

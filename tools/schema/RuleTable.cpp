@@ -1,11 +1,11 @@
-#include "schema/RuleTable.h"
+#include "tools/schema/RuleTable.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 
-#include "schema/Descriptions.h"
+#include "tools/schema/Descriptions.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "schema/RuleProbe.h"
+#include "tools/schema/RuleProbe.h"
 
 namespace customstyle_tool {
 

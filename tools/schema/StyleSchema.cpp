@@ -1,4 +1,4 @@
-#include "schema/StyleSchema.h"
+#include "tools/schema/StyleSchema.h"
 
 #include <fmt/format.h>
 
@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "CustomConfig.h"
-#include "schema/Descriptions.h"
-#include "schema/NumberPattern.h"
-#include "schema/RuleTable.h"
-#include "support/RemarkMembers.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/schema/Descriptions.h"
+#include "tools/schema/NumberPattern.h"
+#include "tools/schema/RuleTable.h"
+#include "tools/support/RemarkMembers.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,10 +1,10 @@
-#include "support/AnswerTable.h"
+#include "tools/support/AnswerTable.h"
 
 #include <fmt/format.h>
 
 #include <vector>
 
-#include "support/RecordText.h"
+#include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <string>
 
-#include "CustomConfig.h"
-#include "support/Answers.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/support/Answers.h"
 
 namespace customstyle_tool {
 

@@ -1,8 +1,8 @@
-#include "support/Answers.h"
+#include "tools/support/Answers.h"
 
 #include <set>
 
-#include "support/StyleFields.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 

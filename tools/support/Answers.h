@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 

@@ -1,4 +1,4 @@
-#include "support/AtomicFile.h"
+#include "tools/support/AtomicFile.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>

@@ -1,8 +1,8 @@
-#include "support/DefaultMapping.h"
+#include "tools/support/DefaultMapping.h"
 
 #include <vector>
 
-#include "support/FeatureTypes.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 

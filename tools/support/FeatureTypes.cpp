@@ -1,4 +1,4 @@
-#include "support/FeatureTypes.h"
+#include "tools/support/FeatureTypes.h"
 
 #include <fmt/format.h>
 

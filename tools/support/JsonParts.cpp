@@ -1,8 +1,8 @@
-#include "support/JsonParts.h"
+#include "tools/support/JsonParts.h"
 
 #include <algorithm>
 
-#include "support/RecordText.h"
+#include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
 

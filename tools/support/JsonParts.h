@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "support/Levels.h"
+#include "tools/support/Levels.h"
 
 namespace customstyle_tool {
 

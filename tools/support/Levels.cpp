@@ -1,4 +1,4 @@
-#include "support/Levels.h"
+#include "tools/support/Levels.h"
 
 #include <fmt/format.h>
 

@@ -1,11 +1,11 @@
-#include "support/LoadedMap.h"
+#include "tools/support/LoadedMap.h"
 
 #include <fmt/format.h>
 
 #include <filesystem>
 #include <vector>
 
-#include "support/FeatureTypes.h"
+#include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {

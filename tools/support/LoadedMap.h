@@ -6,8 +6,8 @@
 #include <string>
 #include <variant>
 
-#include "CustomConfig.h"
-#include "support/SourceFile.h"
+#include "customstyle/CustomConfig.h"
+#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

@@ -1,4 +1,4 @@
-#include "support/PlainText.h"
+#include "tools/support/PlainText.h"
 
 #include <fmt/format.h>
 

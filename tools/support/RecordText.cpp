@@ -1,8 +1,8 @@
-#include "support/RecordText.h"
+#include "tools/support/RecordText.h"
 
 #include <fmt/format.h>
 
-#include "support/StyleFields.h"
+#include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 std::vector<FieldText> applyingFields(const tagCustomStyle& style) {

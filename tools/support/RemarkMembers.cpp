@@ -1,4 +1,4 @@
-#include "support/RemarkMembers.h"
+#include "tools/support/RemarkMembers.h"
 
 #include <fmt/format.h>
 
@@ -6,7 +6,7 @@
 #include <iterator>
 #include <vector>
 
-#include "json/JsonScalars.h"
+#include "tools/json/JsonScalars.h"
 
 namespace customstyle_tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "support/SourceFile.h"
+#include "tools/support/SourceFile.h"
 
 #include <fmt/format.h>
 

@@ -7,8 +7,8 @@
 #include <variant>
 #include <vector>
 
-#include "json/JsonDocument.h"
-#include "json/LineIndex.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/json/LineIndex.h"
 
 namespace customstyle_tool {
 

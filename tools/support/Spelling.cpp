@@ -1,4 +1,4 @@
-#include "support/Spelling.h"
+#include "tools/support/Spelling.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,4 +1,4 @@
-#include "support/StyleFields.h"
+#include "tools/support/StyleFields.h"
 
 #include <algorithm>
 #include <iterator>

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <variant>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 

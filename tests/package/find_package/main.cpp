@@ -1,6 +1,6 @@
 // Another project's engine: includes the interface, links the component, asks one question.
-#include "CustomConfig.h"
-#include "StyleSnapshot.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/StyleSnapshot.h"
 #include "vi/vos/VString.h"
 
 int main() {

@@ -1,4 +1,4 @@
-#include "PerfectIdIndex.h"
+#include "customstyle/PerfectIdIndex.h"
 
 #include <algorithm>
 #include <bit>

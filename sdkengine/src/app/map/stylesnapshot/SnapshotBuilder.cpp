@@ -1,4 +1,4 @@
-#include "SnapshotBuilder.h"
+#include "stylesnapshot/SnapshotBuilder.h"
 
 #include <algorithm>
 #include <charconv>
@@ -7,7 +7,7 @@
 #include <set>
 #include <string_view>
 
-#include "queries/EffectiveStyles.h"
+#include "customstyle/queries/EffectiveStyles.h"
 
 namespace _orvik_framework {
 namespace {

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "StyleSnapshot.h"
+#include "customstyle/StyleSnapshot.h"
 
 namespace _orvik_framework {
 

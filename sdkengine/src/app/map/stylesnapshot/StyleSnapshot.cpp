@@ -1,8 +1,8 @@
-#include "StyleSnapshot.h"
+#include "customstyle/StyleSnapshot.h"
 
 #include <algorithm>
 
-#include "SnapshotBuilder.h"
+#include "stylesnapshot/SnapshotBuilder.h"
 
 namespace _orvik_framework {
 

@@ -1,8 +1,8 @@
 #include <cstring>
 #include <memory>
 
-#include "CustomConfig.h"
-#include "model/Messages.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/Messages.h"
 #include "vi/vos/VFile.h"
 #include "vi/vos/VMem.h"
 

@@ -1,6 +1,6 @@
-#include "CustomConfig.h"
-#include "model/FeatureTypeTable.h"
-#include "model/RecordStorage.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/model/RecordStorage.h"
 
 namespace _orvik_framework {
 namespace {

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string_view>
 
-#include "CustomConfig.h"
-#include "model/MemberText.h"
-#include "model/Messages.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/MemberText.h"
+#include "customstyle/model/Messages.h"
 
 namespace _orvik_framework {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "CustomConfig.h"
-#include "model/MemberText.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/MemberText.h"
 
 namespace _orvik_framework {
 namespace {

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "CustomConfig.h"
-#include "model/FeatureTypeTable.h"
-#include "model/RecordStorage.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/model/RecordStorage.h"
 
 namespace _orvik_framework {
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace _orvik_framework {
 

@@ -1,8 +1,8 @@
 // Registration of style keys: how styles enter the store.
 #pragma once
 
-#include "CustomConfig.h"
-#include "model/StyleKey.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 #include "vi/vos/VTempl.h"
 
 namespace _orvik_framework {

@@ -1,10 +1,10 @@
 // The walk that every record writer takes.
 #pragma once
 
-#include "CustomConfig.h"
-#include "model/KeyRegistration.h"
-#include "model/RecordStorage.h"
-#include "model/StyleKey.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/KeyRegistration.h"
+#include "customstyle/model/RecordStorage.h"
+#include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "CustomConfig.h"
+#include "customstyle/CustomConfig.h"
 
 namespace _orvik_framework {
 

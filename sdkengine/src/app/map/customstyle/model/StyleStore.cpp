@@ -1,7 +1,7 @@
-#include "CustomConfig.h"
-#include "model/FeatureTypeTable.h"
-#include "model/Messages.h"
-#include "model/RecordStorage.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/model/Messages.h"
+#include "customstyle/model/RecordStorage.h"
 #include "vi/vos/VLog.h"
 
 int g_zrsdk_custom_style_enable = 0;

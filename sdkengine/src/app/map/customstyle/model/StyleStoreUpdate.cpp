@@ -2,11 +2,11 @@
 #include <new>
 #include <string>
 
-#include "CustomConfig.h"
-#include "model/FeatureTypeTable.h"
-#include "model/KeyRegistration.h"
-#include "model/RecordStorage.h"
-#include "model/StyleKey.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/model/KeyRegistration.h"
+#include "customstyle/model/RecordStorage.h"
+#include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {
 

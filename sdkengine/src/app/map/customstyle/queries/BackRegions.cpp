@@ -1,5 +1,5 @@
-#include "CustomConfig.h"
-#include "queries/EffectiveStyles.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/queries/EffectiveStyles.h"
 
 namespace _orvik_framework {
 int CustomConfig::IsCustomBackRegionEnable(std::uint64_t& colour, int level) const {

@@ -1,10 +1,10 @@
 // The walk over feature types that the renderer's questions share.
 #pragma once
 
-#include "CustomConfig.h"
-#include "model/FeatureTypeTable.h"
-#include "model/RecordStorage.h"
-#include "model/StyleKey.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/model/RecordStorage.h"
+#include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {
 

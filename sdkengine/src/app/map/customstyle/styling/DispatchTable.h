@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <span>
 
-#include "CustomConfig.h"
-#include "styling/ElementWord.h"
-#include "styling/ShortList.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/styling/ElementWord.h"
+#include "customstyle/styling/ShortList.h"
 
 namespace _orvik_framework {
 

@@ -1,10 +1,10 @@
 #include <string_view>
 
-#include "CustomConfig.h"
-#include "model/MemberText.h"
-#include "model/Messages.h"
-#include "model/RecordWalk.h"
-#include "styling/DispatchTable.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/MemberText.h"
+#include "customstyle/model/Messages.h"
+#include "customstyle/model/RecordWalk.h"
+#include "customstyle/styling/DispatchTable.h"
 
 namespace _orvik_framework {
 namespace {

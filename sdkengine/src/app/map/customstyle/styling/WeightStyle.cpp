@@ -1,9 +1,9 @@
-#include "CustomConfig.h"
-#include "model/MemberText.h"
-#include "model/Messages.h"
-#include "model/RecordWalk.h"
-#include "styling/DispatchTable.h"
-#include "styling/RecordFields.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/model/MemberText.h"
+#include "customstyle/model/Messages.h"
+#include "customstyle/model/RecordWalk.h"
+#include "customstyle/styling/DispatchTable.h"
+#include "customstyle/styling/RecordFields.h"
 
 namespace _orvik_framework {
 namespace {

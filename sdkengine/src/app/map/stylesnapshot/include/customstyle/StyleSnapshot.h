@@ -7,8 +7,8 @@
 #include <span>
 #include <vector>
 
-#include "CustomConfig.h"
-#include "PerfectIdIndex.h"
+#include "customstyle/CustomConfig.h"
+#include "customstyle/PerfectIdIndex.h"
 
 namespace [[gnu::visibility("default")]] _orvik_framework {
 
