@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <bit>
-#include <new>
+#include <cstddef>
+#include <limits>
+#include <memory>
 #include <utility>
 
 namespace _orvik_vi {
@@ -10,6 +12,8 @@ namespace {
 
 // Twice as many cells still have a 32-bit number.
 constexpr std::uint32_t kMostEntries = std::uint32_t{1} << 30;
+
+constexpr std::size_t kMoreBytesThanAnyHeapHas = std::numeric_limits<std::ptrdiff_t>::max();
 
 }  // namespace
 
@@ -29,10 +33,12 @@ void CVMapPtrToPtr::RemoveAll() {
 }
 
 void CVMapPtrToPtr::grow() {
-    if (m_capacity == kMostEntries) throw std::bad_alloc();
+    const bool full = m_capacity == kMostEntries;
     const std::uint32_t capacity = std::min(std::max(m_blockSize, 2 * m_capacity), kMostEntries);
     const std::uint32_t indexSize = std::bit_ceil(2 * capacity);
-    auto entries = std::make_unique_for_overwrite<Entry[]>(capacity);
+    // A full map ends as operator new has it end when memory runs out, also where nothing can be thrown.
+    const std::size_t wanted = full ? kMoreBytesThanAnyHeapHas / sizeof(Entry) : capacity;
+    auto entries = std::make_unique_for_overwrite<Entry[]>(wanted);
     auto index = std::make_unique<std::uint32_t[]>(indexSize);
 
     std::copy_n(m_entries.get(), m_count, entries.get());

@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <new>
 #include <string>
+#include <utility>
 
 #include "customstyle/CustomConfig.h"
 #include "customstyle/model/FeatureTypeTable.h"
@@ -12,22 +12,38 @@ namespace _orvik_framework {
 
 namespace {
 
+using EffectLevels = ShortTextTable<int>;
+
+/// Takes the effect of a key back unless the key gets its slot, too: a key in effect that has no slot would hide the
+/// styles for all levels of its type.
+class EffectRollback {
+public:
+    EffectRollback(EffectLevels& effects, std::pair<EffectLevels::iterator, bool> inserted)
+        : m_effects(effects), m_inserted(inserted) {}
+    ~EffectRollback() {
+        if (m_inserted.second) m_effects.erase(m_inserted.first);
+    }
+    EffectRollback(const EffectRollback&) = delete;
+    EffectRollback& operator=(const EffectRollback&) = delete;
+
+    void dismiss() { m_inserted.second = false; }
+
+private:
+    EffectLevels& m_effects;
+    std::pair<EffectLevels::iterator, bool> m_inserted;
+};
+
 /// Gives a key its slot and its effect, or neither of them where memory runs out.
 CVMapPtrToPtr* makeSlot(CustomConfig& config, const std::string& key, const StyleScope& scope) {
     CVMapPtrToPtr& slot = config.m_levelStyleMaps[config.m_usedLevelSlots];
     releaseRecords(slot);  // of another key, for which memory ran out half-way
     forEachRecord(config.m_typeStyleMaps[scope.featureType],
                   [&](void*, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
-    const auto effect = config.m_styleEffectLevels.try_emplace(key, scope.allLevels);
-    try {
-        CVMapPtrToPtr* const ofKey = config.m_keyStyleMaps.try_emplace(key, &slot).first->second;
-        ++config.m_usedLevelSlots;
-        return ofKey;
-    } catch (const std::bad_alloc&) {
-        // A key in effect that has no slot would hide the styles for all levels of its type.
-        if (effect.second) config.m_styleEffectLevels.erase(effect.first);
-        throw;
-    }
+    EffectRollback rollback(config.m_styleEffectLevels, config.m_styleEffectLevels.try_emplace(key, scope.allLevels));
+    CVMapPtrToPtr* const ofKey = config.m_keyStyleMaps.try_emplace(key, &slot).first->second;
+    rollback.dismiss();
+    ++config.m_usedLevelSlots;
+    return ofKey;
 }
 
 }  // namespace

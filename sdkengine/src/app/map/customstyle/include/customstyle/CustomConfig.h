@@ -191,7 +191,9 @@ struct ShortTextEqual {
     using is_transparent = void;
 
     bool operator()(std::string_view left, std::string_view right) const { return left == right; }
+    // Standard libraries differ in the order in which a table hands over its key and what it looks for.
     bool operator()(const StyleKeyWords& left, std::string_view right) const { return left == StyleKeyWords(right); }
+    bool operator()(std::string_view left, const StyleKeyWords& right) const { return StyleKeyWords(left) == right; }
 };
 
 /// Table by style key or feature type name. A style key is the decimal feature type id ("13", all levels), or id and
@@ -203,7 +205,8 @@ using ShortTextTable = std::unordered_map<std::string, Value, ShortTextHash, Sho
 ///
 /// The host constructs it, calls Init once, and then lets the renderer ask. Questions answer 1 for yes and 0 for no, or
 /// a feature type id and -1 for none; output parameters stay untouched on 0 and -1. Problems are logged, one line each,
-/// and never thrown; only the standard library's std::bad_alloc can pass through.
+/// and never thrown; only the standard library's std::bad_alloc can pass through. Compiled without exceptions and
+/// run-time types it works the same, but then the engine's operator new decides how running out of memory ends.
 ///
 /// Not synchronised: loading and questions must not overlap, while any number of threads may ask at the same time.
 /// Everything is public, because host tools and tests read the store directly.
