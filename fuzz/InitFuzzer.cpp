@@ -1,11 +1,12 @@
-// The two files as raw bytes through Init, then all questions. A byte 0x1E divides the mapping from the style; an input
+// The two files as raw bytes through Init, then questions. A byte 0x1E divides the mapping from the style; an input
 // without one is a style for a mapping that is always good. What follows a second 0x1E says how the files break off.
 #include <string>
 #include <string_view>
 
 #include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/GoodMapping.h"
+#include "fuzz/support/Inspection.h"
 #include "fuzz/support/LoadAccounts.h"
-#include "fuzz/support/Questions.h"
 #include "fuzz/support/Require.h"
 #include "tests/hostile/FaultyFile.h"
 
@@ -15,19 +16,6 @@ using namespace customstyle_fuzz;
 using customstyle_test::FaultyFile;
 
 constexpr char kDivider = '\x1E';
-
-const std::string& goodMapping() {
-    static const std::string mapping = [] {
-        const _orvik_framework::CustomConfig catalogue;
-        std::string json;
-        for (int type = 0; type <= 71; ++type) {
-            json += (type == 0 ? "{\"" : ",\"") + catalogue.GetFeatureTypeName(type) + "\":[" +
-                    std::to_string(100 + type / 2) + "," + std::to_string(200 + type) + "]";
-        }
-        return json + "}";
-    }();
-    return mapping;
-}
 
 struct Files {
     std::string_view mapping;
@@ -67,8 +55,7 @@ void load(std::string_view input) {
         require(result == 1 || accounts.linesEnding("failed") + accounts.linesEnding("format error") == 1,
                 "a refusal leaves its line");
         require(customstyle_test::openFaultyFiles() == 0, "no file stays open");
-        requireSoundStore(config);
-        requireSameAnswers(config);
+        inspectLoaded(config);
     }
     require(accounts.leftBy("Init.cpp") == accounts.linesEnding("format error"),
             "only a text that is no JSON stays in memory");

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "fuzz/support/FuzzInput.h"
+#include "fuzz/support/Inspection.h"
 #include "fuzz/support/LoadAccounts.h"
-#include "fuzz/support/Questions.h"
 #include "vi/vos/VTempl.h"
 
 namespace {
@@ -92,6 +92,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (action == 0) changeByHand(config, input);
         if (action != 0) write(config, input);
     }
-    requireSameAnswers(config);
+    inspect(config);
     return 0;
 }

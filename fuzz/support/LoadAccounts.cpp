@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <map>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "fuzz/support/Require.h"
@@ -12,7 +13,7 @@
 namespace customstyle_fuzz {
 namespace {
 
-std::map<void*, std::string> g_blocks;
+std::unordered_map<void*, const char*> g_blocks;  // by address: the file that asked, a literal
 std::vector<std::string> g_lines;
 
 void* allocate(std::size_t size, const char* origin, int) {
@@ -46,8 +47,8 @@ LoadAccounts::~LoadAccounts() {
 }
 
 std::size_t LoadAccounts::leftBy(const std::string& origin) const {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(g_blocks, [&](const auto& block) { return block.second.ends_with(origin); }));
+    return static_cast<std::size_t>(std::ranges::count_if(
+        g_blocks, [&](const auto& block) { return std::string_view(block.second).ends_with(origin); }));
 }
 
 std::size_t LoadAccounts::linesEnding(const std::string& tail) const {

@@ -1,0 +1,52 @@
+#include "customstyle/StyleSnapshot.h"
+#include "fuzz/support/Inspection.h"
+#include "fuzz/support/Require.h"
+#include "tests/support/TestStore.h"
+
+namespace customstyle_fuzz {
+
+using _orvik_framework::CustomConfig;
+using _orvik_framework::tagCustomStyle;
+
+namespace {
+
+constexpr unsigned kIds[] = {1, 0xffffffff};
+constexpr int kLevels[] = {0, 12};
+
+// Questions are off unless a test turns them on.
+struct QuestionsOn {
+    QuestionsOn() { g_zrsdk_custom_style_enable = 1; }
+    ~QuestionsOn() { g_zrsdk_custom_style_enable = 0; }
+};
+
+template <typename Ask>
+void forFewQuestions(Ask ask) {
+    const QuestionsOn on;
+    for (const unsigned id : kIds)
+        for (const int level : kLevels) ask(id, level);
+}
+
+}  // namespace
+
+void inspect(const CustomConfig& config) {
+    const _orvik_framework::StyleSnapshot snapshot(config);
+    forFewQuestions([&](unsigned id, int level) {
+        tagCustomStyle expected{};
+        tagCustomStyle actual{};
+        require(config.GetStyleFromConfig(expected, id, level) == snapshot.GetStyleFromConfig(actual, id, level) &&
+                    expected == actual &&
+                    config.IsCustomizedIconVisible(id, level) == snapshot.IsCustomizedIconVisible(id, level),
+                "class and snapshot agree");
+    });
+}
+
+void inspectLoaded(const CustomConfig& config) {
+    require(static_cast<std::size_t>(config.m_usedLevelSlots) == config.m_keyStyleMaps.size(), "a slot for each key");
+    forFewQuestions([&](unsigned id, int level) {
+        tagCustomStyle style{};
+        const int type = config.GetStyleFromConfig(style, id, level);
+        require(type == -1 || static_cast<unsigned>(style.m_ID) == id, "the record of the id, or none");
+    });
+}
+
+}  // namespace customstyle_fuzz
