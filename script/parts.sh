@@ -1,0 +1,42 @@
+# shellcheck shell=bash
+# What the scripts that have several parts share: a line of progress for each, its time, and what to run after a failure.
+# A script sources this after it has changed to the project's folder.
+
+readonly logs=build/logs
+mkdir -p "$logs"
+if [[ -t 1 && -z ${NO_COLOR:-} && ${TERM:-dumb} != dumb ]]; then
+    good=$'\e[32m' bad=$'\e[31m' dim=$'\e[2m' plain=$'\e[0m'
+else
+    good='' bad='' dim='' plain=''
+fi
+
+# part NAME COMMAND...: runs a command with its output in a log, and says how long it took. A failure shows the end of the
+# log and the command, and ends the script.
+part() {
+    local name=$1 began=$SECONDS
+    local log="$logs/${name//[^A-Za-z0-9]/-}.log"
+    shift
+    printf '%s...%s %s\n' "$dim" "$plain" "$name"
+    if "$@" >"$log" 2>&1 </dev/null; then
+        printf '%sok%s  %s %s(%d s)%s\n' "$good" "$plain" "$name" "$dim" $((SECONDS - began)) "$plain"
+        sed -n 's/^\(100% tests passed.*\|[0-9]* passed, [0-9]* failed.*\)$/    \1/p' "$log"
+    else
+        tail -n 60 "$log"
+        printf '%sFAILED%s %s after %d s\n' "$bad" "$plain" "$name" $((SECONDS - began)) >&2
+        printf 'The whole output is in %s. Run this part again with\n    %s\n' "$log" "$*" >&2
+        exit 1
+    fi
+}
+
+# ctest_in BUILD [OPTION...]: all tests of a build tree, and the names of those that failed at the end of the log.
+ctest_in() {
+    local tree=$1
+    shift
+    ctest --test-dir "$tree" -j "$(nproc)" --output-on-failure "$@" || {
+        echo "Run a failed test again with: ctest --test-dir $tree --output-on-failure -R 'NAME'"
+        return 1
+    }
+}
+
+# Compiles what was compiled before from a cache, where there is one.
+if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
