@@ -7,8 +7,8 @@ namespace customstyle_tool {
 namespace {
 
 auto orderOf(const Finding& finding) {
-    return std::tuple(finding.range.begin, infoOf(finding.code).name, std::string_view(finding.message),
-                      finding.range.end);
+    return std::tuple(finding.range.begin, std::string_view(infoOf(finding.code).name),
+                      std::string_view(finding.message), finding.range.end);
 }
 
 }  // namespace
