@@ -138,11 +138,6 @@ TEST_P(EmptyRoot, IsAStyleWithoutRules) {
 INSTANTIATE_TEST_SUITE_P(StyleRules, EmptyRoot, testing::ValuesIn(kEmptyRoots),
                          [](const auto& each) { return each.param.name; });
 
-TEST(StyleRules, NoTreeIsAStyleWithoutRules) {
-    const LogCapture silent;
-    EXPECT_EQ(CustomConfig().ParseCustomConfig(nullptr), 1);
-}
-
 TEST(StyleRules, TheMembersOfAnObjectAreRules) {
     const LogCapture silent;
     const auto config = styledWith("{\"a\":" + rule("land", "fill").color("#112233").json() +

@@ -199,12 +199,6 @@ TEST(StylerValues, AnOpaqueColourIsANegativeInt) {
     EXPECT_EQ(CustomConfig().CalculateColorValue("#ff0000", 13), -16776961);
 }
 
-TEST(StylerValues, NullIsReadAsNoText) {
-    const CustomConfig config;
-    EXPECT_EQ(config.CalculateColorValue(nullptr, 13), config.CalculateColorValue("", 13));
-    EXPECT_EQ(config.CalculateWeightValue(nullptr), config.CalculateWeightValue(""));
-}
-
 // ---- Weights --------------------------------------------------------------------------------------------------------
 
 struct WeightCase {

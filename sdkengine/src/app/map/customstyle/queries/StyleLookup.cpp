@@ -4,11 +4,11 @@
 namespace _orvik_framework {
 
 int CustomConfig::IsStyleEffectAtGivenLevel(const char* key) const {
-    return isInEffect(*this, StyleKeyWords(key), 0);
+    return key != nullptr && isInEffect(*this, StyleKeyWords(key), 0);
 }
 
 int CustomConfig::IsStyleEffectAtAllLevel(const char* key) const {
-    return isInEffect(*this, StyleKeyWords(key), 1);
+    return key != nullptr && isInEffect(*this, StyleKeyWords(key), 1);
 }
 
 int CustomConfig::GetStyleFromConfig(tagCustomStyle& style, unsigned int styleId, int level) const {

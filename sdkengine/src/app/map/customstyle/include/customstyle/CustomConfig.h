@@ -1,25 +1,16 @@
 // CustomConfig: the custom style of one map view, from its two files to the renderer's answers.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 
+#include "customstyle/ShortTextTable.h"
 #include "vi/vos/VJson.h"
 #include "vi/vos/VMap.h"
 #include "vi/vos/VString.h"
 
-/// Whether the renderer's queries answer from the custom style: 0 (as at the start) means that they all answer "none".
-/// Defined here, set by the host, only read by the component. Loading does not depend on it.
-extern __attribute__((visibility("default"))) int g_zrsdk_custom_style_enable;
-
 namespace [[gnu::visibility("default")]] _orvik_framework {
-
-using _orvik_vi::cJSON;
-using _orvik_vi::CVMapPtrToPtr;
-using _orvik_vi::CVString;
 
 /// Feature types: the classes of map content that a rule can address. The values are fixed; files name them in lower
 /// case, as GetFeatureTypeName gives them.
@@ -99,9 +90,6 @@ enum EMAPCUSTOMSTYLE : int {
     EMAPCUSTOMSTYLE_ALL,
 };
 
-inline constexpr int kFeatureTypeCount = 73;  // 0 to 72
-inline constexpr int kStyleSlotCount = 1241;  // 73 feature types times 17 levels
-
 /// The style record that the renderer receives, copied whole.
 ///
 /// A value applies only while its flag, the member of the same name with Set, is 1. Colours are packed: alpha, blue,
@@ -133,6 +121,13 @@ struct tagCustomStyle {
     int m_custom;  ///< not 0 when the record is customised; style queries pass over the others
 };
 
+using _orvik_vi::cJSON;
+using _orvik_vi::CVMapPtrToPtr;
+using _orvik_vi::CVString;
+
+inline constexpr int kFeatureTypeCount = 73;  // 0 to 72
+inline constexpr int kStyleSlotCount = 1241;  // 73 feature types times 17 levels
+
 /// What the visibility styling notes about a rule.
 struct stFeatureTypeStyleRecorder {
     int m_featureType;
@@ -140,68 +135,17 @@ struct stFeatureTypeStyleRecorder {
     int m_recorded;  ///< 1 when the entry has been filled
 };
 
-/// A style key in registers: character i stands in bits 8i of the 16 bytes, the rest is 0. Keys have up to 15
-/// characters; of a longer text the words hold the first 16.
-struct StyleKeyWords {
-    std::uint64_t head = 0;
-    std::uint64_t tail = 0;
-    std::size_t size = 0;
-
-    StyleKeyWords() = default;
-    explicit StyleKeyWords(std::string_view text) : size(text.size()) {
-        head = packed(text.substr(0, 8));
-        if (size > 8) tail = packed(text.substr(8, 8));
-    }
-
-    bool operator==(const StyleKeyWords&) const = default;
-
-private:
-    // Compilers make one load of it.
-    template <std::size_t kCount>
-    static std::uint64_t load(const char* text) {
-        std::uint64_t word = 0;
-        for (std::size_t i = 0; i < kCount; ++i) word |= std::uint64_t{static_cast<unsigned char>(text[i])} << 8 * i;
-        return word;
-    }
-
-    // Up to eight characters, the first one in the lowest bits; in the middle the two loads overlap.
-    static std::uint64_t packed(std::string_view text) {
-        const std::size_t size = text.size();
-        const char* const data = text.data();
-        if (size == 8) return load<8>(data);
-        if (size >= 4) return load<4>(data) | load<4>(data + size - 4) << 8 * (size - 4);
-        if (size >= 2) return load<2>(data) | load<2>(data + size - 2) << 8 * (size - 2);
-        return size == 1 ? load<1>(data) : 0;
-    }
-};
-
-/// Hashes a style key, or another text by its first 16 characters. Not noexcept, so that the table keeps each entry's
-/// hash beside it instead of hashing again. The 20 bits are plenty for some hundred entries, and a short number is
-/// quickly divided by the number of buckets.
-struct ShortTextHash {
-    using is_transparent = void;
-
-    std::size_t operator()(std::string_view text) const { return operator()(StyleKeyWords(text)); }
-    std::size_t operator()(const StyleKeyWords& key) const {
-        return static_cast<std::size_t>((key.head * 0x9E3779B97F4A7C15 ^ key.tail * 0xC2B2AE3D27D4EB4F) >> 44);
-    }
-};
-
-struct ShortTextEqual {
-    using is_transparent = void;
-
-    bool operator()(std::string_view left, std::string_view right) const { return left == right; }
-    // Standard libraries differ in the order in which a table hands over its key and what it looks for.
-    bool operator()(const StyleKeyWords& left, std::string_view right) const { return left == StyleKeyWords(right); }
-    bool operator()(std::string_view left, const StyleKeyWords& right) const { return StyleKeyWords(left) == right; }
-};
-
-/// Table by style key or feature type name. A style key is the decimal feature type id ("13", all levels), or id and
-/// level joined by a colon ("13:15").
-template <typename Value>
-using ShortTextTable = std::unordered_map<std::string, Value, ShortTextHash, ShortTextEqual>;
-
 /// All custom style state of one map view.
+///
+/// @code
+///     _orvik_framework::CustomConfig config;
+///     if (config.Init("examples/map/", "examples/styles/night.json") == 0) return;  // the log says why
+///     g_zrsdk_custom_style_enable = 1;
+///
+///     _orvik_framework::tagCustomStyle style;
+///     const int featureType = config.GetStyleFromConfig(style, styleId, level);
+///     if (featureType != -1 && style.m_fillColorSet == 1) fillWith(style.m_fillColor);
+/// @endcode
 ///
 /// The host constructs it, calls Init once, and then lets the renderer ask. Questions answer 1 for yes and 0 for no, or
 /// a feature type id and -1 for none; output parameters stay untouched on 0 and -1. Problems are logged, one line each,
@@ -226,8 +170,6 @@ public:
     /// Loads the mapping file and the style file, adding to what an earlier call left.
     ///
     /// @param mappingDirectory  directory of the file "CustomIndex", with its trailing separator: the name is appended
-    /// as
-    ///                          it stands
     /// @param styleFile         path of the style file
     /// @return 1 when both files were read as JSON and the mapping names every feature type, even when every rule was
     ///         refused; otherwise 0 with one log line (none for an empty argument). What was stored by then stays.
@@ -274,6 +216,7 @@ public:
 
     // ---- Feature types ----------------------------------------------------------------------------------------------
 
+    /// Fill the two tables of feature types; called by the constructor. Names and ids that are there already stay.
     void initFeatureTypeIdMap();
     void initFeatureTypeNameMap();
 
@@ -297,48 +240,48 @@ public:
     void PrintAllFeartureType() const;
 
     // ---- Loading ----------------------------------------------------------------------------------------------------
+    // The component only reads trees, and keeps nothing of them.
 
-    /// Makes the base records of a mapping document.
-    /// @return 1, or 0 at the first feature type 0 to 71 that is absent or not an array; earlier types keep their
-    /// records
+    /// Makes the base records of a mapping document; null has no feature types.
+    /// @return 1, or 0 at the first feature type 0 to 71 that is absent or not an array; the types before it keep their
+    ///         records
     int ParseMappingConfig(const cJSON* document);
 
-    /// Applies the rules of a style document in their order.
+    /// Applies the rules of a style document in their order; null has no rules.
     /// @return always 1; each refused rule leaves a log line
     int ParseCustomConfig(const cJSON* root);
 
-    /// Reads the "level" of a rule.
-    /// @param level  receives 4 to 21, or 0 when the rule holds for all levels
+    /// Reads the "level" of a rule's stylers; null has none.
+    /// @param level  receives 4 to 21, or 0 when the rule holds for all levels; never null
     /// @return 1 for all levels ("level" is absent or not a text), 0 for one level
     int ParseCustomStyleGivenLevel(const cJSON* stylers, int* level) const;
 
     /// Names the stylers that a rule carries as texts: color;visibility;weight;fontsize, absent ones left out but not
-    /// their semicolons. The names are given as the file spells them.
+    /// their semicolons; null has none. The names are given as the file spells them.
     CVString ParseCustomStyler(const cJSON* stylers) const;
 
-    /// Packs a colour text #RRGGBB or #RRGGBBAA. Position 0 is not looked at, a character that is no hexadecimal digit
-    /// and one that is missing count 0. Without alpha, and always for "boundary", the colour is opaque.
+    /// Packs a colour text #RRGGBB or #RRGGBBAA; null is read as the empty text. Position 0 is not looked at, a
+    /// character that is no hexadecimal digit and one that is missing count 0. Without alpha, and always for
+    /// "boundary", the colour is opaque.
     int CalculateColorValue(const char* text, int featureType) const;
 
-    /// Reads a weight: decimal, 255 for all that is larger. A character that is no digit counts nothing but takes a
-    /// place.
+    /// Reads a weight: decimal, 255 for all that is larger; null is read as the empty text, which is 0. A character
+    /// that is no digit counts nothing but takes a place.
     int CalculateWeightValue(const char* text) const;
 
     /// Whether the text is not empty and all ASCII digits.
     int IsValueAllDigit(const std::string& text) const;
 
-    /// Whether rules wrote this key for one level, respectively for all levels.
-    int IsStyleEffectAtGivenLevel(const char* key) const;
-    int IsStyleEffectAtAllLevel(const char* key) const;
-
     // ---- Styling ----------------------------------------------------------------------------------------------------
-    // Dispatchers: `elementType` is the last word of the rule's element path, `includesLabels` is 1 when the whole path
-    // names "labels" or "all", `allLevels` is 1 for a rule without level and 0 for one at `level`.
+    // Dispatchers: they check a rule's value and hand it to record writers.
+    //
+    // `elementType` is the last word of the rule's element path, `includesLabels` is not 0 when the whole path names
+    // "labels" or "all", `allLevels` is 1 for a rule without level and 0 for one at `level`. `stylers` may be null:
+    // then the styler is absent, which is logged. The parameters named `unused` may be null or anything else.
 
     void SetCustomColorStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
                              stFeatureTypeStyleRecorder* unused, int allLevels, int level);
-    /// @param recorders  the notes of all rules; entry `ruleIndex` is filled for each valid "on" and "off". May be
-    /// null.
+    /// @param recorders  notes of all rules; entry `ruleIndex` is filled for each valid "on" and "off". Null: no notes.
     void SetCustomVisibilityStyle(int featureType, const CVString& elementType, const cJSON* stylers,
                                   int includesLabels, stFeatureTypeStyleRecorder* recorders, int ruleIndex,
                                   int allLevels, int level);
@@ -351,27 +294,35 @@ public:
     // at one. An element type that a writer does not know leaves the records without their customised mark, except that
     // the icon writer marks every record.
 
-    void SetTypeColor(int featureType, const CVString& elementType, std::uint64_t color, int allLevels, int level);
-    void SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t color, int allLevels, int level);
+    void SetTypeColor(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels, int level);
+    void SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels,
+                           int level);
+    /// @param hide  1 to hide the icon, 0 to show it; stored as it is
     void SetCustomIconInvisible(int featureType, const CVString& elementType, int hide, int allLevels, int level);
     /// @param weight  0 to 255; the low 8 bits are stored
     void SetTypeWeight(int featureType, const CVString& elementType, int weight, int allLevels, int level);
+    /// @param weight  0 to 255; the low 8 bits are stored
     void SetFontWeightStyle(int featureType, const CVString& elementType, int weight, int allLevels, int level);
     void setFontSizeStyle(int featureType, const CVString& elementType, unsigned char size, int allLevels, int level);
 
     /// Sets the colour of the background grid.
-    void SetGridColorStyle(std::uint64_t color);
+    void SetGridColorStyle(std::uint64_t colour);
 
     // ---- Store ------------------------------------------------------------------------------------------------------
+    // A style key is the decimal feature type id ("13", all levels), or id and level joined by a colon ("13:15").
 
     /// Registers the style key of a feature type at all levels or at one; on first sight it gets a slot with copies of
     /// the type's base records. A key beyond the last slot and a type outside 0 to 72 are refused: nothing is
     /// registered.
-    /// @param keyOut     receives the key with its terminating zero; at least 16 characters
+    /// @param keyOut     receives the key with its terminating zero; room for 16 characters, never null
     /// @param allLevels  not 0: all levels, and `level` is ignored
     void UpdateCustomStyleMap(char* keyOut, int featureType, int allLevels, int level);
 
-    /// Logs a message of the component behind its prefix; an empty one is dropped.
+    /// Whether rules wrote this key for one level, respectively for all levels. Null is no key: 0.
+    int IsStyleEffectAtGivenLevel(const char* key) const;
+    int IsStyleEffectAtAllLevel(const char* key) const;
+
+    /// Logs a message of the component after its prefix; an empty one is dropped.
     void CustomMapPrintLog(const CVString& message) const;
 
     /// Base records of each feature type, by style id: all 0 but m_ID. Owned.
@@ -395,3 +346,7 @@ public:
 };
 
 }  // namespace _orvik_framework
+
+/// Whether the renderer's queries answer from the custom style: 0 (as at the start) means that they all answer "none".
+/// Defined by the component, which only reads it; set by the host. Loading does not depend on it.
+extern __attribute__((visibility("default"))) int g_zrsdk_custom_style_enable;
