@@ -7,6 +7,7 @@
 #include <set>
 #include <string_view>
 
+#include "customstyle/queries/BackRegions.h"
 #include "customstyle/queries/EffectiveStyles.h"
 
 namespace _orvik_framework {

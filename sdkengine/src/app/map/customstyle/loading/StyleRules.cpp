@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "customstyle/CustomConfig.h"
-#include "customstyle/model/MemberText.h"
+#include "customstyle/json/MemberText.h"
 #include "customstyle/model/Messages.h"
 
 namespace _orvik_framework {

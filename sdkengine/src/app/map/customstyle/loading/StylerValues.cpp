@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "customstyle/CustomConfig.h"
-#include "customstyle/model/MemberText.h"
+#include "customstyle/json/MemberText.h"
 
 namespace _orvik_framework {
 namespace {

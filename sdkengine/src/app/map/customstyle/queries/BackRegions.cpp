@@ -1,7 +1,9 @@
+#include "customstyle/queries/BackRegions.h"
+
 #include "customstyle/CustomConfig.h"
-#include "customstyle/queries/EffectiveStyles.h"
 
 namespace _orvik_framework {
+
 int CustomConfig::IsCustomBackRegionEnable(std::uint64_t& colour, int level) const {
     if (g_zrsdk_custom_style_enable == 0) return 0;
     const tagCustomStyle* record = landBackground(*this, level);

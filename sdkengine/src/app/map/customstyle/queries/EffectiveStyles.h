@@ -48,17 +48,4 @@ int firstFeatureType(int level, Answers answers) {
     return -1;
 }
 
-/// The record whose fill is the background of the land at a level, or null. The land has one background, so its first
-/// record speaks for it; the others are not asked even when that one is not customised.
-inline const tagCustomStyle* landBackground(const CustomConfig& config, int level) {
-    const CVMapPtrToPtr* records = effectiveRecords(config, StyleKeys(EMAPCUSTOMSTYLE_LAND, level));
-    void* position = records == nullptr ? nullptr : records->GetStartPosition();
-    if (position == nullptr) return nullptr;
-    void* key = nullptr;
-    void* first = nullptr;
-    records->GetNextAssoc(position, key, first);
-    const auto* record = static_cast<const tagCustomStyle*>(first);
-    return record != nullptr && record->m_custom != 0 ? record : nullptr;
-}
-
 }  // namespace _orvik_framework

@@ -1,7 +1,7 @@
 #include <string_view>
 
 #include "customstyle/CustomConfig.h"
-#include "customstyle/model/MemberText.h"
+#include "customstyle/json/MemberText.h"
 #include "customstyle/model/Messages.h"
 #include "customstyle/model/RecordWalk.h"
 #include "customstyle/styling/DispatchTable.h"

@@ -1,5 +1,5 @@
 #include "customstyle/CustomConfig.h"
-#include "customstyle/model/MemberText.h"
+#include "customstyle/json/MemberText.h"
 #include "customstyle/model/Messages.h"
 #include "customstyle/model/RecordWalk.h"
 #include "customstyle/styling/DispatchTable.h"

@@ -1,10 +1,11 @@
+#include "customstyle/model/KeyRegistration.h"
+
 #include <algorithm>
 #include <string>
 #include <utility>
 
 #include "customstyle/CustomConfig.h"
 #include "customstyle/model/FeatureTypeTable.h"
-#include "customstyle/model/KeyRegistration.h"
 #include "customstyle/model/RecordStorage.h"
 #include "customstyle/model/StyleKey.h"
 
