@@ -148,6 +148,13 @@ TEST_F(FeatureTypes, AreFoundByTheirExactNameOnly) {
     EXPECT_EQ(m_config.GetFeatureTypeId(std::string("land\0", 5)), -1);
 }
 
+TEST_F(FeatureTypes, AreFoundByTheirWholeNameHoweverLong) {
+    for (const char* name :
+         {"scenicspotswaylabex", "scenicspotswaylab", "scenicspotswaylabell", "scenicspotswayla", "provincialwaylabels",
+          "provincialwaylabe", "transportationlabex", "businesstowerlabe", "businesstowerlabelbusinesstowerlabel"})
+        EXPECT_EQ(m_config.GetFeatureTypeId(name), -1) << name;
+}
+
 TEST_F(FeatureTypes, TheEmptyNameIsNeverFound) {
     m_config.m_featureTypeIds[""] = 5;
     EXPECT_EQ(m_config.GetFeatureTypeId(""), -1);

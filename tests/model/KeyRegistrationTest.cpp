@@ -48,6 +48,9 @@ TEST_P(StyleKeyText, IsWrittenWithItsTerminatingZeroWithin16Characters) {
     config.UpdateCustomStyleMap(key, GetParam().featureType, GetParam().allLevels, GetParam().level);
     EXPECT_STREQ(key, GetParam().key);
     EXPECT_EQ(std::string(key + 16, 8), "xxxxxxxx");
+    // What is behind the zero belongs to the caller.
+    const std::size_t written = std::string(key).size() + 1;
+    EXPECT_EQ(std::string(key + written, sizeof key - written), std::string(sizeof key - written, 'x'));
 }
 
 TEST_P(StyleKeyText, IsTheKeyInBothTables) {

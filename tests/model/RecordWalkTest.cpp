@@ -121,6 +121,18 @@ TEST_F(RecordWalk, AStyleIdWithoutARecordForAllLevelsIsNotReset) {
     EXPECT_EQ(*record("13:15", 8), written(8, 0xff000022, 9));
 }
 
+// The two differ only where somebody filed a record under another id than its own.
+TEST_F(RecordWalk, TheRecordToStartFromIsFoundByTheKeyAndNotByTheRecordsId) {
+    addBaseRecord(m_config, kHighway, 8);
+    color(0xff000011, 1, 0);
+    record("13", 8)->m_fillColor = 0xff000033;
+    weight(9, 0, 15);
+    record("13:15")->m_ID = 8;
+    weight(10, 0, 15);
+    EXPECT_EQ(*record("13:15"), written(kStyleId, 0xff000011, 10));
+    EXPECT_EQ(*record("13:15", 8), written(8, 0xff000033, 10));
+}
+
 TEST_F(RecordWalk, ANullRecordForAllLevelsResetsNothing) {
     m_config.m_keyStyleMaps["13"] = &m_config.m_levelStyleMaps[1240];
     m_config.m_levelStyleMaps[1240][recordKey(kStyleId)] = nullptr;

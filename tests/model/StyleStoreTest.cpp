@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 #include "tests/model/BaseRecords.h"
@@ -10,6 +12,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/RecordingHeap.h"
 #include "tests/support/TestStore.h"
+#include "vi/vos/VMem.h"
 
 namespace customstyle_test {
 namespace {
@@ -179,6 +182,91 @@ TEST(Release, PassesOverAbsentRecords) {
     config.m_levelStyleMaps[0][recordKey(1)] = nullptr;
     config.ReleaseCustomRes();
     EXPECT_TRUE(hasNoRecord(config));
+}
+
+// What a store looked like at each release of a block, oldest first.
+struct Glimpse {
+    void* block;
+    bool hasKeys;
+    int recordsInSlots;
+    int baseRecords;
+};
+
+const CustomConfig* g_released = nullptr;
+std::vector<Glimpse> g_glimpses;
+
+int countOf(const CVMapPtrToPtr* begin, const CVMapPtrToPtr* end) {
+    return std::accumulate(begin, end, 0, [](int sum, const CVMapPtrToPtr& map) { return sum + map.GetCount(); });
+}
+
+void releaseAndLook(void* block) {
+    g_glimpses.push_back({block, !g_released->m_keyStyleMaps.empty(),
+                          countOf(std::begin(g_released->m_levelStyleMaps), std::end(g_released->m_levelStyleMaps)),
+                          countOf(std::begin(g_released->m_typeStyleMaps), std::end(g_released->m_typeStyleMaps))});
+    std::free(block);
+}
+
+void* allocateFor(std::size_t size, const char*, int) {
+    return std::malloc(size);
+}
+
+class ReleaseOrder : public testing::Test {
+protected:
+    ReleaseOrder() {
+        _orvik_vi::CVMem::SetHostAllocator(allocateFor, releaseAndLook);
+        g_released = &m_config;
+        g_glimpses.clear();
+    }
+    ~ReleaseOrder() override {
+        m_config.ReleaseCustomRes();
+        _orvik_vi::CVMem::SetHostAllocator(nullptr, nullptr);
+    }
+
+    // The blocks of the records, each in the order in which it is to be given back.
+    static void expectReleased(const std::vector<const tagCustomStyle*>& records) {
+        ASSERT_EQ(g_glimpses.size(), records.size());
+        const auto offsetOf = [&](std::size_t i) {
+            return reinterpret_cast<const char*>(records[i]) - static_cast<const char*>(g_glimpses[i].block);
+        };
+        for (std::size_t i = 1; i < records.size(); ++i) EXPECT_EQ(offsetOf(i), offsetOf(0)) << i;
+    }
+
+    CustomConfig m_config;
+};
+
+TEST_F(ReleaseOrder, IsSlotsThenTypesEachFromTheFirstAndItsRecordsFromTheOldest) {
+    for (const int type : {71, 13, 0}) {
+        for (const int styleId : {9, 4}) addBaseRecord(m_config, type, styleId);
+    }
+    m_config.SetTypeColor(71, "fill", 1, 1, 0);
+    m_config.SetTypeColor(0, "fill", 1, 0, 9);
+    std::vector<const tagCustomStyle*> expected;
+    for (const char* key : {"71", "0:9"}) {
+        for (const int styleId : {9, 4}) expected.push_back(recordAt(m_config, key, styleId));
+    }
+    for (const int type : {0, 13, 71}) {
+        for (const int styleId : {9, 4}) {
+            void* record = nullptr;
+            m_config.m_typeStyleMaps[type].Lookup(recordKey(styleId), record);
+            expected.push_back(static_cast<const tagCustomStyle*>(record));
+        }
+    }
+    m_config.ReleaseCustomRes();
+    expectReleased(expected);
+}
+
+TEST_F(ReleaseOrder, ForgetsTheKeysFirstAndEmptiesEachMapBeforeTheNext) {
+    for (const int type : {13, 14}) addBaseRecord(m_config, type, 7);
+    for (const int type : {13, 14}) m_config.SetTypeColor(type, "fill", 1, 1, 0);
+    m_config.ReleaseCustomRes();
+    ASSERT_EQ(g_glimpses.size(), 4U);
+    const int recordsInSlots[] = {2, 1, 0, 0};
+    const int baseRecords[] = {2, 2, 2, 1};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_FALSE(g_glimpses[i].hasKeys);
+        EXPECT_EQ(g_glimpses[i].recordsInSlots, recordsInSlots[i]) << i;
+        EXPECT_EQ(g_glimpses[i].baseRecords, baseRecords[i]) << i;
+    }
 }
 
 // ---- Log ------------------------------------------------------------------------------------------------------------

@@ -42,6 +42,8 @@ inline constexpr Audience kAudiences[] = {
     {kGeometryAlone, 53, 53, 0},
     {kGeometryAlone, 70, 70, 0},
     {kLabelsWithCompanion, 13, 28, 1},
+    {kLabelsWithCompanion, 13, 28, 2},  // any mark but 0 counts
+    {kLabelsWithCompanion, 13, 28, -1},
     {kLabelsWithCompanion, 25, 26, 1},
     {kLabelsWithCompanion, 12, 68, 1},
     {kLabelsAlone, 1, 1, 1},
@@ -133,6 +135,8 @@ inline std::string dispatchCaseName(const DispatchCase& param) {
     const int type = param.audience.featureType;
     name += type < 0 ? "_OnNoType" : "_OnType" + std::to_string(type);
     if (param.audience.includesLabels != 0) name += "_WithLabels";
+    if (param.audience.includesLabels == 2) name += "MarkedByTwo";
+    if (param.audience.includesLabels < 0) name += "MarkedByMinusOne";
     return name + (param.scope.allLevels != 0 ? "_AtAllLevels" : "_AtOneLevel");
 }
 

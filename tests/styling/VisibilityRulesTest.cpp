@@ -251,6 +251,14 @@ TEST(VisibilityStyle, TheIconWriterBringsRecordsBackIntoUse) {
     EXPECT_EQ(firstRecordAt(*store, "2").m_iconHidden, 0);
 }
 
+TEST(VisibilityStyle, TheIconWriterStoresWhatItIsGiven) {
+    const auto store = markedStore();
+    for (const int hide : {7, -1, 0}) {
+        store->SetCustomIconInvisible(13, "icon", hide, 1, 0);
+        EXPECT_EQ(firstRecordAt(*store, "13").m_iconHidden, hide);
+    }
+}
+
 TEST(VisibilityStyle, TheIconWriterDoesNothingForATypeThatDoesNotExist) {
     const auto store = markedStore();
     for (const int type : {-1, 73}) store->SetCustomIconInvisible(type, "icon", 1, 0, 15);
