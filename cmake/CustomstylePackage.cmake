@@ -7,9 +7,12 @@ install(TARGETS customstyle customstyle_stylesnapshot orvik_vi EXPORT customstyl
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 if(CUSTOMSTYLE_BUILD_TOOLS)
   install(TARGETS customstyle_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(FILES docs/customstyle.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  install(FILES tools/completion/customstyle.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-          RENAME customstyle)
+  if(TARGET customstyle_share)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/share/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/share/bash-completion ${PROJECT_BINARY_DIR}/share/zsh
+                      ${PROJECT_BINARY_DIR}/share/fish
+            DESTINATION ${CMAKE_INSTALL_DATADIR})
+  endif()
 endif()
 install(DIRECTORY sdkengine/src/app/map/customstyle/include/customstyle
                   sdkengine/src/app/map/stylesnapshot/include/customstyle

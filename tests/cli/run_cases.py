@@ -11,12 +11,13 @@ A table is a text of cases:
     ! a line of standard error
     [1]                     the exit status, where it is not 0
 
-A case may have several files and commands; they run one after the other in bash, in an empty directory that has the
-project's folder "examples" and the folder "data" beside the table. A line that starts with # is a remark.
+A case may have several files and commands; they run one after the other in bash, in an empty directory with
+copies of the examples' styles and map, and of the folder "data" beside the table. A line that starts with # is a remark.
 With UPDATE=1 in the environment the table is written anew from what the tool does: read the difference before you keep it.
 """
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -86,8 +87,9 @@ def run(command, directory, tool):
 
 
 def prepare(case, directory):
-    (directory / "examples").symlink_to(HERE.parent.parent / "examples")
-    (directory / "data").symlink_to(HERE / "data")
+    for folder in ("styles", "map"):  # copies, because commands write
+        shutil.copytree(HERE.parent.parent / "examples" / folder, directory / "examples" / folder)
+    shutil.copytree(HERE / "data", directory / "data")
     for name, content in case.files.items():
         path = directory / name
         path.parent.mkdir(parents=True, exist_ok=True)

@@ -2,50 +2,191 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
+#include <span>
+
+#include "tools/support/Levels.h"
+#include "tools/support/PlainText.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 namespace {
 
-// CLI11 takes an empty text for "good", and would read a number with a zero in front as octal.
+constexpr std::size_t kMostListed = 12;
+constexpr long long kWidestRange = 1000;
+
+// The number that all of a text is: plain decimal, without zeros in front.
 template <typename Number>
-std::string problemOfNumber(const std::string& text) {
+std::optional<Number> numberOf(std::string_view text) {
     Number number{};
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (result.ec == std::errc() && text == std::to_string(number)) return {};
-    using Limits = std::numeric_limits<Number>;
-    return fmt::format("\"{}\" is no whole number from {} to {}", text, Limits::min(), Limits::max());
+    if (result.ec != std::errc() || text != std::to_string(number)) return {};
+    return number;
 }
 
-std::string problemOfOutput(const std::string& path) {
-    return path == "-" ? "\"-\" is no file; to print, use --stdout" : "";
+std::vector<std::string> piecesOf(const std::string& list) {
+    std::vector<std::string> pieces;
+    std::size_t begin = 0;
+    for (std::size_t end = 0; end != std::string::npos; begin = end + 1) {
+        end = list.find(',', begin);
+        pieces.push_back(list.substr(begin, end == std::string::npos ? end : end - begin));
+    }
+    return pieces;
+}
+
+// The numbers of "7" or "4-9"; none where it is neither.
+template <typename Number>
+std::optional<std::vector<Number>> numbersOf(const std::string& piece) {
+    if (const auto single = numberOf<Number>(piece)) return std::vector<Number>{*single};
+    const std::size_t dash = piece.find('-', 1);
+    if (dash == std::string::npos) return {};
+    const auto first = numberOf<Number>(std::string_view(piece).substr(0, dash));
+    const auto last = numberOf<Number>(std::string_view(piece).substr(dash + 1));
+    if (!first || !last || *first > *last || static_cast<long long>(*last) - *first >= kWidestRange) return {};
+    std::vector<Number> numbers;
+    for (long long number = *first; number <= *last; ++number) numbers.push_back(static_cast<Number>(number));
+    return numbers;
+}
+
+std::optional<std::vector<int>> levelsOf(const std::string& piece) {
+    if (piece == "other") return std::vector<int>{levelOfClass(kOtherLevels)};
+    if (piece != "all") return numbersOf<int>(piece);
+    std::vector<int> levels;
+    for (std::size_t each = 0; each < kLevelClassCount; ++each) levels.push_back(levelOfClass(each));
+    return levels;
+}
+
+template <typename Number>
+std::string problemOfNumber(const std::string& piece) {
+    using Limits = std::numeric_limits<Number>;
+    return fmt::format("\"{}\" is not a whole number from {} to {}", piece, Limits::min(), Limits::max());
+}
+
+std::string problemOfStyleIds(const std::string& word) {
+    for (const std::string& piece : piecesOf(word)) {
+        if (!numbersOf<unsigned int>(piece)) return problemOfNumber<unsigned int>(piece);
+    }
+    return {};
+}
+
+std::string problemOfLevels(const std::string& word) {
+    for (const std::string& piece : piecesOf(word)) {
+        if (!levelsOf(piece)) return problemOfNumber<int>(piece) + ", a range like 4-9, all or other";
+    }
+    return {};
+}
+
+template <typename Number, typename Read>
+std::vector<Number> numbersIn(const std::vector<std::string>& words, Read readPiece) {
+    std::vector<Number> numbers;
+    for (const std::string& word : words) {
+        for (const std::string& piece : piecesOf(word)) {
+            const std::vector<Number> named = *readPiece(piece);
+            for (const Number number : named) {
+                if (std::ranges::find(numbers, number) == numbers.end()) numbers.push_back(number);
+            }
+        }
+    }
+    return numbers;
+}
+
+std::vector<std::string> levelWords() {
+    std::vector<std::string> words = {"all", "other"};
+    for (int level = kLowestLevel; level <= kHighestLevel; ++level) words.push_back(std::to_string(level));
+    return words;
 }
 
 }  // namespace
 
-void addMapping(CLI::App& command, std::optional<std::string>& directory) {
-    command
-        .add_option("--mapping", directory,
-                    "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T")
-        ->type_name("DIR");
+Option styleOption(std::string& style) {
+    return {.names = "STYLE,--style",
+            .help = "Style file; - is standard input",
+            .target = &style,
+            .offer = Offer::Files,
+            .isRequired = true};
 }
 
-void addFormat(CLI::App& command, std::string& format, const std::vector<std::string>& values,
-               const std::string& description) {
-    command.add_option("--format", format, description)->check(CLI::IsMember(values))->capture_default_str();
+Option mappingOption(std::optional<std::string>& directory) {
+    return {.names = "--mapping",
+            .value = "DIR",
+            .help = "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T",
+            .target = &directory,
+            .offer = Offer::Directories};
 }
 
-CLI::Validator isStyleId() {
-    return CLI::Validator(problemOfNumber<unsigned int>, "");
+Option choiceOption(std::string names, std::string value, std::string help, Target target,
+                    std::vector<std::string> choices) {
+    std::string what = value;
+    std::ranges::transform(what, what.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    const auto problem = [what, choices](const std::string& word) {
+        return std::ranges::find(choices, word) != choices.end() ? "" : unknownWord(what, word, choices);
+    };
+    return {.names = std::move(names),
+            .value = std::move(value),
+            .help = std::move(help),
+            .target = target,
+            .offer = Offer::Choices,
+            .choices = choices,
+            .problem = problem};
 }
 
-CLI::Validator isLevel() {
-    return CLI::Validator(problemOfNumber<int>, "");
+Option formatOption(std::string& format, const std::vector<std::pair<std::string, std::string>>& values) {
+    std::vector<std::string> names;
+    std::vector<std::string> texts;
+    for (const auto& [name, use] : values) {
+        names.push_back(name);
+        texts.push_back(fmt::format("{} ({})", name, use));
+    }
+    return choiceOption("--format", "FORMAT", fmt::format("Print {}", eitherOf(texts)), &format, names);
 }
 
-CLI::Validator isOutputFile() {
-    return CLI::Validator(problemOfOutput, "");
+Option colorOption(std::string& choice) {
+    return choiceOption("--color", "WHEN",
+                        "Show colours: auto (in a terminal, unless NO_COLOR is set), always or never", &choice,
+                        {"auto", "always", "never"});
+}
+
+Option styleIdOption(std::vector<std::string>& words) {
+    return {.names = "--id",
+            .value = "N",
+            .help = "Style id of the renderer, or a list: 1001,1005-1008",
+            .target = &words,
+            .problem = problemOfStyleIds,
+            .takesNumbers = true};
+}
+
+Option levelOption(std::vector<std::string>& words) {
+    return {.names = "--level",
+            .value = "L",
+            .help = "Zoom level, or a list: 4,10-14, all, other; rules can name 4 to 21, and other is any level beyond",
+            .target = &words,
+            .offer = Offer::Choices,
+            .choices = levelWords(),
+            .problem = problemOfLevels,
+            .takesNumbers = true};
+}
+
+std::vector<unsigned int> styleIdsIn(const std::vector<std::string>& words) {
+    return numbersIn<unsigned int>(words, numbersOf<unsigned int>);
+}
+
+std::vector<int> levelsIn(const std::vector<std::string>& words) {
+    return numbersIn<int>(words, levelsOf);
+}
+
+std::string eitherOf(const std::vector<std::string>& names) {
+    if (names.size() < 2) return names.empty() ? "" : names.front();
+    const std::span<const std::string> head(names.data(), names.size() - 1);
+    return fmt::format("{} or {}", fmt::join(head, ", "), names.back());
+}
+
+std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known) {
+    const std::string problem = fmt::format("unknown {} \"{}\"", what, escapedText(word));
+    if (const auto meant = likelyName(word, known)) return problem + didYouMean(meant);
+    if (known.size() > kMostListed) return problem;
+    return fmt::format("{}; write {}", problem, eitherOf(known));
 }
 
 }  // namespace customstyle_tool

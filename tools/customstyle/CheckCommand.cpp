@@ -14,6 +14,7 @@
 #include "tools/check/WhatIf.h"
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
+#include "tools/customstyle/Loading.h"
 #include "tools/replay/MappingSource.h"
 #include "tools/support/LoadedMap.h"
 
@@ -57,9 +58,11 @@ public:
     explicit CheckRun(const CheckArguments& arguments) : m_arguments(arguments) {}
 
     int run() {
+        const StyleFiles files = styleFilesIn(m_arguments.files);
+        for (const std::string& problem : files.problems) report({problem});
         readMapping();
-        for (const std::string& path : m_arguments.files) checkFile(path);
-        print();
+        for (const std::string& path : files.paths) checkFile(path);
+        printFindings();
         if (m_isUnreadable) return kMisuse;
         const auto [errors, warnings, notes] = countFindings(m_checked);
         return errors > 0 || (m_arguments.warningsAreErrors && warnings > 0) ? kFinding : kGood;
@@ -69,14 +72,14 @@ private:
     std::unique_ptr<SourceFile> read(const std::string& path, const char* what) {
         auto source = readSource(path, what);
         if (const ReadFailure* failure = std::get_if<ReadFailure>(&source)) {
-            complainOf(*failure);
+            report(*failure);
             return nullptr;
         }
         return std::get<0>(std::move(source));
     }
 
-    void complainOf(const ReadFailure& failure) {
-        complain(failure.text);
+    void report(const ReadFailure& failure) {
+        complainOf(failure);
         m_isUnreadable = true;
     }
 
@@ -84,7 +87,7 @@ private:
     void readMapping() {
         m_mapping = oneIdPerType();
         if (!m_arguments.mappingDirectory) return;
-        if (const auto problem = problemOfMappingDirectory(*m_arguments.mappingDirectory)) return complainOf(*problem);
+        if (const auto problem = problemOfMappingDirectory(*m_arguments.mappingDirectory)) return report(*problem);
         std::unique_ptr<SourceFile> file = read(mappingFileIn(*m_arguments.mappingDirectory), "mapping file");
         if (file == nullptr) return;
         m_isMapped = isAcceptedMapping(file->text());
@@ -102,9 +105,9 @@ private:
         m_checked.push_back({std::move(file), std::move(findings)});
     }
 
-    void print() const {
-        if (m_arguments.format == "json") return fmt::print("{}", reportJson(m_checked));
-        if (m_arguments.format == "sarif") return fmt::print("{}", reportSarif(m_checked));
+    void printFindings() const {
+        if (m_arguments.format == "json") return print(reportJson(m_checked));
+        if (m_arguments.format == "sarif") return print(reportSarif(m_checked));
         for (const CheckedFile& checked : m_checked) {
             for (const Finding& finding : checked.findings) fmt::print("{}", findingText(finding));
         }
@@ -115,11 +118,8 @@ private:
     void printSummary() const {
         const auto [errors, warnings, notes] = countFindings(m_checked);
         if (errors + warnings + notes == 0) return;
-        const auto count = [](std::size_t number, const char* what) {
-            return fmt::format("{} {}{}", number, what, number == 1 ? "" : "s");
-        };
-        fmt::print("{}: {}, {}, {}; effects proven for {}\n", count(m_checked.size(), "file"), count(errors, "error"),
-                   count(warnings, "warning"), count(notes, "note"),
+        fmt::print("{}: {}, {}, {}; effects proven for {}\n", counted(m_checked.size(), "file"),
+                   counted(errors, "error"), counted(warnings, "warning"), counted(notes, "note"),
                    m_isMapped ? "every style id of the mapping at every level"
                               : "feature types only: give --mapping DIR to prove them for your style ids");
     }
@@ -131,39 +131,58 @@ private:
     std::vector<CheckedFile> m_checked;
 };
 
-int runCheck(const CheckArguments& arguments) {
+int check(const CheckArguments& arguments) {
     if (arguments.codes || arguments.codesMarkdown) {
         fmt::print("{}", arguments.codes ? codesText() : codesMarkdown());
         return kGood;
     }
     if (arguments.files.empty()) {
-        return complain("check needs a style file; run customstyle check --help for more");
+        return complain("check needs STYLE; run customstyle check --help for more");
     }
     return CheckRun(arguments).run();
 }
 
-}  // namespace
-
-Command checkCommand(CLI::App& program) {
-    const auto arguments = std::make_shared<CheckArguments>();
-    CLI::App* command =
-        program.add_subcommand("check", "Find everything that is refused, dropped or changed in style files");
-    command->add_option("FILE", arguments->files, "Style files");
-    command
-        ->add_option(
-            "--mapping", arguments->mappingDirectory,
-            "Directory of the mapping file CustomIndex: is checked too, and effects are proven for its style ids")
-        ->type_name("DIR");
-    addFormat(*command, arguments->format, {"text", "json", "sarif"}, "text: for people; json, sarif: for programs");
-    command->add_flag("--werror", arguments->warningsAreErrors, "Exit with 1 for warnings too");
-    command->add_flag(
-        "--effects", arguments->effects,
-        "Also note rules with an effect at some levels or on icons only, and style ids under several types");
-    command->add_flag("--codes", arguments->codes, "Explain all findings, with an example of each, and exit");
-    command->add_flag("--codes-markdown", arguments->codesMarkdown)->group("");
-    command->footer(
-        "Exit status: 0 no errors, 1 errors (or warnings with --werror), 2 wrong usage or unreadable files.");
-    return {command, [arguments] { return runCheck(*arguments); }};
+std::vector<Option> optionsOf(CheckArguments& arguments) {
+    return {
+        {.names = "STYLE",
+         .help = "Style file; a folder stands for all files *.json in it, and - for standard input",
+         .target = &arguments.files,
+         .offer = Offer::Files},
+        {.names = "--mapping",
+         .value = "DIR",
+         .help = "Directory of the mapping file CustomIndex: it is checked, too, and effects are proven for its "
+                 "style ids",
+         .target = &arguments.mappingDirectory,
+         .offer = Offer::Directories},
+        formatOption(arguments.format,
+                     {{"text", "for people"}, {"json", "for programs"}, {"sarif", "for code scanning"}}),
+        {.names = "--werror", .help = "Exit with 1 for warnings, too", .target = &arguments.warningsAreErrors},
+        {.names = "--effects",
+         .help = "Also note rules with an effect at some levels or on icons only, and style ids under several types",
+         .target = &arguments.effects},
+        {.names = "--codes",
+         .help = "Explain all findings, with an example of each, and exit",
+         .target = &arguments.codes},
+        {.names = "--codes-markdown", .target = &arguments.codesMarkdown, .isHidden = true}};
 }
 
+Command checkCommand() {
+    const auto arguments = std::make_shared<CheckArguments>();
+    return {.name = "check",
+            .purpose = Purpose::Judge,
+            .summary = "Find everything that is refused, dropped or changed in style files",
+            .description = {"Each finding has its position, a stable code, what happens at run time, and a remedy. For "
+                            "each rule and each styler it is proven whether it has an effect."},
+            .options = optionsOf(*arguments),
+            .statuses = {{0, "No errors"},
+                         {1, "Errors, or warnings with --werror"},
+                         {2, "Wrong usage, or a file that cannot be read"}},
+            .examples = {{"check all styles of a folder as a build step",
+                          "customstyle check --werror --mapping map styles"}},
+            .run = [arguments] { return check(*arguments); }};
+}
+
+const Registration registration(checkCommand);
+
+}  // namespace
 }  // namespace customstyle_tool

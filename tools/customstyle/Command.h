@@ -1,8 +1,11 @@
-// What a subcommand is.
+// What a subcommand is: its words, its text for people, and what it does. Help, manual pages and completion read this.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
 
 namespace customstyle_tool {
 
@@ -11,21 +14,69 @@ inline constexpr int kGood = 0;
 inline constexpr int kFinding = 1;
 inline constexpr int kMisuse = 2;
 
-/// A subcommand: knows after parsing whether it was chosen, and runs.
-struct Command {
-    CLI::App* options;
-    std::function<int()> run;  ///< prints what there is to print and answers the exit status
+/// Where the words of an option go: a flag, one value, a value that may be absent, or several.
+using Target = std::variant<bool*, std::string*, std::optional<std::string>*, std::vector<std::string>*>;
+
+/// What a shell offers for a value.
+enum class Offer { Nothing, Files, Directories, Choices };
+
+/// An option ("-o,--output") or an argument ("FILE").
+struct Option {
+    std::string names{};
+    std::string value{};  ///< what the value is called; empty for flags and arguments
+    std::string help{};   ///< begins with a capital and has no full stop
+    Target target{};
+    Offer offer = Offer::Nothing;
+    std::vector<std::string> choices{};  ///< the values to offer
+    std::function<std::string(const std::string&)> problem =
+        {};  ///< what is wrong with a value; empty where nothing is
+    bool isRequired = false;
+    bool isHidden = false;      ///< works, but is shown to nobody
+    bool takesNumbers = false;  ///< several numbers may follow one after the other: --id 1 2 3
+
+    bool isArgument() const { return !names.starts_with('-'); }
+    bool isFlag() const { return std::holds_alternative<bool*>(target); }
+    bool isRepeatable() const { return std::holds_alternative<std::vector<std::string>*>(target); }
 };
 
-// One for each subcommand: adds its name, help and options to the program.
-Command checkCommand(CLI::App& program);
-Command diffCommand(CLI::App& program);
-Command dumpCommand(CLI::App& program);
-Command explainCommand(CLI::App& program);
-Command formatCommand(CLI::App& program);
-Command minifyCommand(CLI::App& program);
-Command queryCommand(CLI::App& program);
-Command schemaCommand(CLI::App& program);
-Command testCommand(CLI::App& program);
+struct ExitStatus {
+    int status;
+    std::string meaning;
+};
+
+struct ExampleCall {
+    std::string what;
+    std::string call;
+};
+
+/// What somebody wants who looks for a subcommand; the help has a section for each.
+enum class Purpose { Judge, Ask, Write, SetUp };
+
+struct Command {
+    std::string name{};
+    Purpose purpose = Purpose::Judge;
+    std::string summary{};                   ///< one line, an imperative without full stop
+    std::vector<std::string> description{};  ///< paragraphs; one that begins with a blank keeps its lines
+    std::vector<Option> options{};
+    std::vector<ExitStatus> statuses{};
+    std::vector<ExampleCall> examples{};
+    std::function<int()> run = {};  ///< prints what there is to print and answers the exit status
+    bool isHidden = false;
+};
+
+/// Adds a subcommand to the program: one object of it stands in each subcommand's file, and nothing else names it.
+class Registration {
+public:
+    explicit Registration(Command (*make)()) noexcept;
+
+private:
+    friend std::vector<Command> registeredCommands();
+
+    Command (*m_make)();
+    const Registration* m_next;
+};
+
+/// All subcommands, by purpose and name.
+std::vector<Command> registeredCommands();
 
 }  // namespace customstyle_tool

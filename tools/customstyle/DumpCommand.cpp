@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "tools/customstyle/AnswerJson.h"
 #include "tools/customstyle/Arguments.h"
-#include "tools/customstyle/Command.h"
-#include "tools/customstyle/MapOptions.h"
+#include "tools/customstyle/Console.h"
+#include "tools/customstyle/Loading.h"
 #include "tools/support/AnswerTable.h"
 #include "tools/support/Answers.h"
 #include "tools/support/JsonParts.h"
@@ -22,7 +22,6 @@ namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
-using Json = nlohmann::ordered_json;
 
 // An answer and the levels that share it.
 struct Group {
@@ -56,20 +55,6 @@ bool isUntouched(const Group& group) {
     return group.answer.featureType == -1 && !group.answer.iconHidden;
 }
 
-Json jsonOf(const CustomConfig& config, unsigned int styleId, const Group& group) {
-    Json style = Json::object();
-    for (const FieldText& field : group.fields) {
-        style[memberName(field.name)] = field.isColor ? colorJson(field.value) : Json(field.value);
-    }
-    const int featureType = group.answer.featureType;
-    return {{"id", styleId},
-            {"levels", levelsJson(group.levels)},
-            {"feature_type", featureType == -1 ? Json(nullptr) : Json(featureType)},
-            {"feature_type_name", featureType == -1 ? Json(nullptr) : Json(config.GetFeatureTypeName(featureType))},
-            {"style", style},
-            {"icon_hidden", group.answer.iconHidden}};
-}
-
 // The levels of each background colour, in the order in which the colours first appear.
 template <typename Ask>
 std::vector<std::pair<std::uint64_t, LevelSet>> backgrounds(const CustomConfig& config, Ask askColor) {
@@ -85,43 +70,31 @@ std::vector<std::pair<std::uint64_t, LevelSet>> backgrounds(const CustomConfig& 
 }
 
 template <typename Ask>
-Json backgroundJson(const CustomConfig& config, Ask askColor) {
-    Json list = Json::array();
+void printBackground(const char* name, const CustomConfig& config, Ask askColor) {
     for (const auto& [color, levels] : backgrounds(config, askColor)) {
-        list.push_back({{"levels", levelsJson(levels)}, {"color", colorJson(color)}});
-    }
-    return list;
-}
-
-template <typename Ask>
-void printBackground(std::FILE* out, const char* name, const CustomConfig& config, Ask askColor) {
-    for (const auto& [color, levels] : backgrounds(config, askColor)) {
-        fmt::print(out, "{} background: {} at {}\n", name, colorText(color), levelsText(levels));
+        fmt::print("{} background: {} at {}\n", name, colorText(color), levelsText(levels));
     }
 }
 
-void printTable(std::FILE* out, const CustomConfig& config) {
-    printBackground(out, "land", config, landColor);
-    printBackground(out, "grid", config, gridColor);
-    printAnswerHeading(out);
+void printTable(const CustomConfig& config) {
+    printBackground("land", config, landColor);
+    printBackground("grid", config, gridColor);
+    printAnswerHeading(stdout);
     for (const unsigned int styleId : mappedStyleIds(config)) {
         for (const Group& group : groupsOf(config, styleId)) {
-            if (!isUntouched(group)) printAnswerRow(out, config, styleId, levelsText(group.levels), group.answer);
+            if (!isUntouched(group)) printAnswerRow(stdout, config, styleId, levelsText(group.levels), group.answer);
         }
     }
 }
 
-void printJson(std::FILE* out, const CustomConfig& config) {
-    fmt::print(out, "{{\n  \"land_background\": {},\n  \"grid_background\": {},\n  \"styles\": [",
-               backgroundJson(config, landColor).dump(), backgroundJson(config, gridColor).dump());
-    const char* separator = "\n    ";
+void printJson(const CustomConfig& config) {
+    AnswerList list("styles");
+    list.addBackground("land_background", backgrounds(config, landColor));
+    list.addBackground("grid_background", backgrounds(config, gridColor));
     for (const unsigned int styleId : mappedStyleIds(config)) {
-        for (const Group& group : groupsOf(config, styleId)) {
-            fmt::print(out, "{}{}", separator, jsonOf(config, styleId, group).dump());
-            separator = ",\n    ";
-        }
+        for (const Group& group : groupsOf(config, styleId)) list.add(config, styleId, group.levels, group.answer);
     }
-    fmt::print(out, "\n  ]\n}}\n");
+    print(list.text());
 }
 
 // A field of a CSV file as RFC 4180 has it: quoted where it holds a comma, a quote or a line end.
@@ -132,10 +105,10 @@ std::string csvField(const std::string& text) {
     return quoted + "\"";
 }
 
-void printCsvRow(std::FILE* out, const std::vector<std::string>& fields) {
+void printCsvRow(const std::vector<std::string>& fields) {
     std::vector<std::string> quoted;
     for (const std::string& field : fields) quoted.push_back(csvField(field));
-    fmt::print(out, "{}\r\n", fmt::join(quoted, ","));
+    fmt::print("{}\r\n", fmt::join(quoted, ","));
 }
 
 std::string csvColor(std::uint64_t color) {
@@ -151,25 +124,25 @@ std::vector<StyleField> csvFields() {
     return fields;
 }
 
-void printCsvHeader(std::FILE* out) {
+void printCsvHeader() {
     std::vector<std::string> names = {"kind", "id", "levels", "feature_type", "feature_type_name"};
     for (const StyleField& field : csvFields()) names.push_back(memberName(field.name));
     names.emplace_back("icon_hidden");
     names.emplace_back("background");
-    printCsvRow(out, names);
+    printCsvRow(names);
 }
 
 template <typename Ask>
-void printCsvBackground(std::FILE* out, const char* kind, const CustomConfig& config, Ask askColor) {
+void printCsvBackground(const char* kind, const CustomConfig& config, Ask askColor) {
     for (const auto& [color, levels] : backgrounds(config, askColor)) {
         std::vector<std::string> row = {kind, "", levelsText(levels), "", ""};
         row.resize(row.size() + csvFields().size() + 1);
         row.push_back(csvColor(color));
-        printCsvRow(out, row);
+        printCsvRow(row);
     }
 }
 
-void printCsvGroup(std::FILE* out, const CustomConfig& config, unsigned int styleId, const Group& group) {
+void printCsvGroup(const CustomConfig& config, unsigned int styleId, const Group& group) {
     const int featureType = group.answer.featureType;
     const bool isCustomised = featureType != -1;
     std::vector<std::string> row = {"style", std::to_string(styleId), levelsText(group.levels),
@@ -182,40 +155,49 @@ void printCsvGroup(std::FILE* out, const CustomConfig& config, unsigned int styl
     }
     row.emplace_back(group.answer.iconHidden ? "1" : "0");
     row.emplace_back("");
-    printCsvRow(out, row);
+    printCsvRow(row);
 }
 
-void printCsv(std::FILE* out, const CustomConfig& config) {
-    printCsvHeader(out);
-    printCsvBackground(out, "land background", config, landColor);
-    printCsvBackground(out, "grid background", config, gridColor);
+void printCsv(const CustomConfig& config) {
+    printCsvHeader();
+    printCsvBackground("land background", config, landColor);
+    printCsvBackground("grid background", config, gridColor);
     for (const unsigned int styleId : mappedStyleIds(config)) {
-        for (const Group& group : groupsOf(config, styleId)) printCsvGroup(out, config, styleId, group);
+        for (const Group& group : groupsOf(config, styleId)) printCsvGroup(config, styleId, group);
     }
 }
 
-void printAs(const std::string& format, const CustomConfig& config) {
-    if (format == "json") return printJson(stdout, config);
-    if (format == "csv") return printCsv(stdout, config);
-    printTable(stdout, config);
-}
-
-struct DumpOptions : MapOptions {
+struct DumpArguments : StyleArguments {
     std::string format = "text";
 };
 
-}  // namespace
-
-Command dumpCommand(CLI::App& program) {
-    const auto options = std::make_shared<DumpOptions>();
-    CLI::App* command = program.add_subcommand("dump", "Print the styles of all style ids at all levels");
-    addMapOptions(*command, *options);
-    addFormat(*command, options->format, {"text", "csv", "json"},
-              "text: a table of what is customised; csv, json: every answer");
-    command->footer("Exit status: 0 good, 1 a file that cannot be loaded, 2 wrong usage.");
-    return {command, [options] {
-                return withLoadedMap(*options, [&](const CustomConfig& config) { printAs(options->format, config); });
-            }};
+int dump(const DumpArguments& arguments) {
+    const auto style = loadOrComplain(arguments.style, arguments.mappingDirectory);
+    if (style == nullptr) return kMisuse;
+    const auto printAll = arguments.format == "json" ? printJson : arguments.format == "csv" ? printCsv : printTable;
+    printAll(style->config());
+    return kGood;
 }
 
+Command dumpCommand() {
+    const auto arguments = std::make_shared<DumpArguments>();
+    Command command{
+        .name = "dump",
+        .purpose = Purpose::Ask,
+        .summary = "Print the styles of all style ids at all levels",
+        .description = {"Levels with equal answers are joined. The table leaves out what is not customised; CSV and "
+                        "JSON have every answer."},
+        .statuses = {{0, "The styles are printed"}, {2, "Wrong usage, or a file that cannot be read"}},
+        .examples = {{"everything that a style customises", "customstyle dump night.json --mapping map"},
+                     {"for a spreadsheet", "customstyle dump night.json --mapping map --format csv > night.csv"}},
+        .run = [arguments] { return dump(*arguments); }};
+    addStyleArguments(command.options, *arguments);
+    command.options.push_back(
+        formatOption(arguments->format, {{"text", "a table"}, {"csv", "for spreadsheets"}, {"json", "for programs"}}));
+    return command;
+}
+
+const Registration registration(dumpCommand);
+
+}  // namespace
 }  // namespace customstyle_tool

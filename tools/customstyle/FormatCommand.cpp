@@ -1,14 +1,13 @@
-// customstyle format: lays out the text of a style file.
+// customstyle format: lays out the text of style files.
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
-#include <optional>
-#include <string>
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
+#include "tools/customstyle/Loading.h"
+#include "tools/customstyle/UnifiedDiff.h"
 #include "tools/layout/Layout.h"
 #include "tools/layout/StyleText.h"
 #include "tools/support/AtomicFile.h"
@@ -16,11 +15,14 @@
 namespace customstyle_tool {
 namespace {
 
-struct FormatOptions {
-    std::string file;
+struct FormatArguments {
+    std::vector<std::string> files;
     std::string output;
     bool check = false;
+    bool diff = false;
     bool toStandardOutput = false;
+    bool quiet = false;
+    std::string color = "auto";
 };
 
 // The first byte that the layout changes.
@@ -28,48 +30,113 @@ std::size_t firstDifference(std::string_view left, std::string_view right) {
     return static_cast<std::size_t>(std::ranges::mismatch(left, right).in1 - left.begin());
 }
 
-int check(const SourceFile& file, const std::string& laidOutText) {
-    if (file.text() == laidOutText) return kGood;
-    return complain(fmt::format("{}: is laid out otherwise from here on; run: customstyle format {}",
-                                file.place(firstDifference(file.text(), laidOutText)), file.path()),
-                    kFinding);
-}
+class FormatRun {
+public:
+    explicit FormatRun(const FormatArguments& arguments) : m_arguments(arguments) {}
 
-int write(const FormatOptions& options, const SourceFile& file, const std::string& laidOutText) {
-    if (options.toStandardOutput) {
-        fmt::print("{}", laidOutText);
-        return kGood;
+    int run() {
+        const StyleFiles files = styleFilesIn(m_arguments.files);
+        for (const std::string& problem : files.problems) fail(complain(problem));
+        if (files.paths.size() != 1 && (m_arguments.toStandardOutput || !m_arguments.output.empty())) {
+            return complain("--output and --stdout take one file");
+        }
+        for (const std::string& path : files.paths) format(path);
+        return m_status;
     }
-    const std::string& target = options.output.empty() ? file.path() : options.output;
-    if (target == file.path() && file.text() == laidOutText) return kGood;
-    const std::optional<std::string> problem = writeWhole(target, laidOutText);
-    return problem ? complain(*problem) : kGood;
+
+private:
+    void fail(int status) { m_status = std::max(m_status, status); }
+
+    void format(const std::string& path) {
+        const auto read = readForRewriting(path);
+        if (const auto* failure = std::get_if<ReadFailure>(&read)) return fail(complainOf(*failure));
+        const auto& [file, document] = std::get<StyleText>(read);
+        const std::string text = laidOut(document);
+        if (m_arguments.check || m_arguments.diff)
+            compare(*file, text);
+        else
+            fail(write(path, *file, text));
+    }
+
+    void compare(const SourceFile& file, const std::string& text) {
+        if (file.text() == text) return;
+        fail(kFinding);
+        if (m_arguments.diff) {
+            print(unifiedDiff(file.path(), file.text(), text, isColored(m_arguments.color)));
+        } else if (!m_arguments.quiet) {
+            complain(fmt::format("{}: not formatted; the first difference is here; run: customstyle format {}",
+                                 file.place(firstDifference(file.text(), text)), file.path()));
+        }
+    }
+
+    int write(const std::string& path, const SourceFile& file, const std::string& text) const {
+        const std::string& target = m_arguments.output.empty() ? path : m_arguments.output;
+        if (m_arguments.toStandardOutput || target == "-") {
+            print(text);
+            return kGood;
+        }
+        if (target == path && file.text() == text) return kGood;
+        const std::optional<std::string> problem = writeWhole(target, text);
+        return problem ? complain(*problem) : kGood;
+    }
+
+    const FormatArguments& m_arguments;
+    int m_status = kGood;
+};
+
+int format(const FormatArguments& arguments) {
+    const int targets = (arguments.check || arguments.diff ? 1 : 0) + (arguments.toStandardOutput ? 1 : 0) +
+                        (arguments.output.empty() ? 0 : 1);
+    if (targets > 1) return complain("--check or --diff, --stdout and --output exclude each other");
+    return FormatRun(arguments).run();
 }
 
-int format(const FormatOptions& options) {
-    const auto read = readForRewriting(options.file);
-    if (const auto* failure = std::get_if<ReadFailure>(&read)) return complain(failure->text);
-    const auto& [file, document] = std::get<StyleText>(read);
-    const std::string text = laidOut(document);
-    return options.check ? check(*file, text) : write(options, *file, text);
+std::vector<Option> optionsOf(FormatArguments& arguments) {
+    return {
+        {.names = "STYLE",
+         .help = "Style file, to be formatted in place; a folder stands for all files *.json in it, and - for standard "
+                 "input, to be printed",
+         .target = &arguments.files,
+         .offer = Offer::Files,
+         .isRequired = true},
+        {.names = "--check",
+         .help = "Write nothing; exit with 1 if a file is not formatted",
+         .target = &arguments.check},
+        {.names = "--diff",
+         .help = "Write nothing; print what would change, and exit with 1 if anything would",
+         .target = &arguments.diff},
+        {.names = "-o,--output",
+         .value = "OUT",
+         .help = "Write here instead of into the file; - is standard output",
+         .target = &arguments.output,
+         .offer = Offer::Files},
+        {.names = "--stdout", .help = "The same as --output -", .target = &arguments.toStandardOutput},
+        {.names = "-q,--quiet",
+         .help = "With --check: do not name the files that are not formatted",
+         .target = &arguments.quiet},
+        colorOption(arguments.color)};
 }
+
+Command formatCommand() {
+    const auto arguments = std::make_shared<FormatArguments>();
+    return {.name = "format",
+            .purpose = Purpose::Write,
+            .summary = "Lay out style files: a rule a line, members in columns",
+            .description = {"Keeps the rules, their members, all texts and numbers, and their order, byte for byte. A "
+                            "file is replaced as a whole or not at all; it keeps its permissions, and a symbolic link "
+                            "stays one. A text that is not JSON, that starts with a byte order mark or that goes on "
+                            "after its end is refused."},
+            .options = optionsOf(*arguments),
+            .statuses = {{0, "All files are formatted"},
+                         {1, "A file is not formatted (--check, --diff)"},
+                         {2, "Wrong usage, or a file that cannot be read or written"}},
+            .examples = {{"format all styles of a folder", "customstyle format styles"},
+                         {"what would change", "customstyle format --diff night.json"},
+                         {"in an editor that pipes the text", "customstyle format -"}},
+            .run = [arguments] { return format(*arguments); }};
+}
+
+const Registration registration(formatCommand);
 
 }  // namespace
-
-Command formatCommand(CLI::App& program) {
-    const auto options = std::make_shared<FormatOptions>();
-    CLI::App* command = program.add_subcommand("format", "Lay out a style file: a rule a line, members in columns");
-    command->add_option("FILE", options->file, "Style file; laid out in place")->required();
-    CLI::Option* check = command->add_flag("--check", options->check, "Write nothing; exit 1 if the layout is another");
-    CLI::Option* toOutput = command->add_flag("--stdout", options->toStandardOutput, "Print instead of writing FILE");
-    CLI::Option* output = command->add_option("-o,--output", options->output, "Write here instead of FILE");
-    output->type_name("OUT")->check(isOutputFile())->excludes(toOutput)->excludes(check);
-    toOutput->excludes(check);
-    command->footer(
-        "Keeps the rules, their members, all texts and numbers, and their order, byte for byte. Replaces the file\n"
-        "as a whole or not at all. Exit status: 0 good, 1 laid out otherwise (--check), 2 wrong usage or a file that\n"
-        "cannot be read or written.");
-    return {command, [options] { return format(*options); }};
-}
-
 }  // namespace customstyle_tool

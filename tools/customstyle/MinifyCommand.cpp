@@ -1,7 +1,6 @@
 // customstyle minify: the smallest style with the same effect.
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,78 +8,90 @@
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
+#include "tools/customstyle/Loading.h"
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
-#include "tools/replay/LoadedStyle.h"
 #include "tools/support/AtomicFile.h"
 
 namespace customstyle_tool {
 namespace {
 
-struct MinifyOptions {
+struct MinifyArguments {
     std::string file;
     std::optional<std::string> mappingDirectory;
-    std::string output;
+    std::string output = "-";
     bool toStandardOutput = false;
+    bool quiet = false;
 };
 
 void report(const StyleSource& style, const Minified& result) {
-    fmt::print(stderr, "{}: {} bytes to {}, {} rules to {}; every answer is the same\n", style.file().path(),
-               style.file().text().size(), result.text.size(), style.rules().size(), result.rules);
+    fmt::print(stderr, "{}: {} to {}, {} to {}; every answer is the same\n", style.file().path(),
+               counted(style.file().text().size(), "byte"), result.text.size(), counted(style.rules().size(), "rule"),
+               result.rules);
     if (result.isComplete) return;
     fmt::print(stderr, "{}: not everything was tried, because of the number of rules\n", style.file().path());
 }
 
-int write(const MinifyOptions& options, const std::string& text) {
-    if (!options.toStandardOutput) {
-        const std::optional<std::string> problem = writeWhole(options.output, text);
-        return problem ? complain(*problem) : kGood;
+int write(const std::string& target, const std::string& text) {
+    if (target == "-") {
+        print(text);
+        return withOutputWritten(kGood);
     }
-    fmt::print("{}", text);
-    return kGood;
+    const std::optional<std::string> problem = writeWhole(target, text);
+    return problem ? complain(*problem) : kGood;
 }
 
-int minify(const MinifyOptions& options) {
-    if (!options.toStandardOutput && options.output.empty()) return complain("minify needs -o OUT or --stdout");
-    auto read = readForRewriting(options.file);
-    if (const auto* failure = std::get_if<ReadFailure>(&read)) return complain(failure->text);
+int minify(const MinifyArguments& arguments) {
+    if (arguments.toStandardOutput && arguments.output != "-")
+        return complain("--stdout and --output exclude each other");
+    auto read = readForRewriting(arguments.file);
+    if (const auto* failure = std::get_if<ReadFailure>(&read)) return complainOf(*failure);
     auto& [file, document] = std::get<StyleText>(read);
     std::optional<std::string> mapping;
-    if (options.mappingDirectory) {
-        const StyleOrFailure loaded = loadStyle(options.file, options.mappingDirectory);
-        if (const auto* failure = std::get_if<ReadFailure>(&loaded)) return complain(failure->text);
-        mapping = std::get<0>(loaded)->mapping();
+    if (arguments.mappingDirectory) {
+        const auto loaded = loadOrComplain(arguments.file, arguments.mappingDirectory);
+        if (loaded == nullptr) return kMisuse;
+        mapping = loaded->mapping();
     }
     const StyleSource style(*file, document);
     Minified result = minified(style, mapping);
     if (file->text().ends_with('\n')) result.text += '\n';
-    const int status = write(options, result.text);
-    if (status == kGood) report(style, result);
+    const int status = write(arguments.output, result.text);
+    if (status == kGood && !arguments.quiet) report(style, result);
     return status;
 }
 
-}  // namespace
-
-Command minifyCommand(CLI::App& program) {
-    const auto options = std::make_shared<MinifyOptions>();
-    CLI::App* command =
-        program.add_subcommand("minify", "Make a style file as small as it can be with the same effect, proven");
-    command->add_option("FILE", options->file, "Style file")->required();
-    command
-        ->add_option("--mapping", options->mappingDirectory,
-                     "Directory of a mapping file CustomIndex: the effect stays the same on this map. Without it, on "
-                     "every map")
-        ->type_name("DIR");
-    CLI::Option* toOutput = command->add_flag("--stdout", options->toStandardOutput, "Print the result");
-    command->add_option("-o,--output", options->output, "Write the result to this file, which may be FILE")
-        ->type_name("OUT")
-        ->check(isOutputFile())
-        ->excludes(toOutput);
-    command->footer(
-        "Takes out rules, stylers and members without effect, puts rules for the same element together and shortens\n"
-        "texts. Before anything is written, every answer to the renderer is compared: all style ids, all levels, both\n"
-        "backgrounds. Exit status: 0 good, 2 wrong usage or a file that cannot be read or written.");
-    return {command, [options] { return minify(*options); }};
+Command minifyCommand() {
+    const auto arguments = std::make_shared<MinifyArguments>();
+    Option mapping = mappingOption(arguments->mappingDirectory);
+    mapping.help =
+        "Directory of a mapping file CustomIndex: the answers stay the same on this map; without it, on "
+        "every map";
+    return {.name = "minify",
+            .purpose = Purpose::Write,
+            .summary = "Print the smallest style with the same effect, proven",
+            .description = {"Takes out rules, stylers and members without effect, joins rules for the same element and "
+                            "shortens texts. Before anything is written, every answer to the renderer is compared: all "
+                            "style ids, all levels, both backgrounds. The sizes are reported on standard error."},
+            .options = {styleOption(arguments->file),
+                        mapping,
+                        {.names = "-o,--output",
+                         .value = "OUT",
+                         .help = "Write the result to this file, which may be STYLE; - is standard output",
+                         .target = &arguments->output,
+                         .offer = Offer::Files},
+                        {.names = "--stdout",
+                         .help = "The same as --output -",
+                         .target = &arguments->toStandardOutput,
+                         .isHidden = true},
+                        {.names = "-q,--quiet", .help = "Do not report the sizes", .target = &arguments->quiet}},
+            .statuses = {{0, "The result is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},
+            .examples = {{"make a style ready for delivery",
+                          "customstyle minify night.json --mapping map -o build/night.json"}},
+            .run = [arguments] { return minify(*arguments); }};
 }
 
+const Registration registration(minifyCommand);
+
+}  // namespace
 }  // namespace customstyle_tool

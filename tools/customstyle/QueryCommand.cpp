@@ -1,14 +1,14 @@
-// customstyle query: what the renderer receives for style ids at levels.
+// customstyle query: the style of some style ids at some levels.
 #include <fmt/format.h>
 
 #include <memory>
-#include <vector>
 
+#include "tools/customstyle/AnswerJson.h"
 #include "tools/customstyle/Arguments.h"
-#include "tools/customstyle/Command.h"
-#include "tools/customstyle/MapOptions.h"
+#include "tools/customstyle/Console.h"
+#include "tools/customstyle/Loading.h"
+#include "tools/customstyle/Selection.h"
 #include "tools/support/AnswerTable.h"
-#include "tools/support/Answers.h"
 #include "tools/support/RecordText.h"
 
 namespace customstyle_tool {
@@ -16,56 +16,72 @@ namespace {
 
 using _orvik_framework::CustomConfig;
 
-void printRow(std::FILE* out, const char* name, const std::string& value) {
-    fmt::print(out, "  {:<20}{}\n", name, value);
+void printRow(const char* name, const std::string& value) {
+    fmt::print("  {:<20}{}\n", name, value);
 }
 
-void printFields(std::FILE* out, const CustomConfig& config, unsigned int styleId, int level) {
+void printFields(const CustomConfig& config, unsigned int styleId, int level) {
     const Answer answer = ask(config, styleId, level);
-    fmt::print(out, "style id {} at level {}\n", styleId, level);
-    printRow(out, "feature type",
+    fmt::print("style id {} at level {}\n", styleId, level);
+    printRow("feature type",
              answer.featureType == -1 ? "none: no custom style" : featureTypeText(config, answer.featureType));
-    for (const FieldText& field : applyingFields(answer.style)) printRow(out, field.name, valueText(field));
-    printRow(out, "icon", answer.iconHidden ? "hidden" : "shown");
+    for (const FieldText& field : applyingFields(answer.style)) printRow(field.name, valueText(field));
+    printRow("icon", answer.iconHidden ? "hidden" : "shown");
 }
 
-void printAnswers(std::FILE* out, const CustomConfig& config, const std::vector<unsigned int>& styleIds,
-                  const std::vector<int>& levels) {
-    if (styleIds.size() == 1 && levels.size() == 1) return printFields(out, config, styleIds[0], levels[0]);
-    printAnswerHeading(out);
+struct QueryArguments : StyleArguments, Selection {
+    std::string format = "text";
+};
+
+void printText(const CustomConfig& config, const std::vector<unsigned int>& styleIds, const std::vector<int>& levels) {
+    if (styleIds.size() == 1 && levels.size() == 1) return printFields(config, styleIds[0], levels[0]);
+    printAnswerHeading(stdout);
     for (const unsigned int styleId : styleIds) {
         for (const int level : levels) {
-            printAnswerRow(out, config, styleId, std::to_string(level), ask(config, styleId, level));
+            printAnswerRow(stdout, config, styleId, std::to_string(level), ask(config, styleId, level));
         }
     }
 }
 
-struct QueryOptions : MapOptions {
-    std::vector<unsigned int> styleIds;
-    std::vector<int> levels;
-};
-
-}  // namespace
-
-Command queryCommand(CLI::App& program) {
-    const auto options = std::make_shared<QueryOptions>();
-    CLI::App* command =
-        program.add_subcommand("query", "Print the style of a style id at a level; of several, as a table");
-    addMapOptions(*command, *options);
-    command->add_option("--id", options->styleIds, "Style ids of the renderer, from 0 to 4294967295")
-        ->type_name("N")
-        ->check(isStyleId())
-        ->required();
-    command->add_option("--level", options->levels, "Zoom levels; rules can name 4 to 21")
-        ->type_name("L")
-        ->check(isLevel())
-        ->required();
-    command->footer("Exit status: 0 good, 1 a file that cannot be loaded, 2 wrong usage.");
-    return {command, [options] {
-                return withLoadedMap(*options, [&](const CustomConfig& config) {
-                    printAnswers(stdout, config, options->styleIds, options->levels);
-                });
-            }};
+void printJson(const CustomConfig& config, const std::vector<unsigned int>& styleIds, const std::vector<int>& levels) {
+    AnswerList list("answers");
+    for (const unsigned int styleId : styleIds) {
+        for (const int level : levels) list.add(config, styleId, level, ask(config, styleId, level));
+    }
+    print(list.text());
 }
 
+int query(const QueryArguments& arguments) {
+    if (!isSelected(arguments, "query")) return kMisuse;
+    const auto style = loadOrComplain(arguments.style, arguments.mappingDirectory);
+    if (style == nullptr) return kMisuse;
+    const std::vector<unsigned int> styleIds = selectedStyleIds(arguments, *style);
+    if (styleIds.empty()) return kMisuse;
+    const auto printAnswers = arguments.format == "json" ? printJson : printText;
+    printAnswers(style->config(), styleIds, levelsIn(arguments.levels));
+    return kGood;
+}
+
+Command queryCommand() {
+    const auto arguments = std::make_shared<QueryArguments>();
+    Command command{
+        .name = "query",
+        .purpose = Purpose::Ask,
+        .summary = "Print the style of style ids at levels",
+        .description = {"One style id at one level is printed in full, several as a table."},
+        .statuses = {{0, "The answers are printed"}, {2, "Wrong usage, or a file that cannot be read"}},
+        .examples = {{"what the motorways look like close up",
+                      "customstyle query night.json --type highway --level 15-17"},
+                     {"two style ids of a mapping, for a program",
+                      "customstyle query night.json --mapping map --id 1001,2201 --level 15 --format json"}},
+        .run = [arguments] { return query(*arguments); }};
+    addStyleArguments(command.options, *arguments);
+    addSelection(command.options, *arguments);
+    command.options.push_back(formatOption(arguments->format, {{"text", "for people"}, {"json", "for programs"}}));
+    return command;
+}
+
+const Registration registration(queryCommand);
+
+}  // namespace
 }  // namespace customstyle_tool

@@ -1,29 +1,35 @@
 // customstyle schema: a JSON Schema for editors.
-#include <fmt/format.h>
-
-#include <cstdio>
+#include <nlohmann/json.hpp>
 
 #include "tools/customstyle/Command.h"
+#include "tools/customstyle/Console.h"
 #include "tools/schema/StyleSchema.h"
 
 namespace customstyle_tool {
 namespace {
 
 int printSchema() {
-    fmt::print("{}\n", styleSchema().dump(2));
+    print(styleSchema().dump(2) + "\n");
     return kGood;
 }
 
-}  // namespace
-
-Command schemaCommand(CLI::App& program) {
-    CLI::App* command = program.add_subcommand("schema", "Print a JSON Schema of style files for your editor");
-    command->footer(
-        "Save it and name it in the editor's settings; the editor then completes names and underlines mistakes.\n"
-        "For Visual Studio Code, in .vscode/settings.json:\n"
-        "  \"json.schemas\": [{\"fileMatch\": [\"styles/*.json\"], \"url\": \"./style.schema.json\"}]\n"
-        "The draft is 2020-12. What only shows among several rules is found by customstyle check.");
-    return {command, printSchema};
+Command schemaCommand() {
+    return {
+        .name = "schema",
+        .purpose = Purpose::SetUp,
+        .summary = "Print a JSON Schema of style files for your editor",
+        .description = {"Save it and name it in the editor's settings; the editor then completes names and "
+                        "underlines mistakes. The draft is 2020-12. What only shows among several rules is found by "
+                        "customstyle check.",
+                        "For Visual Studio Code, in .vscode/settings.json:",
+                        "  \"json.schemas\": [{\"fileMatch\": [\"styles/*.json\"], \"url\": "
+                        "\"./style.schema.json\"}]"},
+        .statuses = {{0, "The schema is printed"}, {2, "Wrong usage"}},
+        .examples = {{"make a schema file", "customstyle schema > style.schema.json"}},
+        .run = printSchema};
 }
 
+const Registration registration(schemaCommand);
+
+}  // namespace
 }  // namespace customstyle_tool

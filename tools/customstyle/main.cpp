@@ -1,25 +1,22 @@
-// The command-line tool: lets a style author and an engine developer ask what the renderer would be told.
-#include <fmt/format.h>
-
-#include <CLI/CLI.hpp>
-#include <algorithm>
+// The command-line tool: lets a style author and an engine developer ask what the renderer receives.
 #include <cstdio>
-#include <iostream>
+#include <functional>
 #include <new>
 #include <system_error>
 
 #include "tools/customstyle/Command.h"
+#include "tools/customstyle/CommandLine.h"
 #include "tools/customstyle/Console.h"
-#include "tools/customstyle/Usage.h"
+#include "tools/customstyle/HelpText.h"
 
 namespace {
 
 using namespace customstyle_tool;
 
 // What fails in the middle is nearly always the output: a full disk.
-int runToTheEnd(const Command& command) {
+int runToTheEnd(const std::function<int()>& run) {
     try {
-        return withOutputWritten(command.run());
+        return withOutputWritten(run());
     } catch (const std::bad_alloc&) {
         return complain("there is not enough memory for this");
     } catch (const std::system_error& error) {
@@ -28,27 +25,29 @@ int runToTheEnd(const Command& command) {
     }
 }
 
+int answer(const std::string& text) {
+    return runToTheEnd([&] {
+        print(text);
+        return kGood;
+    });
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): without memory for its options the tool may as well end.
 int main(int argumentCount, char** arguments) {
-    CLI::App program("Custom map styles: what the renderer is told for its style ids.", "customstyle");
-    program.require_subcommand(1);
-    program.set_version_flag("--version", "customstyle " CUSTOMSTYLE_VERSION, "Print the version and exit");
-    program.footer("Exit status: 0 good, 1 the files are not good, 2 wrong usage. Diagnostics go to standard error.");
-    const Command commands[] = {
-        checkCommand(program),   queryCommand(program),  dumpCommand(program),
-        explainCommand(program), diffCommand(program),   testCommand(program),
-        schemaCommand(program),  formatCommand(program), minifyCommand(program),
-    };
-    try {
-        program.parse(argumentCount, arguments);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return withOutputWritten(program.exit(error));  // help and version
-        fmt::print(stderr, "{}", usageProblem(program, error));
-        return kMisuse;
+    const std::vector<Command> commands = registeredCommands();
+    const Request request = requestOf({arguments + 1, arguments + argumentCount}, commands);
+    switch (request.kind) {
+        case Request::Kind::Run:
+            return runToTheEnd(request.command->run);
+        case Request::Kind::Help:
+            return answer(request.command == nullptr ? programHelp(commands) : commandHelp(*request.command));
+        case Request::Kind::Version:
+            return answer("customstyle " CUSTOMSTYLE_VERSION "\n");
+        case Request::Kind::Problem:
+            std::fputs(request.problem.c_str(), stderr);
+            break;
     }
-    const auto* const chosen =
-        std::ranges::find_if(commands, [](const Command& each) { return each.options->parsed(); });
-    return runToTheEnd(*chosen);
+    return kMisuse;
 }
