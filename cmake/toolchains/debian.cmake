@@ -17,7 +17,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The packages' own libraries name each other (ICU's data).
-add_link_options(-Wl,-rpath-link,${packages}/usr/lib/${libraries})
 set(CMAKE_CROSSCOMPILING_EMULATOR
     ${emulator};-L;/usr/${compiler};-E;LD_LIBRARY_PATH=${packages}/usr/lib/${libraries})

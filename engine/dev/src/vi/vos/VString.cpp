@@ -1,33 +1,86 @@
 #include "vi/vos/VString.h"
 
-#include <unicode/ustring.h>
+#include <utf8/core.h>
+#include <utf8/unchecked.h>
 
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
-#include <limits>
+#include <iterator>
 #include <string_view>
 
 namespace _orvik_vi {
 namespace {
 
-constexpr UChar32 kReplacement = 0xFFFD;
+constexpr char16_t kReplacement = 0xFFFD;
 
 bool isAscii(char unit) {
     return static_cast<unsigned char>(unit) < 0x80;
 }
 
+struct ByteRange {
+    unsigned char first;
+    unsigned char last;
+
+    bool contains(unsigned char byte) const { return byte >= first && byte <= last; }
+};
+
+// Bytes of a character after its lead byte; none for a byte that leads no character.
+std::size_t followersOf(unsigned char lead) {
+    if (ByteRange{0xC2, 0xDF}.contains(lead)) return 1;
+    if (ByteRange{0xE0, 0xEF}.contains(lead)) return 2;
+    return ByteRange{0xF0, 0xF4}.contains(lead) ? 3 : 0;
+}
+
+// What may follow a lead byte at once, so that no character is overlong, a surrogate or beyond U+10FFFF.
+ByteRange secondOf(unsigned char lead) {
+    switch (lead) {
+        case 0xE0:
+            return {0xA0, 0xBF};
+        case 0xED:
+            return {0x80, 0x9F};
+        case 0xF0:
+            return {0x90, 0xBF};
+        case 0xF4:
+            return {0x80, 0x8F};
+        default:
+            return {0x80, 0xBF};
+    }
+}
+
+// Length of a malformed sequence: the longest beginning of a character, at least one byte.
+std::size_t malformedLength(std::string_view utf8) {
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
+    const std::size_t end = std::min(utf8.size(), 1 + followersOf(byteAt(0)));
+    ByteRange allowed = secondOf(byteAt(0));
+    std::size_t length = 1;
+    for (; length < end && allowed.contains(byteAt(length)); ++length) allowed = {0x80, 0xBF};
+    return length;
+}
+
 std::u16string decoded(std::string_view utf8) {
     // ASCII reads the same in both forms.
     if (std::ranges::all_of(utf8, isAscii)) return {utf8.begin(), utf8.end()};
-    // One byte never becomes more than one UTF-16 unit.
-    std::u16string utf16(std::min<std::size_t>(utf8.size(), std::numeric_limits<std::int32_t>::max()), u'\0');
-    std::int32_t length = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(utf16.data(), static_cast<std::int32_t>(utf16.size()), &length, utf8.data(),
-                         static_cast<std::int32_t>(utf16.size()), kReplacement, nullptr, &status);
-    utf16.resize(static_cast<std::size_t>(length));
-    return utf16;
+    std::u16string utf16;
+    while (true) {
+        const char* const wellFormedEnd = utf8::find_invalid(utf8.data(), utf8.data() + utf8.size());
+        utf8::unchecked::utf8to16(utf8.data(), wellFormedEnd, std::back_inserter(utf16));
+        utf8.remove_prefix(static_cast<std::size_t>(wellFormedEnd - utf8.data()));
+        if (utf8.empty()) return utf16;
+        utf16 += kReplacement;
+        utf8.remove_prefix(malformedLength(utf8));
+    }
+}
+
+// The character at a position: a unit, a pair, or for half of a pair the replacement character.
+char32_t characterAt(std::u16string_view text, std::size_t position) {
+    const auto isHigh = [](char16_t unit) { return (unit & 0xFC00) == 0xD800; };
+    const auto isLow = [](char16_t unit) { return (unit & 0xFC00) == 0xDC00; };
+    const char16_t unit = text[position];
+    if (isLow(unit)) return kReplacement;
+    if (!isHigh(unit)) return unit;
+    if (position + 1 == text.size() || !isLow(text[position + 1])) return kReplacement;
+    return 0x10000U + ((unit & 0x3FFU) << 10) + (text[position + 1] & 0x3FFU);
 }
 
 }  // namespace
@@ -92,12 +145,13 @@ void CVString::Format(const char* format, ...) {
 }
 
 std::string CVString::ToUtf8() const {
-    std::string utf8(3 * m_text.size(), '\0');  // one UTF-16 unit becomes at most three bytes
-    std::int32_t length = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    u_strToUTF8WithSub(utf8.data(), static_cast<std::int32_t>(utf8.size()), &length, m_text.data(),
-                       static_cast<std::int32_t>(m_text.size()), kReplacement, nullptr, &status);
-    utf8.resize(static_cast<std::size_t>(length));
+    std::string utf8;
+    utf8.reserve(m_text.size());
+    for (std::size_t i = 0; i < m_text.size(); ++i) {
+        const char32_t character = characterAt(m_text, i);
+        if (character > 0xFFFF) ++i;
+        utf8::unchecked::append(character, std::back_inserter(utf8));
+    }
     return utf8;
 }
 
