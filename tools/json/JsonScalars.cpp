@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <iterator>
-#include <limits>
+#include <string>
 #include <system_error>
 #include <variant>
 
@@ -26,25 +27,6 @@ std::size_t behindExponent(std::string_view text, std::size_t at) {
     if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) ++digits;
     const std::size_t end = behindDigits(text, digits);
     return end == digits ? at : end;
-}
-
-long long exponentOf(std::string_view digits) {
-    if (digits.starts_with('+')) digits.remove_prefix(1);
-    long long exponent = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-    if (error == std::errc()) return exponent;
-    constexpr long long kBeyondAnyText = std::numeric_limits<long long>::max() / 2;
-    return digits.starts_with('-') ? -kBeyondAnyText : kBeyondAnyText;
-}
-
-// Whether a number that no double holds is too far from 0, and not too near.
-bool isHuge(std::string_view number) {
-    const std::size_t letter = number.find_first_of("eE");
-    const std::string_view mantissa = number.substr(0, letter);
-    const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
-    const auto leadingDigit = static_cast<long long>(mantissa.find_first_of("123456789"));
-    const long long exponent = letter == std::string_view::npos ? 0 : exponentOf(number.substr(letter + 1));
-    return point - leadingDigit + exponent > 0;
 }
 
 // ---- Escapes --------------------------------------------------------------------------------------------------------
@@ -142,11 +124,8 @@ std::size_t numberLength(std::string_view text) {
 }
 
 double numberValue(std::string_view number) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (error != std::errc::result_out_of_range) return value;
-    const double size = isHuge(number) ? std::numeric_limits<double>::infinity() : 0.0;
-    return number.starts_with('-') ? -size : size;
+    // A double that does not reach is infinite, or 0, as it is for the component.
+    return std::strtod(std::string(number).c_str(), nullptr);
 }
 
 std::size_t closingQuote(std::string_view text, std::size_t at) {
