@@ -2,6 +2,7 @@
 // class.
 #include <string>
 
+#include "customstyle/StoredRecords.h"
 #include "fuzz/support/FuzzInput.h"
 #include "fuzz/support/Inspection.h"
 #include "fuzz/support/LoadAccounts.h"
@@ -13,6 +14,7 @@ using namespace customstyle_fuzz;
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::CVString;
+using _orvik_framework::storedKey;
 using _orvik_framework::tagCustomStyle;
 
 constexpr int kTypes[] = {0, 1, 4, 13, 28, 45, 53, 70, 71, 72};
@@ -20,14 +22,10 @@ constexpr int kLevels[] = {4, 5, 12, 21, 31, 32, 33, 0, -1, 2147483647, -2147483
 constexpr int kIds[] = {1, 2, 3, 40, 41, 0x7fffffff, -1, -2147483647 - 1, 0, 1000};
 constexpr const char* kElements[] = {"all", "labels", "geometry", "stroke", "fill", "topsurface", "icon", "other"};
 
-void* keyOf(int id) {
-    return reinterpret_cast<void*>(static_cast<std::intptr_t>(id));
-}
-
 void addBase(CustomConfig& config, FuzzInput& input) {
     CVMapPtrToPtr& records = config.m_typeStyleMaps[input.oneOf(kTypes)];
     const int id = input.oneOf(kIds);
-    void*& place = records[keyOf(id)];
+    void*& place = records[storedKey(id)];
     if (place != nullptr) return;
     auto* record = _orvik_vi::VNewArray<tagCustomStyle>(1);
     record->m_ID = id;
@@ -67,7 +65,7 @@ void changeByHand(CustomConfig& config, FuzzInput& input) {
     const std::string key = std::to_string(input.oneOf(kTypes));
     switch (input.below(4)) {
         case 0:
-            slot[keyOf(input.oneOf(kIds))];  // without a record where it is new
+            slot[storedKey(input.oneOf(kIds))];  // without a record where it is new
             return;
         case 1:
             config.m_styleEffectLevels[key + ":" + std::to_string(input.oneOf(kLevels))] = input.byte() % 3;

@@ -7,6 +7,7 @@
 
 #include "bench/support/MapFiles.h"
 #include "bench/support/StyleStreams.h"
+#include "customstyle/StoredRecords.h"
 #include "vi/vos/VJson.h"
 
 namespace customstyle_bench {
@@ -29,12 +30,7 @@ Tree parsed(const std::string& text) {
 std::vector<unsigned int> mappedIds(const CustomConfig& config) {
     std::set<unsigned int> ids;
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            ids.insert(static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(key)));
-        }
+        for (const StoredRecord& entry : StoredRecords(records)) ids.insert(entry.styleId());
     }
     return {ids.begin(), ids.end()};
 }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "customstyle/StoredRecords.h"
 #include "fuzz/support/Require.h"
 #include "tests/support/TestStore.h"
 
@@ -10,22 +11,14 @@ namespace customstyle_fuzz {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 using _orvik_framework::tagCustomStyle;
 
 namespace {
 
 constexpr int kUntouched = -12345;
-
-template <typename Visit>
-void visitRecords(const CVMapPtrToPtr& records, Visit visit) {
-    for (void* position = records.GetStartPosition(); position != nullptr;) {
-        void* key = nullptr;
-        void* record = nullptr;
-        records.GetNextAssoc(position, key, record);
-        visit(reinterpret_cast<std::intptr_t>(key), static_cast<const tagCustomStyle*>(record));
-    }
-}
 
 struct Answer {
     Answer() { style.m_ID = kUntouched; }
@@ -83,9 +76,9 @@ void requireSwitchedOff(const Styles& styles, const CustomConfig& config) {
 std::set<unsigned> idsToAsk(const CustomConfig& config) {
     std::set<unsigned> ids = {0, 1, 77777, 0x7fffffff, 0x80000000, 0xffffffff};
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        visitRecords(records, [&](std::intptr_t id, const tagCustomStyle*) {
-            if (ids.size() < 16) ids.insert(static_cast<unsigned>(id));
-        });
+        for (const StoredRecord& entry : StoredRecords(records)) {
+            if (ids.size() < 16) ids.insert(entry.styleId());
+        }
     }
     return ids;
 }
@@ -117,15 +110,16 @@ void requireSoundStore(const CustomConfig& config) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
         require(slots.insert(slot).second && slot - config.m_levelStyleMaps < config.m_usedLevelSlots, "slots in use");
         require(slot->GetCount() == config.m_typeStyleMaps[std::stoi(key)].GetCount(), "a record for each base record");
-        visitRecords(*slot, [](std::intptr_t id, const tagCustomStyle* record) {
-            require(record != nullptr && record->m_ID == id, "records stand under their ids");
-        });
+        for (const StoredRecord& entry : StoredRecords(*slot)) {
+            require(entry.record != nullptr && entry.record->m_ID == entry.number(), "records stand under their ids");
+        }
     }
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        visitRecords(records, [](std::intptr_t id, const tagCustomStyle* record) {
-            require(record->m_ID == id && record->m_custom == 0 && record->m_fillColor == 0,
+        for (const StoredRecord& entry : StoredRecords(records)) {
+            const tagCustomStyle& record = *entry.record;
+            require(record.m_ID == entry.number() && record.m_custom == 0 && record.m_fillColor == 0,
                     "base records are untouched");
-        });
+        }
     }
 }
 

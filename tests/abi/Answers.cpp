@@ -7,8 +7,8 @@
 #include <set>
 #include <string>
 
+#include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
-#include "customstyle/model/RecordStorage.h"
 #include "tests/support/TestStore.h"
 #include "vi/vos/VLog.h"
 
@@ -25,9 +25,7 @@ constexpr int kHighest = std::numeric_limits<int>::max();
 StyleIds styleIdsToAsk(const CustomConfig& config) {
     StyleIds ids = {0, 1, kHighest};
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        forEachRecord(records, [&](void*, const tagCustomStyle& record) {
-            ids.insert({static_cast<unsigned int>(record.m_ID), static_cast<unsigned int>(record.m_ID) + 1});
-        });
+        for (const StoredRecord& entry : StoredRecords(records)) ids.insert({entry.styleId(), entry.styleId() + 1});
     }
     return ids;
 }
@@ -52,7 +50,7 @@ void printStore(const CustomConfig& config) {
         const CVMapPtrToPtr& slot = config.m_levelStyleMaps[used];
         const std::string& key = keys.at(&slot);
         std::cout << "key " << key << " in effect " << config.m_styleEffectLevels.at(key) << '\n';
-        forEachRecord(slot, [](void*, const tagCustomStyle& record) { print(record); });
+        for (const StoredRecord& entry : StoredRecords(slot)) print(*entry.record);
     }
 }
 

@@ -4,8 +4,8 @@
 #include <limits>
 #include <string>
 
+#include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
-#include "customstyle/model/RecordStorage.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {

@@ -19,7 +19,7 @@ using testing::IsEmpty;
 TEST(Null, AsAMappingHasNoFeatureTypes) {
     CustomConfig config;
     EXPECT_EQ(config.ParseMappingConfig(nullptr), 0);
-    EXPECT_EQ(config.m_typeStyleMaps[0].GetStartPosition(), nullptr);
+    EXPECT_EQ(config.m_typeStyleMaps[0].GetCount(), 0);
 }
 
 TEST(Null, AsAStyleHasNoRules) {

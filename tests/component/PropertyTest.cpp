@@ -1,6 +1,7 @@
 // Whatever the files hold, the store keeps its order and the answers agree with it.
 #include <gtest/gtest.h>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/component/StoreInvariants.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
@@ -9,6 +10,9 @@
 
 namespace customstyle_test {
 namespace {
+
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 
 // ---- Random files ---------------------------------------------------------------------------------------------------
 
@@ -68,9 +72,9 @@ TEST_P(RandomRules, GiveTheSameStoreAtOnceAndOneByOne) {
     m_log.take();
     ASSERT_EQ(other.m_usedLevelSlots, m_config.m_usedLevelSlots);
     for (const auto& slot : m_config.m_keyStyleMaps) {
-        visitRecords(*slot.second, [&](std::intptr_t id, const tagCustomStyle* record) {
-            EXPECT_EQ(*recordAt(other, slot.first, static_cast<int>(id)), *record) << slot.first;
-        });
+        for (const StoredRecord& entry : StoredRecords(*slot.second)) {
+            EXPECT_EQ(*recordAt(other, slot.first, entry.id()), *entry.record) << slot.first;
+        }
     }
 }
 

@@ -5,16 +5,20 @@
 #include <set>
 #include <vector>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
 
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
+
 // ---- The store ------------------------------------------------------------------------------------------------------
 
 std::vector<std::intptr_t> idsOf(const CVMapPtrToPtr& records) {
     std::vector<std::intptr_t> ids;
-    visitRecords(records, [&](std::intptr_t id, const tagCustomStyle*) { ids.push_back(id); });
+    for (const StoredRecord& entry : StoredRecords(records)) ids.push_back(entry.number());
     return ids;
 }
 
@@ -25,8 +29,7 @@ void expectPair(Value value, int applies) {
     EXPECT_TRUE(applies == 1 || value == 0) << +value;
 }
 
-void expectSoundRecord(std::intptr_t key, const tagCustomStyle& record) {
-    EXPECT_EQ(key, record.m_ID);
+void expectSoundRecord(const tagCustomStyle& record) {
     expectPair(record.m_textFillColor, record.m_textFillColorSet);
     expectPair(record.m_textStrokeColor, record.m_textStrokeColorSet);
     expectPair(record.m_textFillWeight, record.m_textFillWeightSet);
@@ -66,7 +69,10 @@ void expectSound(const CustomConfig& config) {
         expectSoundKey(key);
         slots.insert(slot - config.m_levelStyleMaps);
         EXPECT_EQ(idsOf(*slot), idsOf(config.m_typeStyleMaps[std::stoi(key)])) << key;
-        visitRecords(*slot, [](std::intptr_t id, const tagCustomStyle* record) { expectSoundRecord(id, *record); });
+        for (const StoredRecord& entry : StoredRecords(*slot)) {
+            EXPECT_EQ(entry.number(), entry.record->m_ID);
+            expectSoundRecord(*entry.record);
+        }
     }
     EXPECT_EQ(slots.size(), config.m_keyStyleMaps.size());
     EXPECT_EQ(static_cast<int>(slots.size()), config.m_usedLevelSlots);
@@ -89,9 +95,7 @@ void expectEffectsAgree(const CustomConfig& config) {
 
 void expectBaseUntouched(const CustomConfig& config) {
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        visitRecords(records, [](std::intptr_t id, const tagCustomStyle* record) {
-            ASSERT_EQ(*record, baseRecord(static_cast<int>(id)));
-        });
+        for (const StoredRecord& entry : StoredRecords(records)) ASSERT_EQ(*entry.record, baseRecord(entry.id()));
     }
     EXPECT_EQ(config.m_typeStyleMaps[72].GetCount(), 0);
 }
@@ -123,9 +127,9 @@ const tagCustomStyle* effectiveRecord(const CustomConfig& config, int type, int 
     const auto slot = config.m_keyStyleMaps.find(config.m_keyStyleMaps.contains(levelKey) ? levelKey : typeKey);
     const bool canBeFound = styleId >= 0 || sizeof(void*) == sizeof styleId;
     if (slot == config.m_keyStyleMaps.end() || !canBeFound) return nullptr;
-    visitRecords(*slot->second, [&](std::intptr_t id, const tagCustomStyle* record) {
-        if (id == styleId) found = record;
-    });
+    for (const StoredRecord& entry : StoredRecords(*slot->second)) {
+        if (entry.number() == styleId) found = entry.record;
+    }
     return found;
 }
 

@@ -13,17 +13,6 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::tagCustomStyle;
 
-/// Calls `visit(std::intptr_t key, const tagCustomStyle* record)` for each entry of a map.
-template <typename Visit>
-void visitRecords(const CVMapPtrToPtr& records, Visit visit) {
-    for (void* position = records.GetStartPosition(); position != nullptr;) {
-        void* key = nullptr;
-        void* value = nullptr;
-        records.GetNextAssoc(position, key, value);
-        visit(reinterpret_cast<std::intptr_t>(key), static_cast<const tagCustomStyle*>(value));
-    }
-}
-
 /// Keys and slots belong together one to one, the slots in use are the first ones, and each of them holds sound records
 /// of its type's style ids.
 void expectSound(const CustomConfig& config);

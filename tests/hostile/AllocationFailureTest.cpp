@@ -5,6 +5,7 @@
 #include <new>
 #include <set>
 
+#include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
 #include "tests/support/FailingHeaps.h"
 #include "tests/support/FaultyMemory.h"
@@ -16,6 +17,8 @@ namespace customstyle_test {
 namespace {
 
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 using Failures = FailingHeaps::Failures;
 
@@ -24,15 +27,12 @@ constexpr std::size_t kEndless = 100000;
 
 std::set<int> idsOf(const CVMapPtrToPtr& records) {
     std::set<int> ids;
-    for (void* position = records.GetStartPosition(); position != nullptr;) {
-        void* key = nullptr;
-        void* record = nullptr;
-        records.GetNextAssoc(position, key, record);
+    for (const StoredRecord& entry : StoredRecords(records)) {
         // A record that could not be made leaves no trace, so there is none without content.
-        EXPECT_NE(record, nullptr);
-        if (record == nullptr) continue;
-        ids.insert(static_cast<const tagCustomStyle*>(record)->m_ID);
-        EXPECT_EQ(reinterpret_cast<std::intptr_t>(key), static_cast<const tagCustomStyle*>(record)->m_ID);
+        EXPECT_NE(entry.record, nullptr);
+        if (entry.record == nullptr) continue;
+        ids.insert(entry.record->m_ID);
+        EXPECT_EQ(entry.number(), entry.record->m_ID);
     }
     return ids;
 }

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/OpenFiles.h"
@@ -16,6 +17,8 @@
 
 namespace customstyle_test {
 namespace {
+
+using _orvik_framework::StoredRecords;
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
@@ -223,12 +226,8 @@ TEST_P(StyleIdNumber, IsHeldWithinTheRange) {
     CustomConfig config;
     config.ParseMappingConfig(parsed("{\"land\":[" + std::string(GetParam().number) + "]}").get());
     EXPECT_EQ(config.m_typeStyleMaps[0].GetCount(), GetParam().styleId == 0 ? 0 : 1);
-    void* position = config.m_typeStyleMaps[0].GetStartPosition();
-    if (position == nullptr) return;
-    void* key = nullptr;
-    void* record = nullptr;
-    config.m_typeStyleMaps[0].GetNextAssoc(position, key, record);
-    EXPECT_EQ(static_cast<tagCustomStyle*>(record)->m_ID, GetParam().styleId);
+    const tagCustomStyle* const record = StoredRecords(config.m_typeStyleMaps[0]).first().record;
+    EXPECT_EQ(record == nullptr ? 0 : record->m_ID, GetParam().styleId);
 }
 
 INSTANTIATE_TEST_SUITE_P(HostileFiles, StyleIdNumber,

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
@@ -10,6 +11,8 @@ namespace customstyle_test {
 namespace {
 
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -33,15 +36,10 @@ Tree mappingWithout(const char* type) {
 /// The ids of a type's records in their order; every record must be filed under its own id and else be zero.
 std::vector<int> styleIds(const CustomConfig& config, int featureType) {
     std::vector<int> ids;
-    const CVMapPtrToPtr& records = config.m_typeStyleMaps[featureType];
-    for (void* position = records.GetStartPosition(); position != nullptr;) {
-        void* key = nullptr;
-        void* value = nullptr;
-        records.GetNextAssoc(position, key, value);
-        const auto& record = *static_cast<const tagCustomStyle*>(value);
-        EXPECT_EQ(reinterpret_cast<std::intptr_t>(key), record.m_ID);
-        EXPECT_EQ(record, baseRecord(record.m_ID));
-        ids.push_back(record.m_ID);
+    for (const StoredRecord& entry : StoredRecords(config.m_typeStyleMaps[featureType])) {
+        EXPECT_EQ(entry.number(), entry.record->m_ID);
+        EXPECT_EQ(*entry.record, baseRecord(entry.record->m_ID));
+        ids.push_back(entry.record->m_ID);
     }
     return ids;
 }

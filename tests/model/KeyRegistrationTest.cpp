@@ -4,13 +4,18 @@
 #include <algorithm>
 #include <limits>
 #include <string>
+#include <vector>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/model/BaseRecords.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
+
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 
 constexpr int kIntMin = std::numeric_limits<int>::min();
 constexpr int kHighway = 13;
@@ -148,13 +153,9 @@ TEST_F(StoreUpdate, ARecordIsAWholeCopyOfItsOwn) {
 TEST_F(StoreUpdate, TheOrderOfTheBaseRecordsIsThatOfTheCopies) {
     for (const int styleId : {30, 10, 20}) addBaseRecord(m_config, kHighway, styleId);
     update(kHighway, 1, 0);
-    void* position = m_config.m_keyStyleMaps.at("13")->GetStartPosition();
-    for (const int styleId : {30, 10, 20}) {
-        void* key = nullptr;
-        void* record = nullptr;
-        m_config.m_keyStyleMaps.at("13")->GetNextAssoc(position, key, record);
-        EXPECT_EQ(key, recordKey(styleId));
-    }
+    std::vector<int> styleIds;
+    for (const StoredRecord& entry : StoredRecords(*m_config.m_keyStyleMaps.at("13"))) styleIds.push_back(entry.id());
+    EXPECT_EQ(styleIds, (std::vector{30, 10, 20}));
 }
 
 TEST_F(StoreUpdate, OtherTypesHaveNoPartInASlot) {

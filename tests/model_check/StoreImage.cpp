@@ -2,10 +2,14 @@
 
 #include <set>
 
+#include "customstyle/StoredRecords.h"
+
 namespace customstyle_test::model {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::tagCustomStyle;
 
 Record fieldsOf(const tagCustomStyle& s) {
@@ -48,12 +52,8 @@ void addRecord(Image& image, const std::string& name, int styleId, const Record&
 }
 
 void addRecords(Image& image, const std::string& map, const CVMapPtrToPtr& records) {
-    for (void* position = records.GetStartPosition(); position != nullptr;) {
-        void* key = nullptr;
-        void* value = nullptr;
-        records.GetNextAssoc(position, key, value);
-        const auto& record = *static_cast<const tagCustomStyle*>(value);
-        addRecord(image, nameOf(map, reinterpret_cast<std::intptr_t>(key)), record.m_ID, fieldsOf(record));
+    for (const StoredRecord& entry : StoredRecords(records)) {
+        addRecord(image, nameOf(map, entry.number()), entry.record->m_ID, fieldsOf(*entry.record));
     }
 }
 

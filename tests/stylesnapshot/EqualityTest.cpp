@@ -6,6 +6,7 @@
 #include <random>
 #include <set>
 
+#include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
@@ -15,6 +16,8 @@ namespace {
 
 using _orvik_framework::BorrowedStyle;
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 
 constexpr int kLowest = std::numeric_limits<int>::min();
@@ -91,12 +94,9 @@ private:
     void changeByHand() {
         if (m_config.m_usedLevelSlots == 0) return;
         CVMapPtrToPtr& slot = m_config.m_levelStyleMaps[pick(0, m_config.m_usedLevelSlots - 1)];
-        void* position = slot.GetStartPosition();
-        if (position == nullptr) return;
-        void* key = nullptr;
-        void* record = nullptr;
-        slot.GetNextAssoc(position, key, record);
-        if (record != nullptr) static_cast<tagCustomStyle*>(record)->m_ID = pickStyleId();
+        if (slot.GetCount() == 0) return;
+        tagCustomStyle* const record = StoredRecords(slot).first().record;
+        if (record != nullptr) record->m_ID = pickStyleId();
         slot[reinterpret_cast<void*>(std::uintptr_t(pick(0, 40)))];  // a key without a record, where it is new
         if (chance(3)) m_config.m_styleEffectLevels["13:15"] = pick(0, 2);
         if (chance(3)) m_config.m_keyStyleMaps["9"] = nullptr;
@@ -112,12 +112,7 @@ private:
 std::set<unsigned> styleIdsToAsk(const CustomConfig& config) {
     std::set<unsigned> ids = {0, 1, 41, 77777, 0x7fffffff, 0x80000000, 0xffffffff};
     const auto collect = [&](const CVMapPtrToPtr& records) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            ids.insert(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(key)));
-        }
+        for (const StoredRecord& entry : StoredRecords(records)) ids.insert(entry.styleId());
     };
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) collect(records);
     for (const CVMapPtrToPtr& records : config.m_levelStyleMaps) collect(records);

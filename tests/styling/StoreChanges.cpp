@@ -2,12 +2,15 @@
 
 #include <map>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
 
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 
 template <typename Value>
 struct NamedField {
@@ -98,13 +101,7 @@ tagCustomStyle markedRecord(int styleId) {
 std::unique_ptr<CustomConfig> markedStore() {
     std::unique_ptr<CustomConfig> store = loadedWith({});
     for (const CVMapPtrToPtr& records : store->m_typeStyleMaps) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* value = nullptr;
-            records.GetNextAssoc(position, key, value);
-            auto& record = *static_cast<tagCustomStyle*>(value);
-            record = markedRecord(record.m_ID);
-        }
+        for (const StoredRecord& entry : StoredRecords(records)) *entry.record = markedRecord(entry.record->m_ID);
     }
     return store;
 }

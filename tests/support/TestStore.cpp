@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <tuple>
 
+#include "customstyle/StoredRecords.h"
 #include "customstyle/model/FeatureTypeTable.h"
-#include "customstyle/model/RecordStorage.h"
 
 namespace _orvik_framework {
 namespace {

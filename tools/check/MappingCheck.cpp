@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/StoredRecords.h"
 #include "tools/check/DocumentFindings.h"
 #include "tools/check/LoadLog.h"
 #include "tools/json/JsonScalars.h"
@@ -45,7 +46,7 @@ public:
 
     bool canBeFound(int styleId) {
         slot().RemoveAll();
-        slot()[reinterpret_cast<void*>(static_cast<std::intptr_t>(styleId))] = &m_record;
+        slot()[_orvik_framework::storedKey(styleId)] = &m_record;
         const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
         const bool found = ask(*m_config, static_cast<unsigned int>(styleId), 0).featureType == 0;
         g_zrsdk_custom_style_enable = wasEnabled;

@@ -2,21 +2,23 @@
 
 #include <algorithm>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/LogRecording.h"
 
 namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::StoredRecords;
 
 constexpr std::uint64_t kFirstMark = 0x5A5A5A5A5A5A5A5A;
 constexpr std::uint64_t kSecondMark = ~kFirstMark;
 
 void markRecords(CustomConfig& config, std::uint64_t mark) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        forEachSlotRecord(*slot, [&](int, tagCustomStyle& record) {
-            for (const StyleField& field : styleFields()) setValue(field, record, mark);
-        });
+        for (const auto& entry : StoredRecords(*slot)) {
+            for (const StyleField& field : styleFields()) setValue(field, *entry.record, mark);
+        }
     }
 }
 

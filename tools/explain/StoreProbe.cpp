@@ -1,5 +1,6 @@
 #include "tools/explain/StoreProbe.h"
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/LogRecording.h"
 #include "tools/replay/StoreImage.h"
 #include "tools/replay/StyleKey.h"
@@ -8,22 +9,25 @@ namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::findRecord;
+using _orvik_framework::queriedKey;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::tagCustomStyle;
 
 void showEveryIcon(CustomConfig& config) {
     config.m_allIconsHidden = 0;
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        forEachSlotRecord(*slot, [](int, tagCustomStyle& record) { record.m_iconHidden = 0; });
+        for (const auto& entry : StoredRecords(*slot)) entry.record->m_iconHidden = 0;
     }
 }
 
 void nameLandRecords(CustomConfig& config) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
         if (parsedKey(key).featureType != _orvik_framework::EMAPCUSTOMSTYLE_LAND) continue;
-        forEachSlotRecord(*slot, [](int styleId, tagCustomStyle& record) {
-            record.m_fillColor = static_cast<unsigned int>(styleId);
-            record.m_custom = 1;
-        });
+        for (const auto& entry : StoredRecords(*slot)) {
+            entry.record->m_fillColor = entry.styleId();
+            entry.record->m_custom = 1;
+        }
     }
 }
 
@@ -31,10 +35,9 @@ void setIcon(const CustomConfig& config, int featureType, int level, unsigned in
     const std::string typeKey = std::to_string(featureType);
     for (const std::string& key : {typeKey, typeKey + ":" + std::to_string(level)}) {
         const auto slot = config.m_keyStyleMaps.find(key);
-        void* record = nullptr;
         if (slot == config.m_keyStyleMaps.end()) continue;
-        if (!slot->second->Lookup(reinterpret_cast<void*>(std::uintptr_t{styleId}), record)) continue;
-        static_cast<tagCustomStyle*>(record)->m_iconHidden = hidden;
+        tagCustomStyle* const record = findRecord(*slot->second, queriedKey(styleId));
+        if (record != nullptr) record->m_iconHidden = hidden;
     }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/StoreImage.h"
 #include "tools/support/DefaultMapping.h"
 #include "tools/support/FeatureTypes.h"
@@ -14,6 +15,7 @@ namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::findRecord;
 using _orvik_framework::tagCustomStyle;
 
 constexpr int kFirstPairId = 100000;
@@ -28,10 +30,7 @@ std::string keyInEffect(const CustomConfig& config, int featureType, int level) 
 const tagCustomStyle* recordInEffect(const CustomConfig& config, int featureType, int level) {
     const auto slot = config.m_keyStyleMaps.find(keyInEffect(config, featureType, level));
     if (slot == config.m_keyStyleMaps.end()) return nullptr;
-    void* record = nullptr;
-    const auto styleId = static_cast<std::uintptr_t>(defaultStyleId(featureType));
-    slot->second->Lookup(reinterpret_cast<void*>(styleId), record);
-    return static_cast<const tagCustomStyle*>(record);
+    return findRecord(*slot->second, _orvik_framework::storedKey(defaultStyleId(featureType)));
 }
 
 // Of a record that is not customised, the renderer learns the icon flag only.

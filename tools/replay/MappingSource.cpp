@@ -4,22 +4,18 @@
 #include <cstdint>
 #include <limits>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/SingleRules.h"
 #include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::StoredRecords;
 
 StyleIdsByType::StyleIdsByType(const CustomConfig& config) : m_ids(_orvik_framework::kFeatureTypeCount) {
     for (std::size_t type = 0; type < m_ids.size(); ++type) {
-        const auto& records = config.m_typeStyleMaps[type];
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            m_ids[type].push_back(static_cast<int>(reinterpret_cast<std::intptr_t>(key)));
-        }
+        for (const auto& entry : StoredRecords(config.m_typeStyleMaps[type])) m_ids[type].push_back(entry.id());
     }
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/StoreImage.h"
 #include "tools/replay/StyleKey.h"
 #include "tools/support/Answers.h"
@@ -14,6 +15,9 @@ namespace {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::findRecord;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::tagCustomStyle;
 
 // The questions that may be answered differently.
@@ -44,15 +48,9 @@ bool isSameRecord(const tagCustomStyle& left, const tagCustomStyle& right) {
 void addQuestionsOfKey(Questions& questions, const std::string& key, const CVMapPtrToPtr& slot,
                        const CVMapPtrToPtr* otherSlot) {
     const LevelSet levels = levelsOfKey(key);
-    for (void* position = slot.GetStartPosition(); position != nullptr;) {
-        void* styleId = nullptr;
-        void* record = nullptr;
-        void* otherRecord = nullptr;
-        slot.GetNextAssoc(position, styleId, record);
-        const bool isSame =
-            otherSlot != nullptr && otherSlot->Lookup(styleId, otherRecord) &&
-            isSameRecord(*static_cast<tagCustomStyle*>(record), *static_cast<tagCustomStyle*>(otherRecord));
-        if (!isSame) questions[static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(styleId))] |= levels;
+    for (const StoredRecord& entry : StoredRecords(slot)) {
+        const tagCustomStyle* other = otherSlot == nullptr ? nullptr : findRecord(*otherSlot, entry.key);
+        if (other == nullptr || !isSameRecord(*entry.record, *other)) questions[entry.styleId()] |= levels;
     }
 }
 

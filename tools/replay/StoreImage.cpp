@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/StyleKey.h"
 #include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::tagCustomStyle;
 
 StoreImage::StoreImage(const CustomConfig& config)
@@ -29,7 +32,7 @@ StoreImage::StoreImage(const CustomConfig& config, const std::set<int>& featureT
 
 void StoreImage::addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot) {
     std::vector<ImageRecord>& records = m_slots[key];
-    forEachSlotRecord(slot, [&](int styleId, const tagCustomStyle& record) { records.push_back({styleId, record}); });
+    for (const StoredRecord& entry : StoredRecords(slot)) records.push_back({entry.id(), *entry.record});
 }
 
 bool StoreImage::operator==(const StoreImage& other) const {
@@ -47,8 +50,9 @@ bool StoreImage::operator==(const StoreImage& other) const {
 void StoreImage::restore(CustomConfig& config) const {
     for (const auto& [key, records] : m_slots) {
         auto saved = records.begin();
-        forEachSlotRecord(*config.m_keyStyleMaps.at(key),
-                          [&](int, tagCustomStyle& record) { record = (saved++)->style; });
+        for (const StoredRecord& entry : StoredRecords(*config.m_keyStyleMaps.at(key))) {
+            *entry.record = (saved++)->style;
+        }
     }
     config.m_gridColor = m_gridColor;
     config.m_gridColorSet = m_gridColorSet ? 1 : 0;

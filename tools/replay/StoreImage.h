@@ -53,17 +53,4 @@ private:
 /// Whether two records agree in every field but the id.
 bool sameFields(const _orvik_framework::tagCustomStyle& left, const _orvik_framework::tagCustomStyle& right);
 
-/// Calls `visit(int styleId, tagCustomStyle& record)` for each record of a slot, in its order.
-template <typename Visit>
-void forEachSlotRecord(const _orvik_framework::CVMapPtrToPtr& slot, Visit visit) {
-    for (void* position = slot.GetStartPosition(); position != nullptr;) {
-        void* key = nullptr;
-        void* record = nullptr;
-        slot.GetNextAssoc(position, key, record);
-        if (record == nullptr) continue;
-        visit(static_cast<int>(reinterpret_cast<std::intptr_t>(key)),
-              *static_cast<_orvik_framework::tagCustomStyle*>(record));
-    }
-}
-
 }  // namespace customstyle_tool

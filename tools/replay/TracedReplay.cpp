@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/replay/LogRecording.h"
 #include "tools/replay/SingleRules.h"
 #include "tools/replay/StoreImage.h"
@@ -12,6 +13,7 @@ namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::StoredRecords;
 using _orvik_vi::cJSON;
 using Log = std::vector<std::string>;
 
@@ -58,7 +60,7 @@ void applyToMarked(CustomConfig& config, const cJSON* document, const std::set<i
         const auto [featureType, level] = parsedKey(key);
         if (!featureTypes.contains(featureType)) continue;
         const std::uint64_t mark = markFor(level.has_value(), second);
-        forEachSlotRecord(*slot, [&](int, tagCustomStyle& record) { markRecord(record, mark); });
+        for (const auto& entry : StoredRecords(*slot)) markRecord(*entry.record, mark);
     }
     config.m_gridColorSet = 0;
     config.m_allIconsHidden = 0;

@@ -2,12 +2,14 @@
 
 #include <set>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/support/StyleFields.h"
 
 namespace customstyle_tool {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecords;
 
 std::optional<std::uint64_t> fieldIn(const Answer& answer, std::size_t place) {
     const StyleField& field = styleFields()[place];
@@ -37,12 +39,7 @@ std::optional<std::uint64_t> gridColor(const CustomConfig& config, int level) {
 std::vector<unsigned int> mappedStyleIds(const CustomConfig& config) {
     std::set<unsigned int> ids;
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            ids.insert(static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(key)));
-        }
+        for (const auto& entry : StoredRecords(records)) ids.insert(entry.styleId());
     }
     return {ids.begin(), ids.end()};
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <limits>
 #include <set>
 #include <string_view>
 
@@ -67,15 +66,14 @@ void SnapshotBuilder::compileLevel(std::size_t levelClass) {
 void SnapshotBuilder::compileType(int featureType, std::size_t levelClass) {
     const CVMapPtrToPtr* records = effectiveRecords(m_config, StyleKeys(featureType, m_levels[levelClass]));
     if (records == nullptr) return;
-    forEachRecord(*records, [&](void* key, const tagCustomStyle& record) {
-        const auto number = reinterpret_cast<std::uintptr_t>(key);
-        // Keys above 32 bits are sign-extended ids from 2^31 on: no question finds them.
-        if (number > std::numeric_limits<std::uint32_t>::max()) return;
-        const auto styleId = static_cast<std::uint32_t>(number);
+    for (const StoredRecord& entry : StoredRecords(*records)) {
+        const std::uint32_t styleId = entry.styleId();
+        // Sign-extended ids from 2^31 on have other keys than questions look for.
+        if (entry.record == nullptr || entry.key != queriedKey(styleId)) continue;
         Row& row = m_rows.try_emplace(styleId, m_levels.size()).first->second;
-        enterStyle(row.answers[levelClass], featureType, styleId, record);
-        enterIcon(row, levelClass, featureType, record);
-    });
+        enterStyle(row.answers[levelClass], featureType, styleId, *entry.record);
+        enterIcon(row, levelClass, featureType, *entry.record);
+    }
 }
 
 void SnapshotBuilder::enterStyle(Answer& answer, int featureType, std::uint32_t styleId, const tagCustomStyle& record) {

@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/StoredRecords.h"
 #include "customstyle/model/FeatureTypeTable.h"
-#include "customstyle/model/RecordStorage.h"
 
 namespace _orvik_framework {
 namespace {
@@ -63,12 +63,13 @@ void CustomConfig::PrintAllFeartureType() const {
     CVString text;  // looked at in a debugger; it goes nowhere else
     for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
         text.Format("featureType %d", featureType);
-        forEachRecord(m_typeStyleMaps[featureType], [&](void* key, const tagCustomStyle& record) {
-            text.Format("key: %d,  m_ID %d, m_fillColor %lld, m_borderColor %lld, m_custom %d",
-                        static_cast<int>(reinterpret_cast<std::intptr_t>(key)), record.m_ID,
+        for (const StoredRecord& entry : StoredRecords(m_typeStyleMaps[featureType])) {
+            if (entry.record == nullptr) continue;
+            const tagCustomStyle& record = *entry.record;
+            text.Format("key: %d,  m_ID %d, m_fillColor %lld, m_borderColor %lld, m_custom %d", entry.id(), record.m_ID,
                         static_cast<long long>(record.m_fillColor), static_cast<long long>(record.m_borderColor),
                         record.m_custom);
-        });
+        }
     }
 }
 

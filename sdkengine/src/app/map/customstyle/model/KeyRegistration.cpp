@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/StoredRecords.h"
 #include "customstyle/model/FeatureTypeTable.h"
 #include "customstyle/model/RecordStorage.h"
 #include "customstyle/model/StyleKey.h"
@@ -38,8 +39,9 @@ private:
 CVMapPtrToPtr* makeSlot(CustomConfig& config, const std::string& key, const StyleScope& scope) {
     CVMapPtrToPtr& slot = config.m_levelStyleMaps[config.m_usedLevelSlots];
     releaseRecords(slot);  // of another key, for which memory ran out half-way
-    forEachRecord(config.m_typeStyleMaps[scope.featureType],
-                  [&](void*, const tagCustomStyle& baseRecord) { storeCopy(slot, baseRecord); });
+    for (const StoredRecord& base : StoredRecords(config.m_typeStyleMaps[scope.featureType])) {
+        if (base.record != nullptr) storeCopy(slot, *base.record);
+    }
     EffectRollback rollback(config.m_styleEffectLevels, config.m_styleEffectLevels.try_emplace(key, scope.allLevels));
     CVMapPtrToPtr* const ofKey = config.m_keyStyleMaps.try_emplace(key, &slot).first->second;
     rollback.dismiss();

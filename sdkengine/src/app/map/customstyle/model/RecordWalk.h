@@ -2,8 +2,8 @@
 #pragma once
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/StoredRecords.h"
 #include "customstyle/model/KeyRegistration.h"
-#include "customstyle/model/RecordStorage.h"
 #include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {
@@ -19,11 +19,12 @@ void walkRecords(CustomConfig& config, const StyleScope& scope, Write write) {
     if (slot == nullptr) return;  // refused: the store has no room for the key
 
     const CVMapPtrToPtr* allLevelsSlot = scope.allLevels == 0 ? findSlot(config, keys.ofType()) : nullptr;
-    forEachRecord(*slot, [&](void* key, tagCustomStyle& record) {
+    for (const auto& [key, record] : StoredRecords(*slot)) {
+        if (record == nullptr) continue;
         const tagCustomStyle* start = allLevelsSlot == nullptr ? nullptr : findRecord(*allLevelsSlot, key);
-        if (start != nullptr) record = *start;
-        record.m_custom = write(record) ? 1 : 0;
-    });
+        if (start != nullptr) *record = *start;
+        record->m_custom = write(*record) ? 1 : 0;
+    }
 }
 
 }  // namespace _orvik_framework

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/StoredRecords.h"
 #include "customstyle/model/StyleKey.h"
 #include "customstyle/queries/EffectiveStyles.h"
 
@@ -11,13 +12,8 @@ namespace _orvik_framework {
 /// record speaks for it; the others are not asked even when that one is not customised.
 inline const tagCustomStyle* landBackground(const CustomConfig& config, int level) {
     const CVMapPtrToPtr* records = effectiveRecords(config, StyleKeys(EMAPCUSTOMSTYLE_LAND, level));
-    void* position = records == nullptr ? nullptr : records->GetStartPosition();
-    if (position == nullptr) return nullptr;
-    void* key = nullptr;
-    void* first = nullptr;
-    records->GetNextAssoc(position, key, first);
-    const auto* record = static_cast<const tagCustomStyle*>(first);
-    return record != nullptr && record->m_custom != 0 ? record : nullptr;
+    const tagCustomStyle* first = records == nullptr ? nullptr : StoredRecords(*records).first().record;
+    return first != nullptr && first->m_custom != 0 ? first : nullptr;
 }
 
 }  // namespace _orvik_framework
