@@ -5,6 +5,7 @@
 #include <set>
 
 #include "bench/support/Random.h"
+#include "customstyle/FeatureTypeTable.h"
 
 namespace customstyle_bench {
 namespace {
@@ -72,14 +73,10 @@ std::string memberText(const std::string& name, const std::string& value) {
     return '"' + name + "\": \"" + value + '"';
 }
 
-bool canCarryFontSize(std::size_t type) {
-    return type >= EMAPCUSTOMSTYLE_GREEN && type <= EMAPCUSTOMSTYLE_OTHERLABEL;
-}
-
 std::string ruleText(Random& random) {
     const RuleShape& shape = kRuleShapes[random.below(std::size(kRuleShapes))];
     std::size_t type = random.below(typeNames().size());
-    if (!canCarryFontSize(type)) type = EMAPCUSTOMSTYLE_HIGHWAY;
+    if (!kFeatureTypes[type].carriesLabels) type = EMAPCUSTOMSTYLE_HIGHWAY;
     std::string stylers = memberText(shape.styler, valueText(shape.styler, random));
     if (shape.secondStyler != nullptr) {
         stylers += ", " + memberText(shape.secondStyler, valueText(shape.secondStyler, random));
@@ -109,8 +106,7 @@ Mapping::Mapping(std::size_t idCount) : m_idsOfTypes(kMappedTypes) {
             m_idsOfTypes[type].push_back(static_cast<unsigned int>(type * m_blockSize + i));
         }
     }
-    for (const std::size_t parent :
-         {EMAPCUSTOMSTYLE_MANMADE, EMAPCUSTOMSTYLE_DISTRICTLABEL, EMAPCUSTOMSTYLE_POILABEL}) {
+    for (const std::size_t parent : kParentFeatureTypes) {
         for (std::size_t other : {parent + 1, parent + 2}) {
             m_idsOfTypes[parent].push_back(m_idsOfTypes[other].front());
         }

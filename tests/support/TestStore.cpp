@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <tuple>
 
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/StoredRecords.h"
-#include "customstyle/model/FeatureTypeTable.h"
 
 namespace _orvik_framework {
 namespace {

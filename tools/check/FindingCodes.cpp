@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "customstyle/FeatureTypeTable.h"
 #include "tools/support/FeatureTypes.h"
 
 namespace customstyle_tool {
@@ -405,13 +406,13 @@ std::string mappingMembersWithout(std::initializer_list<std::string_view> except
 std::string rulesForLevelsTo(int highest, std::size_t marked) {
     std::string rules;
     std::size_t count = 0;
-    for (int type = 0; type <= _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL; ++type) {
-        if (type == _orvik_framework::EMAPCUSTOMSTYLE_BOUNDARY) continue;
+    for (const auto& type : _orvik_framework::kFeatureTypes) {
+        if (type.labelOwner == _orvik_framework::LabelOwner::Nobody || type.hasFixedWeight) continue;
         for (int level = 4; level <= highest; ++level) {
             const char* const styler = ++count == marked ? R"(<<"weight": "3">>)" : R"("weight": "3")";
             rules +=
                 fmt::format(R"({}{{"featureType": "{}", "elementType": "geometry", "stylers": {{{}, "level": "{}"}}}})",
-                            rules.empty() ? "[" : ",\n ", catalogue().GetFeatureTypeName(type), styler, level);
+                            rules.empty() ? "[" : ",\n ", type.name, styler, level);
         }
     }
     return rules + "]";

@@ -5,7 +5,9 @@
 #include <array>
 #include <iterator>
 #include <set>
+#include <vector>
 
+#include "customstyle/FeatureTypeTable.h"
 #include "tools/check/DocumentFindings.h"
 #include "tools/check/StyleUnderCheck.h"
 #include "tools/check/WhatIf.h"
@@ -13,6 +15,10 @@
 
 namespace customstyle_tool {
 namespace {
+
+using _orvik_framework::applies;
+using _orvik_framework::FeatureTypeRow;
+using _orvik_framework::isParentFeatureType;
 
 enum Part : std::size_t { kGeometry, kText, kIcon, kPartCount };
 
@@ -41,27 +47,17 @@ Reach reachOf(const ReplayStep& step) {
     return reach;
 }
 
-// The types whose content has a geometry; all others are labels, signs and names of places.
 bool drawsGeometry(int type) {
-    return type <= _orvik_framework::EMAPCUSTOMSTYLE_SUBWAY || type == _orvik_framework::EMAPCUSTOMSTYLE_BOUNDARY ||
-           type == _orvik_framework::EMAPCUSTOMSTYLE_GRID;
+    return applies(&FeatureTypeRow::drawsGeometry, type);
 }
 
-/// A parent type and the types whose content looks as if it belonged to it.
-struct Family {
-    int parent;
-    int first;
-    int last;
-};
-
-constexpr Family kFamilies[] = {
-    {_orvik_framework::EMAPCUSTOMSTYLE_MANMADE, _orvik_framework::EMAPCUSTOMSTYLE_EDUCATION,
-     _orvik_framework::EMAPCUSTOMSTYLE_TRANSPORTATION},
-    {_orvik_framework::EMAPCUSTOMSTYLE_DISTRICTLABEL, _orvik_framework::EMAPCUSTOMSTYLE_CONTINENT,
-     _orvik_framework::EMAPCUSTOMSTYLE_TOWN},
-    {_orvik_framework::EMAPCUSTOMSTYLE_POILABEL, _orvik_framework::EMAPCUSTOMSTYLE_AIRPORTLABEL,
-     _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL},
-};
+std::vector<FeatureTypeRow> familyOf(int parent) {
+    std::vector<FeatureTypeRow> family;
+    std::ranges::copy_if(_orvik_framework::kFeatureTypes, std::back_inserter(family), [&](const FeatureTypeRow& row) {
+        return isParentFeatureType(parent) && row.family == parent;
+    });
+    return family;
+}
 
 class ReachCheck {
 public:
@@ -107,9 +103,9 @@ private:
         if (!m_step.refused.empty()) return;
         if (!m_step.keys.empty()) return addWithoutRecords();
         if (isOn()) return addIdleOn();
-        const bool isBoundary = m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_BOUNDARY;
+        const bool hasFixedWeight = applies(&FeatureTypeRow::hasFixedWeight, m_rule.typeId);
         const bool isLand = m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_LAND;
-        if (m_step.styler == "weight" && isBoundary)
+        if (m_step.styler == "weight" && hasFixedWeight)
             return add(Code::WeightOnBoundary, "a boundary has no weight; nothing happens");
         if (m_step.styler == "color" && isLand)
             return add(Code::StrokeOnLand, "the land has no stroke; nothing happens");
@@ -245,15 +241,13 @@ private:
 
     // A rule for a parent in a file that leaves most of its family alone was probably meant for all of it.
     void checkFamily() {
-        const auto* const family = std::ranges::find(kFamilies, m_rule.typeId, &Family::parent);
-        if (family == std::end(kFamilies)) return;
-        int untouched = 0;
-        for (int type = family->first; type <= family->last; ++type) untouched += m_touchedTypes.contains(type) ? 0 : 1;
-        if (2 * untouched <= family->last - family->first + 1) return;
-        m_check.add(
-            Code::ParentAnswersLast, m_rule, *m_rule.featureType,
-            fmt::format("\"{}\" speaks for its own style ids only, not for \"{}\" to \"{}\"", m_rule.typeName,
-                        catalogue().GetFeatureTypeName(family->first), catalogue().GetFeatureTypeName(family->last)));
+        const std::vector<FeatureTypeRow> family = familyOf(m_rule.typeId);
+        const auto touched =
+            std::ranges::count_if(family, [&](const FeatureTypeRow& row) { return m_touchedTypes.contains(row.id); });
+        if (2 * touched >= std::ssize(family)) return;
+        m_check.add(Code::ParentAnswersLast, m_rule, *m_rule.featureType,
+                    fmt::format("\"{}\" speaks for its own style ids only, not for \"{}\" to \"{}\"", m_rule.typeName,
+                                family.front().name, family.back().name));
     }
 
     bool isOn() const { return m_step.styler == "visibility" && m_visibility == "on"; }

@@ -1,5 +1,5 @@
 #include "customstyle/CustomConfig.h"
-#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/model/RecordStorage.h"
 
 namespace _orvik_framework {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/json/MemberText.h"
 
 namespace _orvik_framework {
@@ -67,7 +68,7 @@ CVString CustomConfig::ParseCustomStyler(const cJSON* stylers) const {
 
 int CustomConfig::CalculateColorValue(const char* text, int featureType) const {
     const std::string_view digits = viewOf(text);  // #RRGGBBAA
-    const bool opaque = digits.size() <= 7 || featureType == EMAPCUSTOMSTYLE_BOUNDARY;
+    const bool opaque = digits.size() <= 7 || applies(&FeatureTypeRow::isOpaque, featureType);
     const std::uint32_t alpha = opaque ? 0xFF : byteAt(digits, 7);
     const std::uint32_t packed = alpha << 24 | byteAt(digits, 5) << 16 | byteAt(digits, 3) << 8 | byteAt(digits, 1);
     return static_cast<int>(packed);

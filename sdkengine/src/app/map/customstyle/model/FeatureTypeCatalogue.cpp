@@ -1,22 +1,11 @@
-#include <algorithm>
-
 #include "customstyle/CustomConfig.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/StoredRecords.h"
-#include "customstyle/model/FeatureTypeTable.h"
 
 namespace _orvik_framework {
 namespace {
 
-// Types whose labels stay with them, although four of them have a namesake among the label types.
-constexpr EMAPCUSTOMSTYLE kTypesKeepingTheirLabels[] = {EMAPCUSTOMSTYLE_WATER, EMAPCUSTOMSTYLE_EDUCATION,
-                                                        EMAPCUSTOMSTYLE_MEDICAL, EMAPCUSTOMSTYLE_SCENICSPOTS,
-                                                        EMAPCUSTOMSTYLE_DISTRICT};
-
 constexpr char kLabelWord[] = "label";
-
-bool canBeCompanion(int id) {
-    return id >= EMAPCUSTOMSTYLE_MANMADE && id <= EMAPCUSTOMSTYLE_OTHERLABEL;
-}
 
 }  // namespace
 
@@ -41,18 +30,21 @@ int CustomConfig::GetFeatureTypeId(const std::string& name) const {
 }
 
 int CustomConfig::IsFeatureTypeIncludeLabels(int id) const {
-    return id >= EMAPCUSTOMSTYLE_GREEN && id <= EMAPCUSTOMSTYLE_OTHERLABEL;
+    return applies(&FeatureTypeRow::carriesLabels, id);
 }
 
 int CustomConfig::UpdateFeatureTypeId(int id) const {
-    if (id < EMAPCUSTOMSTYLE_LAND || id > EMAPCUSTOMSTYLE_OTHERLABEL) return -1;
-    if (std::ranges::find(kTypesKeepingTheirLabels, id) != std::end(kTypesKeepingTheirLabels)) return id;
+    const FeatureTypeRow* row = featureTypeRow(id);
+    if (row == nullptr || row->labelOwner == LabelOwner::Nobody) return -1;
+    if (row->labelOwner == LabelOwner::Itself) return id;
     const auto named = m_featureTypeNames.find(id);
     if (named == m_featureTypeNames.end() || named->second.empty()) return -1;
     const std::string& name = named->second;
     if (name.find(kLabelWord) != std::string::npos) return id;
     const auto companion = m_featureTypeIds.find(name + kLabelWord);
-    return companion != m_featureTypeIds.end() && canBeCompanion(companion->second) ? companion->second : id;
+    const bool canTakeThem =
+        companion != m_featureTypeIds.end() && applies(&FeatureTypeRow::canBeCompanion, companion->second);
+    return canTakeThem ? companion->second : id;
 }
 
 int CustomConfig::IsParentFeatureType(int id) const {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/StoredRecords.h"
-#include "customstyle/model/FeatureTypeTable.h"
 #include "customstyle/model/RecordStorage.h"
 #include "customstyle/model/StyleKey.h"
 

@@ -1,5 +1,5 @@
 #include "customstyle/CustomConfig.h"
-#include "customstyle/model/FeatureTypeTable.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/model/Messages.h"
 #include "customstyle/model/RecordStorage.h"
 #include "vi/vos/VLog.h"

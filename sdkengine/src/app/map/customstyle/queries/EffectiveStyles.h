@@ -2,8 +2,8 @@
 #pragma once
 
 #include "customstyle/CustomConfig.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/StoredRecords.h"
-#include "customstyle/model/FeatureTypeTable.h"
 #include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {

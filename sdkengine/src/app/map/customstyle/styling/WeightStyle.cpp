@@ -1,4 +1,5 @@
 #include "customstyle/CustomConfig.h"
+#include "customstyle/FeatureTypeTable.h"
 #include "customstyle/json/MemberText.h"
 #include "customstyle/model/Messages.h"
 #include "customstyle/model/RecordWalk.h"
@@ -44,7 +45,7 @@ constexpr ElementFields<SizeField> kTextWeights[] = {
 void CustomConfig::SetCustomWeightStyle(int featureType, const CVString& elementType, const cJSON* stylers,
                                         int includesLabels, stFeatureTypeStyleRecorder* /*unused*/, int allLevels,
                                         int level) {
-    if (featureType == EMAPCUSTOMSTYLE_BOUNDARY) return;  // boundaries are drawn in the renderer's own width
+    if (applies(&FeatureTypeRow::hasFixedWeight, featureType)) return;
     const char* text = findText(stylers, "weight");
     if (text == nullptr) return CustomMapPrintLog(messages::kWeightAbsent);
     if (IsValueAllDigit(text) == 0) return CustomMapPrintLog(messages::kWeightNotDigits);
