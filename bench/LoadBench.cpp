@@ -1,5 +1,5 @@
-// What does loading cost against reading, parsing and deleting the same two files? Small files, again and again in one
-// process; LoadOnce answers for the large ones.
+// What does loading cost against reading, parsing and deleting the same two files, and what does building a snapshot of
+// what was loaded? Small files, again and again in one process; LoadOnce answers for the large ones.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -9,11 +9,13 @@
 
 #include "bench/support/Loading.h"
 #include "bench/support/MapFiles.h"
+#include "customstyle/StyleSnapshot.h"
 
 namespace {
 
 using namespace customstyle_bench;
 using _orvik_framework::CustomConfig;
+using _orvik_framework::StyleSnapshot;
 
 // The files of one benchmark, removed with it.
 class Files {
@@ -41,7 +43,11 @@ struct Size {
     std::size_t ids;
     std::size_t rules;
 };
-constexpr Size kSizes[] = {{"rules_100", 600, 100}, {"rules_10000", 600, 10000}, {"ids_50000", 50000, 100}};
+constexpr Size kSizes[] = {{"theme", 750, 230},
+                           {"rules_100", 600, 100},
+                           {"rules_10000", 600, 10000},
+                           {"ids_5000", 5000, 100},
+                           {"ids_50000", 50000, 100}};
 
 // Construction and destruction do not count.
 void loadByInit(benchmark::State& state, const MapPaths& paths) {
@@ -59,6 +65,16 @@ void loadByInit(benchmark::State& state, const MapPaths& paths) {
 
 void parseOnly(benchmark::State& state, const MapPaths& paths) {
     for (auto _ : state) readParseDelete(paths);
+    state.SetItemsProcessed(state.iterations());
+}
+
+void buildSnapshot(benchmark::State& state, const MapPaths& paths) {
+    CustomConfig config;
+    init(config, paths);
+    for (auto _ : state) {
+        const StyleSnapshot snapshot(config);
+        benchmark::DoNotOptimize(&snapshot);
+    }
     state.SetItemsProcessed(state.iterations());
 }
 
@@ -83,6 +99,7 @@ int main(int argc, char** argv) {
         const std::string name = std::string("load/") + size.name;
         benchmark::RegisterBenchmark((name + "/parse").c_str(), parseOnly, paths);
         benchmark::RegisterBenchmark((name + "/init").c_str(), loadByInit, paths);
+        benchmark::RegisterBenchmark((name + "/snapshot").c_str(), buildSnapshot, paths);
     }
     benchmark::RunSpecifiedBenchmarks();
 }

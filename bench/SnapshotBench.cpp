@@ -1,4 +1,4 @@
-// What does a style query of the snapshot cost, copied, borrowed and in batches, against the direct index
+// What does a style query of the snapshot cost, copied and borrowed, against the direct index
 // record[level][id], and against nothing but the copy of the record? And how much memory does the snapshot take?
 #include <map>
 
@@ -24,34 +24,6 @@ const Compiled& compiledFor(const Scene& scene, CompiledStores& stores) {
     auto& compiled = stores[scene.store.get()];
     if (compiled == nullptr) compiled = std::make_unique<Compiled>(*scene.store);
     return *compiled;
-}
-
-// Answers a frame in runs, as a renderer with a buffer for some features would.
-class BatchDraw {
-public:
-    void operator()(const Scene& scene, const StyleSnapshot& snapshot) {
-        for (const int level : kFrameLevels) {
-            for (std::size_t first = 0; first < scene.frame.size(); first += kRun) {
-                const std::size_t count = std::min(kRun, scene.frame.size() - first);
-                snapshot.GetStylesFromConfig({&scene.frame[first], count}, level, {m_styles.data(), count},
-                                             {m_featureTypes.data(), count});
-                benchmark::DoNotOptimize(m_styles.data());
-                benchmark::ClobberMemory();
-            }
-        }
-    }
-
-private:
-    static constexpr std::size_t kRun = 64;
-
-    std::vector<tagCustomStyle> m_styles = std::vector<tagCustomStyle>(kRun);
-    std::vector<int> m_featureTypes = std::vector<int>(kRun);
-};
-
-int askBatchOfOne(const StyleSnapshot& snapshot, tagCustomStyle& style, unsigned int styleId, int level) {
-    int featureType = -1;
-    snapshot.GetStylesFromConfig({&styleId, 1}, level, {&style, 1}, {&featureType, 1});
-    return featureType;
 }
 
 int askBorrowed(const StyleSnapshot& snapshot, tagCustomStyle& style, unsigned int styleId, int level) {
@@ -103,12 +75,10 @@ void addScene(const Scene& scene, const Compiled& compiled) {
     };
     requireStoresAnswers(scene, {{"direct index", askDirect},
                                  {"snapshot", askSnapshot},
-                                 {"borrowed style", std::bind_front(askBorrowed, std::cref(snapshot))},
-                                 {"batch", std::bind_front(askBatchOfOne, std::cref(snapshot))}});
+                                 {"borrowed style", std::bind_front(askBorrowed, std::cref(snapshot))}});
     addContender(scene, "direct", askDirect);
     addContender(scene, "snapshot", askSnapshot);
     addContender(scene, "borrow", borrow);
-    addFrames(scene, "batch", [&scene, &snapshot, draw = std::make_shared<BatchDraw>()] { (*draw)(scene, snapshot); });
     addFrames(scene, "copy", [copies = std::make_shared<BareCopies>(scene, snapshot)] { copies->draw(); });
     addContender(scene, "class", askClass);
 }

@@ -20,11 +20,18 @@ using _orvik_framework::tagCustomStyle;
 constexpr int kTypes[] = {0, 1, 4, 13, 28, 45, 53, 70, 71, 72};
 constexpr int kLevels[] = {4, 5, 12, 21, 31, 32, 33, 0, -1, 2147483647, -2147483647 - 1, 100, 1000};
 constexpr int kIds[] = {1, 2, 3, 40, 41, 0x7fffffff, -1, -2147483647 - 1, 0, 1000};
+constexpr int kClusters[] = {1, 1000, 41000, 2147483647 - 100, -100, -2147483647 - 1};
 constexpr const char* kElements[] = {"all", "labels", "geometry", "stroke", "fill", "topsurface", "icon", "other"};
+
+// Maps number their styles in clusters, with gaps.
+int styleId(FuzzInput& input) {
+    if (input.below(2) == 0) return input.oneOf(kIds);
+    return input.oneOf(kClusters) + static_cast<int>(input.below(100));
+}
 
 void addBase(CustomConfig& config, FuzzInput& input) {
     CVMapPtrToPtr& records = config.m_typeStyleMaps[input.oneOf(kTypes)];
-    const int id = input.oneOf(kIds);
+    const int id = styleId(input);
     void*& place = records[storedKey(id)];
     if (place != nullptr) return;
     auto* record = _orvik_vi::VNewArray<tagCustomStyle>(1);
@@ -65,7 +72,7 @@ void changeByHand(CustomConfig& config, FuzzInput& input) {
     const std::string key = std::to_string(input.oneOf(kTypes));
     switch (input.below(4)) {
         case 0:
-            slot[storedKey(input.oneOf(kIds))];  // without a record where it is new
+            slot[storedKey(styleId(input))];  // without a record where it is new
             return;
         case 1:
             config.m_styleEffectLevels[key + ":" + std::to_string(input.oneOf(kLevels))] = input.byte() % 3;
@@ -84,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzInput input(data, size);
     const LoadAccounts accounts;
     CustomConfig config;
-    for (std::size_t count = input.below(32); count > 0; --count) addBase(config, input);
+    for (std::size_t count = input.below(64); count > 0; --count) addBase(config, input);
     for (int actions = 0; actions < 300 && !input.isEmpty(); ++actions) {
         const std::size_t action = input.below(8);
         if (action == 0) changeByHand(config, input);

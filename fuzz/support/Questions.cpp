@@ -77,7 +77,7 @@ std::set<unsigned> idsToAsk(const CustomConfig& config) {
     std::set<unsigned> ids = {0, 1, 77777, 0x7fffffff, 0x80000000, 0xffffffff};
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
         for (const StoredRecord& entry : StoredRecords(records)) {
-            if (ids.size() < 16) ids.insert(entry.styleId());
+            if (ids.size() < 32) ids.insert(entry.styleId());
         }
     }
     return ids;

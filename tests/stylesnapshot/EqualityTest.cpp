@@ -4,19 +4,17 @@
 
 #include <limits>
 #include <random>
-#include <set>
 
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
+#include "tests/stylesnapshot/SameAnswers.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
 
-using _orvik_framework::BorrowedStyle;
 using _orvik_framework::CVMapPtrToPtr;
-using _orvik_framework::StoredRecord;
 using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 
@@ -108,82 +106,6 @@ private:
     LogSilence m_quiet;
     CustomConfig m_config;
 };
-
-std::set<unsigned> styleIdsToAsk(const CustomConfig& config) {
-    std::set<unsigned> ids = {0, 1, 41, 77777, 0x7fffffff, 0x80000000, 0xffffffff};
-    const auto collect = [&](const CVMapPtrToPtr& records) {
-        for (const StoredRecord& entry : StoredRecords(records)) ids.insert(entry.styleId());
-    };
-    for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) collect(records);
-    for (const CVMapPtrToPtr& records : config.m_levelStyleMaps) collect(records);
-    return ids;
-}
-
-std::set<int> levelsToAsk() {
-    std::set<int> levels = {kLowest, kLowest + 1, -2, -1, 99, 100, 101, kHighest - 1, kHighest};
-    for (int level = 0; level <= 40; ++level) levels.insert(level);
-    return levels;
-}
-
-// A record that no answer gives by chance, so that "untouched" shows.
-tagCustomStyle untouchedStyle() {
-    tagCustomStyle style = baseRecord(-12345);
-    style.m_fillColor = 0x5a5a5a5a5a;
-    return style;
-}
-
-void expectSameStyle(const CustomConfig& config, const StyleSnapshot& snapshot, unsigned id, int level) {
-    tagCustomStyle expected = untouchedStyle();
-    tagCustomStyle actual = untouchedStyle();
-    const int type = config.GetStyleFromConfig(expected, id, level);
-    ASSERT_EQ(snapshot.GetStyleFromConfig(actual, id, level), type) << "id " << id << " level " << level;
-    ASSERT_EQ(actual, expected) << "id " << id << " level " << level;
-
-    const BorrowedStyle borrowed = snapshot.FindStyle(id, level);
-    ASSERT_EQ(borrowed.featureType, type);
-    ASSERT_EQ(borrowed.style != nullptr, type != -1);
-    if (type == -1) return;
-    tagCustomStyle seen = *borrowed.style;
-    seen.m_ID = expected.m_ID;
-    ASSERT_EQ(seen, expected) << "id " << id << " level " << level;
-}
-
-void expectSameBatch(const CustomConfig& config, const StyleSnapshot& snapshot, const std::set<unsigned>& ids,
-                     int level) {
-    const std::vector<unsigned> asked(ids.begin(), ids.end());
-    std::vector<tagCustomStyle> styles(asked.size(), untouchedStyle());
-    std::vector<int> types(asked.size(), 99);
-    snapshot.GetStylesFromConfig(asked, level, styles, types);
-    for (std::size_t i = 0; i < asked.size(); ++i) {
-        tagCustomStyle expected = untouchedStyle();
-        ASSERT_EQ(types[i], config.GetStyleFromConfig(expected, asked[i], level));
-        ASSERT_EQ(styles[i], expected);
-    }
-}
-
-void expectSameBackgrounds(const CustomConfig& config, const StyleSnapshot& snapshot, int level) {
-    std::uint64_t expected = 7;
-    std::uint64_t actual = 7;
-    ASSERT_EQ(snapshot.IsCustomBackRegionEnable(actual, level), config.IsCustomBackRegionEnable(expected, level));
-    ASSERT_EQ(actual, expected) << "land at level " << level;
-    ASSERT_EQ(snapshot.IsCustomGridBackRegionEnable(actual, level),
-              config.IsCustomGridBackRegionEnable(expected, level));
-    ASSERT_EQ(actual, expected) << "grid at level " << level;
-}
-
-void expectSameAnswers(const CustomConfig& config, const StyleSnapshot& snapshot) {
-    const std::set<unsigned> ids = styleIdsToAsk(config);
-    for (const int level : levelsToAsk()) {
-        expectSameBackgrounds(config, snapshot, level);
-        expectSameBatch(config, snapshot, ids, level);
-        for (const unsigned id : ids) {
-            expectSameStyle(config, snapshot, id, level);
-            ASSERT_EQ(snapshot.IsCustomizedIconVisible(id, level), config.IsCustomizedIconVisible(id, level))
-                << "icon of id " << id << " at level " << level;
-        }
-        if (testing::Test::HasFatalFailure()) return;
-    }
-}
 
 class SnapshotOfARandomStore : public testing::TestWithParam<unsigned> {};
 

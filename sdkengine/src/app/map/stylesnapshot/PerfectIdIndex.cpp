@@ -1,23 +1,17 @@
 #include "customstyle/PerfectIdIndex.h"
 
 #include <algorithm>
-#include <bit>
 #include <limits>
 
 namespace _orvik_framework {
-namespace {
-
-constexpr std::size_t kIdsPerBucket = 4;
-
-}  // namespace
 
 PerfectIdIndex::PerfectIdIndex(std::span<const Entry> entries) {
-    const std::size_t bucketCount = std::bit_ceil(std::max<std::size_t>(entries.size() / kIdsPerBucket, 1));
-    m_bucketMask = bucketCount - 1;
-    std::size_t cellCount = std::bit_ceil(std::max<std::size_t>(entries.size() + entries.size() / 4, 1));
+    const std::size_t bucketCount = bucketsFor(entries.size());
+    m_bucketMask = static_cast<std::uint32_t>(bucketCount - 1);
+    std::size_t cellCount = cellsFor(entries.size());
     // A fifth of the cells or more stays free, so the first size nearly always does; twice the size always helps.
     do {
-        m_cellMask = cellCount - 1;
+        m_cellMask = static_cast<std::uint32_t>(cellCount - 1);
         m_cells.assign(cellCount, Entry{});
         m_displacements.assign(bucketCount, 0);
         cellCount *= 2;

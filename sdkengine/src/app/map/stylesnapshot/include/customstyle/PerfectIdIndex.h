@@ -1,6 +1,8 @@
 // PerfectIdIndex: a fixed table from style ids to numbers without collisions.
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -31,11 +33,19 @@ public:
         return entry.id == id ? entry.number : 0;
     }
 
+    /// Memory beyond the object itself.
     std::size_t bytes() const {
         return m_cells.capacity() * sizeof(Entry) + m_displacements.capacity() * sizeof(std::uint16_t);
     }
 
+    /// Memory that a table of so many entries takes, hardly ever more.
+    static std::size_t bytesFor(std::size_t entryCount) {
+        return cellsFor(entryCount) * sizeof(Entry) + bucketsFor(entryCount) * sizeof(std::uint16_t);
+    }
+
 private:
+    static constexpr std::size_t kIdsPerBucket = 4;
+
     // Two rounds of multiplication and folding, because one leaves neighbouring ids in step.
     static std::uint64_t hashOf(std::uint32_t id) {
         const std::uint64_t spread = (id + std::uint64_t{1}) * 0x9E3779B97F4A7C15;
@@ -46,13 +56,20 @@ private:
         return static_cast<std::size_t>(hash + displacement * (hash >> 32 | 1)) & m_cellMask;
     }
 
+    static std::size_t cellsFor(std::size_t entryCount) {
+        return std::bit_ceil(std::max<std::size_t>(entryCount + entryCount / 4, 1));
+    }
+    static std::size_t bucketsFor(std::size_t entryCount) {
+        return std::bit_ceil(std::max<std::size_t>(entryCount / kIdsPerBucket, 1));
+    }
+
     bool placeAll(std::span<const Entry> entries);
     bool placeBucket(std::size_t bucket, std::span<const Entry> entries, std::vector<bool>& taken);
 
     std::vector<Entry> m_cells;
     std::vector<std::uint16_t> m_displacements;
-    std::size_t m_cellMask = 0;
-    std::size_t m_bucketMask = 0;
+    std::uint32_t m_cellMask = 0;
+    std::uint32_t m_bucketMask = 0;
 };
 
 }  // namespace _orvik_framework

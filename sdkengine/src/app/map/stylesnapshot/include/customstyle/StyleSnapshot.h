@@ -4,11 +4,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include "customstyle/CustomConfig.h"
-#include "customstyle/PerfectIdIndex.h"
+#include "customstyle/StyleIdIndex.h"
 
 namespace [[gnu::visibility("default")]] _orvik_framework {
 
@@ -34,33 +33,28 @@ public:
     /// @param style  receives the whole record; untouched when the answer is -1
     /// @return the feature type id that supplied it, or -1 for none
     int GetStyleFromConfig(tagCustomStyle& style, unsigned int styleId, int level) const {
-        return copyOut(style, styleId, levelClassOf(level));
+        if (g_zrsdk_custom_style_enable == 0) return -1;
+        const Cell& cell = m_cells[firstCellOf(level) + m_rows.find(styleId)];
+        if (cell.answer < 0) return copyOwn(style, cell);
+        const int featureType = cell.answer;
+        style = styleAt(cell);
+        style.m_ID = static_cast<int>(styleId);
+        return featureType;
     }
 
     /// The same style without the copy. It lives as long as the snapshot.
     BorrowedStyle FindStyle(unsigned int styleId, int level) const {
         if (g_zrsdk_custom_style_enable == 0) return {};
-        const Cell cell = m_cells[placeOf(styleId, levelClassOf(level))];
-        if (cell.featureType < 0) return {};
-        return {cell.featureType, &m_styles[cell.style]};
-    }
-
-    /// GetStyleFromConfig for a run of style ids at one level.
-    /// @param styles        receives the record of the style id at the same place; untouched where there is none
-    /// @param featureTypes  receives the feature type id at the same place, or -1; as long as styleIds, like `styles`
-    void GetStylesFromConfig(std::span<const unsigned int> styleIds, int level, std::span<tagCustomStyle> styles,
-                             std::span<int> featureTypes) const {
-        const std::size_t levelClass = levelClassOf(level);
-        for (std::size_t i = 0; i < styleIds.size(); ++i) {
-            featureTypes[i] = copyOut(styles[i], styleIds[i], levelClass);
-        }
+        const Cell& cell = m_cells[firstCellOf(level) + m_rows.find(styleId)];
+        if (cell.answer == kNoStyle) return {};
+        return {cell.answer < 0 ? kOwnRecord - cell.answer : cell.answer, &styleAt(cell)};
     }
 
     /// CustomConfig::IsCustomizedIconVisible: whether the icon of a style id is hidden (1) or shown (0) at a level.
     int IsCustomizedIconVisible(unsigned int styleId, int level) const {
         if (g_zrsdk_custom_style_enable == 0) return 0;
         if (m_allIconsHidden) return 1;
-        return m_iconsHidden[placeOf(styleId, levelClassOf(level))];
+        return m_iconsHidden[firstCellOf(level) + m_rows.find(styleId)];
     }
 
     /// CustomConfig::IsCustomBackRegionEnable: 1 and the land's packed background colour, or 0.
@@ -73,56 +67,52 @@ public:
     std::size_t bytes() const;
 
 private:
+    // The levels that rules can name.
+    static constexpr unsigned int kLowestDenseLevel = 4;
+    static constexpr std::size_t kDenseLevels = 18;
+
+    static constexpr std::size_t kStyleUnit = alignof(tagCustomStyle);
+    static constexpr std::int32_t kNoStyle = -1;
+    static constexpr std::int32_t kOwnRecord = -2;
+
     // The style of one style id at one level.
     struct Cell {
-        std::uint32_t style = 0;        // place in m_styles
-        std::int16_t featureType = -1;  // -1: no custom style
-        std::int16_t sharesRecord = 0;  // the record stands for several ids, and each puts its own in
+        std::uint32_t style = 0;  // where in m_styles, counted in units of its alignment
+        // The feature type of a record that stands for several style ids, each of which puts its own in; kNoStyle; or
+        // kOwnRecord less the feature type of a record that shows the m_ID it has.
+        std::int32_t answer = kNoStyle;
     };
 
-    // The land's background at one level.
-    struct Background {
-        std::uint64_t color = 0;
-        int isSet = 0;
+    // A level with answers of its own.
+    struct Level {
+        std::uint64_t landColor = 0;
+        int isLandSet = 0;
+        int level = 0;
     };
-
-    static constexpr std::size_t kDenseLevels = 32;
 
     friend class SnapshotBuilder;
 
-    // Levels that no key names are alike and make up class 0.
-    std::size_t levelClassOf(int level) const {
-        const auto place = static_cast<unsigned int>(level);
-        return place < kDenseLevels ? m_denseLevelClasses[place] : sparseLevelClassOf(level);
+    // Levels that no key names are alike: the cells of all of them are the first.
+    std::size_t firstCellOf(int level) const {
+        const unsigned int place = static_cast<unsigned int>(level) - kLowestDenseLevel;
+        return place < kDenseLevels ? m_denseLevels[place] : rowCount() * levelClassOf(level);
     }
-    std::size_t sparseLevelClassOf(int level) const;
+    std::size_t levelClassOf(int level) const;
+    std::size_t rowCount() const { return m_cells.size() / m_levels.size(); }
 
-    // Style ids with the same answers at all levels share one row. Row 0 answers for the ids that no type holds.
-    std::size_t placeOf(unsigned int styleId, std::size_t levelClass) const {
-        return m_rowStarts.find(styleId) + levelClass;
-    }
+    int copyOwn(tagCustomStyle& style, const Cell& cell) const;
 
-    int copyOut(tagCustomStyle& style, unsigned int styleId, std::size_t levelClass) const {
-        if (g_zrsdk_custom_style_enable == 0) return -1;
-        const Cell cell = m_cells[placeOf(styleId, levelClass)];
-        if (cell.featureType < 0) return -1;
-        style = m_styles[cell.style];
-        if (cell.sharesRecord != 0) style.m_ID = static_cast<int>(styleId);
-        return cell.featureType;
+    const tagCustomStyle& styleAt(const Cell& cell) const {
+        const char* const styles = reinterpret_cast<const char*>(m_styles.data());
+        return *reinterpret_cast<const tagCustomStyle*>(styles + cell.style * kStyleUnit);
     }
 
-    struct SparseLevel {
-        int level;
-        std::uint16_t levelClass;
-    };
-
-    std::array<std::uint16_t, kDenseLevels> m_denseLevelClasses{};
-    PerfectIdIndex m_rowStarts;
-    std::vector<Cell> m_cells;       // rows of one cell for each level class
-    std::vector<int> m_iconsHidden;  // the same rows of answers about icons
+    std::array<std::uint32_t, kDenseLevels> m_denseLevels{};  // by level: its first cell
+    StyleIdIndex m_rows;  // style ids with the same answers at all levels share a row; row 0 is for ids of no type
+    std::vector<Cell> m_cells;       // for each of m_levels a cell for each row
+    std::vector<int> m_iconsHidden;  // the same cells of answers about icons
     std::vector<tagCustomStyle> m_styles;
-    std::vector<SparseLevel> m_sparseLevels;  // ascending
-    std::vector<Background> m_landBackgrounds;
+    std::vector<Level> m_levels;  // the first is for all levels that no key names; the others ascend
     std::uint64_t m_gridColor = 0;
     bool m_gridColorSet = false;
     bool m_allIconsHidden = false;

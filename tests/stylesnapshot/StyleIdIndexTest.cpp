@@ -1,0 +1,162 @@
+// The table from style ids to numbers that keeps dense ids in pages: it agrees with a plain map, and takes no more
+// memory than a hash table.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <map>
+#include <random>
+#include <unordered_map>
+
+#include "customstyle/StyleIdIndex.h"
+
+namespace customstyle_test {
+namespace {
+
+using _orvik_framework::PerfectIdIndex;
+using _orvik_framework::StyleIdIndex;
+using Entries = std::vector<StyleIdIndex::Entry>;
+using Ids = std::vector<std::uint32_t>;
+
+constexpr std::uint32_t kHighest = std::numeric_limits<std::uint32_t>::max();
+constexpr std::size_t kEmptyPage = 12;
+
+Ids idsFrom(std::uint32_t first, std::size_t count, std::uint32_t stride = 1) {
+    Ids ids;
+    for (std::size_t i = 0; i < count; ++i) ids.push_back(first + static_cast<std::uint32_t>(i) * stride);
+    return ids;
+}
+
+Ids joined(std::initializer_list<Ids> parts) {
+    Ids all;
+    for (const Ids& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+Ids randomIds(std::size_t count, std::uint32_t below) {
+    std::mt19937 random(static_cast<unsigned>(count));
+    std::map<std::uint32_t, int> ids;
+    while (ids.size() < count) ids[std::uniform_int_distribution<std::uint32_t>(0, below - 1)(random)] = 1;
+    Ids all;
+    for (const auto& [id, unused] : ids) all.push_back(id);
+    std::ranges::shuffle(all, random);
+    return all;
+}
+
+// Clusters of a few ids each, anywhere.
+Ids randomClusters(std::size_t clusters, unsigned seed) {
+    std::mt19937 random(seed);
+    const auto next = [&random] { return static_cast<std::uint32_t>(random()); };
+    std::map<std::uint32_t, int> ids;
+    for (std::size_t i = 0; i < clusters; ++i) {
+        const std::uint32_t first = next() >> next() % 32;
+        for (std::uint32_t id = 0, count = next() % 90; id < count; ++id) ids[first + id * (1 + next() % 2)] = 1;
+    }
+    Ids all;
+    for (const auto& [id, unused] : ids) all.push_back(id);
+    return all;
+}
+
+// A number for each id, none above `highest` and none 0.
+Entries numbered(const Ids& ids, std::uint32_t highest) {
+    Entries entries;
+    for (const std::uint32_t id : ids) {
+        entries.push_back({id, 1 + static_cast<std::uint32_t>(entries.size() * 31 % highest)});
+    }
+    return entries;
+}
+
+struct IdsCase {
+    const char* name;
+    Ids ids;
+};
+
+void PrintTo(const IdsCase& each, std::ostream* stream) {
+    *stream << each.name;
+}
+
+const IdsCase kCases[] = {
+    {"NoId", {}},
+    {"Zero", {0}},
+    {"OneId", {4711}},
+    {"TheHighestId", {kHighest}},
+    {"BothEnds", {0, kHighest}},
+    {"BothSidesOf2To31", {0x7ffffffe, 0x7fffffff, 0x80000000, 0x80000001}},
+    {"NegativeIds", idsFrom(0u - 500, 500)},
+    {"NegativeAndPositiveIds", idsFrom(0u - 200, 400)},
+    {"NeighboursOfTheHighest", idsFrom(kHighest - 99, 100)},
+    {"DenseIds", idsFrom(1, 1000)},
+    {"DenseIdsFarAway", idsFrom(3000000000, 1000)},
+    {"DenseIdsDescending", idsFrom(5000, 1000, kHighest)},
+    {"TwoClustersOnOnePage", joined({idsFrom(1000, 40), idsFrom(1000 + (1u << 20), 60)})},
+    {"ClustersOnEveryMillion", joined({idsFrom(1000000, 50), idsFrom(2000000, 50), idsFrom(3000000, 50)})},
+    {"ClustersWithOutliers", joined({idsFrom(1000, 300), {17, 0x7fffffff, 0x80000000, kHighest}})},
+    {"EverySeventeenth", idsFrom(0, 600, 17)},
+    {"EveryThousandth", idsFrom(5, 600, 1000)},
+    {"OnePerPage", idsFrom(9, 3000, 65536)},
+    {"SameLowerBits", idsFrom(0, 4096, 1u << 20)},
+    {"RandomIds", randomIds(2000, kHighest)},
+    {"RandomIdsBelow10000", randomIds(2000, 10000)},
+    {"RandomClusters", randomClusters(40, 1)},
+    {"ManyRandomClusters", randomClusters(900, 2)},
+    {"70000DenseIds", idsFrom(0, 70000)},
+    {"70000RandomIdsBelow200000", randomIds(70000, 200000)},
+};
+
+class StyleIdIndexOf : public testing::TestWithParam<IdsCase> {
+protected:
+    static void expectNumbers(const Entries& entries) {
+        const StyleIdIndex index(entries);
+        std::unordered_map<std::uint32_t, std::uint32_t> expected;
+        for (const auto& [id, number] : entries) expected[id] = number;
+        const auto expectNumber = [&](std::uint32_t id) {
+            const auto found = expected.find(id);
+            ASSERT_EQ(index.find(id), found == expected.end() ? 0 : found->second) << id;
+        };
+        for (const auto& [id, number] : entries) {
+            for (const std::uint32_t asked : {id, id - 1, id + 1, id ^ 0x80000000, id + (1u << 20)})
+                expectNumber(asked);
+        }
+        for (const std::uint32_t id : {0u, 1u, 0x7fffffffu, 0x80000000u, kHighest}) expectNumber(id);
+    }
+};
+
+TEST_P(StyleIdIndexOf, FindsEachAndNoOther) {
+    expectNumbers(numbered(GetParam().ids, 255));
+}
+
+TEST_P(StyleIdIndexOf, WithNumbersAbove255FindsEachAndNoOther) {
+    for (const std::uint32_t highest : {256u, kHighest}) expectNumbers(numbered(GetParam().ids, highest));
+}
+
+TEST_P(StyleIdIndexOf, TakesNoMoreMemoryThanAHashTable) {
+    for (const std::uint32_t highest : {255u, 100000u}) {
+        const Entries entries = numbered(GetParam().ids, highest);
+        EXPECT_LE(StyleIdIndex(entries).bytes(), sizeof(PerfectIdIndex) + PerfectIdIndex(entries).bytes() + kEmptyPage);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Ids, StyleIdIndexOf, testing::ValuesIn(kCases),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(StyleIdIndex, KeepsDenseIdsInAByteEach) {
+    EXPECT_LE(StyleIdIndex(numbered(idsFrom(1000, 50000), 255)).bytes(), 52000u);
+}
+
+TEST(StyleIdIndex, OfRandomClustersFindsEachAndNoOther) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        const Entries entries = numbered(randomClusters(1 + seed % 30, seed), 1 + seed * 3);
+        const StyleIdIndex index(entries);
+        std::unordered_map<std::uint32_t, std::uint32_t> expected;
+        for (const auto& [id, number] : entries) expected[id] = number;
+        std::mt19937 random(seed);
+        for (int i = 0; i < 500; ++i) {
+            const auto id = static_cast<std::uint32_t>(random()) >> random() % 32;
+            const auto found = expected.find(id);
+            ASSERT_EQ(index.find(id), found == expected.end() ? 0 : found->second) << "seed " << seed << " id " << id;
+        }
+        for (const auto& [id, number] : entries) ASSERT_EQ(index.find(id), number) << "seed " << seed << " id " << id;
+    }
+}
+
+}  // namespace
+}  // namespace customstyle_test
