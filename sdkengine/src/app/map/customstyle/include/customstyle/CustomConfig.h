@@ -260,7 +260,7 @@ public:
     /// their semicolons; null has none. The names are given as the file spells them.
     CVString ParseCustomStyler(const cJSON* stylers) const;
 
-    /// Packs a colour text #RRGGBB or #RRGGBBAA; null is read as the empty text. Position 0 is not looked at, a
+    /// Packs a colour text `#RRGGBB` or `#RRGGBBAA`; null is read as the empty text. Position 0 is not looked at, a
     /// character that is no hexadecimal digit and one that is missing count 0. Without alpha, and always for
     /// "boundary", the colour is opaque.
     int CalculateColorValue(const char* text, int featureType) const;
