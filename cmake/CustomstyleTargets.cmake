@@ -73,6 +73,9 @@ function(customstyle_library_settings target)
   set_target_properties(${target} PROPERTIES
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  if(NOT CUSTOMSTYLE_EXCEPTIONS)
+    target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti)
+  endif()
 endfunction()
 
 # Headers for users stand in include/customstyle/ beside the sources; the others are seen by the library alone.
