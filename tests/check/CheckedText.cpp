@@ -7,18 +7,16 @@
 
 #include "tools/check/MappingCheck.h"
 #include "tools/check/StyleCheck.h"
-#include "tools/check/WhatIf.h"
-#include "tools/replay/MappingSource.h"
 
 namespace customstyle_test {
 
 using namespace customstyle_tool;
 
 CheckedFile checkedStyle(std::string_view text, std::string_view mapping, bool effects) {
-    auto file = std::make_unique<SourceFile>("style.json", std::string(text));
-    std::vector<Finding> findings =
-        checkStyle(*file, mapping.empty() ? oneIdPerType() : representativeMapping(mapping), {effects, {}});
-    return {std::move(file), std::move(findings)};
+    auto file = std::make_shared<const SourceFile>("style.json", std::string(text));
+    const Mapping over = mapping.empty() ? Mapping::everyMap() : Mapping::given(std::string(mapping));
+    CheckedStyle checked = checkStyle(file, over, {.effects = effects});
+    return {file, std::move(checked.findings), std::move(checked.study)};
 }
 
 CheckedFile checkedMapping(std::string_view text) {

@@ -12,7 +12,7 @@
 
 namespace customstyle_test {
 
-/// Checks a style text over one style id for each type, or over a mapping.
+/// Checks a style text on every map, or over a mapping.
 customstyle_tool::CheckedFile checkedStyle(std::string_view text, std::string_view mapping = {}, bool effects = false);
 
 /// Checks a mapping text, with what is shown on request.

@@ -31,10 +31,12 @@ class CodeExample : public testing::TestWithParam<CodeInfo> {};
 
 TEST_P(CodeExample, HasThatFindingOnlyAndAtItsPlace) {
     const Example example = exampleOf(GetParam());
-    const CheckedFile checked = GetParam().kind == FileKind::Mapping
+    const CheckedFile checked = GetParam().has(Trait::Mapping)
                                     ? checkedMapping(example.text)
-                                    : checkedStyle(example.text, example.mapping, isShownOnRequest(GetParam().code));
-    ASSERT_EQ(checked.findings.size(), 1U) << testing::PrintToString(codesWithPlaces(checked));
+                                    : checkedStyle(example.text, example.mapping, GetParam().has(Trait::OnRequest));
+    // What is hidden is not there without what hides it.
+    const std::size_t count = GetParam().code == Code::HiddenByRule ? 2 : 1;
+    ASSERT_EQ(checked.findings.size(), count) << testing::PrintToString(codesWithPlaces(checked));
     EXPECT_EQ(infoOf(checked.findings[0].code).name, std::string_view(GetParam().name));
     EXPECT_EQ(checked.findings[0].range, example.place);
     EXPECT_FALSE(checked.findings[0].message.empty());
@@ -43,12 +45,12 @@ TEST_P(CodeExample, HasThatFindingOnlyAndAtItsPlace) {
 
 INSTANTIATE_TEST_SUITE_P(Codes, CodeExample, testing::ValuesIn(infosWithExample()), codeName);
 
-TEST(FindingCodes, OnlyTheCodeForUnexplainedLinesHasNoExample) {
+TEST(FindingCodes, HaveAnExampleWhereAFileAloneCanBringThemAbout) {
     std::vector<std::string> names;
     for (const CodeInfo& info : codeInfos()) {
         if (*info.example == '\0') names.emplace_back(info.name);
     }
-    EXPECT_THAT(names, testing::ElementsAre("other-log-line"));
+    EXPECT_THAT(names, testing::ElementsAre("effects-unproven", "other-log-line"));
 }
 
 TEST(FindingCodes, HaveNamesOfSmallLettersAndDashesEachOnce) {

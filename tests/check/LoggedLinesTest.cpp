@@ -10,7 +10,7 @@
 #include "tests/check/CheckedText.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/RandomFiles.h"
-#include "tools/replay/SingleRules.h"
+#include "tools/study/SingleRules.h"
 
 namespace customstyle_test {
 namespace {

@@ -8,8 +8,10 @@
 #include "tests/check/CheckedText.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/check/MappingCheck.h"
-#include "tools/check/WhatIf.h"
-#include "tools/support/DefaultMapping.h"
+#include "tools/host/Files.h"
+#include "tools/host/LoadLog.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/Mapping.h"
 
 namespace customstyle_test {
 namespace {
@@ -88,7 +90,7 @@ TEST(MappingCheck, QuotesWhatTheComponentLogs) {
     const TemporaryDirectory directory;
     const auto logOf = [&](const std::string& text) {
         const auto source = readSource(directory.write("CustomIndex", text), "mapping file");
-        return checkMapping(*std::get<0>(source)).front().log;
+        return checkMapping(*std::get<0>(source), false, logOfMapping).front().log;
     };
     EXPECT_EQ(logOf("{}"), "ZRX Custom Map: CustomIndex file parse failed");
     EXPECT_EQ(logOf("{"), "ZRX Custom Map: CustomIndex file parse failed, format error");

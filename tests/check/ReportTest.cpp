@@ -25,7 +25,7 @@ const std::string kTwoMistakes = "[\n  " + ruleText("water", "geometry", R"({"co
 TEST(FindingText, LooksLikeACompilersMessage) {
     const CheckedFile checked = checkedStyle(kTwoMistakes);
     EXPECT_EQ(findingText(checked.findings.at(1)),
-              R"(style.json:3:19: error: there is no feature type "lake"; the rule is skipped [type-unknown]
+              R"(style.json:3:19: error: unknown feature type "lake"; the rule is skipped [type-unknown]
     {"featureType": "lake", "elementType": "geometry", "stylers": {"color": "#3366cc"}}
                     ^^^^^^
   in: rule 2, $[1].featureType
@@ -91,7 +91,7 @@ TEST(SarifReport, PlacesAResultInItsFile) {
 TEST(SarifReport, EscapesPaths) {
     const auto uriOf = [](const std::string& path) {
         CheckedFile checked{std::make_unique<SourceFile>(path, "{}"), {}};
-        checked.findings.push_back({Code::NoRules, checked.file.get(), {0, 1}, {}, "$", "m", "r", "", {}});
+        checked.findings.push_back({Code::NoRules, checked.file.get(), {0, 1}, {}, {}, false, "$", "m", "r", "", {}});
         const json log = json::parse(reportSarif(one(std::move(checked))));
         return log.at("/runs/0/results/0/locations/0/physicalLocation/artifactLocation/uri"_json_pointer)
             .get<std::string>();

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/TestStore.h"
 #include "tools/diff/DiffText.h"
 
@@ -47,7 +47,7 @@ TEST_P(DiffLine, SaysWhatChangesAndByWhom) {
     const QueriesEnabled enabled;
     const auto before = loadedText(mapping(), styleText(GetParam().before));
     const auto after = loadedText(mapping(), styleText(GetParam().after));
-    EXPECT_EQ(customstyle_tool::diffText(differenceOf(*before, *after)), GetParam().text);
+    EXPECT_EQ(customstyle_tool::diffText(differenceOf(*before, *after), before->mapping()), GetParam().text);
 }
 
 RuleBuilder fill(const char* type, const char* color) {

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/RandomFiles.h"
 #include "tests/support/TestStore.h"
 #include "tools/diff/StyleDiff.h"
@@ -21,7 +21,7 @@ namespace customstyle_test {
 namespace {
 
 using customstyle_tool::JoinedChange;
-using customstyle_tool::LoadedStyle;
+using customstyle_tool::StyleStudy;
 using customstyle_tool::Subject;
 
 using Value = std::optional<std::uint64_t>;
@@ -102,14 +102,14 @@ void compareBackgrounds(Changes& found, const CustomConfig& a, const CustomConfi
     if (grid.first != grid.second) found[{Subject::Background, 0, kGrid, level}] = grid;
 }
 
-Changes searched(const LoadedStyle& a, const LoadedStyle& b) {
+Changes searched(const StyleStudy& a, const StyleStudy& b) {
     Changes found;
-    std::set<int> styleIds = a.styleIds().all();
-    styleIds.insert(static_cast<int>(kUnmappedId));
+    std::vector<unsigned int> styleIds = a.mapping().questionIds();
+    styleIds.push_back(kUnmappedId);
     for (const int level : {0, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21}) {
         compareBackgrounds(found, a.config(), b.config(), level);
-        for (const int id : styleIds) {
-            compareStyleId(found, a.config(), b.config(), static_cast<unsigned int>(id), level);
+        for (const unsigned int id : styleIds) {
+            compareStyleId(found, a.config(), b.config(), id, level);
         }
     }
     return found;
@@ -177,8 +177,8 @@ protected:
     const QueriesEnabled m_enabled;
     RandomFiles m_files;
     std::string m_mapping;
-    std::unique_ptr<LoadedStyle> m_before;
-    std::unique_ptr<LoadedStyle> m_after;
+    std::unique_ptr<StyleStudy> m_before;
+    std::unique_ptr<StyleStudy> m_after;
 };
 
 TEST_P(RandomPair, DiffersInExactlyTheAnswersThatASearchFinds) {
@@ -203,8 +203,7 @@ std::size_t ruleBehind(customstyle_tool::Explainer& explainer, const JoinedChang
 }
 
 TEST_P(RandomPair, NamesTheRulesThatAnExplanationNames) {
-    const std::set<int> ids = m_after->styleIds().all();
-    customstyle_tool::Explainer explainer(*m_after, {ids.begin(), ids.end()});
+    customstyle_tool::Explainer explainer(*m_after);
     for (const JoinedChange& each : differenceOf(*m_before, *m_after)) {
         if (each.change.question.subject != Subject::Field || each.styleIds.empty()) continue;
         EXPECT_EQ(each.change.afterBy ? each.change.afterBy->rule : 0, ruleBehind(explainer, each));
@@ -224,7 +223,7 @@ std::string contentOf(const std::filesystem::path& path) {
 
 const std::filesystem::path kExamples = CUSTOMSTYLE_EXAMPLES_DIR;
 
-std::unique_ptr<LoadedStyle> example(const std::string& name) {
+std::unique_ptr<StyleStudy> example(const std::string& name) {
     return loadedText(contentOf(kExamples / "map" / "CustomIndex"), contentOf(kExamples / "styles" / (name + ".json")));
 }
 

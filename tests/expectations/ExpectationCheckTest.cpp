@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/TestStore.h"
 #include "tools/expectations/ExpectationCheck.h"
 
@@ -12,11 +12,11 @@ namespace {
 
 using customstyle_tool::ExpectationFailure;
 using customstyle_tool::ExpectationFile;
-using customstyle_tool::LoadedStyle;
 using customstyle_tool::SourceFile;
+using customstyle_tool::StyleStudy;
 
 // Highway has the style ids 1130 and 1131, its labels 1280 and 1281; education shares 1131.
-std::unique_ptr<LoadedStyle> style() {
+std::unique_ptr<StyleStudy> style() {
     std::string mapping = testMapping();
     mapping.insert(mapping.find('[', mapping.find("\"education\"")) + 1, std::to_string(secondStyleId(13)) + ",");
     return loadedText(
@@ -51,7 +51,7 @@ TEST_P(Expected, HoldsOrFailsWhereItIsWrong) {
     const QueriesEnabled enabled;
     const auto loaded = style();
     const SourceFile file("file", GetParam().line);
-    const ExpectationFile parsed = parseExpectations(file, loaded->styleIds());
+    const ExpectationFile parsed = parseExpectations(file, loaded->mapping());
     ASSERT_EQ(parsed.expectations.size(), 1U);
     std::vector<std::string> failures;
     for (const auto& failure : failuresOf(parsed.expectations, *loaded)) failures.push_back(found(failure));
@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
         CheckCase{"NotCustomisedHolds", "highway 4 stroke none", {}},
         CheckCase{"NotCustomisedIsWrong", "id 1130 4 fill none", {kOpaqueRed + " at 4 for 1130"}},
         CheckCase{"NoCustomStyleHolds", "town all none", {}},
-        CheckCase{"NoCustomStyleOfAnUnmappedId", "id 7 all none", {}},
+        CheckCase{"TheIconOfAnUnmappedId", "id 7 all icon shown", {}},
         CheckCase{"NoCustomStyleIsWrong", "id 1130 4 none", {"13 at 4 for 1130"}},
         CheckCase{"TheTypeThatAnswersHolds", "id 1131 all type education", {}},
         CheckCase{"TheTypeThatAnswersIsWrong", "highway 4 type highway", {"6 at 4 for 1131"}},
@@ -93,7 +93,7 @@ TEST(FailureText, TellsWhatWasExpectedWhatIsAndWhy) {
     const QueriesEnabled enabled;
     const auto loaded = style();
     const SourceFile file("map.expect", "\n  highway 12,13 fill #00ff0080 // comment");
-    const ExpectationFile parsed = parseExpectations(file, loaded->styleIds());
+    const ExpectationFile parsed = parseExpectations(file, loaded->mapping());
     const auto failures = failuresOf(parsed.expectations, *loaded);
     EXPECT_EQ(
         customstyle_tool::failuresText(failures, file, *loaded, customstyle_tool::Swatches::None),

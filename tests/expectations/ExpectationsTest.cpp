@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/TestStore.h"
 #include "tools/expectations/Expectations.h"
 
@@ -24,7 +24,7 @@ std::string mappingWithoutTown() {
 
 ExpectationFile parsedFile(const SourceFile& file) {
     const auto style = loadedText(mappingWithoutTown(), "[]");
-    return parseExpectations(file, style->styleIds());
+    return parseExpectations(file, style->mapping());
 }
 
 Expectation parsedLine(const std::string& line) {
@@ -56,31 +56,30 @@ TEST_P(ExpectationProblemOf, IsToldAtItsPlace) {
     EXPECT_EQ(result.problems[0].text, GetParam().text);
 }
 
-constexpr char kNoLevels[] = ": are no levels; write all, other, a level from 4 to 21, or a range like 4-9";
+constexpr char kNoLevels[] = ": not a list of levels; write all, other, a level from 4 to 21, or a range like 4-9";
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, ExpectationProblemOf,
     testing::Values(
-        ProblemCase{"UnknownType", "highwy all none", 1,
-                    "\"highwy\": there is no such feature type; did you mean \"highway\"?"},
+        ProblemCase{"UnknownType", "highwy all none", 1, "\"highwy\": unknown feature type; did you mean \"highway\"?"},
         ProblemCase{"UnknownTypeLikeNone", "xyz all none", 1,
-                    "\"xyz\": there is no such feature type; write a name like highway, or id and a number"},
+                    "\"xyz\": unknown feature type; write a name like highway, or id and a number"},
         ProblemCase{"TheWildcardIsNoType", "all all none", 1,
-                    "\"all\": there is no such feature type; write a name like highway, or id and a number"},
+                    "\"all\": unknown feature type; write a name like highway, or id and a number"},
         ProblemCase{"TypeWithoutStyleIds", "town all none", 1,
                     "\"town\": the mapping lists no style id under this feature type, so nothing would be tested"},
-        ProblemCase{"NoStyleId", "id", 3, "here is missing a style id"},
+        ProblemCase{"NoStyleId", "id", 3, "missing a style id"},
         ProblemCase{"StyleIdIsNoNumber", "id x1 all none", 4,
                     "\"x1\": is no style id; write a number from 0 to 4294967295"},
         ProblemCase{"StyleIdTooLarge", "id 4294967296 all none", 4,
                     "\"4294967296\": is no style id; write a number from 0 to 4294967295"},
-        ProblemCase{"NoLevels", "highway", 8, "here is missing levels: all, or a list like 4-9,12"},
-        ProblemCase{"NoField", "highway all   // x", 12, "here is missing a field and its value, or none"},
-        ProblemCase{"NoValue", "highway all fill", 17, "here is missing a value or none"},
+        ProblemCase{"NoLevels", "highway", 8, "missing levels: all, or a list like 4-9,12"},
+        ProblemCase{"NoField", "highway all   // x", 12, "missing a field and its value, or none"},
+        ProblemCase{"NoValue", "highway all fill", 17, "missing a value or none"},
         ProblemCase{"TooMuch", "highway all fill none at 5", 23,
                     "\"at\": nothing more is expected here; a comment begins with //"},
         ProblemCase{"UnknownField", "highway all txt-fill none", 13,
-                    "\"txt-fill\": there is no such field; did you mean \"text fill\"?"},
+                    "\"txt-fill\": unknown field; did you mean \"text fill\"?"},
         ProblemCase{"NoColour", "highway all fill #12345", 18,
                     "\"#12345\": is no colour; write #rrggbb, #rrggbbaa or none"},
         ProblemCase{"NoHexDigit", "highway all fill #12345g", 18,
@@ -92,12 +91,12 @@ INSTANTIATE_TEST_SUITE_P(
         ProblemCase{"NoIconWord", "highway all icon off", 18, "\"off\": an icon is hidden or shown"},
         ProblemCase{"BackgroundOfOthers", "water all background none", 11,
                     "\"background\": only land and grid have one"},
-        ProblemCase{"BackgroundOfAStyleId", "id 5 all background none", 10,
+        ProblemCase{"BackgroundOfAStyleId", "id 1020 all background none", 13,
                     "\"background\": only land and grid have one"},
-        ProblemCase{"UnknownTypeThatAnswers", "id 5 all type watr", 15,
-                    "\"watr\": there is no such feature type; did you mean \"water\"?"},
+        ProblemCase{"UnknownTypeThatAnswers", "id 1020 all type watr", 18,
+                    "\"watr\": unknown feature type; did you mean \"water\"?"},
         ProblemCase{"ControlCharacters", "\x1b[2J all none", 1,
-                    "\"\\u001b[2J\": there is no such feature type; write a name like highway, or id and a number"}),
+                    "\"\\u001b[2J\": unknown feature type; write a name like highway, or id and a number"}),
     problemName);
 
 struct LevelsCase {
@@ -113,7 +112,7 @@ std::string levelsName(const testing::TestParamInfo<LevelsCase>& info) {
 class ExpectedLevels : public testing::TestWithParam<LevelsCase> {};
 
 TEST_P(ExpectedLevels, AreRead) {
-    const SourceFile file("file", std::string("id 1 ") + GetParam().written + " none");
+    const SourceFile file("file", std::string("id 1020 ") + GetParam().written + " none");
     const ExpectationFile result = parsedFile(file);
     const bool isGood = !result.expectations.empty();
     EXPECT_EQ(isGood ? customstyle_tool::levelsText(result.expectations[0].levels) : "", GetParam().read);
@@ -143,9 +142,9 @@ TEST(ExpectationLine, GivesTypeAndColour) {
 }
 
 TEST(ExpectationLine, GivesStyleIdAndSize) {
-    const Expectation expectation = parsedLine("id 4294967295 all font-size 0");
+    const Expectation expectation = parsedLine("id 1020 all font-size 0");
     EXPECT_FALSE(expectation.featureType);
-    EXPECT_EQ(expectation.styleId, 4294967295U);
+    EXPECT_EQ(expectation.styleId, 1020U);
     EXPECT_EQ(expectation.topic->name, "font size");
     EXPECT_EQ(expectation.value, 0U);
 }
@@ -155,13 +154,13 @@ TEST(ExpectationLine, GivesAnOpaqueColourWithoutAlpha) {
 }
 
 TEST(ExpectationLine, GivesTheTypeThatAnswers) {
-    const Expectation expectation = parsedLine("id 5 all type education");
+    const Expectation expectation = parsedLine("id 1020 all type education");
     EXPECT_EQ(expectation.aspect, Aspect::FeatureType);
     EXPECT_EQ(expectation.value, 6U);
 }
 
 TEST(ExpectationLine, GivesNoCustomStyle) {
-    const Expectation expectation = parsedLine("id 5 all none");
+    const Expectation expectation = parsedLine("id 1020 all none");
     EXPECT_EQ(expectation.aspect, Aspect::FeatureType);
     EXPECT_FALSE(expectation.value);
 }
@@ -174,14 +173,31 @@ TEST(ExpectationLine, GivesIconsAndBackgrounds) {
 }
 
 TEST(ExpectationLines, MayBeCommentsBlankAndOfAnySystem) {
-    const SourceFile file("file", "\xEF\xBB\xBF# comment\r\n\r\n   \n// comment\nid 1 all none\r\n  #x\nid 2 all none");
+    const SourceFile file("file",
+                          "\xEF\xBB\xBF# comment\r\n\r\n   \n// comment\nid 1020 all none\r\n  #x\nid 1030 all none");
     const ExpectationFile result = parsedFile(file);
     EXPECT_TRUE(result.problems.empty());
     EXPECT_EQ(result.expectations.size(), 2U);
 }
 
+TEST(ExpectationLines, EndAtACarriageReturnByItself) {
+    const SourceFile file("file", "id 1020 all none  // a remark\rid 1030 all none\r");
+    EXPECT_EQ(parsedFile(file).expectations.size(), 2U);
+}
+
+TEST(ExpectationLines, AboutAStyleIdThatIsNotListedAreProblems) {
+    for (const char* const line : {"id 5 all none", "id 4294967291 all fill #112233", "id 5 all type water"}) {
+        const SourceFile file("file", line);
+        const ExpectationFile result = parsedFile(file);
+        ASSERT_EQ(result.problems.size(), 1U) << line;
+        EXPECT_EQ(result.problems[0].offset, 3U);
+    }
+    const SourceFile icon("file", "id 5 all icon shown");
+    EXPECT_EQ(parsedFile(icon).expectations.size(), 1U) << "one rule can hide every icon";
+}
+
 TEST(ExpectationLines, AreReadOnBehindAProblem) {
-    const SourceFile file("file", "id 1\nid 2 all none\nid x all none\n");
+    const SourceFile file("file", "id 1\nid 1020 all none\nid x all none\n");
     const ExpectationFile result = parsedFile(file);
     EXPECT_EQ(result.expectations.size(), 1U);
     ASSERT_EQ(result.problems.size(), 2U);

@@ -7,8 +7,8 @@
 #include <tuple>
 
 #include "tests/support/TestStore.h"
-#include "tools/support/Answers.h"
-#include "tools/support/Levels.h"
+#include "tools/study/Answers.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_test {
 namespace {
@@ -17,11 +17,10 @@ using customstyle_tool::Explanation;
 using customstyle_tool::History;
 using customstyle_tool::kMarkField;
 using customstyle_tool::kStyleFieldCount;
-using customstyle_tool::LoadedStyle;
 using customstyle_tool::Origin;
 using customstyle_tool::RecordTouch;
 using customstyle_tool::styleFields;
-using customstyle_tool::TracedReplay;
+using customstyle_tool::StyleStudy;
 using customstyle_tool::Write;
 
 using Place = std::tuple<std::size_t, int, int>;  // step, feature type, level or 0
@@ -54,17 +53,17 @@ Place placeOf(std::size_t step, const RecordTouch& touch) {
     return {step, touch.featureType, touch.level.value_or(0)};
 }
 
-bool concerns(const LoadedStyle& style, const Explanation& explanation, const RecordTouch& touch) {
-    if (touch.styleId != static_cast<int>(explanation.styleId)) return false;
+bool concerns(const StyleStudy& style, const Explanation& explanation, const RecordTouch& touch) {
+    const auto& types = explanation.featureTypes;
+    if (std::ranges::find(types, touch.featureType) == types.end()) return false;
     return !touch.level ||
            (*touch.level == explanation.level && style.config().IsStyleEffectAtGivenLevel(touch.key.c_str()) == 1);
 }
 
-Counts writesSeen(const LoadedStyle& style, const TracedReplay& replay, const Explanation& explanation,
-                  std::size_t field, Origin origin) {
+Counts writesSeen(const StyleStudy& style, const Explanation& explanation, std::size_t field, Origin origin) {
     Counts seen;
-    for (std::size_t step = 0; step < replay.steps().size(); ++step) {
-        for (const RecordTouch& touch : replay.steps()[step].touches) {
+    for (std::size_t step = 0; step < style.steps().size(); ++step) {
+        for (const RecordTouch& touch : style.steps()[step].touches) {
             if (touch.origins[field] == origin && concerns(style, explanation, touch)) ++seen[placeOf(step, touch)];
         }
     }
@@ -83,14 +82,13 @@ void expectAccounted(const History& history, const Counts& written, const Counts
     }
 }
 
-void expectWinnerSeen(const TracedReplay& replay, const Explanation& explanation, std::size_t field) {
+void expectWinnerSeen(const StyleStudy& style, const Explanation& explanation, std::size_t field) {
     const auto& winner = explanation.fields[field].winner;
     if (!winner) return;
     const auto isSame = [&](const RecordTouch& touch) {
-        return touch.styleId == static_cast<int>(explanation.styleId) && touch.featureType == winner->featureType &&
-               touch.level == winner->level;
+        return touch.featureType == winner->featureType && touch.level == winner->level;
     };
-    const auto& touches = replay.steps()[winner->step].touches;
+    const auto& touches = style.steps()[winner->step].touches;
     const auto touch = std::ranges::find_if(touches, isSame);
     ASSERT_NE(touch, touches.end());
     EXPECT_EQ(touch->origins[field], Origin::Written);
@@ -99,7 +97,7 @@ void expectWinnerSeen(const TracedReplay& replay, const Explanation& explanation
 
 }  // namespace
 
-void expectWinnersAddUp(const LoadedStyle& style, const Explanation& explanation) {
+void expectWinnersAddUp(const StyleStudy& style, const Explanation& explanation) {
     SCOPED_TRACE("style id " + std::to_string(explanation.styleId) + " level " + std::to_string(explanation.level));
     const auto answer = customstyle_tool::ask(style.config(), explanation.styleId, explanation.level);
     EXPECT_EQ(explanation.featureType, answer.featureType);
@@ -112,27 +110,27 @@ void expectWinnersAddUp(const LoadedStyle& style, const Explanation& explanation
     }
 }
 
-void expectEveryWriteAccounted(const LoadedStyle& style, const TracedReplay& replay, const Explanation& explanation) {
+void expectEveryWriteAccounted(const StyleStudy& style, const Explanation& explanation) {
     SCOPED_TRACE("style id " + std::to_string(explanation.styleId) + " level " + std::to_string(explanation.level));
     for (std::size_t field = 0; field < kStyleFieldCount; ++field) {
-        expectWinnerSeen(replay, explanation, field);
+        expectWinnerSeen(style, explanation, field);
         if (field == kMarkField) continue;
-        const Counts written = writesSeen(style, replay, explanation, field, Origin::Written);
-        const Counts inherited = writesSeen(style, replay, explanation, field, Origin::Inherited);
+        const Counts written = writesSeen(style, explanation, field, Origin::Written);
+        const Counts inherited = writesSeen(style, explanation, field, Origin::Inherited);
         expectAccounted(explanation.fields[field], written, inherited);
     }
 }
 
-void expectExplained(const LoadedStyle& style, bool everyWrite) {
+void expectExplained(const StyleStudy& style, bool everyWrite) {
     const std::vector<unsigned int> mapped = customstyle_tool::mappedStyleIds(style.config());
     std::set<unsigned int> styleIds(mapped.begin(), mapped.end());
     styleIds.insert(987654);
-    customstyle_tool::Explainer explainer(style, styleIds);
+    customstyle_tool::Explainer explainer(style);
     for (const unsigned int styleId : styleIds) {
         for (std::size_t levelClass = 0; levelClass < customstyle_tool::kLevelClassCount; ++levelClass) {
             const Explanation explanation = explainer.explain(styleId, customstyle_tool::levelOfClass(levelClass));
             expectWinnersAddUp(style, explanation);
-            if (everyWrite) expectEveryWriteAccounted(style, explainer.replay(), explanation);
+            if (everyWrite) expectEveryWriteAccounted(style, explanation);
         }
     }
 }

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/TestStore.h"
 #include "tools/explain/ExplanationText.h"
 
@@ -18,7 +18,7 @@ using customstyle_tool::Swatches;
 std::string textOf(const RuleBuilder& one, const char* topic, Swatches swatches) {
     const QueriesEnabled enabled;
     const auto style = loadedText(testMapping(), styleOf({one}));
-    customstyle_tool::Explainer explainer(*style, {firstStyleId(13)});
+    customstyle_tool::Explainer explainer(*style);
     const auto explanation = explainer.explain(firstStyleId(13), 10);
     return topicText(explainer, explanation, *customstyle_tool::findTopic(topic), swatches);
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/TestStore.h"
 #include "tools/explain/ExplanationText.h"
 
@@ -85,7 +85,7 @@ class LostWrite : public testing::TestWithParam<LossCase> {};
 TEST_P(LostWrite, IsFoundWithWhatEndedIt) {
     const QueriesEnabled enabled;
     const auto style = loadedText(sharedMapping(), textOf(GetParam().rules));
-    Explainer explainer(*style, {GetParam().styleId});
+    Explainer explainer(*style);
     const Explanation explanation = explainer.explain(GetParam().styleId, GetParam().level);
     const auto& history = historyOf(explanation, *customstyle_tool::findTopic(GetParam().topic));
     EXPECT_EQ(history.winner ? explainer.step(history.winner->step).rule + 1 : 0, GetParam().winner);

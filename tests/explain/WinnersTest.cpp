@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "tests/explain/Accounts.h"
-#include "tests/replay/LoadedText.h"
+#include "tests/study/LoadedText.h"
 #include "tests/support/RandomFiles.h"
 #include "tests/support/TestStore.h"
 

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "tests/support/TemporaryDirectory.h"
-#include "tools/support/AtomicFile.h"
+#include "tools/host/AtomicFile.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include "tests/support/StyleBuilder.h"
 #include "tests/support/TestStore.h"
 #include "tools/minify/Equivalence.h"
-#include "tools/replay/LoadedStyle.h"
-#include "tools/replay/StoreDifference.h"
-#include "tools/support/DefaultMapping.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/StoreDifference.h"
+#include "tools/study/StyleStudy.h"
 
 namespace {
 
@@ -105,8 +105,9 @@ TEST(SameStyles, GiveEqualAnswersOnEveryMapping) {
         ++same;
         const std::string mapping = randomMapping(random);
         EXPECT_FALSE(fullDifferenceBetween(*storeOf(mapping, style), *storeOf(mapping, shorter)).any()) << style;
-        EXPECT_FALSE(
-            differenceBetween(*storeOf(mappingOfAllPairs(), style), *storeOf(mappingOfAllPairs(), shorter)).any())
+        EXPECT_FALSE(differenceBetween(*storeOf(Mapping::everyMap().text(), style),
+                                       *storeOf(Mapping::everyMap().text(), shorter))
+                         .any())
             << style;
     }
     EXPECT_GT(same, 10);
@@ -123,8 +124,9 @@ TEST(MappingOfAllPairs, TellsApartWhatAnyMappingTells) {
         const std::string mapping = randomMapping(random);
         if (!fullDifferenceBetween(*storeOf(mapping, style), *storeOf(mapping, shorter)).any()) continue;
         ++told;
-        EXPECT_TRUE(
-            differenceBetween(*storeOf(mappingOfAllPairs(), style), *storeOf(mappingOfAllPairs(), shorter)).any())
+        EXPECT_TRUE(differenceBetween(*storeOf(Mapping::everyMap().text(), style),
+                                      *storeOf(Mapping::everyMap().text(), shorter))
+                        .any())
             << style;
     }
     EXPECT_GT(told, 10);

@@ -7,6 +7,7 @@
 #include "tests/support/StyleBuilder.h"
 #include "tests/support/TestStore.h"
 #include "tools/minify/Minifier.h"
+#include "tools/study/StyleSource.h"
 
 namespace {
 

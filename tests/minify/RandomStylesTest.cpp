@@ -12,8 +12,9 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 #include "tools/minify/Minifier.h"
-#include "tools/replay/LoadedStyle.h"
-#include "tools/replay/StoreDifference.h"
+#include "tools/study/StoreDifference.h"
+#include "tools/study/StyleSource.h"
+#include "tools/study/StyleStudy.h"
 
 namespace {
 

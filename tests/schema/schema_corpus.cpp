@@ -9,8 +9,9 @@
 
 #include "tests/schema/StyleCorpus.h"
 #include "tools/check/StyleCheck.h"
-#include "tools/replay/TracedReplay.h"
-#include "tools/support/DefaultMapping.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/StyleSource.h"
+#include "tools/study/TracedReplay.h"
 
 namespace {
 
@@ -29,15 +30,16 @@ bool isHiddenByOn(const ReplayStep& step, std::string_view style) {
 
 bool doesSomething(const std::string& text) {
     const SourceFile file("style.json", text);
-    const TracedReplay replay(defaultMapping(), StyleSource(file, std::get<JsonDocument>(parseJson(file.text()))));
+    const TracedReplay replay(defaultMapping(),
+                              singleRules(StyleSource(file, std::get<JsonDocument>(parseJson(file.text())))));
     return std::ranges::all_of(replay.steps(), [&](const ReplayStep& step) {
         return step.log.empty() && leavesAStyle(step) && !isHiddenByOn(step, text);
     });
 }
 
 std::size_t findingsIn(const std::string& text) {
-    const SourceFile file("style.json", text);
-    return checkStyle(file, defaultMapping()).size();
+    const auto file = std::make_shared<SourceFile>("style.json", text);
+    return checkStyle(file, Mapping::standard()).findings.size();
 }
 
 void print(const char* part, const std::vector<CorpusStyle>& styles) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "customstyle/CustomConfig.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/vocabulary/FeatureTypes.h"
 #include "vi/vos/VJson.h"
 
 namespace customstyle_test {

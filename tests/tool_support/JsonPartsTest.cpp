@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tools/support/JsonParts.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_test {
 namespace {

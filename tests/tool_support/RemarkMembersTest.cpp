@@ -3,7 +3,7 @@
 #include <ostream>
 #include <regex>
 
-#include "tools/support/RemarkMembers.h"
+#include "tools/vocabulary/RemarkMembers.h"
 
 namespace customstyle_test {
 namespace {

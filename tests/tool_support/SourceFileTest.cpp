@@ -4,7 +4,8 @@
 #include <variant>
 
 #include "tests/support/TemporaryDirectory.h"
-#include "tools/support/SourceFile.h"
+#include "tools/host/Files.h"
+#include "tools/json/SourceFile.h"
 
 namespace customstyle_test {
 namespace {

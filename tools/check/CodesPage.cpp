@@ -57,10 +57,10 @@ std::string codeMarkdown(const CodeInfo& info) {
     return text + "\n";
 }
 
-std::string sectionMarkdown(FileKind kind, const char* title) {
+std::string sectionMarkdown(Trait file, const char* title) {
     std::string text = fmt::format("## {}\n\n", title);
     for (const CodeInfo& info : codeInfos()) {
-        if (info.kind == kind) text += codeMarkdown(info);
+        if (info.has(file)) text += codeMarkdown(info);
     }
     return text;
 }
@@ -80,8 +80,8 @@ std::string codesMarkdown() {
         "An error is something that the component drops or draws otherwise for certain, a warning something that does "
         "not do what its author can have meant, a note something to know. Examples are whole files; what they name "
         "in parentheses is too long to be written here.\n\n";
-    text += sectionMarkdown(FileKind::Style, "Style files");
-    text += sectionMarkdown(FileKind::Mapping, "Mapping files");
+    text += sectionMarkdown(Trait::Style, "Style files");
+    text += sectionMarkdown(Trait::Mapping, "Mapping files");
     text.pop_back();
     return text;
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "tools/check/StyleFindings.h"
 #include "tools/json/JsonScalars.h"
 
 namespace customstyle_tool {
@@ -34,6 +35,8 @@ Finding findingAt(const SourceFile& file, Code code, TextRange range, std::strin
             .file = &file,
             .range = range,
             .rule = {},
+            .step = {},
+            .canGo = false,
             .path = std::move(path),
             .message = std::move(message),
             .remedy = infoOf(code).remedy,
@@ -73,6 +76,48 @@ void addCutTexts(std::vector<Finding>& findings, const SourceFile& file, JsonVal
     for (const JsonValue child : value.children()) addCutTexts(findings, file, child);
 }
 
+void findOutermost(StyleFindings& found) {
+    const JsonValue root = found.study().source().document().root();
+    const TextRange start{root.range().begin, root.range().begin + 1};
+    if (root.kind() == JsonKind::Object) {
+        found.addToFile(
+            Code::NotAList, start,
+            "the file is an object, not a list of rules; the component takes the values of its members for rules");
+    } else if (root.kind() != JsonKind::Array) {
+        found.addToFile(Code::NotAList, root.range(),
+                        std::string("the file is ") + std::string(kindName(root.kind())) +
+                            ", not a list of rules; no rule applies");
+    } else if (found.rules().empty()) {
+        found.addToFile(Code::NoRules, root.range(), "the list has no rules; nothing is customised");
+    }
+}
+
+// What the component reads and strict readers refuse, of one value or name.
+const char* leniency(const SourceFile& file, TextRange range) {
+    const std::string_view text = file.text().substr(range.begin, range.size());
+    if (text.starts_with('"')) {
+        const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < ' '; };
+        if (std::ranges::any_of(text, isControl)) return "a line break or another control character inside a text";
+        return isUtf8(text) ? nullptr : "a text that is not UTF-8";
+    }
+    const bool isNumber = !text.empty() && (text[0] == '-' || isDigit(text[0]));
+    return isNumber && !isStrictNumber(text) ? "a number that JSON writes in another way" : nullptr;
+}
+
+void addLeniencies(StyleFindings& found, JsonValue value) {
+    const SourceFile& file = found.study().source().file();
+    const bool isOuter = value.kind() == JsonKind::Array || value.kind() == JsonKind::Object;
+    for (const TextRange range : {value.nameRange(), isOuter ? TextRange{0, 0} : value.range()}) {
+        const char* const what = range.size() == 0 ? nullptr : leniency(file, range);
+        if (what == nullptr) continue;
+        Finding& finding = found.addToFile(
+            Code::JsonLenient, range, fmt::format("{}: the component reads it, other programs refuse the file", what));
+        finding.path = value.path();
+        finding.rule = ruleOf(value);
+    }
+    for (const JsonValue child : value.children()) addLeniencies(found, child);
+}
+
 }  // namespace
 
 Finding jsonFinding(const SourceFile& file, const JsonError& error, std::string_view consequence) {
@@ -95,6 +140,19 @@ std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& d
     if (file.text().find("\\u") == std::string_view::npos && file.text().find('\0') == std::string_view::npos)
         return {};
     addCutTexts(findings, file, document.root());
+    return findings;
+}
+
+std::vector<Finding> findInDocument(const StyleStudy& study) {
+    StyleFindings found(study);
+    if (study.source().isWhole()) findOutermost(found);
+    addLeniencies(found, study.source().document().root());
+    std::vector<Finding> findings = found.take();
+    const SourceFile& file = study.source().file();
+    if (std::optional<Finding> behind = textBehindEnd(file, study.source().document())) {
+        if (study.source().isWhole()) findings.push_back(std::move(*behind));
+    }
+    for (Finding& cut : textsCutAtNul(file, study.source().document())) findings.push_back(std::move(cut));
     return findings;
 }
 

@@ -9,8 +9,8 @@
 #include "tools/check/Finding.h"
 #include "tools/json/JsonDocument.h"
 #include "tools/json/JsonError.h"
+#include "tools/json/SourceFile.h"
 #include "tools/support/PlainText.h"
-#include "tools/support/SourceFile.h"
 
 namespace customstyle_tool {
 

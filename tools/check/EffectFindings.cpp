@@ -1,73 +1,124 @@
-// What the proofs say: rules and stylers without effect, and with an effect in part.
+#include "tools/check/EffectFindings.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <set>
 
-#include "tools/check/FieldHistory.h"
-#include "tools/check/StyleUnderCheck.h"
-#include "tools/replay/StoreImage.h"
-#include "tools/support/Answers.h"
-#include "tools/support/FeatureTypes.h"
-#include "tools/support/Levels.h"
+#include "tools/check/StyleFindings.h"
+#include "tools/study/Answers.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/StoreImage.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Levels.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
 
-std::vector<std::size_t> stepsOfEffect(const StyleUnderCheck& check, const ProvenEffect& proven) {
-    std::vector<std::size_t> steps;
-    for (std::size_t i = 0; i < check.steps().size(); ++i) {
-        const ReplayStep& step = check.steps()[i];
-        if (step.rule == proven.rule && (proven.styler.empty() || step.styler == proven.styler)) steps.push_back(i);
+bool doesNothing(const ReplayStep& step) {
+    return step.touches.empty() && !step.gridColor && !step.hidesEveryIcon;
+}
+
+// Another type that answers for a record at one of the levels at which it can be in effect, if one does.
+// @param exceptSame  whether an answer with the same values does not count
+std::optional<int> otherAnswering(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch,
+                                  bool exceptSame) {
+    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+        const int level = levelOfClass(levelClass);
+        if (touch.level && *touch.level != level) continue;
+        const Answer answer = ask(study.spokenConfig(), speaker.styleId, level);
+        const bool isOther = answer.featureType != -1 && answer.featureType != touch.featureType;
+        if (isOther && !(exceptSame && sameFields(answer.style, touch.after))) return answer.featureType;
     }
-    return steps;
+    return {};
+}
+
+template <typename Visit>
+void forEachSpeakerOf(const StyleStudy& study, int featureType, Visit visit) {
+    for (const Speaker& speaker : study.mapping().speakers()) {
+        if (std::ranges::find(speaker.types, featureType) != speaker.types.end()) visit(speaker);
+    }
 }
 
 // ---- Why there is no effect -----------------------------------------------------------------------------------------
 
 class Reason {
 public:
-    Reason(const StyleUnderCheck& check, const FieldHistory& history, const std::vector<std::size_t>& steps)
-        : m_check(check), m_history(history), m_steps(steps.begin(), steps.end()) {}
+    Reason(const StyleFindings& found, std::size_t begin, std::size_t end)
+        : m_found(found), m_history(found.study().history()), m_begin(begin), m_end(end) {}
 
     /// Adds the reason, and the place of it, to a finding.
     void addTo(Finding& finding) const {
-        const std::set<std::size_t> culprits = overwriters();
-        if (!ownsAnything() && !culprits.empty()) return addOverwritten(finding, culprits);
-        if (changesNothing()) {
-            finding.message += ": it writes what is there already";
+        const Culprits culprits = overwriters();
+        if (!ownsAnything() && !culprits.steps.empty()) {
+            addCulprits(finding, culprits, culprits.steps.size() > 1 ? "overwrite" : "overwrites", "overwritten here");
+        } else if (changesNothing()) {
+            const Culprits owners = ownersBefore();
+            if (owners.steps.empty()) return void(finding.message += ": it writes what is there already");
+            addCulprits(finding, owners, "", "written here before");
         } else if (isAnsweredByOthers()) {
             finding.message += ": other feature types answer for all its style ids";
         }
     }
 
 private:
-    void addOverwritten(Finding& finding, const std::set<std::size_t>& culprits) const {
-        const ReplayStep& first = m_check.steps()[*culprits.begin()];
-        finding.message += fmt::format(": {}{} overwrite{} all that it writes", m_check.nameOf(first),
-                                       culprits.size() > 1 ? " and later ones" : "", culprits.size() > 1 ? "" : "s");
-        finding.related.push_back({m_check.ruleOf(first).stylerRange(first.styler), "overwritten here"});
+    struct Culprits {
+        std::vector<std::size_t> steps;  // ascending
+        bool isSame = true;              // whether they wrote the same values
+    };
+
+    bool isOwn(std::size_t step) const { return step >= m_begin && step < m_end; }
+
+    void addCulprits(Finding& finding, const Culprits& culprits, std::string_view verb, const char* place) const {
+        const std::string names = m_found.namesOf(culprits.steps);
+        if (culprits.isSame) {
+            finding.message += fmt::format(": it says the same as {}", names);
+        } else {
+            finding.message += fmt::format(": {} {} all that it writes", names, verb);
+        }
+        for (const std::size_t step : culprits.steps) finding.related.push_back(m_found.placeOf(step, place));
     }
 
-    std::set<std::size_t> overwriters() const {
-        std::set<std::size_t> culprits;
-        for (const LostWork& loss : m_history.losses()) {
-            if (m_steps.contains(loss.victim) && !m_steps.contains(loss.culprit)) culprits.insert(loss.culprit);
+    // Who wrote the values again that the steps had written.
+    Culprits overwriters() const {
+        std::set<std::size_t> steps;
+        Culprits culprits;
+        for (std::size_t step = m_begin; step < m_end; ++step) {
+            for (const std::size_t place : m_history.lossesOf(step)) {
+                const LostWork& loss = m_history.losses()[place];
+                if (isOwn(loss.culprit)) continue;
+                steps.insert(loss.culprit);
+                culprits.isSame &= !loss.isChanged && loss.kind == LostHow::Overwritten;
+            }
         }
+        culprits.steps.assign(steps.begin(), steps.end());
         return culprits;
     }
 
+    // Who had written the values that the steps wrote again.
+    Culprits ownersBefore() const {
+        std::set<std::size_t> steps;
+        for (std::size_t step = m_begin; step < m_end; ++step) {
+            for (const std::size_t place : m_history.lossesBy(step)) {
+                if (!isOwn(m_history.losses()[place].victim)) steps.insert(m_history.losses()[place].victim);
+            }
+        }
+        return {{steps.begin(), steps.end()}, true};
+    }
+
     bool ownsAnything() const {
-        return std::ranges::any_of(m_history.records(), [&](const auto& record) {
-            return std::any_of(record.second.begin(), record.second.begin() + kMarkField,
-                               [&](const Owner& owner) { return owner.step && m_steps.contains(*owner.step); });
-        });
+        for (std::size_t step = m_begin; step < m_end; ++step) {
+            if (m_history.ownsAnything(step)) return true;
+        }
+        return false;
     }
 
     template <typename Test>
     bool allTouches(Test test) const {
-        return std::ranges::all_of(
-            m_steps, [&](std::size_t step) { return std::ranges::all_of(m_check.steps()[step].touches, test); });
+        return std::all_of(m_found.steps().begin() + static_cast<std::ptrdiff_t>(m_begin),
+                           m_found.steps().begin() + static_cast<std::ptrdiff_t>(m_end),
+                           [&](const ReplayStep& step) { return std::ranges::all_of(step.touches, test); });
     }
 
     bool changesNothing() const {
@@ -76,135 +127,139 @@ private:
 
     bool isAnsweredByOthers() const {
         return allTouches([&](const RecordTouch& touch) {
-            const auto styleId = static_cast<unsigned int>(touch.styleId);
-            const Answer answer = ask(m_check.outcome(), styleId, touch.level.value_or(0));
-            return answer.featureType != -1 && answer.featureType != touch.featureType;
+            bool areOthers = true;
+            forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
+                areOthers = areOthers && otherAnswering(m_found.study(), speaker, touch, false).has_value();
+            });
+            return areOthers;
         });
     }
 
-    const StyleUnderCheck& m_check;
+    const StyleFindings& m_found;
     const FieldHistory& m_history;
-    std::set<std::size_t> m_steps;
+    std::size_t m_begin;
+    std::size_t m_end;
 };
 
 // ---- The proofs -----------------------------------------------------------------------------------------------------
 
-LevelSet levelsOf(const Effect& effect) {
-    return effect.styles | effect.icons | effect.land | effect.grid;
-}
-
 std::string partialText(const Effect& effect, bool isForOneLevel) {
-    const LevelSet levels = levelsOf(effect);
+    const LevelSet levels = effect.styles | effect.icons | effect.land | effect.grid;
     std::string text;
     if (!isForOneLevel && !levels.all()) text = fmt::format(" at levels {}", levelsText(levels));
     if (effect.icons.any() && !(effect.styles | effect.land | effect.grid).any()) text += " on icons";
     return text;
 }
 
-// The time grows with the square of the number: half a minute for so many on a small machine.
-constexpr std::size_t kMostStepsToProve = 15'000;
-
-void addUnproven(StyleUnderCheck& check) {
-    const std::size_t begin = check.style().document().root().range().begin;
-    check.addToFile(Code::EffectsUnproven, {begin, begin + 1},
-                    fmt::format("the file has {} rules, too many to prove what each of them does; rules without effect "
-                                "are not found",
-                                check.rules().size()));
-}
-
-class EffectCheck {
+class EffectFindings {
 public:
-    EffectCheck(StyleUnderCheck& check, const std::vector<ProvenEffect>& effects)
-        : m_check(check), m_effects(effects), m_history(check.steps()) {}
+    EffectFindings(StyleFindings& found, bool details) : m_found(found), m_details(details) {}
 
-    void run() {
-        std::set<std::size_t> idleRules;
-        for (const ProvenEffect& proven : m_effects) {
-            if (idleRules.contains(proven.rule)) continue;  // what holds for a rule holds for its stylers
-            if (proven.effect.any()) {
-                addPartial(proven);
-                addSharedIds(proven);
-            } else {
-                if (proven.styler.empty()) idleRules.insert(proven.rule);
-                addNone(proven);
-            }
-        }
+    void add(const ProvenEffect& proven) {
+        if (proven.isIdle) return addNone(proven);
+        if (m_details) addPartial(proven);
+        if (proven.step) addSharedIds(m_found.steps()[*proven.step]);
     }
 
 private:
+    StyleStudy::StepRange stepsOf(const ProvenEffect& proven) const {
+        if (proven.step) return {*proven.step, *proven.step + 1};
+        return m_found.study().stepsOf(proven.rule);
+    }
+
     void addNone(const ProvenEffect& proven) {
-        const std::vector<std::size_t> steps = stepsOfEffect(m_check, proven);
-        const auto isExplained = [&](std::size_t step) {
-            return m_check.isExplained(proven.rule, m_check.steps()[step].styler) ||
-                   !m_check.steps()[step].refused.empty();
-        };
-        if (std::ranges::all_of(steps, isExplained)) return;
-        Finding& finding = add(Code::NoEffect, steps, proven);
-        finding.message = fmt::format("{} no effect on the map", subjectOf(steps, proven));
-        Reason(m_check, m_history, steps).addTo(finding);
+        const auto [begin, end] = stepsOf(proven);
+        Finding& finding = addAt(Code::NoEffect, proven);
+        finding.message = fmt::format("{} no effect on the map", subjectOf(proven));
+        finding.canGo = true;
+        Reason(m_found, begin, end).addTo(finding);
     }
 
     void addPartial(const ProvenEffect& proven) {
-        const std::vector<std::size_t> steps = stepsOfEffect(m_check, proven);
-        const bool isForOneLevel = m_check.rules()[proven.rule].textMember("level").has_value();
+        const bool isForOneLevel = m_found.rules()[proven.rule].textMember(kLevelMember).has_value();
         const std::string text = partialText(proven.effect, isForOneLevel);
-        if (text.empty()) return;
-        Finding& finding = add(Code::PartialEffect, steps, proven);
-        finding.message = fmt::format("{} an effect only{}", subjectOf(steps, proven), text);
+        if (!text.empty())
+            addAt(Code::PartialEffect, proven).message = fmt::format("{} an effect only{}", subjectOf(proven), text);
     }
 
-    // The first touch of the step whose style id another type answers for, and otherwise.
-    static const RecordTouch* lostTouch(const StyleUnderCheck& check, const ReplayStep& step) {
-        const auto isLost = [&](const RecordTouch& touch) {
-            if (catalogue().IsParentFeatureType(touch.featureType) != 0) return false;  // answers last by nature
-            const Answer answer =
-                ask(check.outcome(), static_cast<unsigned int>(touch.styleId), touch.level.value_or(0));
-            const bool isOther = answer.featureType != -1 && answer.featureType != touch.featureType;
-            return isOther && touch.after.m_custom != 0 && !sameFields(answer.style, touch.after);
-        };
-        const auto found = std::ranges::find_if(step.touches, isLost);
-        return found == step.touches.end() ? nullptr : &*found;
+    // The first style id of a type that follows another type instead.
+    void addSharedIds(const ReplayStep& step) {
+        for (const RecordTouch& touch : step.touches) {
+            if (catalogue().IsParentFeatureType(touch.featureType) != 0) continue;  // answers last by nature
+            if (touch.after.m_custom != 0 && addSharedIds(step, touch)) return;
+        }
     }
 
-    void addSharedIds(const ProvenEffect& proven) {
-        const std::vector<std::size_t> steps = stepsOfEffect(m_check, proven);
-        if (steps.size() != 1) return;  // each styler has a proof of its own
-        const ReplayStep& step = m_check.steps()[steps.front()];
-        const RecordTouch* const touch = lostTouch(m_check, step);
-        if (touch == nullptr) return;
-        const int other =
-            ask(m_check.outcome(), static_cast<unsigned int>(touch->styleId), touch->level.value_or(0)).featureType;
-        m_check.add(Code::SharedIdsLost, step,
-                    fmt::format("style ids that \"{0}\" shares with \"{1}\", such as {2}, follow \"{1}\"",
-                                catalogue().GetFeatureTypeName(touch->featureType),
-                                catalogue().GetFeatureTypeName(other), touch->styleId));
+    bool addSharedIds(const ReplayStep& step, const RecordTouch& touch) {
+        // On every map any type may share style ids with any other.
+        if (m_found.study().mapping().kind() == Mapping::Kind::EveryMap) return false;
+        bool isFound = false;
+        forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
+            const std::optional<int> other =
+                isFound ? std::nullopt : otherAnswering(m_found.study(), speaker, touch, true);
+            if (!other) return;
+            isFound = true;
+            m_found.add(Code::SharedIdsLost, step,
+                        fmt::format("style ids that \"{0}\" shares with \"{1}\", such as {2}, follow \"{1}\"",
+                                    catalogue().GetFeatureTypeName(touch.featureType),
+                                    catalogue().GetFeatureTypeName(*other), speaker.styleId));
+        });
+        return isFound;
     }
 
     // A rule with one styler is named by that styler's place.
-    Finding& add(Code code, const std::vector<std::size_t>& steps, const ProvenEffect& proven) {
-        if (steps.size() == 1) return m_check.add(code, m_check.steps()[steps.front()], "");
-        const RuleView& rule = m_check.rules()[proven.rule];
-        return m_check.add(code, rule, rule.start(), rule.value.path(), "");
+    Finding& addAt(Code code, const ProvenEffect& proven) {
+        if (proven.step) return m_found.add(code, m_found.steps()[*proven.step], "");
+        const RuleView& rule = m_found.rules()[proven.rule];
+        return m_found.add(code, rule, rule.start(), rule.value.path(), "");
     }
 
-    std::string subjectOf(const std::vector<std::size_t>& steps, const ProvenEffect& proven) const {
-        return steps.size() == 1 && !proven.styler.empty() ? fmt::format("the {} has", proven.styler)
-                                                           : std::string("the rule has");
+    std::string subjectOf(const ProvenEffect& proven) const {
+        const auto [begin, end] = m_found.study().stepsOf(proven.rule);
+        return proven.step && end - begin > 1 ? fmt::format("the {} has", m_found.steps()[*proven.step].styler)
+                                              : std::string("the rule has");
     }
 
-    StyleUnderCheck& m_check;
-    const std::vector<ProvenEffect>& m_effects;
-    FieldHistory m_history;
+    StyleFindings& m_found;
+    bool m_details;
 };
+
+std::vector<bool> keptSteps(const StyleStudy& study, const std::vector<Finding>& others) {
+    std::vector<bool> kept(study.steps().size());
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        const ReplayStep& step = study.steps()[i];
+        kept[i] = !step.log.empty() || !step.refused.empty() || doesNothing(step);
+    }
+    for (const Finding& finding : others) {
+        if (finding.step && infoOf(finding.code).has(Trait::Settles)) kept[*finding.step] = true;
+    }
+    return kept;
+}
 
 }  // namespace
 
-void findEffects(StyleUnderCheck& check, std::string_view mapping, const Progress& progress) {
-    if (check.steps().size() > kMostStepsToProve) return addUnproven(check);
-    const std::vector<ProvenEffect> effects = proveEffects(mapping, check.style(), progress);
-    const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
-    EffectCheck(check, effects).run();
-    g_zrsdk_custom_style_enable = wasEnabled;
+std::vector<Finding> findEffects(const StyleStudy& study, const std::vector<Finding>& others, ProofOptions options) {
+    const ComponentGuard guard;
+    options.kept = keptSteps(study, others);
+    const Proofs proofs = proveEffects(study, options);
+    StyleFindings found(study);
+    EffectFindings effects(found, options.details);
+    for (const ProvenEffect& proven : proofs.effects) effects.add(proven);
+    if (proofs.unproven > 0) {
+        const std::size_t begin = study.source().document().root().range().begin;
+        found.addToFile(Code::EffectsUnproven, {begin, begin + 1},
+                        fmt::format("{} of {} proofs were not made; those without effect among them are not found",
+                                    proofs.unproven, proofs.unproven + proofs.effects.size()));
+    }
+    return found.take();
+}
+
+void markIdle(const StyleStudy& study, std::vector<Finding>& findings) {
+    for (Finding& finding : findings) {
+        if (!finding.step || infoOf(finding.code).severity == Severity::Error) continue;
+        const ReplayStep& step = study.steps()[*finding.step];
+        finding.canGo |= doesNothing(step) && step.log.empty() && step.refused.empty();
+    }
 }
 
 }  // namespace customstyle_tool

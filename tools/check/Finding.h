@@ -1,13 +1,14 @@
 // What the check has to say about a place in a file.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "tools/check/FindingCodes.h"
 #include "tools/json/JsonDocument.h"
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
 
 namespace customstyle_tool {
 
@@ -22,12 +23,18 @@ struct Finding {
     const SourceFile* file;
     TextRange range;
     std::optional<std::size_t> rule;  ///< from 0; none for what concerns the file
+    std::optional<std::size_t> step;  ///< the place of a step of the study, where it is about one
+    bool canGo;                       ///< whether the rule or styler can be taken out: no answer changes, whatever
+                                      ///< else that can go is taken out too
     std::string path;                 ///< JSON path of the value
     std::string message;              ///< one sentence without a full stop: what happens at run time
     std::string remedy;               ///< what to do, in this case
     std::string log;                  ///< the component's own line; empty where it says nothing
     std::vector<RelatedPlace> related;
 };
+
+/// Answers the line that the component logs when it refuses a file; empty where there is none. Files are the host's.
+using RefusalLog = std::function<std::string(const SourceFile& file)>;
 
 /// Orders by place, then code, then message, and removes repetitions.
 void sortFindings(std::vector<Finding>& findings);

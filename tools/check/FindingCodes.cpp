@@ -6,38 +6,43 @@
 #include <iterator>
 
 #include "customstyle/FeatureTypeTable.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
 
 using enum Severity;
-using enum FileKind;
+using enum Trait;
 
 // clang-format off
 constexpr CodeInfo kInfos[] = {
     // ---- The text of a file -----------------------------------------------------------------------------------------
-    {Code::JsonSyntax, "json-syntax", Error, Style, "the file is not JSON",
+    {Code::JsonSyntax, "json-syntax", Error, Style | Refusal, "the file is not JSON",
      "The component reads a file whole or not at all: one wrong character and no rule of it applies.",
      "correct the text at this place",
      R"([{"featureType": "water"<< >>"elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
-    {Code::JsonComment, "json-comment", Error, Style, "a comment",
+    {Code::JsonComment, "json-comment", Error, Style | Refusal, "a comment",
      "JSON has no comments. The component refuses the whole file.",
      R"(say it in a member "note" of the rule)",
      R"([<<//>> water
   {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
-    {Code::JsonTooDeep, "json-too-deep", Error, Style, "nested too deep",
+    {Code::JsonTooDeep, "json-too-deep", Error, Style | Refusal, "nested too deep",
      "The component reads lists and objects up to 1,000 deep and refuses a file that goes deeper.",
      "take away brackets: a style file is a list of objects with one object in each",
      R"((1000 x [)<<[>>)"},
-    {Code::JsonEncoding, "json-encoding", Error, Style, "not UTF-8",
+    {Code::JsonEncoding, "json-encoding", Error, Style | Refusal, "not UTF-8",
      "The file is in an encoding that the component cannot read; it refuses the whole file.",
      "save the file as UTF-8",
      "<<(FF)>>(FE)["},
-    {Code::JsonEmpty, "json-empty", Error, Style, "an empty file",
+    {Code::JsonEmpty, "json-empty", Error, Style | Refusal, "an empty file",
      "A file without any value is not JSON. The component refuses it.",
      "write at least the empty list []",
      "<<>>"},
+    {Code::JsonLenient, "json-lenient", Warning, Style, "text that other programs refuse as JSON",
+     "The component reads numbers such as 007, 1. and -.5, line breaks inside a text, and bytes that are no UTF-8. Strict "
+     "readers, among them most editors and build tools, refuse the whole file.",
+     "write it as JSON has it",
+     R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}, "note": <<007>>}])"},
     {Code::TextAfterEnd, "text-after-end", Warning, Style, "text behind the end",
      "The component stops reading behind the first complete value, so rules that stand there do not exist for it. "
      "Zero bytes count as blanks.",
@@ -143,11 +148,17 @@ constexpr CodeInfo kInfos[] = {
      "inside another word. Other words are not checked.",
      "write the path that you mean",
      R"([{"featureType": "building", "elementType": <<"wall.fill">>, "stylers": {"color": "#3366cc"}}])"},
-    {Code::ElementMatchesNothing, "element-matches-nothing", Warning, Style, "an element that takes styles out of use",
+    {Code::ElementMatchesNothing, "element-matches-nothing", Warning, Style | Settles, "an element that takes styles out of use",
      "The rule reaches records that do not have this element. Nothing is written into them, but they stop counting as "
      "customised: what other rules wrote there is no longer drawn.",
-     "take the rule out, or name another element",
+     "name an element that the labels have",
      R"([{"featureType": "highwaylabel", "elementType": "labels.text.topsurface", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::HiddenByRule, "hidden-by-rule", Warning, Style | Settles, "hidden by a rule that matches nothing",
+     "A later rule reaches the same records with an element that they do not have. From then on they no longer count as "
+     "customised, and nothing that is written in them is drawn.",
+     "correct the element of the rule that hides this one",
+     R"([{"featureType": "town", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
+ {"featureType": "town", "elementType": "labels.text.topsurface", "stylers": {"color": "#3366cc"}}])"},
     {Code::FontsizeWithoutLabels, "fontsize-without-labels", Error, Style, "a font size without labels",
      "Only labels have a font size. On \"land\", \"grid\" and \"all\", and with an element path without \"labels\", it "
      "is dropped.",
@@ -239,12 +250,26 @@ constexpr CodeInfo kInfos[] = {
     {Code::IconOnAll, "icon-on-all", Warning, Style, "an icon rule for all",
      "An \"icon\" rule for the type \"all\" hides every icon of the map at every level, with \"on\" as well, and no "
      "rule shows them again.",
-     "take the rule out; to hide icons at some levels write rules for the types",
+     "write rules for the types whose icons you mean",
      R"([{"featureType": "all", "elementType": "labels.icon", "stylers": {<<"visibility": "on">>}}])"},
     {Code::GridLevelLost, "grid-level-lost", Warning, Style, "a level for the grid",
      "The grid has one colour for all levels; the level of the rule is lost.",
      "take the level out",
      R"([{"featureType": "grid", "elementType": "geometry.fill", "stylers": {"color": "#3366cc", <<"level": "12">>}}])"},
+    {Code::GridUnchanged, "grid-unchanged", Warning, Style, "a grid rule that leaves the grid as it is",
+     "The background grid takes its colour from \"geometry.fill\", \"geometry.stroke\" and \"all\" only, and it cannot be "
+     "hidden. Other rules for \"grid\" change the style ids that the mapping lists under it, not the background.",
+     "write \"geometry.fill\" with a \"color\"",
+     R"([{"featureType": "grid", "elementType": "geometry", "stylers": {<<"color": "#3366cc">>}}])"},
+    {Code::LandInvisible, "land-invisible", Warning, Style, "the land's background becomes invisible",
+     "As soon as a rule customises the land, the renderer takes the land's background from it: the fill. A rule that "
+     "writes something else and leaves the fill alone makes the background fully transparent.",
+     "give the land a fill too: \"geometry.fill\" with a \"color\"",
+     R"([{"featureType": "land", "elementType": "geometry", "stylers": {<<"weight": "3">>}}])"},
+    {Code::LandHidden, "land-hidden", Note, Style, "the land's background is hidden",
+     "Hiding the geometry of the land makes its background fully transparent.",
+     "nothing, if that is what you mean",
+     R"([{"featureType": "land", "elementType": "geometry", "stylers": {<<"visibility": "off">>}}])"},
     {Code::AllColorsNamesOnly, "all-colors-names-only", Warning, Style, "all colours the names only",
      "On a type with labels \"all\" colours the text of the labels and never reaches the geometry.",
      "add a rule for \"geometry\", or say \"labels\" when the names are meant",
@@ -274,7 +299,7 @@ constexpr CodeInfo kInfos[] = {
      R"([{"featureType": <<"poilabel">>, "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}}])"},
 
     // ---- Rules among each other -------------------------------------------------------------------------------------
-    {Code::LevelReset, "level-reset", Warning, Style, "lost to a later rule for the same level",
+    {Code::LevelReset, "level-reset", Warning, Style | Settles, "lost to a later rule for the same level",
      "Where a type has a style for all levels, each styler for one level starts again from that style. What earlier "
      "stylers wrote for the level is lost, even in other fields and even in the same rule.",
      "only the last styler for a level stays: write the others for all levels, or give the type no style for all levels",
@@ -295,7 +320,8 @@ constexpr CodeInfo kInfos[] = {
  {"featureType": "arterial", "elementType": "geometry.fill", "stylers": {<<"color": "#3366cc">>}}])"},
     {Code::NoEffect, "no-effect", Warning, Style, "no effect, proven",
      "The file was loaded again without this rule or styler, and every answer of the component stayed the same: all "
-     "style ids, all levels, all four questions.",
+     "style ids, all levels, all four questions; without --mapping, on every map. All that is found to have no effect can "
+     "be taken out together: each was proven without those found before it.",
      "take it out",
      R"([{"featureType": "country", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
  {"featureType": "country", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366"}}])"},
@@ -306,17 +332,17 @@ constexpr CodeInfo kInfos[] = {
      R"([{"featureType": "nationalwaysign", "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}},
  {"featureType": "provincialwaysign", "elementType": "labels.text.fill", "stylers": {<<"color": "#cc3366">>}}])",
      R"({"nationalwaysign": [1, 2], "provincialwaysign": [2, 3], (every type but "nationalwaysign" and "provincialwaysign")})"},
-    {Code::PartialEffect, "partial-effect", Note, Style, "an effect in part, proven",
+    {Code::PartialEffect, "partial-effect", Note, Style | OnRequest, "an effect in part, proven",
      "Without this rule or styler the component's answers change, but at some levels only, or on icons only. Shown with "
      "--effects.",
      "nothing, if that is what you mean",
      R"([{"featureType": "city", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
  {"featureType": "city", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366", "level": "9"}}])"},
-    {Code::EffectsUnproven, "effects-unproven", Warning, Style, "too many rules for proofs",
-     "To prove that a rule has an effect, the rest of the file is loaded without it. With more than 15,000 stylers in all that "
-     "would take too long, so rules without effect are not found.",
-     "take out what has no effect, which \"customstyle minify\" does for you, and check the result",
-     R"((15,001 rules))"},
+    {Code::EffectsUnproven, "effects-unproven", Warning, Style, "no time for all proofs",
+     "The time for proofs (--proof-time) was over before every rule and styler had been left out once. Some without effect "
+     "may not have been found.",
+     "give more time, or \"--proof-time 0\" for as long as it takes",
+     ""},
     {Code::SlotsNearlyFull, "slots-nearly-full", Warning, Style, "nearly too many style keys",
      "Each type, and each type at each level, for which a rule writes takes one of 1,241 places of the store. The file "
      "takes more than four fifths of them.",
@@ -326,24 +352,24 @@ constexpr CodeInfo kInfos[] = {
      "The store has 1,241 places for types and for types at one level. All are taken, and this styler and those behind "
      "it that need a new one are dropped in silence.",
      "write rules for all levels instead of rules for each level",
-     R"((70 types at levels 4 to 21))"},
+     R"((1,242 rules for as many types and levels))"},
     {Code::OtherLogLine, "other-log-line", Warning, Style, "a log line",
      "The component logs a line that this tool has no explanation for.",
      "see the log line",
      ""},
 
     // ---- The mapping file -------------------------------------------------------------------------------------------
-    {Code::MappingNotObject, "mapping-not-object", Error, Mapping, "the mapping is no object",
+    {Code::MappingNotObject, "mapping-not-object", Error, Mapping | Refusal, "the mapping is no object",
      "The mapping file is one object with a list of style ids for each feature type. The component refuses it, and no "
      "style is loaded.",
      "write an object with a member for each feature type",
      R"(<<[]>>)"},
-    {Code::MappingTypeMissing, "mapping-type-missing", Error, Mapping, "a feature type without a list",
+    {Code::MappingTypeMissing, "mapping-type-missing", Error, Mapping | Refusal, "a feature type without a list",
      "The mapping has to name all 72 feature types from \"land\" to \"grid\". The component stops at the first that is "
      "missing, and no style is loaded.",
      "add the missing types, with an empty list [] where there are no style ids",
      R"(<<{>>(every type but "water")})"},
-    {Code::MappingNotList, "mapping-not-list", Error, Mapping, "a feature type that is no list",
+    {Code::MappingNotList, "mapping-not-list", Error, Mapping | Refusal, "a feature type that is no list",
      "The style ids of a type stand in a list. The component stops at a value that is none, and no style is loaded.",
      "write the style ids between [ and ]",
      R"({"water": <<2101>>, (every type but "water")})"},
@@ -375,7 +401,7 @@ constexpr CodeInfo kInfos[] = {
      "The renderer asks with unsigned numbers, and what is filed under a negative style id is not found by any.",
      "use a style id from 1 to 2147483647",
      R"({"water": [<<-5>>], (every type but "water")})"},
-    {Code::MappingIdShared, "mapping-id-shared", Note, Mapping, "style ids under several types",
+    {Code::MappingIdShared, "mapping-id-shared", Note, Mapping | OnRequest, "style ids under several types",
      "Of several types that customise a style id the first answers, parent types last; the styles that rules give it "
      "under the others are not drawn then. Shown with --effects.",
      "nothing, if the first type is to answer",
@@ -403,25 +429,20 @@ std::string mappingMembersWithout(std::initializer_list<std::string_view> except
 }
 
 // Rules for the types "land" to "otherlabel", without "boundary", at each level up to `highest`.
-std::string rulesForLevelsTo(int highest, std::size_t marked) {
+// @param marked  the rule that is marked
+// @param most    how many rules at most
+std::string rulesForLevelsTo(int highest, std::size_t marked, std::size_t most) {
     std::string rules;
     std::size_t count = 0;
     for (const auto& type : _orvik_framework::kFeatureTypes) {
         if (type.labelOwner == _orvik_framework::LabelOwner::Nobody || type.hasFixedWeight) continue;
-        for (int level = 4; level <= highest; ++level) {
-            const char* const styler = ++count == marked ? R"(<<"weight": "3">>)" : R"("weight": "3")";
+        for (int level = 4; level <= highest && count < most; ++level) {
+            const char* const styler = ++count == marked ? R"(<<"color": "#3366cc">>)" : R"("color": "#3366cc")";
             rules +=
                 fmt::format(R"({}{{"featureType": "{}", "elementType": "geometry", "stylers": {{{}, "level": "{}"}}}})",
                             rules.empty() ? "[" : ",\n ", type.name, styler, level);
         }
     }
-    return rules + "]";
-}
-
-std::string rulesInNumber(std::size_t count) {
-    const std::string rule = R"({"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}})";
-    std::string rules = "<<[>>" + rule;
-    for (std::size_t i = 1; i < count; ++i) rules += ",\n " + rule;
     return rules + "]";
 }
 
@@ -440,9 +461,8 @@ std::string expanded(std::string text) {
     replaceAll(text, R"((every type but "nationalwaysign" and "provincialwaysign"))",
                mappingMembersWithout({"nationalwaysign", "provincialwaysign"}));
     replaceAll(text, R"((every type but "green" and "water"))", mappingMembersWithout({"green", "water"}));
-    if (text == "(70 types at levels 4 to 18)") return rulesForLevelsTo(18, 993);
-    if (text == "(70 types at levels 4 to 21)") return rulesForLevelsTo(21, 1242);
-    if (text == "(15,001 rules)") return rulesInNumber(15'001);
+    if (text == "(70 types at levels 4 to 18)") return rulesForLevelsTo(18, 993, 1241);
+    if (text == "(1,242 rules for as many types and levels)") return rulesForLevelsTo(21, 1242, 1242);
     return text;
 }
 
@@ -466,10 +486,6 @@ std::optional<Code> codeNamed(std::string_view name) {
     const auto* const found = std::ranges::find_if(kInfos, named);
     if (found == std::end(kInfos)) return {};
     return found->code;
-}
-
-bool isShownOnRequest(Code code) {
-    return code == Code::PartialEffect || code == Code::MappingIdShared;
 }
 
 Example exampleOf(const CodeInfo& info) {

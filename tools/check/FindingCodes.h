@@ -23,6 +23,7 @@ enum class Code : std::uint8_t {
     JsonTooDeep,
     JsonEncoding,
     JsonEmpty,
+    JsonLenient,
     TextAfterEnd,
     TextCutAtNul,
     NotAList,
@@ -49,6 +50,7 @@ enum class Code : std::uint8_t {
     ElementNotForStyler,
     ElementUnusual,
     ElementMatchesNothing,
+    HiddenByRule,
     FontsizeWithoutLabels,
     // Values.
     ColorShort,
@@ -72,6 +74,9 @@ enum class Code : std::uint8_t {
     OnRestoresNoColor,
     IconOnAll,
     GridLevelLost,
+    GridUnchanged,
+    LandInvisible,
+    LandHidden,
     AllColorsNamesOnly,
     LabelsChangeGeometry,
     GeometryHidesNames,
@@ -106,19 +111,33 @@ enum class Code : std::uint8_t {
 
 inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::kCount);
 
-/// Which file a code is about.
-enum class FileKind : std::uint8_t { Style, Mapping };
+/// Which file a code is about, and how its findings are treated.
+enum class Trait : std::uint8_t {
+    Style = 1,
+    Mapping = 2,
+    OnRequest = 4,  ///< appears only where the author asks for it
+    Refusal = 8,    ///< the component refuses the whole file
+    Settles = 16,   ///< says all about its step: whether the step could go is not looked for
+};
+
+constexpr Trait operator|(Trait left, Trait right) {
+    return static_cast<Trait>(static_cast<std::uint8_t>(left) | static_cast<std::uint8_t>(right));
+}
 
 struct CodeInfo {
     Code code;
     const char* name;  ///< stable: "level-clamped"
     Severity severity;
-    FileKind kind;
+    Trait traits;
     const char* title;
     const char* explanation;
     const char* remedy;               ///< where a finding has nothing better to say
     const char* example;              ///< see exampleOf; empty where nothing brings the finding about
     const char* exampleMapping = "";  ///< the mapping file that the example of a style needs, if any
+
+    constexpr bool has(Trait trait) const {
+        return (static_cast<std::uint8_t>(traits) & static_cast<std::uint8_t>(trait)) != 0;
+    }
 };
 
 std::span<const CodeInfo> codeInfos();
@@ -126,9 +145,6 @@ const CodeInfo& infoOf(Code code);
 
 /// The code of a name, or none.
 std::optional<Code> codeNamed(std::string_view name);
-
-/// Whether findings of the code appear only where the author asks for them.
-bool isShownOnRequest(Code code);
 
 /// A file that brings about a finding, and where the finding stands in it. The table writes << and >> around the place,
 /// and names in parentheses what is too long or no text: (1000 x [).

@@ -7,12 +7,12 @@
 #include <set>
 #include <utility>
 
-#include "tools/check/FieldHistory.h"
-#include "tools/check/StyleUnderCheck.h"
-#include "tools/check/WhatIf.h"
-#include "tools/replay/StyleKey.h"
-#include "tools/support/FeatureTypes.h"
-#include "tools/support/Levels.h"
+#include "tools/check/StyleFindings.h"
+#include "tools/study/FieldHistory.h"
+#include "tools/study/Probe.h"
+#include "tools/study/StyleKey.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {
@@ -28,37 +28,23 @@ std::string fieldNames(const std::set<std::size_t>& fields) {
     return fmt::format("{}", fmt::join(names, ", "));
 }
 
-RelatedPlace placeOf(const StyleUnderCheck& check, const ReplayStep& step, std::string text) {
-    return {check.ruleOf(step).stylerRange(step.styler), std::move(text)};
-}
-
 // ---- Lost to a later step for the same level ------------------------------------------------------------------------
 
-struct Resetting {
-    std::set<std::size_t> fields;
-    std::set<std::size_t> types;
-};
-
-void addReset(StyleUnderCheck& check, const ReplayStep& victim, const ReplayStep& culprit, std::optional<int> level,
-              const std::set<std::size_t>& fields) {
-    Finding& finding =
-        check.add(Code::LevelReset, victim,
-                  fmt::format("what it writes to {} is lost at {}: {} starts again from the style for all levels",
-                              fieldNames(fields), levelText(level), check.nameOf(culprit)));
-    finding.related.push_back(placeOf(check, culprit, "starts again here"));
-    check.explain(victim.rule, victim.styler);
-}
-
-void findResets(StyleUnderCheck& check, const FieldHistory& history) {
+void findResets(StyleFindings& found) {
     using Case = std::tuple<std::size_t, std::size_t, std::optional<int>>;
     std::map<Case, std::set<std::size_t>> cases;
-    for (const LostWork& loss : history.losses()) {
-        if (loss.kind != LostHow::Reset || !loss.isChanged || loss.field == kMarkField) continue;
-        cases[{loss.victim, loss.culprit, loss.level}].insert(loss.field);
+    for (const LostWork& loss : found.study().history().losses()) {
+        if (loss.kind == LostHow::Reset && loss.isChanged) {
+            cases[{loss.victim, loss.culprit, loss.level}].insert(loss.field);
+        }
     }
     for (const auto& [each, fields] : cases) {
         const auto& [victim, culprit, level] = each;
-        addReset(check, check.steps()[victim], check.steps()[culprit], level, fields);
+        Finding& finding =
+            found.add(Code::LevelReset, found.steps()[victim],
+                      fmt::format("what it writes to {} is lost at {}: {} starts again from the style for all levels",
+                                  fieldNames(fields), levelText(level), found.nameOf(culprit)));
+        finding.related.push_back(found.placeOf(culprit, "starts again here"));
     }
 }
 
@@ -67,7 +53,7 @@ void findResets(StyleUnderCheck& check, const FieldHistory& history) {
 // What a step would write where there is no style for all levels, by feature type.
 std::map<int, std::set<std::size_t>> writtenAlone(const RuleView& rule, const std::string& styler) {
     std::map<int, std::set<std::size_t>> written;
-    for (const ReplayStep& step : stepsOf(std::string(rule.value.source()))) {
+    for (const ReplayStep& step : stepsOfRule(std::string(rule.value.source()))) {
         if (step.styler != styler) continue;
         for (const RecordTouch& touch : step.touches) {
             for (std::size_t field = 0; field < kMarkField; ++field) {
@@ -78,7 +64,7 @@ std::map<int, std::set<std::size_t>> writtenAlone(const RuleView& rule, const st
     return written;
 }
 
-void checkOwnReset(StyleUnderCheck& check, const ReplayStep& step) {
+void checkOwnReset(StyleFindings& check, const ReplayStep& step) {
     const auto alone = writtenAlone(check.ruleOf(step), step.styler);
     std::set<std::size_t> lost;
     std::optional<int> level;
@@ -96,7 +82,7 @@ void checkOwnReset(StyleUnderCheck& check, const ReplayStep& step) {
                           fieldNames(lost), levelText(level)));
 }
 
-void findOwnResets(StyleUnderCheck& check) {
+void findOwnResets(StyleFindings& check) {
     for (const ReplayStep& step : check.steps()) {
         const bool mayWriteTwice = step.styler == "visibility" && check.ruleOf(step).textMember("level");
         if (mayWriteTwice && !step.touches.empty()) checkOwnReset(check, step);
@@ -109,54 +95,96 @@ bool isTakenOut(const RecordTouch& touch) {
     return touch.origins[kMarkField] == Origin::Written && touch.after.m_custom == 0;
 }
 
-// Which step was the last one that made records of a type count as customised, for each level and for all.
-class WorkSoFar {
-public:
-    void add(std::size_t place, const ReplayStep& step) {
-        for (const RecordTouch& touch : step.touches) {
-            if (touch.after.m_custom != 0) m_last[{touch.featureType, touch.level}] = place;
-        }
-    }
-
-    /// The last step whose work can be in the record of this touch.
-    std::optional<std::size_t> before(const RecordTouch& touch) const {
-        return std::max(find(touch.featureType, {}), find(touch.featureType, touch.level));
-    }
-
-private:
-    std::optional<std::size_t> find(int featureType, std::optional<int> level) const {
-        const auto found = m_last.find({featureType, level});
-        if (found == m_last.end()) return {};
-        return found->second;
-    }
-
-    std::map<std::pair<int, std::optional<int>>, std::size_t> m_last;
+// The records of a type that are out of use in the end, and whose values stand in them.
+struct OutOfUse {
+    int featureType = 0;
+    LevelSet levels;                // at which these are the records in effect
+    std::set<std::size_t> victims;  // steps
 };
 
-void addTakenOut(StyleUnderCheck& check, const ReplayStep& step, const RecordTouch& touch,
-                 std::optional<std::size_t> work) {
-    const std::string type = catalogue().GetFeatureTypeName(touch.featureType);
-    check.explain(step.rule, step.styler);
-    if (!work) {
-        check.add(Code::ElementMatchesNothing, step,
-                  fmt::format("nothing is written: labels of \"{}\" have no such element", type));
-        return;
+// The levels at which the record of a key is the one in effect.
+LevelSet levelsInEffect(const StyleKey& key, const FieldHistory& history) {
+    if (key.level) return LevelSet().set(classOfLevel(*key.level));
+    LevelSet levels = LevelSet().set();
+    for (const auto& [record, owners] : history.records()) {
+        const auto [featureType, level] = parsedKey(record.first);
+        if (featureType == key.featureType && level) levels.reset(classOfLevel(*level));
     }
-    const ReplayStep& lost = check.steps()[*work];
-    Finding& finding = check.add(
-        Code::ElementMatchesNothing, step,
-        fmt::format("nothing is written, and what {} gave \"{}\" is no longer drawn", check.nameOf(lost), type));
-    finding.related.push_back(placeOf(check, lost, "taken out of use"));
-    check.explain(lost.rule, lost.styler);
+    return levels;
 }
 
-void findTakenOut(StyleUnderCheck& check) {
-    WorkSoFar work;
-    for (std::size_t i = 0; i < check.steps().size(); ++i) {
-        const ReplayStep& step = check.steps()[i];
-        const auto touch = std::ranges::find_if(step.touches, isTakenOut);
-        if (touch != step.touches.end()) addTakenOut(check, step, *touch, work.before(*touch));
-        work.add(i, step);
+// By the step that took them out, and by feature type.
+using Hiding = std::map<std::size_t, std::map<int, OutOfUse>>;
+
+// Whether the step left this record out of use; the mark is of the last step that visited the record.
+bool takesOut(const ReplayStep& step, const std::string& key) {
+    return std::ranges::any_of(step.touches,
+                               [&](const RecordTouch& touch) { return touch.key == key && isTakenOut(touch); });
+}
+
+Hiding recordsOutOfUse(const StyleFindings& found) {
+    Hiding hiding;
+    const FieldHistory& history = found.study().history();
+    for (const auto& [record, owners] : history.records()) {
+        const std::optional<std::size_t> last = owners[kMarkField].step;
+        const StyleKey key = parsedKey(record.first);
+        // A record for a level may have taken its mark over with all else.
+        const std::string ofMark = owners[kMarkField].ofLevel ? record.first : std::to_string(key.featureType);
+        if (!last || !takesOut(found.steps()[*last], ofMark)) continue;
+        OutOfUse& out = hiding[*last][key.featureType];
+        out.featureType = key.featureType;
+        out.levels |= levelsInEffect(key, history);
+        for (std::size_t field = 0; field < kMarkField; ++field) {
+            if (owners[field].step) out.victims.insert(*owners[field].step);
+        }
+    }
+    return hiding;
+}
+
+std::string atLevels(const LevelSet& levels) {
+    return levels.all() ? "" : fmt::format(" at levels {}", levelsText(levels));
+}
+
+void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
+    for (const std::size_t victim : out.victims) {
+        Finding& finding = found.add(
+            Code::HiddenByRule, found.steps()[victim],
+            fmt::format("what it gives \"{}\" is not drawn{}: {} takes it out of use",
+                        catalogue().GetFeatureTypeName(out.featureType), atLevels(out.levels), found.nameOf(culprit)));
+        finding.remedy = fmt::format("correct the element of {}", found.nameOf(culprit));
+        finding.related.push_back(found.placeOf(culprit, "taken out of use here"));
+    }
+}
+
+// The labels that lack the element: those of the first record that the step takes out.
+std::string typeTakenOut(const ReplayStep& step) {
+    return catalogue().GetFeatureTypeName(std::ranges::find_if(step.touches, isTakenOut)->featureType);
+}
+
+void addTakenOut(StyleFindings& found, std::size_t culprit, const std::map<int, OutOfUse>& types) {
+    const ReplayStep& step = found.steps()[culprit];
+    std::set<std::size_t> victims;
+    for (const auto& [type, out] : types) victims.insert(out.victims.begin(), out.victims.end());
+    if (victims.empty()) {
+        found.add(Code::ElementMatchesNothing, step,
+                  fmt::format("nothing is written: labels of \"{}\" have no such element", typeTakenOut(step)));
+        return;
+    }
+    const std::vector<std::size_t> list(victims.begin(), victims.end());
+    Finding& finding =
+        found.add(Code::ElementMatchesNothing, step,
+                  fmt::format("labels of \"{}\" have no such element: nothing is written, and this hides what {} set",
+                              typeTakenOut(step), found.namesOf(list)));
+    for (const std::size_t victim : list) finding.related.push_back(found.placeOf(victim, "hidden by it"));
+    for (const auto& [type, out] : types) addHidden(found, culprit, out);
+}
+
+void findTakenOut(StyleFindings& found) {
+    const Hiding hiding = recordsOutOfUse(found);
+    for (std::size_t i = 0; i < found.steps().size(); ++i) {
+        if (std::ranges::none_of(found.steps()[i].touches, isTakenOut)) continue;
+        const auto hidden = hiding.find(i);
+        addTakenOut(found, i, hidden == hiding.end() ? std::map<int, OutOfUse>() : hidden->second);
     }
 }
 
@@ -167,7 +195,7 @@ struct ShutOut {
     std::optional<std::size_t> culprit;
 };
 
-std::map<std::string, std::size_t> firstStepsOfKeys(const StyleUnderCheck& check) {
+std::map<std::string, std::size_t> firstStepsOfKeys(const StyleFindings& check) {
     std::map<std::string, std::size_t> first;
     for (std::size_t i = 0; i < check.steps().size(); ++i) {
         for (const std::string& key : check.steps()[i].newKeys) first.try_emplace(key, i);
@@ -186,7 +214,7 @@ std::set<std::size_t> missingIn(const RecordOwners& ofLevel, const RecordOwners&
     return missing;
 }
 
-std::map<std::size_t, ShutOut> shutOutSteps(const StyleUnderCheck& check, const FieldHistory& history) {
+std::map<std::size_t, ShutOut> shutOutSteps(const StyleFindings& check, const FieldHistory& history) {
     const auto firstSteps = firstStepsOfKeys(check);
     std::map<std::size_t, ShutOut> shutOut;
     for (const auto& [record, owners] : history.records()) {
@@ -203,28 +231,27 @@ std::map<std::size_t, ShutOut> shutOutSteps(const StyleUnderCheck& check, const 
     return shutOut;
 }
 
-void findShutOut(StyleUnderCheck& check, const FieldHistory& history) {
-    for (const auto& [place, shutOut] : shutOutSteps(check, history)) {
-        const ReplayStep& step = check.steps()[place];
-        const ReplayStep& culprit = check.steps()[*shutOut.culprit];
+void findShutOut(StyleFindings& found) {
+    for (const auto& [place, shutOut] : shutOutSteps(found, found.study().history())) {
         const bool isOne = shutOut.levels.count() == 1;
-        Finding& finding = check.add(
-            Code::ShutOutByLevel, step,
+        Finding& finding = found.add(
+            Code::ShutOutByLevel, found.steps()[place],
             fmt::format("it does not reach {} {}: the style for {} was made before, by {}{}",
                         isOne ? "level" : "levels", levelsText(shutOut.levels), isOne ? "that level" : "those levels",
-                        check.nameOf(culprit), isOne ? "" : " and others"));
-        finding.related.push_back(placeOf(check, culprit, "the style for the level begins here"));
+                        found.nameOf(*shutOut.culprit), isOne ? "" : " and others"));
+        finding.related.push_back(found.placeOf(*shutOut.culprit, "the style for the level begins here"));
     }
 }
 
 }  // namespace
 
-void findHistory(StyleUnderCheck& check) {
-    const FieldHistory history(check.steps());
-    findResets(check, history);
-    findOwnResets(check);
-    findTakenOut(check);
-    findShutOut(check, history);
+std::vector<Finding> findHistory(const StyleStudy& study) {
+    StyleFindings found(study);
+    findResets(found);
+    findOwnResets(found);
+    findTakenOut(found);
+    findShutOut(found);
+    return found.take();
 }
 
 }  // namespace customstyle_tool

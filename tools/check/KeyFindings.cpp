@@ -4,7 +4,9 @@
 #include <set>
 #include <string>
 
-#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/StyleFindings.h"
+#include "tools/study/StyleKey.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
@@ -13,36 +15,52 @@ using _orvik_framework::kStyleSlotCount;
 
 constexpr std::size_t kNearlyFull = static_cast<std::size_t>(kStyleSlotCount) * 4 / 5;
 
+// "water" at level 12
+std::string keyText(const std::string& key) {
+    const auto [featureType, level] = parsedKey(key);
+    const std::string type = catalogue().GetFeatureTypeName(featureType);
+    return level ? fmt::format("\"{}\" at level {}", type, *level) : fmt::format("\"{}\" at all levels", type);
+}
+
 // The step that needs the first key beyond `limit`, and all keys that the file needs.
 struct Need {
     const ReplayStep* beyond = nullptr;
     std::set<std::string> keys;
 };
 
-Need needOf(const StyleUnderCheck& check, std::size_t limit) {
+Need needOf(const StyleFindings& found, std::size_t limit) {
     Need need;
-    for (const ReplayStep& step : check.steps()) {
+    for (const ReplayStep& step : found.steps()) {
         need.keys.insert(step.keys.begin(), step.keys.end());
         if (need.beyond == nullptr && need.keys.size() > limit) need.beyond = &step;
     }
     return need;
 }
 
+// Each styler that found no room.
+void addRefused(StyleFindings& found, std::size_t keys) {
+    for (const ReplayStep& step : found.steps()) {
+        if (step.refused.empty()) continue;
+        found.add(Code::SlotsExceeded, step,
+                  fmt::format("dropped: the file needs {} style keys, {} more than the store holds, and there is none "
+                              "left for {}",
+                              keys, keys - kStyleSlotCount, keyText(step.refused.front())));
+    }
+}
+
 }  // namespace
 
-void findKeys(StyleUnderCheck& check) {
-    const Need need = needOf(check, kStyleSlotCount);
+std::vector<Finding> findKeys(const StyleStudy& study) {
+    StyleFindings found(study);
+    const Need need = needOf(found, kNearlyFull);
     if (need.keys.size() > kStyleSlotCount) {
-        check.add(
-            Code::SlotsExceeded, *need.beyond,
-            fmt::format("the file needs {} style keys, {} more than the store holds; from here on rules for a further "
-                        "type or level are dropped",
-                        need.keys.size(), need.keys.size() - kStyleSlotCount));
-    } else if (const Need most = needOf(check, kNearlyFull); most.beyond != nullptr) {
-        check.add(Code::SlotsNearlyFull, *most.beyond,
-                  fmt::format("the file needs {} of the {} style keys that the store holds", most.keys.size(),
+        addRefused(found, need.keys.size());
+    } else if (need.beyond != nullptr) {
+        found.add(Code::SlotsNearlyFull, *need.beyond,
+                  fmt::format("the file needs {} of the {} style keys that the store holds", need.keys.size(),
                               kStyleSlotCount));
     }
+    return found.take();
 }
 
 }  // namespace customstyle_tool

@@ -6,10 +6,11 @@
 #include <iterator>
 
 #include "tools/check/DocumentFindings.h"
-#include "tools/check/StyleUnderCheck.h"
-#include "tools/check/WhatIf.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/check/StyleFindings.h"
+#include "tools/study/Probe.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -18,7 +19,7 @@ constexpr std::string_view kLogPrefix = "ZRX Custom Map: ";
 
 /// A line of the component for one step.
 struct LoggedLine {
-    StyleUnderCheck& check;
+    StyleFindings& check;
     const ReplayStep& step;
     const RuleView& rule;
     const std::string& line;
@@ -56,7 +57,7 @@ void featureTypeAbsent(const LoggedLine& logged) {
 void featureTypeUnknown(const LoggedLine& logged) {
     const std::string& name = logged.rule.typeName;
     Finding& finding = logged.add(Code::TypeUnknown, *logged.rule.featureType,
-                                  fmt::format("there is no feature type {}; the rule is skipped", inQuotes(name)));
+                                  fmt::format("unknown feature type {}; the rule is skipped", inQuotes(name)));
     const auto nearest = likelyName(name, featureTypeNames());
     if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
 }
@@ -77,27 +78,8 @@ void stylersAbsent(const LoggedLine& logged) {
     }
 }
 
-// A member of the stylers that was found to be at fault also accounts for the missing styler.
-Finding* suspectIn(StyleUnderCheck& check, const RuleView& rule) {
-    constexpr Code kSuspects[] = {Code::ValueNotText, Code::MemberLetterCase, Code::MemberUnknown};
-    for (const Code code : kSuspects) {
-        for (Finding* finding : check.findingsOf(rule)) {
-            const bool isInStylers =
-                finding->range.begin > rule.stylers->range().begin && finding->range.end < rule.stylers->range().end;
-            if (isInStylers && finding->code == code) return finding;
-        }
-    }
-    return nullptr;
-}
-
 void stylersEmpty(const LoggedLine& logged) {
-    Finding* suspect = suspectIn(logged.check, logged.rule);
-    if (suspect != nullptr) {
-        suspect->message += ", and without any other styler the rule is skipped";
-        suspect->log = logged.line;
-        if (suspect->code == Code::MemberUnknown) suspect->code = Code::NoStyler;
-        return;
-    }
+    if (logged.rule.suspect()) return;  // the finding about that member tells it
     const bool hasLevel = logged.rule.member("level").has_value();
     logged.add(
         Code::NoStyler, *logged.rule.stylers,
@@ -105,8 +87,6 @@ void stylersEmpty(const LoggedLine& logged) {
 }
 
 // ---- Elements -------------------------------------------------------------------------------------------------------
-
-constexpr std::string_view kStylers[] = {"color", "visibility", "weight", "fontsize"};
 
 std::string quotedList(const std::vector<std::string>& names) {
     std::vector<std::string> parts;
@@ -134,10 +114,10 @@ void elementInvalid(const LoggedLine& logged) {
     const RuleView& rule = logged.rule;
     const std::string& styler = logged.step.styler;
     const bool isKnown = std::ranges::any_of(
-        kStylers, [&](std::string_view other) { return acceptsStyler(rule.typeName, rule.path, other); });
-    const std::string message =
-        isKnown ? fmt::format("{} has no {}; the styler is dropped", inQuotes(rule.path), styler)
-                : fmt::format("there is no element {}; the {} is dropped", inQuotes(rule.path), styler);
+        stylers(), [&](const Styler& other) { return acceptsStyler(rule.typeName, rule.path, other.name); });
+    const std::string message = isKnown
+                                    ? fmt::format("{} has no {}; the styler is dropped", inQuotes(rule.path), styler)
+                                    : fmt::format("unknown element {}; the {} is dropped", inQuotes(rule.path), styler);
     logged.add(isKnown ? Code::ElementNotForStyler : Code::ElementUnknown, *rule.elementType, message).remedy =
         elementRemedy(rule, styler);
 }
@@ -221,11 +201,12 @@ void explainLine(const LoggedLine& logged) {
 
 }  // namespace
 
-void findLogged(StyleUnderCheck& check) {
-    for (const ReplayStep& step : check.steps()) {
-        if (!step.log.empty()) check.explain(step.rule, step.styler);
-        for (const std::string& line : step.log) explainLine({check, step, check.ruleOf(step), line});
+std::vector<Finding> findLogged(const StyleStudy& study) {
+    StyleFindings found(study);
+    for (const ReplayStep& step : study.steps()) {
+        for (const std::string& line : step.log) explainLine({found, step, found.ruleOf(step), line});
     }
+    return found.take();
 }
 
 }  // namespace customstyle_tool

@@ -11,15 +11,13 @@
 #include <utility>
 
 #include "customstyle/CustomConfig.h"
-#include "customstyle/StoredRecords.h"
 #include "tools/check/DocumentFindings.h"
-#include "tools/check/LoadLog.h"
 #include "tools/json/JsonScalars.h"
-#include "tools/replay/MappingSource.h"
-#include "tools/replay/SingleRules.h"
-#include "tools/support/Answers.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/study/Answers.h"
+#include "tools/study/Mapping.h"
+#include "tools/study/SingleRules.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
@@ -28,37 +26,6 @@ using _orvik_framework::CustomConfig;
 
 // So many style ids are named before a message says "and others".
 constexpr std::size_t kNamedIds = 5;
-
-// A store with one record of the land, to see whether the renderer can be answered about a style id.
-class LookupProbe {
-public:
-    LookupProbe() {
-        m_record.m_custom = 1;
-        m_config->m_keyStyleMaps.emplace("0", &slot());
-        m_config->m_styleEffectLevels.emplace("0", 1);
-    }
-    ~LookupProbe() {
-        m_config->m_keyStyleMaps.clear();  // the record is not the store's to free
-        slot().RemoveAll();
-    }
-    LookupProbe(const LookupProbe&) = delete;
-    LookupProbe& operator=(const LookupProbe&) = delete;
-
-    bool canBeFound(int styleId) {
-        slot().RemoveAll();
-        slot()[_orvik_framework::storedKey(styleId)] = &m_record;
-        const int wasEnabled = std::exchange(g_zrsdk_custom_style_enable, 1);
-        const bool found = ask(*m_config, static_cast<unsigned int>(styleId), 0).featureType == 0;
-        g_zrsdk_custom_style_enable = wasEnabled;
-        return found;
-    }
-
-private:
-    _orvik_framework::CVMapPtrToPtr& slot() { return m_config->m_levelStyleMaps[0]; }
-
-    std::unique_ptr<CustomConfig> m_config = std::make_unique<CustomConfig>();
-    _orvik_framework::tagCustomStyle m_record{};
-};
 
 std::string idsText(const std::vector<int>& ids) {
     const std::size_t named = std::min(ids.size(), kNamedIds);
@@ -93,6 +60,8 @@ private:
                                                .file = &m_file,
                                                .range = range,
                                                .rule = {},
+                                               .step = {},
+                                               .canGo = false,
                                                .path = value.path(),
                                                .message = std::move(message),
                                                .remedy = infoOf(code).remedy,
@@ -186,7 +155,7 @@ private:
         } else if (read == 0) {
             add(Code::MappingIdZero, element,
                 "0 is dropped at the begin of a list and behind another 0, and is no style id elsewhere");
-        } else if (!m_lookup.canBeFound(read)) {
+        } else if (!canBeAskedFor(read)) {
             add(Code::MappingIdNeverFound, element, "no question of the renderer finds a negative style id");
         } else {
             return true;
@@ -243,22 +212,16 @@ private:
 
     const SourceFile& m_file;
     JsonValue m_root;
-    LookupProbe m_lookup;
     std::unordered_map<std::string, JsonValue> m_firsts;  // of members with one name, by the name in small letters
     std::map<int, std::vector<Listing>> m_listings;
     std::vector<Finding> m_findings;
 };
 
 // What the component says about a mapping goes with each reason for which it refuses it.
-void addLog(std::vector<Finding>& findings, const SourceFile& file) {
-    constexpr Code kRefusals[] = {Code::JsonSyntax,         Code::JsonComment,   Code::JsonTooDeep,
-                                  Code::JsonEncoding,       Code::JsonEmpty,     Code::MappingNotObject,
-                                  Code::MappingTypeMissing, Code::MappingNotList};
-    const auto refuses = [&](const Finding& finding) {
-        return std::ranges::find(kRefusals, finding.code) != std::end(kRefusals);
-    };
+void addLog(std::vector<Finding>& findings, const SourceFile& file, const RefusalLog& refusalLog) {
+    const auto refuses = [](const Finding& finding) { return infoOf(finding.code).has(Trait::Refusal); };
     if (std::ranges::none_of(findings, refuses)) return;
-    const std::string log = logOfMapping(file);
+    const std::string log = refusalLog(file);
     for (Finding& finding : findings) {
         if (refuses(finding)) finding.log = log;
     }
@@ -266,7 +229,7 @@ void addLog(std::vector<Finding>& findings, const SourceFile& file) {
 
 }  // namespace
 
-std::vector<Finding> checkMapping(const SourceFile& file, bool effects) {
+std::vector<Finding> checkMapping(const SourceFile& file, bool effects, const RefusalLog& refusalLog) {
     std::vector<Finding> findings;
     const auto parsed = parseJson(file.text());
     if (const JsonError* error = std::get_if<JsonError>(&parsed)) {
@@ -276,15 +239,11 @@ std::vector<Finding> checkMapping(const SourceFile& file, bool effects) {
         findings = MappingFindings(file, document).run();
         if (std::optional<Finding> behind = textBehindEnd(file, document)) findings.push_back(std::move(*behind));
     }
-    addLog(findings, file);
-    if (!effects) std::erase_if(findings, [](const Finding& finding) { return isShownOnRequest(finding.code); });
+    if (refusalLog) addLog(findings, file, refusalLog);
+    if (!effects)
+        std::erase_if(findings, [](const Finding& finding) { return infoOf(finding.code).has(Trait::OnRequest); });
     sortFindings(findings);
     return findings;
-}
-
-bool isAcceptedMapping(std::string_view text) {
-    const Tree tree = componentTree(text);
-    return tree != nullptr && CustomConfig().ParseMappingConfig(tree.get()) == 1;
 }
 
 }  // namespace customstyle_tool

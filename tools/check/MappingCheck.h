@@ -1,18 +1,15 @@
 // Checks a mapping file: everything that the component refuses, drops or changes in it.
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "tools/check/Finding.h"
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
 
 namespace customstyle_tool {
 
 /// All findings of a mapping file, sorted.
 /// @param effects  also what is shown on request only
-std::vector<Finding> checkMapping(const SourceFile& file, bool effects = false);
+std::vector<Finding> checkMapping(const SourceFile& file, bool effects = false, const RefusalLog& refusalLog = {});
 
-/// Whether the component accepts a mapping.
-bool isAcceptedMapping(std::string_view text);
 }  // namespace customstyle_tool

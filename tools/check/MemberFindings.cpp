@@ -8,17 +8,18 @@
 #include <unordered_map>
 
 #include "tools/check/DocumentFindings.h"
-#include "tools/check/StyleUnderCheck.h"
-#include "tools/check/WhatIf.h"
+#include "tools/check/StyleFindings.h"
 #include "tools/json/JsonScalars.h"
-#include "tools/support/RemarkMembers.h"
+#include "tools/study/Probe.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/RemarkMembers.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
 
 const std::vector<std::string> kRuleMembers{"featureType", "elementType", "stylers"};
-const std::vector<std::string> kStylerMembers{"color", "visibility", "weight", "fontsize", "level"};
+const std::vector<std::string> kStylerMembers(stylerMembers().begin(), stylerMembers().end());
 
 const std::string* find(const std::vector<std::string>& names, std::string_view name) {
     const auto found =
@@ -39,7 +40,7 @@ const Place kInStylers{kStylerMembers, kRuleMembers, "\"stylers\"", "move it out
 
 class MemberCheck {
 public:
-    MemberCheck(StyleUnderCheck& check, const RuleView& rule, const Place& place)
+    MemberCheck(StyleFindings& check, const RuleView& rule, const Place& place)
         : m_check(check), m_rule(rule), m_place(place) {}
 
     void run(JsonValue object) {
@@ -97,7 +98,7 @@ private:
             fmt::format("write \"{}\"", known);
     }
 
-    StyleUnderCheck& m_check;
+    StyleFindings& m_check;
     const RuleView& m_rule;
     const Place& m_place;
 };
@@ -115,7 +116,7 @@ std::string asText(JsonValue value, std::string_view name) {
     return {};
 }
 
-void checkKind(StyleUnderCheck& check, const RuleView& rule, const std::string& name) {
+void checkKind(StyleFindings& check, const RuleView& rule, const std::string& name) {
     const std::optional<JsonValue> value = rule.member(name);
     if (!value || value->kind() == JsonKind::String) return;
     const bool isLevel = name == "level";
@@ -127,16 +128,45 @@ void checkKind(StyleUnderCheck& check, const RuleView& rule, const std::string& 
     if (!text.empty()) finding.remedy = "write " + text;
 }
 
+// The component's line about a rule that comes to no styler.
+std::string lineOfNoStyler(const StyleStudy& study, const RuleView& rule) {
+    const auto [begin, end] = study.stepsOf(rule.place);
+    const bool isEmpty =
+        end - begin == 1 && study.steps()[begin].styler.empty() && study.steps()[begin].log.size() == 1;
+    return isEmpty ? study.steps()[begin].log.front() : std::string();
+}
+
+// A member that was meant for a styler accounts for a rule without one.
+void accountForNoStyler(const StyleStudy& study, std::vector<Finding>& findings) {
+    for (Finding& finding : findings) {
+        const RuleView& rule = study.rules()[*finding.rule];
+        const auto suspect = rule.suspect();
+        const std::string line = suspect ? lineOfNoStyler(study, rule) : std::string();
+        const bool isAboutIt =
+            !line.empty() && (finding.range == suspect->range() || finding.range == suspect->nameRange());
+        const bool isFault = finding.code == Code::ValueNotText || finding.code == Code::MemberLetterCase ||
+                             finding.code == Code::MemberUnknown;
+        if (!isAboutIt || !isFault) continue;
+        finding.message += ", and without any other styler the rule is skipped";
+        finding.log = line;
+        if (finding.code == Code::MemberUnknown) finding.code = Code::NoStyler;
+    }
+}
+
 }  // namespace
 
-void findMembers(StyleUnderCheck& check) {
-    for (const RuleView& rule : check.rules()) {
+std::vector<Finding> findMembers(const StyleStudy& study) {
+    StyleFindings found(study);
+    for (const RuleView& rule : study.rules()) {
         if (rule.value.kind() != JsonKind::Object) continue;
-        MemberCheck(check, rule, kInRule).run(rule.value);
+        MemberCheck(found, rule, kInRule).run(rule.value);
         if (!rule.stylers || rule.stylers->kind() != JsonKind::Object) continue;
-        MemberCheck(check, rule, kInStylers).run(*rule.stylers);
-        for (const std::string& name : kStylerMembers) checkKind(check, rule, name);
+        MemberCheck(found, rule, kInStylers).run(*rule.stylers);
+        for (const std::string& name : kStylerMembers) checkKind(found, rule, name);
     }
+    std::vector<Finding> findings = found.take();
+    accountForNoStyler(study, findings);
+    return findings;
 }
 
 }  // namespace customstyle_tool

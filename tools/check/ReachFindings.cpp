@@ -9,9 +9,10 @@
 
 #include "customstyle/FeatureTypeTable.h"
 #include "tools/check/DocumentFindings.h"
-#include "tools/check/StyleUnderCheck.h"
-#include "tools/check/WhatIf.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/check/StyleFindings.h"
+#include "tools/study/Probe.h"
+#include "tools/vocabulary/Elements.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
@@ -61,7 +62,7 @@ std::vector<FeatureTypeRow> familyOf(int parent) {
 
 class ReachCheck {
 public:
-    ReachCheck(StyleUnderCheck& check, const std::set<int>& touchedTypes, const ReplayStep& step)
+    ReachCheck(StyleFindings& check, const std::set<int>& touchedTypes, const ReplayStep& step)
         : m_check(check),
           m_touchedTypes(touchedTypes),
           m_step(step),
@@ -99,7 +100,6 @@ private:
     // ---- Steps that do nothing -------------------------------------------------------------------------------------
 
     void checkNothing() {
-        m_check.explain(m_step.rule, m_step.styler);
         if (!m_step.refused.empty()) return;
         if (!m_step.keys.empty()) return addWithoutRecords();
         if (isOn()) return addIdleOn();
@@ -124,14 +124,13 @@ private:
 
     // "on" says nothing about elements; "off" in its place would.
     void addIdleOn() {
-        const JsonValue value = *m_rule.member("visibility");
-        const AloneOutcome off = outcomeAlone(m_rule.textWith(value.range(), "\"off\""));
-        if (!off.log.empty()) {
+        const auto off = stepsOfRule(m_rule.typeName, m_rule.path, "visibility", "off");
+        if (!off.front().log.empty()) {
             const JsonValue element = *m_rule.elementType;
             m_check.add(Code::ElementUnknown, m_rule, element,
-                        fmt::format("there is no element {}; nothing happens, and nothing is logged with \"on\"",
+                        fmt::format("unknown element {}; nothing happens, and nothing is logged with \"on\"",
                                     inQuotes(m_rule.path)));
-        } else if (off.store.slots().empty()) {
+        } else if (off.front().keys.empty()) {
             add(Code::NothingReached, fmt::format("nothing happens: there is nothing to show on {} of {}",
                                                   inQuotes(m_rule.path), inQuotes(m_rule.typeName)));
         } else {
@@ -142,12 +141,6 @@ private:
     }
 
     // ---- Paths -----------------------------------------------------------------------------------------------------
-
-    static bool isUsualWord(const std::string& word) {
-        constexpr std::string_view kWords[] = {"all",  "labels", "text",       "geometry",
-                                               "fill", "stroke", "topsurface", "icon"};
-        return std::ranges::find(kWords, word) != std::end(kWords);
-    }
 
     bool isUsualPath() const {
         const auto& words = m_rule.words;
@@ -160,18 +153,17 @@ private:
         if (isUsualPath()) return;
         const JsonValue element = *m_rule.elementType;
         const AloneOutcome outcome = outcomeAlone(std::string(m_rule.value.source()));
-        const auto isSame = [&](const std::string& usual) {
-            return outcomeAlone(m_rule.textWith(element.range(), "\"" + usual + "\"")) == outcome;
+        const auto isSame = [&](const Element& usual) {
+            return outcomeAlone(m_rule.textWith(element.range(), fmt::format("\"{}\"", usual.path))) == outcome;
         };
-        const std::vector<std::string>& elements = usualElements();
-        const auto same = std::ranges::find_if(elements, isSame);
+        const auto same = std::ranges::find_if(elements(), isSame);
         Finding& finding =
             m_check.add(Code::ElementUnusual, m_rule, element,
-                        same == elements.end()
+                        same == elements().end()
                             ? fmt::format("{} is no usual element; only its last word counts", inQuotes(m_rule.path))
-                            : fmt::format("{} has the effect of \"{}\"", inQuotes(m_rule.path), *same));
-        if (same != elements.end())
-            finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", *same);
+                            : fmt::format("{} has the effect of \"{}\"", inQuotes(m_rule.path), same->path));
+        if (same != elements().end())
+            finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", same->path);
     }
 
     // ---- Geometry, text and icons ----------------------------------------------------------------------------------
@@ -179,14 +171,16 @@ private:
     void checkParts() {
         const std::string& last = m_rule.words.back();
         const bool isLabelsPath = m_rule.words.front() == "labels";
-        if (isLabelsPath && m_reach.wrote[kGeometry]) addGeometryChanged();
+        if (isLabelsPath && m_reach.wrote[kGeometry] && drawsGeometry(m_rule.typeId)) addGeometryChanged();
         if (m_step.styler == "color" && last == "all" && !m_reach.wrote[kGeometry] && drawsGeometry(m_rule.typeId)) {
             add(Code::AllColorsNamesOnly,
                 fmt::format("only the names of \"{}\" get the colour; the geometry stays as it is", m_rule.typeName));
         }
         const bool keepsLabels = catalogue().UpdateFeatureTypeId(m_rule.typeId) == m_rule.typeId;
         const bool hides = m_step.styler == "visibility" && !isOn();
-        if (hides && m_rule.names("geometry") && m_reach.wrote[kText] && keepsLabels && drawsGeometry(m_rule.typeId)) {
+        const bool hasLabels = catalogue().IsFeatureTypeIncludeLabels(m_rule.typeId) != 0;
+        if (hides && m_rule.names("geometry") && m_reach.wrote[kText] && keepsLabels && hasLabels &&
+            drawsGeometry(m_rule.typeId)) {
             add(Code::GeometryHidesNames,
                 fmt::format("names that stand under \"{}\" are hidden with the geometry", m_rule.typeName));
         }
@@ -252,7 +246,7 @@ private:
 
     bool isOn() const { return m_step.styler == "visibility" && m_visibility == "on"; }
 
-    StyleUnderCheck& m_check;
+    StyleFindings& m_check;
     const std::set<int>& m_touchedTypes;
     const ReplayStep& m_step;
     const RuleView& m_rule;
@@ -262,10 +256,12 @@ private:
 
 }  // namespace
 
-void findReach(StyleUnderCheck& check) {
+std::vector<Finding> findReach(const StyleStudy& study) {
+    StyleFindings check(study);
     std::set<int> touchedTypes;
     for (const ReplayStep& step : check.steps()) touchedTypes.merge(reachOf(step).types);
     for (const ReplayStep& step : check.steps()) ReachCheck(check, touchedTypes, step).run();
+    return check.take();
 }
 
 }  // namespace customstyle_tool

@@ -51,6 +51,7 @@ Json jsonOf(const Finding& finding) {
             {"range", jsonOf(*finding.file, finding.range)},
             {"message", finding.message},
             {"remedy", finding.remedy},
+            {"can_go", finding.canGo},
             {"log", finding.log.empty() ? Json(nullptr) : Json(finding.log)},
             {"related", related}};
 }

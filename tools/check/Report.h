@@ -6,14 +6,16 @@
 #include <vector>
 
 #include "tools/check/Finding.h"
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
+#include "tools/study/StyleStudy.h"
 
 namespace customstyle_tool {
 
 /// A file with its findings.
 struct CheckedFile {
-    std::unique_ptr<SourceFile> file;
+    std::shared_ptr<const SourceFile> file;
     std::vector<Finding> findings;
+    std::unique_ptr<StyleStudy> study{};  ///< whose places the findings name
 };
 
 /// How many findings there are of each severity.

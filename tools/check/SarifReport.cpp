@@ -1,6 +1,5 @@
 #include <fmt/format.h>
 
-#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "tools/check/Report.h"
@@ -15,7 +14,7 @@ constexpr char kSchema[] = "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errat
 
 // A path as a URI: relative ones stay relative.
 std::string uriOf(const std::string& path) {
-    std::string uri = std::filesystem::path(path).is_absolute() ? "file://" : "";
+    std::string uri = path.starts_with('/') ? "file://" : "";
     for (const char byte : path) {
         const bool isPlain =
             isLetter(byte) || isDigit(byte) || std::string_view("-._~/").find(byte) != std::string_view::npos;

@@ -1,62 +1,56 @@
 #include "tools/check/StyleCheck.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "tools/check/DocumentFindings.h"
-#include "tools/check/LoadLog.h"
-#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/EffectFindings.h"
+#include "tools/check/StyleFindings.h"
 
 namespace customstyle_tool {
 namespace {
 
-void findOutermost(StyleUnderCheck& check) {
-    const JsonValue root = check.style().document().root();
-    const TextRange start{root.range().begin, root.range().begin + 1};
-    if (root.kind() == JsonKind::Object) {
-        check.addToFile(
-            Code::NotAList, start,
-            "the file is an object, not a list of rules; the component takes the values of its members for rules");
-    } else if (root.kind() != JsonKind::Array) {
-        check.addToFile(Code::NotAList, root.range(),
-                        std::string("the file is ") + std::string(kindName(root.kind())) +
-                            ", not a list of rules; no rule applies");
-    } else if (check.rules().empty()) {
-        check.addToFile(Code::NoRules, root.range(), "the list has no rules; nothing is customised");
-    }
-}
+constexpr std::vector<Finding> (*kFinders[])(const StyleStudy&) = {
+    findInDocument, findMembers, findLogged, findValues, findReach, findHistory, findBackgrounds, findKeys};
 
-void findInDocument(StyleUnderCheck& check) {
-    const SourceFile& file = check.style().file();
-    if (std::optional<Finding> behind = textBehindEnd(file, check.style().document())) {
-        check.findings().push_back(std::move(*behind));
-    }
-    for (Finding& cut : textsCutAtNul(file, check.style().document())) check.findings().push_back(std::move(cut));
-    findOutermost(check);
+void append(std::vector<Finding>& findings, std::vector<Finding> more) {
+    std::ranges::move(more, std::back_inserter(findings));
 }
 
 }  // namespace
 
-std::vector<Finding> checkStyle(const SourceFile& file, std::string_view mapping, const CheckOptions& options) {
-    const auto parsed = parseJson(file.text());
-    if (const JsonError* error = std::get_if<JsonError>(&parsed)) {
-        Finding finding = jsonFinding(file, *error, "the component refuses the whole file, and no rule applies");
-        finding.log = logOfStyle(file);
-        return {std::move(finding)};
+std::vector<Finding> checkStyle(const StyleStudy& study, const CheckOptions& options) {
+    std::vector<Finding> findings;
+    for (const auto finder : kFinders) append(findings, finder(study));
+    markIdle(study, findings);
+    // Of a broken file nobody knows yet what its rules would do to each other.
+    if (study.source().isWhole() && options.proofs) {
+        append(findings,
+               findEffects(study, findings,
+                           {.details = options.effects, .progress = options.progress, .isTimeUp = options.isTimeUp}));
     }
-    const StyleSource style(file, std::get<JsonDocument>(parsed));
-    StyleUnderCheck check(style, mapping);
-    findInDocument(check);
-    findMembers(check);
-    findLogged(check);
-    findValues(check);
-    findReach(check);
-    findHistory(check);
-    findKeys(check);
-    findEffects(check, mapping, options.progress);
-    std::vector<Finding> findings = std::move(check.findings());
     if (!options.effects) {
-        std::erase_if(findings, [](const Finding& finding) { return isShownOnRequest(finding.code); });
+        std::erase_if(findings, [](const Finding& finding) { return infoOf(finding.code).has(Trait::OnRequest); });
     }
     sortFindings(findings);
     return findings;
+}
+
+CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& mapping, const CheckOptions& options,
+                        const Surroundings& surroundings, const RefusalLog& refusalLog) {
+    JsonReading read = readJson(file->text());
+    CheckedStyle checked;
+    for (const JsonError& error : read.errors) {
+        checked.findings.push_back(
+            jsonFinding(*file, error, "the component refuses the whole file, and no rule applies"));
+        if (refusalLog) checked.findings.back().log = refusalLog(*file);
+    }
+    if (!read.document) return checked;
+    checked.study =
+        std::make_unique<StyleStudy>(file, std::move(*read.document), mapping, surroundings, read.errors.empty());
+    append(checked.findings, checkStyle(*checked.study, options));
+    sortFindings(checked.findings);
+    return checked;
 }
 
 }  // namespace customstyle_tool

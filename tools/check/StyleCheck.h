@@ -1,26 +1,36 @@
 // Checks a style file: everything that the component refuses, drops or changes in it.
 #pragma once
 
-#include <string_view>
+#include <functional>
+#include <memory>
 #include <vector>
 
 #include "tools/check/Finding.h"
-#include "tools/replay/ProvenEffects.h"
-#include "tools/support/SourceFile.h"
+#include "tools/study/StyleStudy.h"
 
 namespace customstyle_tool {
 
 struct CheckOptions {
     bool effects = false;  ///< also what is shown on request only
-    Progress progress{};   ///< hears of the proofs
+    bool proofs = true;    ///< also what can be left out
+    /// Hears how far the proofs have come; called on the calling thread.
+    std::function<void(std::size_t done, std::size_t all)> progress{};
+    /// Asked now and then, on any thread, whether to make no more proofs.
+    std::function<bool()> isTimeUp{};
 };
 
-/// All findings of a style file, sorted.
-///
-/// @param file     has to outlive the findings
-/// @param mapping  text of a mapping file that the component accepts: what is proven is proven for its style ids
-///
-/// Takes over the process's log meanwhile.
-std::vector<Finding> checkStyle(const SourceFile& file, std::string_view mapping, const CheckOptions& options = {});
+/// All findings of a studied style, sorted. What is proven is proven for the study's mapping.
+std::vector<Finding> checkStyle(const StyleStudy& study, const CheckOptions& options = {});
+
+/// A style file with its findings; no study where nothing of it can be read.
+struct CheckedStyle {
+    std::unique_ptr<StyleStudy> study;
+    std::vector<Finding> findings;
+};
+
+/// Reads a file and checks it. Of one that is not JSON, what can be said of the rules that can be read.
+CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& mapping,
+                        const CheckOptions& options = {}, const Surroundings& surroundings = {},
+                        const RefusalLog& refusalLog = {});
 
 }  // namespace customstyle_tool

@@ -3,15 +3,16 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdlib>
 #include <iterator>
 
 #include "tools/check/DocumentFindings.h"
-#include "tools/check/StyleUnderCheck.h"
+#include "tools/check/StyleFindings.h"
 #include "tools/json/JsonScalars.h"
-#include "tools/replay/SingleRules.h"
-#include "tools/support/FeatureTypes.h"
-#include "tools/support/RecordText.h"
+#include "tools/study/SingleRules.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/RecordText.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -93,7 +94,7 @@ std::uint64_t readColor(const std::string& text, int featureType) {
     return static_cast<std::uint32_t>(catalogue().CalculateColorValue(text.c_str(), featureType));
 }
 
-void checkWholeColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
+void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const std::uint64_t read = readColor(text, rule.typeId);
     if (read != readColor(text, -1)) {
@@ -111,7 +112,7 @@ void checkWholeColor(StyleUnderCheck& check, const RuleView& rule, JsonValue val
     }
 }
 
-void checkColor(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
+void checkColor(StyleFindings& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const std::optional<ColorFault> fault = faultOf(text);
     if (!fault) return checkWholeColor(check, rule, value);
@@ -129,21 +130,19 @@ int readLevel(const RuleView& rule) {
     return level;
 }
 
-void checkLevel(StyleUnderCheck& check, const RuleView& rule, JsonValue value) {
+void checkLevel(StyleFindings& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const int read = readLevel(rule);
-    const bool isWhole =
-        !text.empty() && std::ranges::all_of(text.substr(text[0] == '-' ? 1 : 0), isDigit) && text != "-";
-    if (!isWhole) {
+    char* end = nullptr;
+    const long written = std::strtol(text.c_str(), &end, 10);  // takes what the component takes
+    if (text.empty() || end == text.c_str() || *end != '\0') {
         check.add(Code::LevelMalformed, rule, value,
                   fmt::format("{} is no whole number; the rule applies at level {} only", inQuotes(text), read));
         return;
     }
-    int written = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), written);
-    if (error == std::errc() && written == read) return;
+    if (written == read) return;
     check.add(Code::LevelClamped, rule, value,
-              fmt::format("there is no level {}; the rule applies at level {}", text.substr(0, 12), read));
+              fmt::format("level {} is out of range; the rule applies at level {}", text.substr(0, 12), read));
 }
 
 // The size that the step wrote.
@@ -157,7 +156,7 @@ std::optional<std::uint64_t> writtenSize(const ReplayStep& step) {
     return {};
 }
 
-void checkSize(StyleUnderCheck& check, const ReplayStep& step) {
+void checkSize(StyleFindings& check, const ReplayStep& step) {
     const std::optional<std::uint64_t> written = writtenSize(step);
     if (!written) return;
     const JsonValue value = *check.ruleOf(step).member(step.styler);
@@ -172,14 +171,17 @@ void checkSize(StyleUnderCheck& check, const ReplayStep& step) {
 
 }  // namespace
 
-void findValues(StyleUnderCheck& check) {
-    for (const RuleView& rule : check.rules()) {
+std::vector<Finding> findValues(const StyleStudy& study) {
+    StyleFindings check(study);
+    for (const RuleView& rule : study.rules()) {
         if (const auto color = rule.textMember("color")) checkColor(check, rule, *color);
         if (const auto level = rule.textMember("level")) checkLevel(check, rule, *level);
     }
     for (const ReplayStep& step : check.steps()) {
-        if (step.styler == "weight" || step.styler == "fontsize") checkSize(check, step);
+        const Styler* const styler = stylerNamed(step.styler);
+        if (styler != nullptr && styler->kind == StylerKind::Size) checkSize(check, step);
     }
+    return check.take();
 }
 
 }  // namespace customstyle_tool

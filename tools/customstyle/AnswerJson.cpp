@@ -4,8 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/support/JsonParts.h"
-#include "tools/support/RecordText.h"
+#include "tools/vocabulary/JsonParts.h"
+#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

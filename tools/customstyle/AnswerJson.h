@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "customstyle/CustomConfig.h"
-#include "tools/support/Answers.h"
-#include "tools/support/Levels.h"
+#include "tools/study/Answers.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 

@@ -7,9 +7,9 @@
 #include <limits>
 #include <span>
 
-#include "tools/support/Levels.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {

@@ -11,12 +11,12 @@
 #include "tools/check/MappingCheck.h"
 #include "tools/check/Report.h"
 #include "tools/check/StyleCheck.h"
-#include "tools/check/WhatIf.h"
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
-#include "tools/replay/MappingSource.h"
-#include "tools/support/LoadedMap.h"
+#include "tools/host/Files.h"
+#include "tools/host/LoadLog.h"
+#include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {
@@ -83,26 +83,25 @@ private:
         m_isUnreadable = true;
     }
 
-    // Proofs are made over few style ids that speak for all, or, without an accepted mapping, over one for each type.
+    // Without an accepted mapping proofs are made for every map.
     void readMapping() {
-        m_mapping = oneIdPerType();
         if (!m_arguments.mappingDirectory) return;
         if (const auto problem = problemOfMappingDirectory(*m_arguments.mappingDirectory)) return report(*problem);
         std::unique_ptr<SourceFile> file = read(mappingFileIn(*m_arguments.mappingDirectory), "mapping file");
         if (file == nullptr) return;
-        m_isMapped = isAcceptedMapping(file->text());
-        if (m_isMapped) m_mapping = representativeMapping(file->text());
-        std::vector<Finding> findings = checkMapping(*file, m_arguments.effects);
+        if (isAcceptedMapping(file->text())) m_mapping = Mapping::given(std::string(file->text()));
+        std::vector<Finding> findings = checkMapping(*file, m_arguments.effects, logOfMapping);
         m_checked.push_back({std::move(file), std::move(findings)});
     }
 
     void checkFile(const std::string& path) {
-        std::unique_ptr<SourceFile> file = read(path, "style file");
+        const std::shared_ptr<const SourceFile> file = read(path, "style file");
         if (file == nullptr) return;
         ProgressLine line(path);
-        const Progress progress = [&line](std::size_t done, std::size_t all) { line.show(done, all); };
-        std::vector<Finding> findings = checkStyle(*file, m_mapping, {m_arguments.effects, progress});
-        m_checked.push_back({std::move(file), std::move(findings)});
+        const CheckOptions options{.effects = m_arguments.effects,
+                                   .progress = [&line](std::size_t done, std::size_t all) { line.show(done, all); }};
+        CheckedStyle checked = checkStyle(file, m_mapping, options, hostSurroundings(), logOfStyle);
+        m_checked.push_back({file, std::move(checked.findings), std::move(checked.study)});
     }
 
     void printFindings() const {
@@ -120,13 +119,12 @@ private:
         if (errors + warnings + notes == 0) return;
         fmt::print("{}: {}, {}, {}; effects proven for {}\n", counted(m_checked.size(), "file"),
                    counted(errors, "error"), counted(warnings, "warning"), counted(notes, "note"),
-                   m_isMapped ? "every style id of the mapping at every level"
-                              : "feature types only: give --mapping DIR to prove them for your style ids");
+                   m_mapping.kind() == Mapping::Kind::Given ? "every style id of the mapping at every level"
+                                                            : "every map: give --mapping DIR to prove them for yours");
     }
 
     const CheckArguments& m_arguments;
-    std::string m_mapping;
-    bool m_isMapped = false;
+    Mapping m_mapping = Mapping::everyMap();
     bool m_isUnreadable = false;
     std::vector<CheckedFile> m_checked;
 };

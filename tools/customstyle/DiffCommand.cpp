@@ -17,11 +17,13 @@ struct DiffArguments {
 };
 
 int diff(const DiffArguments& arguments) {
-    const auto before = loadOrComplain(arguments.before, arguments.mappingDirectory);
-    const auto after = before == nullptr ? nullptr : loadOrComplain(arguments.after, arguments.mappingDirectory);
+    const auto before = loadOrComplain(arguments.before, arguments.mappingDirectory, Mapping::everyMap());
+    const auto after =
+        before == nullptr ? nullptr : loadOrComplain(arguments.after, arguments.mappingDirectory, Mapping::everyMap());
     if (after == nullptr) return kMisuse;
     const std::vector<JoinedChange> changes = differenceOf(*before, *after);
-    print(arguments.format == "json" ? diffJson(changes) + "\n" : diffText(changes));
+    print(arguments.format == "json" ? diffJson(changes, before->mapping()) + "\n"
+                                     : diffText(changes, before->mapping()) + diffSummary(changes, before->mapping()));
     return changes.empty() ? kGood : kFinding;
 }
 

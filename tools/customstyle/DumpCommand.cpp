@@ -11,12 +11,12 @@
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
-#include "tools/support/AnswerTable.h"
-#include "tools/support/Answers.h"
-#include "tools/support/JsonParts.h"
-#include "tools/support/Levels.h"
-#include "tools/support/RecordText.h"
-#include "tools/support/StyleFields.h"
+#include "tools/study/AnswerTable.h"
+#include "tools/study/Answers.h"
+#include "tools/vocabulary/JsonParts.h"
+#include "tools/vocabulary/Levels.h"
+#include "tools/vocabulary/RecordText.h"
+#include "tools/vocabulary/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {

@@ -10,7 +10,7 @@
 #include "tools/customstyle/Loading.h"
 #include "tools/customstyle/Selection.h"
 #include "tools/explain/ExplanationText.h"
-#include "tools/support/Levels.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {
@@ -49,8 +49,8 @@ std::string idsShown(const std::vector<unsigned int>& ids) {
 
 class Explaining {
 public:
-    Explaining(const LoadedStyle& style, const ExplainArguments& arguments, const std::vector<unsigned int>& styleIds)
-        : m_explainer(style, {styleIds.begin(), styleIds.end()}),
+    Explaining(const StyleStudy& style, const ExplainArguments& arguments, const std::vector<unsigned int>& styleIds)
+        : m_explainer(style),
           m_styleIds(styleIds),
           m_levels(levelsIn(arguments.levels)),
           m_topic(arguments.field.empty() ? nullptr : findTopic(arguments.field)),

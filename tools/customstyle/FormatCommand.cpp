@@ -8,9 +8,9 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/customstyle/UnifiedDiff.h"
+#include "tools/host/AtomicFile.h"
 #include "tools/layout/Layout.h"
 #include "tools/layout/StyleText.h"
-#include "tools/support/AtomicFile.h"
 
 namespace customstyle_tool {
 namespace {

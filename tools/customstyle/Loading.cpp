@@ -8,6 +8,7 @@
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
+#include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {
@@ -48,9 +49,9 @@ int complainOf(const ReadFailure& failure) {
     return complain(failure.text);
 }
 
-std::unique_ptr<LoadedStyle> loadOrComplain(const std::string& style,
-                                            const std::optional<std::string>& mappingDirectory) {
-    StyleOrFailure loaded = loadStyle(style, mappingDirectory);
+std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
+                                           const Mapping& without) {
+    StyleOrFailure loaded = loadStyle(style, mappingDirectory, without);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&loaded)) {
         complainOf(*failure);
         return nullptr;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tools/customstyle/Command.h"
-#include "tools/replay/LoadedStyle.h"
+#include "tools/study/StyleStudy.h"
 
 namespace customstyle_tool {
 
@@ -21,9 +21,10 @@ struct StyleArguments {
 void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments);
 
 /// Loads a style, or complains.
+/// @param without  the mapping where there is no directory
 /// @return null where there was something to complain of
-std::unique_ptr<LoadedStyle> loadOrComplain(const std::string& style,
-                                            const std::optional<std::string>& mappingDirectory);
+std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
+                                           const Mapping& without = Mapping::standard());
 
 /// Says that a file cannot be read.
 /// @return kMisuse

@@ -9,7 +9,7 @@
 #include "tools/customstyle/Completion.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Manual.h"
-#include "tools/support/AtomicFile.h"
+#include "tools/host/AtomicFile.h"
 
 namespace customstyle_tool {
 namespace {

@@ -9,9 +9,9 @@
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
+#include "tools/host/AtomicFile.h"
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
-#include "tools/support/AtomicFile.h"
 
 namespace customstyle_tool {
 namespace {
@@ -51,7 +51,7 @@ int minify(const MinifyArguments& arguments) {
     if (arguments.mappingDirectory) {
         const auto loaded = loadOrComplain(arguments.file, arguments.mappingDirectory);
         if (loaded == nullptr) return kMisuse;
-        mapping = loaded->mapping();
+        mapping = loaded->mapping().text();
     }
     const StyleSource style(*file, document);
     Minified result = minified(style, mapping);

@@ -8,8 +8,8 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/customstyle/Selection.h"
-#include "tools/support/AnswerTable.h"
-#include "tools/support/RecordText.h"
+#include "tools/study/AnswerTable.h"
+#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

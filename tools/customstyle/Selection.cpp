@@ -6,22 +6,9 @@
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
-namespace {
-
-// Sorted; the renderer cannot ask for negative ones.
-std::vector<unsigned int> askableIdsOf(const std::string& type, const LoadedStyle& style) {
-    std::vector<unsigned int> ids;
-    for (const int id : style.styleIds().of(catalogue().GetFeatureTypeId(type))) {
-        if (id >= 0) ids.push_back(static_cast<unsigned int>(id));
-    }
-    std::ranges::sort(ids);
-    return ids;
-}
-
-}  // namespace
 
 void addSelection(std::vector<Option>& options, Selection& selection) {
     const auto types = mappedTypeNames();
@@ -42,10 +29,10 @@ bool isSelected(const Selection& selection, const char* command) {
     return false;
 }
 
-std::vector<unsigned int> selectedStyleIds(const Selection& selection, const LoadedStyle& style) {
+std::vector<unsigned int> selectedStyleIds(const Selection& selection, const StyleStudy& style) {
     std::vector<unsigned int> selected = styleIdsIn(selection.ids);
     for (const std::string& type : selection.types) {
-        const std::vector<unsigned int> ofType = askableIdsOf(type, style);
+        const std::vector<unsigned int> ofType = style.mapping().questionIdsOf(catalogue().GetFeatureTypeId(type));
         if (ofType.empty()) {
             complain(fmt::format("the mapping lists no style id under \"{}\" that the renderer can ask for", type));
             return {};

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tools/customstyle/Command.h"
-#include "tools/replay/LoadedStyle.h"
+#include "tools/study/StyleStudy.h"
 
 namespace customstyle_tool {
 
@@ -23,6 +23,6 @@ bool isSelected(const Selection& selection, const char* command);
 
 /// The style ids that are named, each once: those of --id, then those that the mapping lists under each --type and that
 /// the renderer can ask for. None after complaining of a type without such ids.
-std::vector<unsigned int> selectedStyleIds(const Selection& selection, const LoadedStyle& style);
+std::vector<unsigned int> selectedStyleIds(const Selection& selection, const StyleStudy& style);
 
 }  // namespace customstyle_tool

@@ -11,6 +11,7 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/expectations/ExpectationCheck.h"
+#include "tools/host/Files.h"
 
 namespace customstyle_tool {
 namespace {
@@ -30,7 +31,7 @@ int complainOf(const std::vector<ExpectationProblem>& problems, const SourceFile
     return complain(fmt::format("{}: has not been read further, with so many problems", file.path()));
 }
 
-int report(const ExpectationFile& parsed, const SourceFile& file, const LoadedStyle& style, bool isInColor) {
+int report(const ExpectationFile& parsed, const SourceFile& file, const StyleStudy& style, bool isInColor) {
     const std::vector<ExpectationFailure> failures = failuresOf(parsed.expectations, style);
     fmt::print("{}", failuresText(failures, file, style, isInColor ? Swatches::Shown : Swatches::None));
     std::set<const Expectation*> failed;
@@ -49,7 +50,7 @@ int test(const TestArguments& arguments) {
     if (text.text().find('\0') != std::string_view::npos) {
         return complain(fmt::format("{}: holds NUL bytes; a file of expectations is a text", text.path()));
     }
-    const ExpectationFile parsed = parseExpectations(text, style->styleIds());
+    const ExpectationFile parsed = parseExpectations(text, style->mapping());
     if (!parsed.problems.empty()) return complainOf(parsed.problems, text);
     if (parsed.expectations.empty()) {
         return complain(

@@ -5,12 +5,6 @@
 namespace customstyle_tool {
 namespace {
 
-std::set<unsigned int> tracedIds(const std::map<unsigned int, unsigned int>& speakers) {
-    std::set<unsigned int> ids;
-    for (const auto& [styleId, speaker] : speakers) ids.insert(speaker);
-    return ids;
-}
-
 const std::optional<Write>& winnerOf(const Explanation& explanation, const ChangedAnswer& answer) {
     switch (answer.question.subject) {
         case Subject::Icon:
@@ -37,23 +31,6 @@ Explanation winnersOf(Explanation explanation) {
 
 }  // namespace
 
-Attribution::Attribution(const LoadedStyle& style, const std::set<unsigned int>& styleIds)
-    : m_speakers(speakers(style, styleIds)), m_explainer(style, tracedIds(m_speakers)) {}
-
-std::map<unsigned int, unsigned int> Attribution::speakers(const LoadedStyle& style,
-                                                           const std::set<unsigned int>& styleIds) {
-    std::map<unsigned int, std::vector<int>> typesOf;
-    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) {
-        for (const int styleId : style.styleIds().of(type)) typesOf[static_cast<unsigned int>(styleId)].push_back(type);
-    }
-    std::map<std::vector<int>, unsigned int> speakerOf;
-    std::map<unsigned int, unsigned int> speakers;
-    for (const unsigned int styleId : styleIds) {
-        speakers[styleId] = speakerOf.try_emplace(typesOf[styleId], styleId).first->second;
-    }
-    return speakers;
-}
-
 std::optional<StylerPlace> Attribution::stylerOf(const ChangedAnswer& answer) {
     const auto& winner = winnerOf(explanationFor(answer), answer);
     if (!winner) return {};
@@ -64,11 +41,11 @@ std::optional<StylerPlace> Attribution::stylerOf(const ChangedAnswer& answer) {
 }
 
 const Explanation& Attribution::explanationFor(const ChangedAnswer& answer) {
-    const unsigned int speaker = m_speakers.at(answer.styleId);
-    const std::pair place{speaker, answer.levelClass};
+    const std::pair place{m_explainer.style().mapping().typesOf(answer.styleId), answer.levelClass};
     const auto known = m_explanations.find(place);
     if (known != m_explanations.end()) return known->second;
-    return m_explanations.emplace(place, winnersOf(m_explainer.explain(speaker, levelOfClass(answer.levelClass))))
+    return m_explanations
+        .emplace(place, winnersOf(m_explainer.explain(answer.styleId, levelOfClass(answer.levelClass))))
         .first->second;
 }
 

@@ -5,10 +5,10 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/explain/RangesText.h"
-#include "tools/support/FeatureTypes.h"
-#include "tools/support/JsonParts.h"
-#include "tools/support/RecordText.h"
-#include "tools/support/StyleFields.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/JsonParts.h"
+#include "tools/vocabulary/RecordText.h"
+#include "tools/vocabulary/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {
@@ -60,9 +60,22 @@ std::string rulesText(const Change& change) {
     return parts.empty() ? "" : fmt::format("  ({})", fmt::join(parts, ", "));
 }
 
-std::string lineOf(const JoinedChange& each) {
+// Style ids of the mapping of every map mean nothing to people: those under two types are named by them.
+std::string idsPhrase(const JoinedChange& each, const Mapping& mapping) {
+    if (each.wholeType) return "";
+    if (mapping.kind() != Mapping::Kind::EveryMap) return fmt::format(" ({})", idsText(each.styleIds));
+    std::vector<std::string> pairs;
+    for (const unsigned int styleId : each.styleIds) {
+        std::vector<std::string> names;
+        for (const int type : mapping.typesOf(styleId)) names.push_back(typeText(type));
+        pairs.push_back(fmt::format("{}", fmt::join(names, " and ")));
+    }
+    return fmt::format(" (style ids under both {})", fmt::join(pairs, ", both "));
+}
+
+std::string lineOf(const JoinedChange& each, const Mapping& mapping) {
     const Change& change = each.change;
-    const std::string ids = each.wholeType ? "" : fmt::format(" ({})", idsText(each.styleIds));
+    const std::string ids = idsPhrase(each, mapping);
     return fmt::format("{}{}  {}  {}: {} -> {}{}\n", typeText(each.featureType), ids, questionText(change.question),
                        levelsPhrase(each.levels), valueText(change.question, change.before),
                        valueText(change.question, change.after), rulesText(change));
@@ -95,16 +108,23 @@ Json changeJson(const JoinedChange& each) {
 
 }  // namespace
 
-std::string diffText(std::span<const JoinedChange> changes) {
+std::string diffText(std::span<const JoinedChange> changes, const Mapping& mapping) {
     std::string text;
-    for (const JoinedChange& each : changes) text += lineOf(each);
+    for (const JoinedChange& each : changes) text += lineOf(each, mapping);
     return text;
 }
 
-std::string diffJson(std::span<const JoinedChange> changes) {
+std::string diffSummary(std::span<const JoinedChange> changes, const Mapping& mapping) {
+    const bool isEveryMap = mapping.kind() == Mapping::Kind::EveryMap;
+    if (changes.empty()) return fmt::format("equal on {}\n", mapping.name());
+    return fmt::format("{} {}, compared on {}{}\n", changes.size(), changes.size() == 1 ? "change" : "changes",
+                       mapping.name(), isEveryMap ? ": give --mapping DIR for yours" : "");
+}
+
+std::string diffJson(std::span<const JoinedChange> changes, const Mapping& mapping) {
     Json list = Json::array();
     for (const JoinedChange& each : changes) list.push_back(changeJson(each));
-    return Json{{"equivalent", changes.empty()}, {"changes", list}}.dump(2);
+    return Json{{"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}}.dump(2);
 }
 
 }  // namespace customstyle_tool

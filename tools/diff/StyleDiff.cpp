@@ -6,8 +6,9 @@
 #include <tuple>
 
 #include "tools/diff/Attribution.h"
-#include "tools/support/Answers.h"
-#include "tools/support/StyleFields.h"
+#include "tools/study/Answers.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/vocabulary/StyleFields.h"
 
 namespace customstyle_tool {
 namespace {
@@ -26,25 +27,24 @@ Value shownFieldIn(const Answer& answer, std::size_t place) {
     return place == kIconField && value == 0U ? Value() : value;
 }
 
-unsigned int unmappedStyleId(const std::vector<unsigned int>& mapped) {
-    unsigned int styleId = 0;
-    while (std::ranges::binary_search(mapped, styleId)) ++styleId;
-    return styleId;
+// The style ids under one type, or those under several; the one that the mapping does not list is among the first.
+std::vector<unsigned int> styleIdsToCompare(const Mapping& mapping, bool underSeveral) {
+    std::vector<unsigned int> styleIds;
+    for (const Speaker& speaker : mapping.speakers()) {
+        if ((speaker.types.size() > 1) == underSeveral) styleIds.push_back(speaker.styleId);
+    }
+    return styleIds;
 }
-
 class Comparison {
 public:
-    Comparison(const LoadedStyle& before, const LoadedStyle& after)
-        : m_before(before.config()), m_after(after.config()) {
+    Comparison(const StyleStudy& before, const StyleStudy& after) : m_before(before.config()), m_after(after.config()) {
         for (int type = _orvik_framework::EMAPCUSTOMSTYLE_ALL - 1; type >= 0; --type) {
-            for (const int styleId : before.styleIds().of(type))
+            for (const int styleId : before.mapping().idsOf(type))
                 m_lowestType[static_cast<unsigned int>(styleId)] = type;
         }
     }
 
-    std::vector<ChangedAnswer> changes() {
-        std::vector<unsigned int> styleIds = mappedStyleIds(m_before);
-        styleIds.push_back(unmappedStyleId(styleIds));
+    std::vector<ChangedAnswer> changes(const std::vector<unsigned int>& styleIds) {
         for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
             m_levelClass = levelClass;
             compareBackgrounds();
@@ -113,9 +113,11 @@ struct LevelOrder {
 // Joins single changes: first over the levels, then over the style ids, last over the types.
 class Joiner {
 public:
-    explicit Joiner(const LoadedStyle& style) : m_styleIds(style.styleIds()) {
-        const std::vector<unsigned int> mapped = mappedStyleIds(style.config());
+    explicit Joiner(const StyleStudy& style) : m_mapping(style.mapping()) {
+        const std::vector<unsigned int> mapped = style.mapping().questionIds();
         m_mapped = {mapped.begin(), mapped.end()};
+        if (style.mapping().kind() != Mapping::Kind::EveryMap) return;
+        std::erase_if(m_mapped, [&](unsigned int id) { return style.mapping().typesOf(id).size() > 1; });
     }
 
     void add(const ChangedAnswer& answer, const Change& change) {
@@ -169,29 +171,38 @@ private:
     }
 
     bool isWhole(int featureType, const Ids& ids) const {
-        const auto& all = m_styleIds.of(featureType);
-        return std::ranges::all_of(all, [&](int id) { return ids.contains(static_cast<unsigned int>(id)); }) &&
-               all.size() == ids.size();
+        const auto& all = m_mapping.questionIdsOf(featureType);
+        const auto isOfAll = [&](unsigned int id) { return ids.contains(id) || !m_mapped.contains(id); };
+        return std::ranges::all_of(all, isOfAll) &&
+               std::ranges::all_of(ids, [&](unsigned int id) { return m_mapped.contains(id); });
     }
 
-    const StyleIdsByType& m_styleIds;
+    const Mapping& m_mapping;
     Ids m_mapped;
     std::map<std::tuple<int, Change, unsigned int>, LevelSet> m_levels;
 };
 
 }  // namespace
 
-std::vector<ChangedAnswer> changedAnswers(const LoadedStyle& before, const LoadedStyle& after) {
-    return Comparison(before, after).changes();
+std::vector<ChangedAnswer> changedAnswers(const StyleStudy& before, const StyleStudy& after) {
+    const ComponentGuard guard;
+    const Mapping& mapping = before.mapping();
+    Comparison comparison(before, after);
+    if (mapping.kind() != Mapping::Kind::EveryMap) {
+        std::vector<unsigned int> styleIds = mapping.questionIds();
+        styleIds.push_back(mapping.unlistedId());
+        return comparison.changes(styleIds);
+    }
+    std::vector<ChangedAnswer> changes = comparison.changes(styleIdsToCompare(mapping, false));
+    // What changes for the types by themselves would only be told again.
+    return changes.empty() ? comparison.changes(styleIdsToCompare(mapping, true)) : changes;
 }
 
-std::vector<JoinedChange> differenceOf(const LoadedStyle& before, const LoadedStyle& after) {
+std::vector<JoinedChange> differenceOf(const StyleStudy& before, const StyleStudy& after) {
     const std::vector<ChangedAnswer> answers = changedAnswers(before, after);
-    std::set<unsigned int> styleIds;
-    for (const ChangedAnswer& answer : answers) styleIds.insert(answer.styleId);
     if (answers.empty()) return {};
-    Attribution beforeBy(before, styleIds);
-    Attribution afterBy(after, styleIds);
+    Attribution beforeBy(before);
+    Attribution afterBy(after);
     Joiner joiner(before);
     for (const ChangedAnswer& answer : answers) {
         joiner.add(answer,

@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-#include "tools/replay/LoadedStyle.h"
-#include "tools/support/Levels.h"
+#include "tools/study/StyleStudy.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 
@@ -71,10 +71,13 @@ struct ChangedAnswer {
 /// Compares every answer of two styles with the same mapping: all style ids and one that the mapping lacks, all 19
 /// level classes, all four questions. Two changes count only where they say something new: the feature type where both
 /// styles customise the style id or nothing else of the answer differs, and the icon flag inside the record where the
-/// icon itself stays as it is. The global switch has to be on.
-std::vector<ChangedAnswer> changedAnswers(const LoadedStyle& before, const LoadedStyle& after);
+/// icon itself stays as it is.
+///
+/// Over the mapping of every map the style ids under one type are compared, and those under two where nothing changes
+/// for them: no change at all means that the styles are equal on every map.
+std::vector<ChangedAnswer> changedAnswers(const StyleStudy& before, const StyleStudy& after);
 
 /// The same with the rules, joined over levels and style ids, ordered by feature type and question.
-std::vector<JoinedChange> differenceOf(const LoadedStyle& before, const LoadedStyle& after);
+std::vector<JoinedChange> differenceOf(const StyleStudy& before, const StyleStudy& after);
 
 }  // namespace customstyle_tool

@@ -7,7 +7,8 @@
 #include <utility>
 
 #include "tools/explain/RangesText.h"
-#include "tools/support/Answers.h"
+#include "tools/study/Answers.h"
+#include "tools/study/ComponentGuard.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
@@ -21,10 +22,10 @@ bool isBackground(const Expectation& expectation) {
            (expectation.topic->topic == Topic::Land || expectation.topic->topic == Topic::Grid);
 }
 
-std::set<unsigned int> styleIdsOf(const Expectation& expectation, const LoadedStyle& style) {
+std::set<unsigned int> styleIdsOf(const Expectation& expectation, const StyleStudy& style) {
     if (!expectation.featureType) return {expectation.styleId};
     if (isBackground(expectation)) return {0};
-    const std::vector<int>& ids = style.styleIds().of(*expectation.featureType);
+    const auto& ids = style.mapping().questionIdsOf(*expectation.featureType);
     return {ids.begin(), ids.end()};
 }
 
@@ -61,7 +62,7 @@ std::vector<std::pair<Value, LevelSet>> wrongAnswers(const Expectation& expectat
     return wrong;
 }
 
-void addFailures(std::vector<ExpectationFailure>& failures, const Expectation& expectation, const LoadedStyle& style) {
+void addFailures(std::vector<ExpectationFailure>& failures, const Expectation& expectation, const StyleStudy& style) {
     const std::size_t first = failures.size();
     for (const unsigned int styleId : styleIdsOf(expectation, style)) {
         for (const auto& [value, levels] : wrongAnswers(expectation, style.config(), styleId)) {
@@ -109,18 +110,17 @@ std::string placeWords(const ExpectationFailure& failure) {
 
 }  // namespace
 
-std::vector<ExpectationFailure> failuresOf(std::span<const Expectation> expectations, const LoadedStyle& style) {
+std::vector<ExpectationFailure> failuresOf(std::span<const Expectation> expectations, const StyleStudy& style) {
+    const ComponentGuard guard;
     std::vector<ExpectationFailure> failures;
     for (const Expectation& expectation : expectations) addFailures(failures, expectation, style);
     return failures;
 }
 
-std::string failuresText(std::span<const ExpectationFailure> failures, const SourceFile& file, const LoadedStyle& style,
+std::string failuresText(std::span<const ExpectationFailure> failures, const SourceFile& file, const StyleStudy& style,
                          Swatches swatches) {
     if (failures.empty()) return {};
-    std::set<unsigned int> styleIds;
-    for (const ExpectationFailure& failure : failures) styleIds.insert(firstStyleId(failure));
-    Explainer explainer(style, styleIds);
+    Explainer explainer(style);
     std::string text;
     for (const ExpectationFailure& failure : failures) {
         const Expectation& expectation = *failure.expectation;

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tools/expectations/Expectations.h"
-#include "tools/replay/LoadedStyle.h"
+#include "tools/study/StyleStudy.h"
 
 namespace customstyle_tool {
 
@@ -22,10 +22,10 @@ struct ExpectationFailure {
 
 /// Asks the component for every style id and level of each expectation. The global switch has to be on.
 /// @return failures in the order of the expectations, which have to outlive them
-std::vector<ExpectationFailure> failuresOf(std::span<const Expectation> expectations, const LoadedStyle& style);
+std::vector<ExpectationFailure> failuresOf(std::span<const Expectation> expectations, const StyleStudy& style);
 
 /// For each failure what was expected, what is, and the explanation of the first such answer.
-std::string failuresText(std::span<const ExpectationFailure> failures, const SourceFile& file, const LoadedStyle& style,
+std::string failuresText(std::span<const ExpectationFailure> failures, const SourceFile& file, const StyleStudy& style,
                          Swatches swatches);
 
 }  // namespace customstyle_tool

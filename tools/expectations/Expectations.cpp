@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <charconv>
 
-#include "tools/support/FeatureTypes.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
@@ -57,8 +57,8 @@ bool isColor(const TopicName& topic) {
 // Reads the words of one line. What is wrong is thrown as an ExpectationProblem and caught by the reader of the file.
 class LineParser {
 public:
-    LineParser(std::vector<Word> words, std::size_t end, const StyleIdsByType& styleIds)
-        : m_words(std::move(words)), m_end(end), m_styleIds(styleIds) {}
+    LineParser(std::vector<Word> words, std::size_t end, const Mapping& mapping)
+        : m_words(std::move(words)), m_end(end), m_mapping(mapping) {}
 
     Expectation parse() {
         m_result.offset = m_words.front().offset;
@@ -77,7 +77,7 @@ private:
     }
 
     const Word& next(const char* what) {
-        if (m_place == m_words.size()) throw ExpectationProblem{m_end, fmt::format("here is missing {}", what)};
+        if (m_place == m_words.size()) throw ExpectationProblem{m_end, fmt::format("missing {}", what)};
         return m_words[m_place++];
     }
 
@@ -86,7 +86,7 @@ private:
         if (word.text == "id") return parseStyleId(next("a style id"));
         m_result.featureType = featureTypeOf(word.text);
         if (!m_result.featureType) {
-            fail(word, "there is no such feature type" + didYouMean(nearestType(word.text)) +
+            fail(word, "unknown feature type" + didYouMean(nearestType(word.text)) +
                            (nearestType(word.text) ? "" : "; write a name like highway, or id and a number"));
         }
     }
@@ -118,7 +118,7 @@ private:
         const auto first = numberIn<int>(word.text.substr(0, dash));
         const auto last = dash == std::string_view::npos ? first : numberIn<int>(word.text.substr(dash + 1));
         if (!first || !last || *first < kLowestLevel || *last > kHighestLevel || *first > *last) {
-            fail(word, "are no levels; write all, other, a level from 4 to 21, or a range like 4-9");
+            fail(word, "not a list of levels; write all, other, a level from 4 to 21, or a range like 4-9");
         }
         for (int level = *first; level <= *last; ++level) m_result.levels.set(classOfLevel(level));
     }
@@ -132,10 +132,19 @@ private:
         } else {
             parseField(word);
         }
-        const bool isOfIds = m_result.featureType && !isBackground();
-        if (isOfIds && m_styleIds.of(*m_result.featureType).empty()) {
+        if (!isBackground()) checkStyleIds();
+    }
+
+    // Of a style id that the mapping does not list, only the icon can be other than expected: where every icon is
+    // hidden.
+    void checkStyleIds() {
+        if (m_result.featureType) {
+            if (!m_mapping.questionIdsOf(*m_result.featureType).empty()) return;
             fail(m_words.front(), "the mapping lists no style id under this feature type, so nothing would be tested");
         }
+        const bool isIcon = m_result.topic != nullptr && m_result.topic->topic == Topic::Icon;
+        if (isIcon || !m_mapping.typesOf(m_result.styleId).empty()) return;
+        fail(m_words[1], "the mapping does not list this style id, so nothing would be tested");
     }
 
     bool isBackground() const {
@@ -145,7 +154,7 @@ private:
 
     void parseType(const Word& word) {
         const auto type = featureTypeOf(word.text);
-        if (!type) fail(word, "there is no such feature type" + didYouMean(nearestType(word.text)));
+        if (!type) fail(word, "unknown feature type" + didYouMean(nearestType(word.text)));
         m_result.value = static_cast<std::uint64_t>(*type);
     }
 
@@ -160,7 +169,7 @@ private:
     void parseField(const Word& word) {
         m_result.topic = findTopic(word.text);
         if (m_result.topic == nullptr || isBackground()) {
-            fail(word, "there is no such field" + didYouMean(nearestTopic(word.text)));
+            fail(word, "unknown field" + didYouMean(nearestTopic(word.text)));
         }
         m_result.topic->topic == Topic::Icon ? parseIcon(next("hidden or shown")) : parseValue(next("a value or none"));
     }
@@ -188,7 +197,7 @@ private:
 
     std::vector<Word> m_words;
     std::size_t m_end;
-    const StyleIdsByType& m_styleIds;
+    const Mapping& m_mapping;
     std::size_t m_place = 0;
     Expectation m_result;
 };
@@ -205,10 +214,10 @@ std::vector<Word> wordsOf(std::string_view line, std::size_t offset) {
     return words;
 }
 
-void parseLine(ExpectationFile& result, std::vector<Word> words, const StyleIdsByType& styleIds) {
+void parseLine(ExpectationFile& result, std::vector<Word> words, const Mapping& mapping) {
     const std::size_t end = words.back().offset + words.back().text.size();
     try {
-        result.expectations.push_back(LineParser(std::move(words), end, styleIds).parse());
+        result.expectations.push_back(LineParser(std::move(words), end, mapping).parse());
     } catch (const ExpectationProblem& problem) {
         result.problems.push_back(problem);
     }
@@ -216,15 +225,15 @@ void parseLine(ExpectationFile& result, std::vector<Word> words, const StyleIdsB
 
 }  // namespace
 
-ExpectationFile parseExpectations(const SourceFile& file, const StyleIdsByType& styleIds) {
+ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping) {
     ExpectationFile result;
     const std::string_view text = file.text();
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     for (std::size_t begin = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
          begin < text.size() && result.problems.size() < kMostProblems;) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
         auto words = wordsOf(text.substr(begin, end - begin), begin);
-        if (!words.empty()) parseLine(result, std::move(words), styleIds);
+        if (!words.empty()) parseLine(result, std::move(words), mapping);
         begin = end + 1;
     }
     return result;
@@ -238,7 +247,7 @@ const char* expectationHelp() {
   town             4,7-9   font-size   none
   restaurantlabel  4-21    icon        hidden
   land             all     background  #112233
-  id 5             10      none
+  id 2504          10      none
   id 2503          other   type        education
   # a comment
 

@@ -5,7 +5,7 @@
 //   town       4,7-9    font-size   none
 //   restaurantlabel  4-21  icon     hidden
 //   land       all      background  #112233
-//   id 5       10       none
+//   id 2504    10       none
 //   id 2503    all      type        education
 //   # a comment
 //
@@ -30,9 +30,9 @@
 #include <vector>
 
 #include "tools/explain/ExplanationText.h"
-#include "tools/replay/MappingSource.h"
-#include "tools/support/Levels.h"
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
+#include "tools/study/Mapping.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 
@@ -69,8 +69,8 @@ struct ExpectationFile {
 inline constexpr std::size_t kMostProblems = 20;
 
 /// Reads a file of expectations. An expectation about a feature type without style ids is a problem, because it could
-/// not fail.
-ExpectationFile parseExpectations(const SourceFile& file, const StyleIdsByType& styleIds);
+/// not fail, and so is one about a style id that the mapping does not list.
+ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping);
 
 /// The grammar for people, some lines.
 const char* expectationHelp();

@@ -4,21 +4,13 @@
 
 #include <algorithm>
 
-#include "tools/support/Levels.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
-
-// The style ids to trace: those that are asked for, and those whose records speak for the land.
-std::string tracedMapping(const LoadedStyle& style, const StoreProbe& probe, const std::set<unsigned int>& styleIds) {
-    std::set<int> ids(styleIds.begin(), styleIds.end());
-    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
-        if (const auto land = probe.landStyleId(levelOfClass(levelClass))) ids.insert(*land);
-    }
-    return style.styleIds().mappingWithOnly(ids);
-}
 
 bool isCustomised(const CustomConfig& config, int featureType, unsigned int styleId, int level) {
     tagCustomStyle ignored{};
@@ -54,23 +46,19 @@ Loss answeredBy(const CustomConfig& config, int silentType, int answeringType) {
 
 }  // namespace
 
-Explainer::Explainer(const LoadedStyle& style, const std::set<unsigned int>& styleIds)
-    : m_style(style),
-      m_probe(style),
-      m_mapping(tracedMapping(style, m_probe, styleIds)),
-      m_replay(std::make_unique<TracedReplay>(m_mapping, style.source())),
-      m_intended(m_mapping, style.source()) {
+Explainer::Explainer(const StyleStudy& style)
+    : m_style(style), m_probe(style), m_intended(style.mapping().tracedText(), style.singles()) {
     indexTouches();
 }
 
 void Explainer::indexTouches() {
-    for (std::size_t step = 0; step < m_replay->steps().size(); ++step) {
-        for (const RecordTouch& touch : m_replay->steps()[step].touches) {
-            m_visits[{touch.featureType, touch.styleId}].push_back({step, &touch});
+    for (std::size_t step = 0; step < m_style.steps().size(); ++step) {
+        for (const RecordTouch& touch : m_style.steps()[step].touches) {
+            m_visits[touch.featureType].push_back({step, &touch});
         }
     }
     for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) {
-        for (const int styleId : m_style.styleIds().of(type)) m_featureTypes[styleId].push_back(type);
+        for (const int styleId : m_style.mapping().idsOf(type)) m_featureTypes[styleId].push_back(type);
     }
 }
 
@@ -79,11 +67,11 @@ std::vector<int> Explainer::featureTypesOf(int styleId) const {
     return found == m_featureTypes.end() ? std::vector<int>{} : found->second;
 }
 
-RecordVisits Explainer::visitsTo(int featureType, int styleId, int level) const {
+RecordVisits Explainer::visitsTo(int featureType, int level) const {
     RecordVisits record{featureType, {}, {}};
     const std::string levelKey = fmt::format("{}:{}", featureType, level);
     if (m_style.config().IsStyleEffectAtGivenLevel(levelKey.c_str()) != 0) record.level = level;
-    const auto all = m_visits.find({featureType, styleId});
+    const auto all = m_visits.find(featureType);
     if (all == m_visits.end()) return record;
     std::ranges::copy_if(all->second, std::back_inserter(record.visits),
                          [&](const Visit& visit) { return !visit.touch->level || visit.touch->level == record.level; });
@@ -100,6 +88,7 @@ History Explainer::historyOf(const RecordVisits& record, std::size_t field) {
 }
 
 Explanation Explainer::explain(unsigned int styleId, int level) {
+    const ComponentGuard guard;
     Explanation explanation;
     explanation.styleId = styleId;
     explanation.level = level;
@@ -132,7 +121,7 @@ Loss Explainer::howSilent(const Explanation& explanation, const RecordVisits& re
 }
 
 void Explainer::explainType(Explanation& explanation, int featureType) {
-    const RecordVisits record = visitsTo(featureType, static_cast<int>(explanation.styleId), explanation.level);
+    const RecordVisits record = visitsTo(featureType, explanation.level);
     const bool answers = featureType == explanation.featureType;
     const Loss how = howSilent(explanation, record);
     if (answers) explanation.keyLevel = record.level;
@@ -148,7 +137,7 @@ void Explainer::explainType(Explanation& explanation, int featureType) {
 
 void Explainer::explainIcon(Explanation& explanation) {
     explanation.icon.applies = true;
-    const auto& steps = m_replay->steps();
+    const auto& steps = m_style.steps();
     const auto hidesAll = std::ranges::find_if(steps, &ReplayStep::hidesEveryIcon);
     if (hidesAll == steps.end()) {
         explainOneIcon(explanation);
@@ -162,7 +151,7 @@ void Explainer::explainIcon(Explanation& explanation) {
 std::map<int, History> Explainer::iconHistories(const Explanation& explanation) {
     std::map<int, History> histories;
     for (const int type : explanation.featureTypes) {
-        const RecordVisits record = visitsTo(type, static_cast<int>(explanation.styleId), explanation.level);
+        const RecordVisits record = visitsTo(type, explanation.level);
         histories[type] = historyOf(record, kIconField);
     }
     return histories;
@@ -202,8 +191,7 @@ void Explainer::explainHiddenIcons(Explanation& explanation, std::size_t hidingS
 void Explainer::explainLand(Explanation& explanation) {
     explanation.landStyleId = m_probe.landStyleId(explanation.level);
     if (!explanation.landStyleId) return;
-    const RecordVisits record =
-        visitsTo(_orvik_framework::EMAPCUSTOMSTYLE_LAND, *explanation.landStyleId, explanation.level);
+    const RecordVisits record = visitsTo(_orvik_framework::EMAPCUSTOMSTYLE_LAND, explanation.level);
     static const std::size_t fill = fieldIndex("fill");
     explanation.land = historyOf(record, fill);
     explanation.land.applies = historyOf(record, kMarkField).value != 0;
@@ -214,8 +202,8 @@ void Explainer::explainLand(Explanation& explanation) {
 
 void Explainer::explainGrid(Explanation& explanation) const {
     History& grid = explanation.grid;
-    for (std::size_t step = 0; step < m_replay->steps().size(); ++step) {
-        const auto color = m_replay->steps()[step].gridColor;
+    for (std::size_t step = 0; step < m_style.steps().size(); ++step) {
+        const auto color = m_style.steps()[step].gridColor;
         if (!color) continue;
         if (grid.winner) grid.losses.push_back({*grid.winner, LossKind::Overwritten, step, -1});
         grid.winner = Write{step, _orvik_framework::EMAPCUSTOMSTYLE_GRID, {}, *color};

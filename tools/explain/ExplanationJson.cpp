@@ -6,7 +6,7 @@
 
 #include "tools/explain/ExplanationText.h"
 #include "tools/explain/StepText.h"
-#include "tools/support/JsonParts.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {

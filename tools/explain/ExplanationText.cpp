@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "tools/explain/StepText.h"
-#include "tools/support/AnswerTable.h"
-#include "tools/support/RecordText.h"
+#include "tools/study/AnswerTable.h"
+#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

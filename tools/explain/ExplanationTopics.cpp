@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "tools/explain/ExplanationText.h"
-#include "tools/support/RecordText.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "tools/support/Levels.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 

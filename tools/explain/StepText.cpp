@@ -2,8 +2,9 @@
 
 #include <fmt/format.h>
 
-#include "tools/support/FeatureTypes.h"
+#include "tools/study/StyleSource.h"
 #include "tools/support/PlainText.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {

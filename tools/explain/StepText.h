@@ -4,9 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "tools/explain/Explanation.h"
-#include "tools/replay/TracedReplay.h"
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
+#include "tools/study/Explanation.h"
+#include "tools/study/StyleSource.h"
+#include "tools/study/TracedReplay.h"
 
 namespace customstyle_tool {
 

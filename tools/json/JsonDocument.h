@@ -13,6 +13,7 @@
 #include <string_view>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "tools/json/JsonError.h"
 
@@ -146,5 +147,15 @@ private:
 /// Reads a text, which has to outlive the document. Takes linear time, and 32 bytes for each value.
 /// Refuses texts of 4 GiB or more.
 std::variant<JsonDocument, JsonError> parseJson(std::string_view text);
+
+/// What can be read of a text.
+struct JsonReading {
+    std::optional<JsonDocument> document;  ///< none where not even an outermost list begins
+    std::vector<JsonError> errors;         ///< in the order of the text; none for a text that is JSON
+};
+
+/// Reads a text, which has to outlive the document, and goes on after an error: of a list those elements are left out
+/// that cannot be read.
+JsonReading readJson(std::string_view text);
 
 }  // namespace customstyle_tool

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 #include <memory>
 #include <string>
@@ -11,6 +12,7 @@ namespace customstyle_tool {
 namespace {
 
 constexpr std::size_t kNestingLimit = 1000;
+constexpr std::size_t kMostErrors = 100;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kShortestTextWithByteOrderMark = 5;
 
@@ -38,6 +40,9 @@ public:
 
     std::variant<JsonDocument, JsonError> run();
 
+    /// Goes on after errors with the next element of the outermost list.
+    JsonReading runToTheEnd();
+
 private:
     bool readValue(const Slot& slot);
     bool readWord(const Slot& slot);
@@ -45,6 +50,7 @@ private:
     bool readText(const Slot& slot);
     bool readContainer(const Slot& slot, JsonKind kind);
     bool readElements(Index container, bool named, char closing);
+    bool readElement(Index container, Index position, bool named);
     bool readMember(Slot slot);
     bool readComma(JsonFault trailing, char closing);
     bool readQuoted();
@@ -56,7 +62,11 @@ private:
     void skipByteOrderMark();
     StuckPlace place() const { return {m_text, m_text.size() < m_tree->text.size(), m_at, m_openBracket, m_lastToken}; }
     bool fail(const JsonError& error);
+    bool goOn(Index container, std::size_t nodes);
+    bool isBeginOfElement(std::size_t at) const;
 
+    bool m_isTolerant = false;
+    std::vector<JsonError> m_errors;
     std::shared_ptr<JsonTree> m_tree;
     std::string_view m_text;  // ends before the first NUL
     std::size_t m_at = 0;
@@ -76,6 +86,35 @@ std::variant<JsonDocument, JsonError> Parser::run() {
     skipBlanks();
     if (!readValue({0, 0, {m_at, m_at}})) return m_error;
     return JsonDocument(std::move(m_tree));
+}
+
+JsonReading Parser::runToTheEnd() {
+    m_isTolerant = true;
+    auto result = run();
+    if (const JsonError* error = std::get_if<JsonError>(&result)) m_errors.push_back(*error);
+    JsonReading reading{{}, std::move(m_errors)};
+    if (JsonDocument* document = std::get_if<JsonDocument>(&result)) reading.document = std::move(*document);
+    return reading;
+}
+
+// An object that no name stands before.
+bool Parser::isBeginOfElement(std::size_t at) const {
+    if (m_text[at] != '{') return false;
+    while (at > 0 && isBlank(m_text[at - 1])) --at;
+    return at > 0 && std::string_view("[,}").find(m_text[at - 1]) != std::string_view::npos;
+}
+
+// Forgets the element that cannot be read, and finds the next one; false where there is none.
+bool Parser::goOn(Index container, std::size_t nodes) {
+    const bool isOutermost = container == 0 && m_tree->nodes.front().kind == JsonKind::Array;
+    if (!m_isTolerant || !isOutermost || m_errors.size() >= kMostErrors) return false;
+    m_errors.push_back(m_error);
+    m_tree->nodes.erase(m_tree->nodes.begin() + static_cast<std::ptrdiff_t>(nodes), m_tree->nodes.end());
+    m_depth = 1;
+    m_openBracket = m_tree->nodes.front().begin;
+    m_at = std::max(m_at, std::min(m_error.offset, m_text.size()));
+    while (m_at < m_text.size() && !isBeginOfElement(m_at)) ++m_at;
+    return true;
 }
 
 void Parser::skipByteOrderMark() {
@@ -143,14 +182,26 @@ bool Parser::readElements(Index container, bool named, char closing) {
     const JsonFault trailing = named ? JsonFault::TrailingCommaInObject : JsonFault::TrailingCommaInArray;
     ++m_at;
     skipBlanks();
+    bool isFirst = true;
     for (Index position = 0; !isAt(closing); ++position) {
-        if (position > 0 && !readComma(trailing, closing)) return false;
-        const Slot slot{container, position, {m_at, m_at}};
-        if (!(named ? readMember(slot) : readValue(slot))) return false;
-        skipBlanks();
+        const std::size_t nodes = m_tree->nodes.size();
+        if ((isFirst || readComma(trailing, closing)) && readElement(container, position, named)) {
+            isFirst = false;
+            skipBlanks();
+            continue;
+        }
+        if (!goOn(container, nodes)) return false;
+        if (m_at == m_text.size()) return true;
+        isFirst = true;
+        --position;
     }
     ++m_at;
     return true;
+}
+
+bool Parser::readElement(Index container, Index position, bool named) {
+    const Slot slot{container, position, {m_at, m_at}};
+    return named ? readMember(slot) : readValue(slot);
 }
 
 bool Parser::readMember(Slot slot) {
@@ -203,6 +254,11 @@ bool Parser::fail(const JsonError& error) {
 std::variant<JsonDocument, JsonError> parseJson(std::string_view text) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) return JsonError{JsonFault::TooLarge, 0};
     return Parser(text).run();
+}
+
+JsonReading readJson(std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max()) return {{}, {JsonError{JsonFault::TooLarge, 0}}};
+    return Parser(text).runToTheEnd();
 }
 
 }  // namespace customstyle_tool

@@ -150,4 +150,25 @@ std::optional<JsonError> decodeText(std::string_view inside, std::string& decode
     return {};
 }
 
+bool isStrictNumber(std::string_view number) {
+    if (number.starts_with('-')) number.remove_prefix(1);
+    const auto takeDigits = [&number] {
+        const std::size_t count = std::min(number.find_first_not_of("0123456789"), number.size());
+        const bool isZeroInFront = count > 1 && number[0] == '0';
+        number.remove_prefix(count);
+        return std::pair(count > 0, isZeroInFront);
+    };
+    const auto [hasWhole, isZeroInFront] = takeDigits();
+    if (!hasWhole || isZeroInFront) return false;
+    if (number.starts_with('.')) {
+        number.remove_prefix(1);
+        if (!takeDigits().first) return false;
+    }
+    if (number.empty()) return true;
+    if (lowerCase(number[0]) != 'e') return false;
+    number.remove_prefix(1);
+    if (number.starts_with('+') || number.starts_with('-')) number.remove_prefix(1);
+    return takeDigits().first && number.empty();
+}
+
 }  // namespace customstyle_tool

@@ -44,6 +44,9 @@ std::size_t behindBlanks(std::string_view text, std::size_t at);
 /// The length of the longest number that the text begins with; 0 for none.
 std::size_t numberLength(std::string_view text);
 
+/// Whether a number is written as the standard has it: no zero in front, digits on both sides of a point.
+bool isStrictNumber(std::string_view number);
+
 /// The value of a number as numberLength cuts it, correctly rounded; infinite beyond the range of double.
 double numberValue(std::string_view number);
 

@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "tools/host/Files.h"
+
 namespace customstyle_tool {
 namespace {
 

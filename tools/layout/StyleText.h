@@ -5,7 +5,7 @@
 #include <string>
 #include <variant>
 
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
 
 namespace customstyle_tool {
 

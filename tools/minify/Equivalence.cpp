@@ -5,20 +5,16 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "customstyle/StoredRecords.h"
-#include "tools/replay/StoreImage.h"
-#include "tools/support/DefaultMapping.h"
-#include "tools/support/FeatureTypes.h"
-#include "tools/support/Levels.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/StoreImage.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
-using _orvik_framework::findRecord;
 using _orvik_framework::tagCustomStyle;
-
-constexpr int kFirstPairId = 100000;
 
 std::string keyInEffect(const CustomConfig& config, int featureType, int level) {
     std::string levelKey = fmt::format("{}:{}", featureType, level);
@@ -30,7 +26,10 @@ std::string keyInEffect(const CustomConfig& config, int featureType, int level) 
 const tagCustomStyle* recordInEffect(const CustomConfig& config, int featureType, int level) {
     const auto slot = config.m_keyStyleMaps.find(keyInEffect(config, featureType, level));
     if (slot == config.m_keyStyleMaps.end()) return nullptr;
-    return findRecord(*slot->second, _orvik_framework::storedKey(defaultStyleId(featureType)));
+    void* record = nullptr;
+    const auto styleId = static_cast<std::uintptr_t>(defaultStyleId(featureType));
+    slot->second->Lookup(reinterpret_cast<void*>(styleId), record);
+    return static_cast<const tagCustomStyle*>(record);
 }
 
 // Of a record that is not customised, the renderer learns the icon flag only.
@@ -48,26 +47,12 @@ bool hasSameStyles(const CustomConfig& left, const CustomConfig& right, int feat
     return true;
 }
 
-int pairId(int left, int right) {
-    return kFirstPairId + std::min(left, right) * _orvik_framework::kFeatureTypeCount + std::max(left, right);
-}
-
 }  // namespace
 
 bool haveSameStyles(const CustomConfig& left, const CustomConfig& right, const std::vector<int>& featureTypes) {
     const bool sameGrid = left.m_gridColorSet == right.m_gridColorSet && left.m_gridColor == right.m_gridColor;
     return sameGrid && left.m_allIconsHidden == right.m_allIconsHidden &&
            std::ranges::all_of(featureTypes, [&](int type) { return hasSameStyles(left, right, type); });
-}
-
-std::string mappingOfAllPairs() {
-    return mappingText([](int featureType) {
-        std::vector<int> ids;
-        for (int other = 0; other < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++other) {
-            ids.push_back(pairId(featureType, other));
-        }
-        return ids;
-    });
 }
 
 }  // namespace customstyle_tool

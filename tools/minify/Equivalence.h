@@ -14,9 +14,4 @@ namespace customstyle_tool {
 bool haveSameStyles(const _orvik_framework::CustomConfig& left, const _orvik_framework::CustomConfig& right,
                     const std::vector<int>& featureTypes);
 
-/// The text of a mapping that tells apart all that any mapping can tell: each feature type has a style id of its own,
-/// and one in common with each other type. An id under three types or more adds nothing, because the renderer's
-/// questions go through the types in one order and stop at the first that answers.
-std::string mappingOfAllPairs();
-
 }  // namespace customstyle_tool

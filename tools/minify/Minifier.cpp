@@ -10,28 +10,18 @@
 #include "tools/minify/Equivalence.h"
 #include "tools/minify/MinimalRule.h"
 #include "tools/minify/Shrinking.h"
-#include "tools/replay/LoadedStyle.h"
-#include "tools/replay/LogRecording.h"
-#include "tools/replay/MappingSource.h"
-#include "tools/replay/StoreDifference.h"
-#include "tools/support/DefaultMapping.h"
-#include "tools/support/FeatureTypes.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/Mapping.h"
+#include "tools/study/StoreDifference.h"
+#include "tools/study/StyleSource.h"
+#include "tools/study/StyleStudy.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
 
 constexpr std::size_t kWorkLimit = 30'000'000;
-
-class QuestionsOn {
-public:
-    QuestionsOn() : m_before(std::exchange(g_zrsdk_custom_style_enable, 1)) {}
-    ~QuestionsOn() { g_zrsdk_custom_style_enable = m_before; }
-    QuestionsOn(const QuestionsOn&) = delete;
-    QuestionsOn& operator=(const QuestionsOn&) = delete;
-
-private:
-    int m_before;
-};
 
 std::vector<MinimalRule> rulesOf(const PlacedRules& placed) {
     std::vector<MinimalRule> rules;
@@ -85,7 +75,7 @@ PlacedRules shrunkOnEveryMap(const std::vector<MinimalRule>& rules, WorkLimit& l
 }
 
 PlacedRules shrunkOnMap(const PlacedRules& rules, const std::string& mapping, WorkLimit& limit) {
-    const std::string representative = representativeMapping(mapping);
+    const std::string representative = Mapping::given(mapping).speakersText();
     const auto wanted = storeOf(representative, textOf(rules));
     const auto hasSameEffect = [&](const PlacedRules& candidate) {
         return !differenceBetween(*wanted, *storeOf(representative, textOf(candidate))).any();
@@ -108,8 +98,7 @@ Minified firstProven(const StyleSource& style, const std::string& mapping,
 }  // namespace
 
 Minified minified(const StyleSource& style, const std::optional<std::string>& mapping) {
-    const LogSilence quiet;
-    const QuestionsOn on;
+    const ComponentGuard guard;
     const std::vector<MinimalRule> rules = minimalRules(style.file().text());
     const auto shrink = [&] {
         WorkLimit limit{kWorkLimit};
@@ -119,7 +108,7 @@ Minified minified(const StyleSource& style, const std::optional<std::string>& ma
     };
     const auto clean = [&] { return Minified{textOf(rules), rules.size(), false}; };
     const auto compact = [&] { return Minified{compactText(style.document()), style.rules().size(), false}; };
-    return firstProven(style, mapping.value_or(mappingOfAllPairs()), {shrink, clean, compact});
+    return firstProven(style, mapping.value_or(Mapping::everyMap().text()), {shrink, clean, compact});
 }
 
 }  // namespace customstyle_tool

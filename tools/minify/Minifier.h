@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "tools/support/SourceFile.h"
+#include "tools/json/SourceFile.h"
+#include "tools/study/StyleSource.h"
 
 namespace customstyle_tool {
 

@@ -4,7 +4,7 @@
 
 #include "customstyle/CustomConfig.h"
 #include "tools/minify/ShortValues.h"
-#include "tools/replay/SingleRules.h"
+#include "tools/study/SingleRules.h"
 
 namespace customstyle_tool {
 namespace {

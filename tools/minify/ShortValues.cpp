@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "tools/support/RecordText.h"
+#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_tool {
 namespace {

@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "customstyle/CustomConfig.h"
-#include "tools/replay/SingleRules.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/SingleRules.h"
 
 namespace customstyle_tool {
 
@@ -19,9 +20,6 @@ struct StylerValue {
 class RuleProbe {
 public:
     RuleProbe();
-    ~RuleProbe();
-    RuleProbe(const RuleProbe&) = delete;
-    RuleProbe& operator=(const RuleProbe&) = delete;
 
     /// Whether a rule with this one styler does what it says: it is taken without complaint, changes an answer, and
     /// hides no icon by being "on".
@@ -30,10 +28,9 @@ public:
     const _orvik_framework::CustomConfig& component() const { return m_empty; }
 
 private:
+    ComponentGuard m_guard;
     Tree m_mapping;
     _orvik_framework::CustomConfig m_empty;
-    bool m_hasComplained = false;
-    int m_wasEnabled;
 };
 
 }  // namespace customstyle_tool

@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 
-#include "tools/schema/Descriptions.h"
+#include "tools/vocabulary/Elements.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -16,8 +16,16 @@ using _orvik_framework::CustomConfig;
 constexpr const char* kPlainPrefix = "geometry.";
 constexpr const char* kLabelsPrefix = "labels.";
 
-const std::array<StylerValue, 5> kStylers{
-    {{"color", "#12345678"}, {"visibility", "on"}, {"visibility", "off"}, {"weight", "7"}, {"fontsize", "7"}}};
+std::vector<StylerValue> stylerValues() {
+    std::vector<StylerValue> values;
+    for (const Styler& styler : stylers()) {
+        const std::string name(styler.name);
+        if (styler.kind == StylerKind::Visibility) values.push_back({name, "on"});
+        // Alpha shows where a type ignores it.
+        values.push_back({name, styler.kind == StylerKind::Color ? "#12345678" : std::string(styler.example)});
+    }
+    return values;
+}
 
 StylerColumn columnOf(RuleProbe& probe, const std::string& type, const StylerValue& styler) {
     StylerColumn column{styler, {}};
@@ -34,7 +42,7 @@ TypeGroup groupOf(RuleProbe& probe, int featureType) {
     const CustomConfig& component = probe.component();
     TypeGroup group;
     group.names.push_back(component.GetFeatureTypeName(featureType));
-    for (const StylerValue& styler : kStylers) {
+    for (const StylerValue& styler : stylerValues()) {
         group.columns.push_back(columnOf(probe, group.names.front(), styler));
     }
     group.ignoresAlpha = component.CalculateColorValue("#12345678", featureType) ==

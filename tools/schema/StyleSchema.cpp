@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "customstyle/CustomConfig.h"
-#include "tools/schema/Descriptions.h"
 #include "tools/schema/NumberPattern.h"
 #include "tools/schema/RuleTable.h"
-#include "tools/support/RemarkMembers.h"
+#include "tools/vocabulary/Descriptions.h"
+#include "tools/vocabulary/Elements.h"
+#include "tools/vocabulary/RemarkMembers.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -21,9 +23,9 @@ using Json = nlohmann::ordered_json;
 constexpr char kColorPattern[] = "^#[0-9A-Fa-f]{6}(?:[0-9A-Fa-f]{2})?$";
 constexpr char kOpaqueColorPattern[] = "^#[0-9A-Fa-f]{6}(?:[Ff]{2})?$";
 
-Json constants(std::span<const Description> descriptions) {
+Json elementConstants() {
     Json list = Json::array();
-    for (const auto& [word, title] : descriptions) list.push_back({{"const", word}, {"title", title}});
+    for (const auto& [path, title] : elements()) list.push_back({{"const", path}, {"title", title}});
     return list;
 }
 
@@ -73,7 +75,7 @@ Json elementTypeSchema(const std::vector<TypeGroup>& groups) {
             {"description", "Which part of the feature the rule styles: a path of which the last word counts"},
             {"type", "string"},
             {"pattern", patternOf(elements)},
-            {"anyOf", proposals({{"oneOf", constants(elementDescriptions())}})}};
+            {"anyOf", proposals({{"oneOf", elementConstants()}})}};
 }
 
 int levelOfText(const CustomConfig& component, const std::string& text) {
@@ -88,7 +90,8 @@ Json levelValue() {
     std::vector<std::string> levels;
     const int highest = levelOfText(component, "1000");
     for (int i = levelOfText(component, "-1000"); i <= highest; ++i) levels.push_back(std::to_string(i));
-    return {{"pattern", fmt::format("^0*(?:{})$", fmt::join(levels, "|"))}, {"anyOf", proposals({{"enum", levels}})}};
+    return {{"pattern", fmt::format(R"(^[\t-\r ]*\+?0*(?:{})$)", fmt::join(levels, "|"))},
+            {"anyOf", proposals({{"enum", levels}})}};
 }
 
 Json sizeValue() {
@@ -96,21 +99,32 @@ Json sizeValue() {
     return {{"pattern", patternOfNumbersTo(component.CalculateWeightValue("99999"))}, {"examples", {"1", "2", "12"}}};
 }
 
-Json valueOf(std::string_view styler) {
-    if (styler == "color") return {{"pattern", kColorPattern}, {"examples", {"#3366cc", "#3366cc80"}}};
-    if (styler == "visibility") return {{"enum", {"on", "off"}}};
-    return styler == "level" ? levelValue() : sizeValue();
+Json valueOf(StylerKind kind) {
+    switch (kind) {
+        case StylerKind::Color:
+            return {{"pattern", kColorPattern}, {"examples", {"#3366cc", "#3366cc80"}}};
+        case StylerKind::Visibility:
+            return {{"enum", {"on", "off"}}};
+        case StylerKind::Size:
+            break;
+    }
+    return sizeValue();
+}
+
+Json memberSchema(std::string_view name, std::string_view title, const Json& value) {
+    Json schema{{"title", name}, {"description", title}, {"type", "string"}};
+    schema.update(value);
+    return schema;
 }
 
 Json stylersSchema() {
     Json members = Json::object();
     Json anyOf = Json::array();
-    for (const auto& [name, title] : stylerDescriptions()) {
-        Json value{{"title", name}, {"description", title}, {"type", "string"}};
-        value.update(valueOf(name));
-        members[name] = value;
-        if (std::string_view(name) != "level") anyOf.push_back({{"required", {name}}});
+    for (const Styler& styler : stylers()) {
+        members[std::string(styler.name)] = memberSchema(styler.name, styler.title, valueOf(styler.kind));
+        anyOf.push_back({{"required", {styler.name}}});
     }
+    members[std::string(kLevelMember)] = memberSchema(kLevelMember, kLevelTitle, levelValue());
     return {{"title", "Stylers"},    {"description", "The values, all of them texts"}, {"type", "object"},
             {"properties", members}, {"patternProperties", {{remarkPattern(), true}}}, {"additionalProperties", false},
             {"anyOf", anyOf}};

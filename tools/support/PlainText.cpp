@@ -87,6 +87,15 @@ PrintableCharacter nextCharacter(std::string_view text) {
     return {text.substr(0, size), std::move(escape), columns};
 }
 
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const Decoded next = decode(text);
+        if (next.size == 0 || (next.character >= 0xD800 && next.character <= 0xDFFF)) return false;
+        text.remove_prefix(next.size);
+    }
+    return true;
+}
+
 std::string escapedText(std::string_view text) {
     std::string shown;
     while (!text.empty()) {

@@ -18,6 +18,9 @@ PrintableCharacter nextCharacter(std::string_view text);
 /// A text with everything that could do more than be read written as an escape: \n, \u001b, \xff. Tabs become blanks.
 std::string escapedText(std::string_view text);
 
+/// Whether a text is well-formed UTF-8.
+bool isUtf8(std::string_view text);
+
 /// A text in quotes; cut, with dots for the rest, where it is long.
 std::string inQuotes(std::string_view text);
 

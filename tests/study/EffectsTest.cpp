@@ -1,0 +1,162 @@
+// What leaving out a rule or a styler changes, alone and together.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/study/LoadedText.h"
+#include "tests/study/Sources.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/Effects.h"
+#include "tools/study/Parts.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// "1" for an idle rule, "1 color" for an idle styler.
+std::vector<std::string> idleOf(const StyleStudy& study) {
+    std::vector<std::string> idle;
+    for (const ProvenEffect& effect : proveEffects(study).effects) {
+        if (!effect.isIdle) continue;
+        const std::string styler = effect.step ? " " + study.steps()[*effect.step].styler : "";
+        idle.push_back(std::to_string(effect.rule + 1) + styler);
+    }
+    return idle;
+}
+
+std::vector<std::string> idleOf(std::initializer_list<RuleBuilder> rules) {
+    return idleOf(*loadedText(testMapping(), styleOf(rules)));
+}
+
+TEST(Idle, IsARuleThatIsOverwritten) {
+    EXPECT_THAT(idleOf({rule("water", "fill").color("#111111"), rule("water", "fill").color("#222222")}),
+                ElementsAre("1 color"));
+}
+
+TEST(Idle, IsOnlyTheFirstOfTwoRulesThatSayTheSame) {
+    EXPECT_THAT(idleOf({rule("water", "fill").color("#111111"), rule("water", "fill").color("#111111")}),
+                ElementsAre("1 color"));
+}
+
+TEST(Idle, IsARefusedRule) {
+    EXPECT_THAT(idleOf({rule("lake", "fill").color("#111111")}), ElementsAre("1 "));
+}
+
+TEST(Idle, IsEachStylerOfARuleForItself) {
+    EXPECT_THAT(idleOf({rule("water", "geometry").color("#111111").weight("3").visibility("off")}),
+                ElementsAre("1 color"))
+        << "hiding overwrites the colour";
+}
+
+TEST(Idle, IsARuleForAStyleIdThatNoQuestionFindsOnly) {
+    EXPECT_THAT(idleOf(*loadedText(R"({"land":[],"green":[-5]})", styleOf({rule("green", "fill").color("#111111")}))),
+                ElementsAre("1 color"));
+    EXPECT_THAT(idleOf(*loadedText(R"({"land":[],"green":[-5,7]})", styleOf({rule("green", "fill").color("#111111")}))),
+                IsEmpty());
+}
+
+TEST(Idle, IsNoRuleThatHidesEveryIconOnAMapWithoutStyleIds) {
+    EXPECT_THAT(idleOf(*loadedText("{}", styleOf({rule("all", "icon").visibility("off")}))), IsEmpty());
+}
+
+TEST(Proofs, TellTheLevelsOnRequest) {
+    const auto study = loadedText(testMapping(), styleOf({rule("water", "fill").color("#222222").level("9"),
+                                                          rule("water", "fill").color("#111111")}));
+    const Proofs proofs = proveEffects(*study, {.details = true});
+    ASSERT_EQ(proofs.effects.size(), 2U);
+    EXPECT_EQ(levelsText(proofs.effects[0].effect.styles), "9");
+    EXPECT_EQ(levelsText(proofs.effects[1].effect.styles), "4-8, 10-21, other");
+}
+
+TEST(Proofs, LeaveTheGlobalSwitchAsItWas) {
+    g_zrsdk_custom_style_enable = 0;
+    idleOf({rule("lake", "fill").color("#111111")});
+    EXPECT_EQ(g_zrsdk_custom_style_enable, 0);
+}
+
+TEST(Proofs, EndWhenTheTimeIsUp) {
+    const auto study = loadedText(
+        testMapping(), styleOf({rule("water", "fill").color("#222222"), rule("water", "fill").color("#111111")}));
+    const Proofs proofs = proveEffects(*study, {.isTimeUp = [] { return true; }});
+    EXPECT_EQ(proofs.effects.size(), 1U);
+    EXPECT_EQ(proofs.unproven, 1U);
+}
+
+TEST(Proofs, LeaveOutNothingThatIsKept) {
+    const auto study = loadedText(
+        testMapping(), styleOf({rule("water", "fill").color("#222222"), rule("water", "fill").color("#111111")}));
+    const Proofs proofs = proveEffects(*study, {.kept = {true, false}});
+    ASSERT_EQ(proofs.effects.size(), 1U);
+    EXPECT_EQ(proofs.effects[0].rule, 1U);
+}
+
+TEST(Parts, HoldTheRulesThatShareRecords) {
+    const auto study = loadedText(
+        testMapping(), styleOf({rule("water", "fill").color("#222222"), rule("highway", "all").color("#111111"),
+                                rule("highwaylabel", "labels").color("#111111"), rule("grid", "fill").color("#111111"),
+                                rule("lake", "fill").color("#111111")}));
+    EXPECT_THAT(independentParts(study->steps()),
+                testing::UnorderedElementsAre(ElementsAre(1, 2), ElementsAre(0), ElementsAre(3)));
+}
+
+// ---- Random styles --------------------------------------------------------------------------------------------------
+
+// Loads the style without some stylers, another way than the proof does.
+std::unique_ptr<CustomConfig> loadedWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
+    auto config = std::make_unique<CustomConfig>();
+    config->ParseMappingConfig(parsed(study.mapping().text()).get());
+    for (std::size_t i = 0; i < study.singles().size(); ++i) {
+        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document.get());
+    }
+    return config;
+}
+
+std::vector<bool> stepsOf(const StyleStudy& study, const ProvenEffect& effect) {
+    std::vector<bool> steps(study.steps().size());
+    const auto [begin, end] = study.stepsOf(effect.rule);
+    for (std::size_t i = effect.step.value_or(begin); i < (effect.step ? *effect.step + 1 : end); ++i) steps[i] = true;
+    return steps;
+}
+
+class ProofOfARandomStyle : public testing::TestWithParam<unsigned> {
+protected:
+    void SetUp() override {
+        RandomFiles files(GetParam());
+        std::string mapping = files.mapping();
+        m_study = loadedText(GetParam() % 10 != 0 ? mapping : Mapping::everyMap().text(), randomStyle(files, 30));
+    }
+
+    std::unique_ptr<StyleStudy> m_study;
+};
+
+TEST_P(ProofOfARandomStyle, HoldsForAllThatIsIdleTogether) {
+    const ComponentGuard guard;
+    std::vector<bool> leftOut(m_study->steps().size());
+    for (const ProvenEffect& effect : proveEffects(*m_study).effects) {
+        const std::vector<bool> steps = stepsOf(*m_study, effect);
+        for (std::size_t i = 0; i < steps.size() && effect.isIdle; ++i) leftOut[i] = leftOut[i] || steps[i];
+    }
+    EXPECT_FALSE(fullDifferenceBetween(m_study->config(), *loadedWithout(*m_study, leftOut)).any());
+}
+
+TEST_P(ProofOfARandomStyle, FindsAllThatIsIdleWithoutTheOthers) {
+    const ComponentGuard guard;
+    std::vector<bool> leftOut(m_study->steps().size());
+    for (const ProvenEffect& effect : proveEffects(*m_study).effects) {
+        std::vector<bool> without = leftOut;
+        const std::vector<bool> steps = stepsOf(*m_study, effect);
+        for (std::size_t i = 0; i < steps.size(); ++i) without[i] = without[i] || steps[i];
+        const bool isIdle = !differenceBetween(m_study->config(), *loadedWithout(*m_study, without)).any();
+        EXPECT_EQ(effect.isIdle, isIdle) << effect.rule + 1;
+        if (effect.isIdle) leftOut = without;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ProofOfARandomStyle, testing::Range(0u, 40u));
+
+}  // namespace
+}  // namespace customstyle_test

@@ -1,0 +1,20 @@
+// Reading files with plain words for what goes wrong.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "tools/json/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// Why there is no regular file to read under a path, if so.
+/// @param what  what the file is meant to be, as the failure calls it: "style file"
+std::optional<ReadFailure> problemOfFile(const std::string& path, const char* what);
+
+/// Reads a regular file whole.
+std::variant<std::unique_ptr<SourceFile>, ReadFailure> readSource(const std::string& path, const char* what);
+
+}  // namespace customstyle_tool

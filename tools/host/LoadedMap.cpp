@@ -1,0 +1,138 @@
+#include "tools/host/LoadedMap.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <future>
+#include <new>
+#include <thread>
+#include <vector>
+
+#include "tools/host/Files.h"
+#include "tools/vocabulary/FeatureTypes.h"
+
+namespace customstyle_tool {
+namespace {
+
+namespace fs = std::filesystem;
+using _orvik_framework::CustomConfig;
+using Problem = std::optional<ReadFailure>;
+
+constexpr char kMappingName[] = "CustomIndex";
+constexpr char kMapping[] = "mapping file";
+constexpr char kStyle[] = "style file";
+
+Problem problemOfMapping(const std::string& path, JsonValue root) {
+    std::vector<std::string> absent;
+    for (const std::string& name : mappedTypeNames()) {
+        const auto list = root.firstMemberIgnoringCase(name);
+        if (!list || list->kind() != JsonKind::Array) absent.push_back(name);
+    }
+    if (absent.empty()) return {};
+    return ReadFailure{
+        fmt::format("{}: has no list of style ids for {}; add a member with an array for each, empty if need be", path,
+                    fmt::join(absent, ", "))};
+}
+
+std::string reasonAgainstDirectory(const std::string& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (!fs::exists(status)) return "there is no such directory";
+    if (!fs::is_directory(status)) return "is not a directory";
+    const bool isMissing = fs::status(mappingFileIn(path), error).type() == fs::file_type::not_found;
+    return isMissing ? "holds no file CustomIndex" : "";
+}
+
+using Judge = Problem (*)(const std::string& path, JsonValue root);
+
+Problem problemOfContent(const std::string& path, const char* what, Judge judge) {
+    const auto source = readSource(path, what);
+    if (const auto* failure = std::get_if<ReadFailure>(&source)) return *failure;
+    const auto document = documentOf(*std::get<0>(source), what);
+    if (const auto* failure = std::get_if<ReadFailure>(&document)) return *failure;
+    return judge == nullptr ? Problem() : judge(path, std::get<JsonDocument>(document).root());
+}
+
+// The component has refused the files; find out why.
+ReadFailure explained(const std::string& mapping, const std::string& style) {
+    if (Problem problem = problemOfContent(mapping, kMapping, problemOfMapping)) return *problem;
+    if (Problem problem = problemOfContent(style, kStyle, nullptr)) return *problem;
+    return {fmt::format("{}, {}: cannot be loaded", mapping, style)};
+}
+
+// Lanes that take one item after the other, the calling thread being the first.
+void runInLanes(std::size_t lanes, std::size_t items, const WorkItem& work) {
+    std::atomic<std::size_t> next = 0;
+    const auto run = [&](std::size_t lane) {
+        for (std::size_t item = next++; item < items; item = next++) work(item, lane);
+    };
+    std::vector<std::future<void>> others;
+    for (std::size_t lane = 1; lane < lanes; ++lane) {
+        others.push_back(std::async(std::launch::async, [&run, lane] { run(lane); }));
+    }
+    run(0);
+    for (std::future<void>& other : others) other.get();
+}
+
+}  // namespace
+
+std::string mappingFileIn(const std::string& mappingDirectory) {
+    return (fs::path(mappingDirectory) / kMappingName).string();
+}
+
+Problem problemOfMappingDirectory(const std::string& path) {
+    const std::string reason = reasonAgainstDirectory(path);
+    if (reason.empty()) return {};
+    return ReadFailure{fmt::format(
+        "{}: {}; --mapping takes the directory that holds the file CustomIndex (no trailing separator needed)",
+        path.empty() ? "\"\"" : path, reason)};
+}
+
+LoadedMap loadMap(const std::string& mappingDirectory, const std::string& styleFile) {
+    const std::string mapping = mappingFileIn(mappingDirectory);
+    if (Problem problem = problemOfMappingDirectory(mappingDirectory)) return *problem;
+    if (Problem problem = problemOfFile(mapping, kMapping)) return *problem;
+    if (Problem problem = problemOfFile(styleFile, kStyle)) return *problem;
+
+    auto config = std::make_unique<CustomConfig>();
+    const std::string prefix = (fs::path(mappingDirectory) / "").string();
+    if (config->Init(prefix.c_str(), styleFile.c_str()) == 0) return explained(mapping, styleFile);
+    g_zrsdk_custom_style_enable = 1;
+    return config;
+}
+
+Surroundings hostSurroundings() {
+    const std::size_t lanes = std::max(1U, std::thread::hardware_concurrency());
+    const auto run = [lanes](std::size_t items, const WorkItem& work) { runInLanes(lanes, items, work); };
+    return {{lanes, run}, [] { throw std::bad_alloc(); }};
+}
+
+std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirectory) {
+    const std::string path = mappingFileIn(mappingDirectory);
+    if (Problem problem = problemOfMappingDirectory(mappingDirectory)) return *problem;
+    auto read = readSource(path, kMapping);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
+    const SourceFile& file = *std::get<0>(read);
+    if (isAcceptedMapping(file.text())) return Mapping::given(std::string(file.text()));
+    if (Problem problem = problemOfContent(path, kMapping, problemOfMapping)) return *problem;
+    return ReadFailure{fmt::format("{}: cannot be loaded", path)};
+}
+
+StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
+                         const Mapping& without) {
+    auto read = readSource(styleFile, kStyle);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
+    std::unique_ptr<SourceFile>& file = std::get<0>(read);
+    auto document = documentOf(*file, kStyle);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&document)) return *failure;
+
+    std::variant<Mapping, ReadFailure> mapping = without;
+    if (mappingDirectory) mapping = loadMapping(*mappingDirectory);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&mapping)) return *failure;
+    return std::make_unique<StyleStudy>(std::move(file), std::get<0>(std::move(document)),
+                                        std::get<0>(std::move(mapping)), hostSurroundings());
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,42 @@
+// Loading a map's two files with plain words for what goes wrong.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "customstyle/CustomConfig.h"
+#include "tools/host/Files.h"
+#include "tools/study/StyleStudy.h"
+
+namespace customstyle_tool {
+
+/// The mapping file of a directory.
+std::string mappingFileIn(const std::string& mappingDirectory);
+
+/// Why there is no directory with a mapping file under a path, if so.
+std::optional<ReadFailure> problemOfMappingDirectory(const std::string& path);
+
+using LoadedMap = std::variant<std::unique_ptr<_orvik_framework::CustomConfig>, ReadFailure>;
+
+/// Loads the file "CustomIndex" of a directory and a style file, and turns the renderer's questions on. The component's
+/// log lines go where CVLog sends them. Where the component refuses the files, the failure tells what it does not.
+/// @param mappingDirectory  with or without a trailing separator
+LoadedMap loadMap(const std::string& mappingDirectory, const std::string& styleFile);
+
+/// With several lanes, one for each processor, and std::bad_alloc where memory runs out.
+Surroundings hostSurroundings();
+
+using StyleOrFailure = std::variant<std::unique_ptr<StyleStudy>, ReadFailure>;
+
+/// The mapping of a directory with the file "CustomIndex".
+std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirectory);
+
+/// Reads a style file.
+/// @param mappingDirectory  directory of the file "CustomIndex"
+/// @param without           the mapping where there is no directory
+StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
+                         const Mapping& without = Mapping::standard());
+
+}  // namespace customstyle_tool

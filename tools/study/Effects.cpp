@@ -1,0 +1,412 @@
+#include "tools/study/Effects.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <map>
+#include <memory>
+#include <set>
+
+#include "tools/study/Answers.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/Parts.h"
+#include "tools/study/PatchedStore.h"
+#include "tools/study/StoreImage.h"
+#include "tools/study/StoreKeys.h"
+#include "tools/study/StyleKey.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+using _orvik_framework::EMAPCUSTOMSTYLE_LAND;
+using _orvik_framework::kFeatureTypeCount;
+using _orvik_vi::cJSON;
+using State = std::optional<tagCustomStyle>;  // none where a key has no slot
+
+// Two settings of the whole map take part as if they were keys, their values as if they were records.
+const std::string kGridKey = "grid";
+const std::string kIconKey = "icons";
+
+State gridState(bool isSet, std::uint64_t color) {
+    tagCustomStyle style{};
+    style.m_custom = isSet ? 1 : 0;
+    style.m_fillColor = color;
+    return style;
+}
+
+State iconState(bool isHidden) {
+    tagCustomStyle style{};
+    style.m_iconHidden = isHidden ? 1 : 0;
+    return style;
+}
+
+bool isSame(const State& left, const State& right) {
+    return left.has_value() == right.has_value() && (!left || sameFields(*left, *right));
+}
+
+// A key with what a step left in its record.
+struct KeyState {
+    std::string key;
+    State state;
+};
+
+// A step, and what it leaves behind in the style without what has been found idle so far.
+struct Work {
+    std::size_t step;
+    const cJSON* document;
+    std::vector<std::string> keys;
+    std::vector<KeyState> after;
+    bool isLeftOut = false;
+};
+
+Work workOf(const StyleStudy& study, std::size_t place) {
+    const ReplayStep& step = study.steps()[place];
+    Work work{place, study.singles()[place].document.get(), step.keys, {}};
+    for (const RecordTouch& touch : step.touches) work.after.push_back({touch.key, touch.after});
+    for (const std::string& key : step.refused) work.after.push_back({key, {}});
+    if (step.gridColor) work.after.push_back({kGridKey, gridState(true, *step.gridColor)});
+    if (step.hidesEveryIcon) work.after.push_back({kIconKey, iconState(true)});
+    return work;
+}
+
+// ---- A store that takes steps back ----------------------------------------------------------------------------------
+
+class UndoableStore {
+public:
+    explicit UndoableStore(const cJSON* mapping) { m_config.ParseMappingConfig(mapping); }
+
+    void apply(const Work& work) {
+        if (m_isMarked) {
+            for (const std::string& key : work.keys) note(key);
+        }
+        m_config.ParseCustomConfig(work.document);
+    }
+
+    State stateOf(const std::string& key) const {
+        if (key == kGridKey) return gridState(m_config.m_gridColorSet != 0, m_config.m_gridColor);
+        if (key == kIconKey) return iconState(m_config.m_allIconsHidden != 0);
+        const auto* const slot = slotOf(m_config, key);
+        if (slot == nullptr) return {};
+        State state = tagCustomStyle{};
+        forEachSlotRecord(*slot, [&](int, const tagCustomStyle& record) { state = record; });
+        return state;
+    }
+
+    /// From here on all changes can be taken back.
+    void mark() {
+        m_isMarked = true;
+        m_slots = m_config.m_usedLevelSlots;
+        m_grid = stateOf(kGridKey);
+        m_icons = stateOf(kIconKey);
+    }
+
+    void takeBack() {
+        std::vector<std::string> added;
+        for (const auto& [key, before] : m_before) before ? write(key, *before) : void(added.push_back(key));
+        forgetKeys(m_config, added, m_slots);
+        m_config.m_gridColorSet = m_grid->m_custom;
+        m_config.m_gridColor = m_grid->m_fillColor;
+        m_config.m_allIconsHidden = m_icons->m_iconHidden;
+        m_before.clear();
+        m_isMarked = false;
+    }
+
+private:
+    void note(const std::string& key) {
+        if (!m_before.contains(key)) m_before.emplace(key, stateOf(key));
+    }
+
+    void write(const std::string& key, const tagCustomStyle& style) {
+        forEachSlotRecord(*slotOf(m_config, key), [&](int, tagCustomStyle& record) { record = style; });
+    }
+
+    CustomConfig m_config;
+    bool m_isMarked = false;
+    int m_slots = 0;
+    State m_grid;
+    State m_icons;
+    std::map<std::string, State> m_before;
+};
+
+// ---- Asking ---------------------------------------------------------------------------------------------------------
+
+using LevelsByType = std::map<int, LevelSet>;
+
+// The questions that can be answered differently once records are exchanged.
+class Questions {
+public:
+    explicit Questions(const StyleStudy& study)
+        : m_before(study.spokenConfig()), m_speakers(study.mapping().speakers()), m_ofType(kFeatureTypeCount) {
+        for (const Speaker& speaker : m_speakers) {
+            for (const int type : speaker.types) m_ofType[static_cast<std::size_t>(type)].push_back(&speaker);
+        }
+    }
+
+    /// What changes; only whether anything changes, if not `details`.
+    Effect compare(const CustomConfig& after, const LevelsByType& types, bool details) const {
+        Effect effect;
+        compareBackgrounds(effect, after);
+        const unsigned int unlisted = m_speakers.back().styleId;
+        if (m_before.m_allIconsHidden != after.m_allIconsHidden) compareStyleId(effect, after, unlisted, details);
+        for (const auto& [type, levels] : types) {
+            for (const Speaker* speaker : m_ofType[static_cast<std::size_t>(type)]) {
+                if (effect.any() && !details) return effect;
+                compareStyleId(effect, after, speaker->styleId, details, levels);
+            }
+        }
+        return effect;
+    }
+
+private:
+    void compareBackgrounds(Effect& effect, const CustomConfig& after) const {
+        for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+            const int level = levelOfClass(levelClass);
+            if (landColor(m_before, level) != landColor(after, level)) effect.land.set(levelClass);
+            if (gridColor(m_before, level) != gridColor(after, level)) effect.grid.set(levelClass);
+        }
+    }
+
+    void compareStyleId(Effect& effect, const CustomConfig& after, unsigned int styleId, bool details,
+                        LevelSet levels = LevelSet().set()) const {
+        for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+            if (!levels[levelClass] || (effect.styles[levelClass] && effect.icons[levelClass])) continue;
+            const Answer left = ask(m_before, styleId, levelOfClass(levelClass));
+            const Answer right = ask(after, styleId, levelOfClass(levelClass));
+            if (!isSameStyle(left, right)) effect.styles.set(levelClass);
+            if (left.iconHidden != right.iconHidden) effect.icons.set(levelClass);
+            if (!details && effect.any()) return;
+        }
+    }
+
+    const CustomConfig& m_before;
+    const std::vector<Speaker>& m_speakers;
+    std::vector<std::vector<const Speaker*>> m_ofType;
+};
+
+// ---- One part -------------------------------------------------------------------------------------------------------
+
+// What the parts share.
+struct Proof {
+    const StyleStudy& study;
+    const ProofOptions& options;
+    const Tree mapping;
+    const Questions questions;
+    std::size_t all = 0;
+    std::atomic<std::size_t> done = 0;
+    std::atomic<bool> isStopped = false;
+
+    bool isKept(std::size_t step) const { return step < options.kept.size() && options.kept[step]; }
+
+    void tick(std::size_t lane) {
+        ++done;
+        if (lane == 0 && options.progress) options.progress(std::min<std::size_t>(done, all), all);
+        if (options.isTimeUp && options.isTimeUp()) isStopped = true;
+    }
+};
+
+class PartProof {
+public:
+    PartProof(Proof& proof, const std::vector<std::size_t>& steps, PatchedStore& patched, std::size_t lane)
+        : m_proof(proof), m_patched(patched), m_lane(lane), m_store(proof.mapping.get()) {
+        for (const std::size_t step : steps) m_works.push_back(workOf(proof.study, step));
+    }
+
+    Proofs run() {
+        for (std::size_t begin = 0; begin < m_works.size();) {
+            std::size_t end = begin;
+            while (end < m_works.size() && ruleOf(end) == ruleOf(begin)) ++end;
+            proveRule(begin, end);
+            begin = end;
+        }
+        return std::move(m_proofs);
+    }
+
+private:
+    std::size_t ruleOf(std::size_t place) const { return m_proof.study.steps()[m_works[place].step].rule; }
+    bool isKept(std::size_t place) const { return m_proof.isKept(m_works[place].step); }
+
+    void proveRule(std::size_t begin, std::size_t end) {
+        bool isAnyKept = false;
+        for (std::size_t i = begin; i < end; ++i) isAnyKept |= isKept(i);
+        if (!isAnyKept && end - begin > 1 && prove(begin, end, {})) return;
+        for (std::size_t i = begin; i < end; ++i) {
+            if (isKept(i) || !prove(i, i + 1, m_works[i].step)) m_store.apply(m_works[i]);
+        }
+    }
+
+    // Whether the works are idle; they are left out from then on.
+    bool prove(std::size_t begin, std::size_t end, std::optional<std::size_t> step) {
+        if (m_proof.isStopped) {
+            ++m_proofs.unproven;
+            return false;
+        }
+        Effect effect;
+        const bool isIdle = isIdleWithout(begin, end, effect);
+        m_proofs.effects.push_back({ruleOf(begin), step, isIdle, effect});
+        for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = isIdle;
+        m_proof.tick(m_lane);
+        return isIdle;
+    }
+
+    // Goes on from where the store stands without the works, until all is as it is with them, or to the end.
+    bool isIdleWithout(std::size_t begin, std::size_t end, Effect& effect) {
+        m_different.clear();
+        m_changed.clear();
+        for (std::size_t i = begin; i < end; ++i) compare(i);
+        m_changed.clear();  // the works themselves have gone
+        if (m_different.empty()) return true;
+        m_store.mark();
+        for (std::size_t i = end; i < m_works.size() && !m_different.empty(); ++i) {
+            if (m_works[i].isLeftOut) continue;
+            m_store.apply(m_works[i]);
+            compare(i);
+        }
+        if (!m_different.empty()) effect = effectOfDifference();
+        const bool isIdle = !effect.any();
+        if (isIdle) adopt();
+        m_store.takeBack();
+        return isIdle;
+    }
+
+    // Looks where the records of a work's keys differ from what they are with the works that are being left out.
+    void compare(std::size_t place) {
+        Work& work = m_works[place];
+        for (std::size_t i = 0; i < work.after.size(); ++i) {
+            State now = m_store.stateOf(work.after[i].key);
+            if (isSame(now, work.after[i].state)) {
+                m_different.erase(work.after[i].key);
+            } else {
+                m_different.insert(work.after[i].key);
+                m_changed.push_back({&work.after[i], std::move(now)});
+            }
+        }
+    }
+
+    Effect effectOfDifference() {
+        std::set<std::string> keys = m_different;
+        keys.insert(m_adopted.begin(), m_adopted.end());
+        LevelsByType types;
+        for (const std::string& key : keys) patch(key, types);
+        const Effect effect = m_proof.questions.compare(m_patched.config(), types, m_proof.options.details);
+        m_patched.takeBack();
+        return effect;
+    }
+
+    void patch(const std::string& key, LevelsByType& types) {
+        const State state = m_store.stateOf(key);
+        if (key == kGridKey) return m_patched.setGridColor(state->m_custom != 0, state->m_fillColor);
+        if (key == kIconKey) return m_patched.hideEveryIcon(state->m_iconHidden != 0);
+        m_patched.set(key, state);
+        const auto [featureType, level] = parsedKey(key);
+        types[featureType] |= level ? LevelSet().set(classOfLevel(*level)) : LevelSet().set();
+    }
+
+    void adopt() {
+        for (auto& [where, state] : m_changed) where->state = std::move(state);
+        m_adopted.insert(m_different.begin(), m_different.end());
+    }
+
+    struct Changed {
+        KeyState* where;
+        State state;
+    };
+
+    Proof& m_proof;
+    PatchedStore& m_patched;
+    std::size_t m_lane;
+    UndoableStore m_store;
+    std::vector<Work> m_works;
+    Proofs m_proofs;
+    std::set<std::string> m_different;  // keys that differ at the moment
+    std::vector<Changed> m_changed;
+    std::set<std::string> m_adopted;  // keys that differ at the end from the whole style, without changing an answer
+};
+
+// ---- All parts ------------------------------------------------------------------------------------------------------
+
+std::vector<std::vector<std::size_t>> partsOf(const StyleStudy& study) {
+    std::vector<std::vector<std::size_t>> parts = independentParts(study.steps());
+    std::vector<bool> isInPart(study.steps().size());
+    for (const auto& part : parts) {
+        for (const std::size_t step : part) isInPart[step] = true;
+    }
+    std::vector<std::size_t> rest;
+    for (std::size_t i = 0; i < isInPart.size(); ++i) {
+        if (!isInPart[i]) rest.push_back(i);
+    }
+    if (!rest.empty()) parts.push_back(std::move(rest));
+    return parts;
+}
+
+bool isIdleStep(const std::vector<bool>& idle, std::size_t step) {
+    return idle[step];
+}
+
+std::unique_ptr<CustomConfig> storeWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
+    auto config = std::make_unique<CustomConfig>();
+    config->ParseMappingConfig(componentTree(study.mapping().speakersText()).get());
+    for (std::size_t i = 0; i < study.singles().size(); ++i) {
+        if (!isIdleStep(leftOut, i)) config->ParseCustomConfig(study.singles()[i].document.get());
+    }
+    return config;
+}
+
+void leaveOut(std::vector<bool>& leftOut, const StyleStudy& study, const ProvenEffect& effect) {
+    const auto [begin, end] = study.stepsOf(effect.rule);
+    for (std::size_t i = effect.step.value_or(begin); i < (effect.step ? *effect.step + 1 : end); ++i)
+        leftOut[i] = true;
+}
+
+// Style ids under types of different parts could have them cover for each other. That is rare, so it is looked for
+// once, and only then one after the other.
+void keepOnlyJoint(const StyleStudy& study, std::vector<ProvenEffect>& effects) {
+    std::vector<bool> leftOut(study.steps().size());
+    for (const ProvenEffect& effect : effects) {
+        if (effect.isIdle) leaveOut(leftOut, study, effect);
+    }
+    const auto changesNothing = [&](const std::vector<bool>& without) {
+        return !differenceBetween(study.spokenConfig(), *storeWithout(study, without)).any();
+    };
+    if (changesNothing(leftOut)) return;
+    leftOut.assign(leftOut.size(), false);
+    for (ProvenEffect& effect : effects) {
+        if (!effect.isIdle) continue;
+        std::vector<bool> tried = leftOut;
+        leaveOut(tried, study, effect);
+        effect.isIdle = changesNothing(tried);
+        if (effect.isIdle) leftOut = std::move(tried);
+    }
+}
+
+auto orderOf(const ProvenEffect& effect) {
+    return std::tuple(effect.rule, effect.step ? *effect.step + 1 : 0);
+}
+
+}  // namespace
+
+Proofs proveEffects(const StyleStudy& study, const ProofOptions& options) {
+    const ComponentGuard guard;
+    const std::vector<std::vector<std::size_t>> parts = partsOf(study);
+    Proof proof{study, options, componentTree(study.mapping().tracedText()), Questions(study)};
+    proof.all = study.steps().size();
+    const Spread& spread = study.surroundings().spread;
+    std::vector<std::unique_ptr<PatchedStore>> patched(spread.lanes);
+    for (auto& each : patched) {
+        each = std::make_unique<PatchedStore>(storeOf(study.mapping().speakersText(), study.source().text()));
+    }
+    std::vector<Proofs> found(parts.size());
+    spread.run(parts.size(), [&](std::size_t part, std::size_t lane) {
+        found[part] = PartProof(proof, parts[part], *patched[lane], lane).run();
+    });
+    Proofs all;
+    for (Proofs& each : found) {
+        all.effects.insert(all.effects.end(), each.effects.begin(), each.effects.end());
+        all.unproven += each.unproven;
+    }
+    std::ranges::sort(all.effects, {}, orderOf);
+    keepOnlyJoint(study, all.effects);
+    return all;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,168 @@
+#include "tools/study/Mapping.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <memory>
+#include <set>
+
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/SingleRules.h"
+#include "tools/study/StoreImage.h"
+#include "tools/vocabulary/FeatureTypes.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+using _orvik_framework::kFeatureTypeCount;
+
+constexpr int kFirstPairId = 100'000;
+
+int pairId(int left, int right) {
+    return left == right ? static_cast<int>(defaultStyleId(left))
+                         : kFirstPairId + std::min(left, right) * kFeatureTypeCount + std::max(left, right);
+}
+
+std::string mappingOfAllPairs() {
+    return mappingText([](int featureType) {
+        std::vector<int> ids{pairId(featureType, featureType)};
+        for (int other = 0; other < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++other) {
+            if (other != featureType) ids.push_back(pairId(featureType, other));
+        }
+        return ids;
+    });
+}
+
+// A store with one record of the land, to see whether the renderer can be answered about a style id.
+class LookupProbe {
+public:
+    LookupProbe() {
+        m_record.m_custom = 1;
+        m_config->m_keyStyleMaps.emplace("0", &slot());
+        m_config->m_styleEffectLevels.emplace("0", 1);
+    }
+    ~LookupProbe() {
+        m_config->m_keyStyleMaps.clear();  // the record is not the store's to free
+        slot().RemoveAll();
+    }
+    LookupProbe(const LookupProbe&) = delete;
+    LookupProbe& operator=(const LookupProbe&) = delete;
+
+    bool finds(int styleId) {
+        const ComponentGuard guard;
+        slot().RemoveAll();
+        slot()[reinterpret_cast<void*>(static_cast<std::intptr_t>(styleId))] = &m_record;
+        _orvik_framework::tagCustomStyle ignored{};
+        return m_config->GetStyleFromConfig(ignored, static_cast<unsigned int>(styleId), 0) == 0;
+    }
+
+private:
+    _orvik_framework::CVMapPtrToPtr& slot() { return m_config->m_levelStyleMaps[0]; }
+
+    std::unique_ptr<CustomConfig> m_config = std::make_unique<CustomConfig>();
+    _orvik_framework::tagCustomStyle m_record{};
+};
+
+}  // namespace
+
+Mapping Mapping::everyMap() {
+    static const Mapping mapping(Kind::EveryMap, mappingOfAllPairs());
+    return mapping;
+}
+
+Mapping Mapping::standard() {
+    static const Mapping mapping(Kind::Standard, defaultMapping());
+    return mapping;
+}
+
+Mapping Mapping::given(std::string text) {
+    return {Kind::Given, std::move(text)};
+}
+
+Mapping::Mapping(Kind kind, std::string text)
+    : m_kind(kind), m_text(std::move(text)), m_ids(kFeatureTypeCount), m_questionIds(kFeatureTypeCount) {
+    const ComponentGuard guard;
+    CustomConfig config;
+    config.ParseMappingConfig(componentTree(m_text).get());
+    for (std::size_t type = 0; type < m_ids.size(); ++type) {
+        forEachSlotRecord(config.m_typeStyleMaps[type], [&](int styleId, const auto&) {
+            m_ids[type].push_back(styleId);
+            if (canBeAskedFor(styleId)) m_questionIds[type].push_back(static_cast<unsigned int>(styleId));
+        });
+        std::ranges::sort(m_questionIds[type]);
+    }
+    findSpeakers();
+}
+
+void Mapping::findSpeakers() {
+    std::map<unsigned int, std::vector<int>> typesOf;
+    for (int type = 0; type < kFeatureTypeCount; ++type) {
+        for (const unsigned int styleId : questionIdsOf(type)) typesOf[styleId].push_back(type);
+    }
+    std::map<std::vector<int>, unsigned int> chosen;
+    unsigned int unlisted = 0;
+    for (const auto& [styleId, types] : typesOf) {
+        chosen.try_emplace(types, styleId);
+        if (unlisted == styleId) ++unlisted;
+    }
+    for (const auto& [types, styleId] : chosen) m_speakers.push_back({styleId, types});
+    std::ranges::stable_sort(m_speakers, {}, [](const Speaker& each) { return each.types.size(); });
+    m_speakers.push_back({unlisted, {}});
+}
+
+std::string_view Mapping::name() const {
+    constexpr std::string_view kNames[] = {"every map", "one style id for each feature type", "the given mapping"};
+    return kNames[static_cast<std::size_t>(m_kind)];
+}
+
+std::vector<unsigned int> Mapping::questionIds() const {
+    std::set<unsigned int> all;
+    for (const auto& ofType : m_questionIds) all.insert(ofType.begin(), ofType.end());
+    return {all.begin(), all.end()};
+}
+
+std::vector<int> Mapping::typesOf(unsigned int styleId) const {
+    std::vector<int> types;
+    for (int type = 0; type < kFeatureTypeCount; ++type) {
+        if (std::ranges::binary_search(questionIdsOf(type), styleId)) types.push_back(type);
+    }
+    return types;
+}
+
+std::string Mapping::speakersText() const {
+    std::set<int> kept;
+    for (const Speaker& speaker : speakers()) {
+        if (!speaker.types.empty()) kept.insert(static_cast<int>(speaker.styleId));
+    }
+    return mappingText([&](int featureType) {
+        std::vector<int> ids;
+        for (const int id : idsOf(featureType)) {
+            // The first record of the land speaks for its background, be it one that no question finds.
+            if (kept.contains(id) || id == idsOf(featureType).front()) ids.push_back(id);
+        }
+        // The component drops a 0 at the head of a list; behind another id it stays. No renderer asks for the lowest.
+        if (!ids.empty() && ids.front() == 0) ids.insert(ids.begin(), std::numeric_limits<int>::min());
+        return ids;
+    });
+}
+
+std::string Mapping::tracedText() const {
+    return mappingText([&](int featureType) {
+        return idsOf(featureType).empty() ? std::vector<int>()
+                                          : std::vector{static_cast<int>(defaultStyleId(featureType))};
+    });
+}
+
+bool canBeAskedFor(int styleId) {
+    static LookupProbe probe;
+    return probe.finds(styleId);
+}
+
+bool isAcceptedMapping(std::string_view text) {
+    const Tree tree = componentTree(text);
+    return tree != nullptr && CustomConfig().ParseMappingConfig(tree.get()) == 1;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,85 @@
+// Mapping: the style ids that a style is studied over.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "customstyle/CustomConfig.h"
+
+namespace customstyle_tool {
+
+/// A style id that speaks for all that stand under the same feature types: each rule treats the records of a type
+/// alike, so their answers are the same.
+struct Speaker {
+    unsigned int styleId;
+    std::vector<int> types;  ///< ascending; none for the style id that the mapping does not list
+};
+
+class Mapping {
+public:
+    enum class Kind : std::uint8_t {
+        EveryMap,  ///< tells apart all that any mapping can tell apart
+        Standard,  ///< one style id for each feature type, see defaultMapping()
+        Given,     ///< a mapping file's text
+    };
+
+    /// Each feature type has a style id of its own, and one in common with each other type. An id under three types or
+    /// more adds nothing, because the renderer's questions go through the types in one order and stop at the first that
+    /// answers.
+    static Mapping everyMap();
+    static Mapping standard();
+    /// @param text  of a mapping file that the component accepts
+    static Mapping given(std::string text);
+
+    Kind kind() const { return m_kind; }
+
+    /// "every map", "one style id for each feature type", "the given mapping".
+    std::string_view name() const;
+
+    const std::string& text() const { return m_text; }
+
+    /// As the component holds them after loading, in the order of its records.
+    const std::vector<int>& idsOf(int featureType) const { return m_ids[static_cast<std::size_t>(featureType)]; }
+
+    /// Those that a question of the renderer finds, ascending; of one type, and of all.
+    const std::vector<unsigned int>& questionIdsOf(int featureType) const {
+        return m_questionIds[static_cast<std::size_t>(featureType)];
+    }
+    std::vector<unsigned int> questionIds() const;
+
+    /// The feature types under which a question of the renderer finds the style id, ascending.
+    std::vector<int> typesOf(unsigned int styleId) const;
+
+    /// Few style ids that speak for all, those under one type first; last one that the mapping does not list.
+    const std::vector<Speaker>& speakers() const { return m_speakers; }
+
+    /// A style id that the mapping does not list.
+    unsigned int unlistedId() const { return m_speakers.back().styleId; }
+
+    /// The text of a mapping with the speakers only.
+    std::string speakersText() const;
+
+    /// The text of a mapping in which each feature type that has style ids has one of its own, see defaultStyleId: each
+    /// rule does the same to all records of a type, so one shows what happens to all.
+    std::string tracedText() const;
+
+private:
+    Mapping(Kind kind, std::string text);
+    void findSpeakers();
+
+    Kind m_kind;
+    std::string m_text;
+    std::vector<std::vector<int>> m_ids;                   // by feature type
+    std::vector<std::vector<unsigned int>> m_questionIds;  // by feature type
+    std::vector<Speaker> m_speakers;
+};
+
+/// Whether a question of the renderer can find a style id that a mapping lists.
+bool canBeAskedFor(int styleId);
+
+/// Whether the component accepts a mapping.
+bool isAcceptedMapping(std::string_view text);
+
+}  // namespace customstyle_tool

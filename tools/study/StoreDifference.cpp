@@ -1,0 +1,108 @@
+#include "tools/study/StoreDifference.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "tools/study/Answers.h"
+#include "tools/study/StoreImage.h"
+#include "tools/study/StoreKeys.h"
+#include "tools/study/StyleKey.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::tagCustomStyle;
+
+// The questions that may be answered differently.
+using Questions = std::map<unsigned int, LevelSet>;
+
+LevelSet allLevels() {
+    return LevelSet().set();
+}
+
+// The levels at which a key can be the one in effect.
+LevelSet levelsOfKey(const std::string& key) {
+    const std::optional<int> level = parsedKey(key).level;
+    return level ? LevelSet().set(classOfLevel(*level)) : allLevels();
+}
+
+// The questions that the records of a key in `config` answer differently from those in `other`.
+void addQuestionsOfKey(Questions& questions, const std::string& key, const CVMapPtrToPtr& slot,
+                       const CVMapPtrToPtr* otherSlot) {
+    const LevelSet levels = levelsOfKey(key);
+    for (void* position = slot.GetStartPosition(); position != nullptr;) {
+        void* styleId = nullptr;
+        void* record = nullptr;
+        void* otherRecord = nullptr;
+        slot.GetNextAssoc(position, styleId, record);
+        const bool isSame =
+            otherSlot != nullptr && otherSlot->Lookup(styleId, otherRecord) &&
+            sameFields(*static_cast<tagCustomStyle*>(record), *static_cast<tagCustomStyle*>(otherRecord));
+        if (!isSame) questions[static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(styleId))] |= levels;
+    }
+}
+
+void addQuestions(Questions& questions, const CustomConfig& config, const CustomConfig& other) {
+    for (const auto& [key, slot] : config.m_keyStyleMaps) {
+        addQuestionsOfKey(questions, key, *slot, slotOf(other, key));
+    }
+}
+
+Questions everyQuestion(const CustomConfig& config) {
+    Questions questions;
+    for (const unsigned int styleId : mappedStyleIds(config)) questions[styleId] = allLevels();
+    unsigned int unlisted = 0;  // what holds for every icon holds for style ids that the mapping does not list, too
+    while (questions.contains(unlisted)) ++unlisted;
+    questions[unlisted] = allLevels();
+    return questions;
+}
+
+Questions openQuestions(const CustomConfig& left, const CustomConfig& right) {
+    if (left.m_allIconsHidden != right.m_allIconsHidden) return everyQuestion(left);
+    Questions questions;
+    addQuestions(questions, left, right);
+    addQuestions(questions, right, left);
+    return questions;
+}
+
+void compareStyleId(Effect& effect, const CustomConfig& left, const CustomConfig& right, unsigned int styleId,
+                    const LevelSet& levels) {
+    bool isChanged = false;
+    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+        if (!levels[levelClass]) continue;
+        const Answer before = ask(left, styleId, levelOfClass(levelClass));
+        const Answer after = ask(right, styleId, levelOfClass(levelClass));
+        const bool style = !isSameStyle(before, after);
+        const bool icon = before.iconHidden != after.iconHidden;
+        if (style) effect.styles.set(levelClass);
+        if (icon) effect.icons.set(levelClass);
+        isChanged |= style || icon;
+    }
+    effect.styleIds += isChanged ? 1 : 0;
+}
+
+Effect compare(const CustomConfig& left, const CustomConfig& right, const Questions& questions) {
+    Effect effect;
+    for (const auto& [styleId, levels] : questions) compareStyleId(effect, left, right, styleId, levels);
+    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+        const int level = levelOfClass(levelClass);
+        effect.land[levelClass] = landColor(left, level) != landColor(right, level);
+        effect.grid[levelClass] = gridColor(left, level) != gridColor(right, level);
+    }
+    return effect;
+}
+
+}  // namespace
+
+Effect differenceBetween(const CustomConfig& left, const CustomConfig& right) {
+    return compare(left, right, openQuestions(left, right));
+}
+
+Effect fullDifferenceBetween(const CustomConfig& left, const CustomConfig& right) {
+    return compare(left, right, everyQuestion(left));
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,66 @@
+// StoreImage: all that rules can change in a store, as a value.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "customstyle/CustomConfig.h"
+#include "customstyle/StoredRecords.h"
+
+namespace customstyle_tool {
+
+/// One customised record with the style id under which it is filed.
+struct ImageRecord {
+    int styleId;
+    _orvik_framework::tagCustomStyle style;
+};
+
+/// A copy of the content of a store: records by style key, registered levels, grid colour, hidden icons.
+/// Stores with equal images give equal answers, because the renderer's questions read nothing else.
+class StoreImage {
+public:
+    explicit StoreImage(const _orvik_framework::CustomConfig& config);
+
+    /// Holds the records of these feature types only, and no registered levels.
+    StoreImage(const _orvik_framework::CustomConfig& config, const std::set<int>& featureTypes);
+
+    /// The records of each key that has a slot, in the slot's order.
+    const std::map<std::string, std::vector<ImageRecord>>& slots() const { return m_slots; }
+
+    bool gridColorSet() const { return m_gridColorSet; }
+    std::uint64_t gridColor() const { return m_gridColor; }
+    bool allIconsHidden() const { return m_allIconsHidden; }
+
+    /// Field by field; padding does not count.
+    bool operator==(const StoreImage& other) const;
+
+    /// Writes the records that the image holds, the grid colour and the icon switch back into a store that has the same
+    /// keys and records.
+    void restore(_orvik_framework::CustomConfig& config) const;
+
+private:
+    void addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot);
+
+    std::map<std::string, std::vector<ImageRecord>> m_slots;
+    std::map<std::string, int> m_effectLevels;
+    std::uint64_t m_gridColor;
+    bool m_gridColorSet;
+    bool m_allIconsHidden;
+};
+
+/// Whether two records agree in every field but the id.
+bool sameFields(const _orvik_framework::tagCustomStyle& left, const _orvik_framework::tagCustomStyle& right);
+
+/// Calls `visit(int styleId, tagCustomStyle& record)` for each record of a slot, in its order; keys without one are
+/// passed over.
+template <typename Visit>
+void forEachSlotRecord(const _orvik_framework::CVMapPtrToPtr& slot, Visit visit) {
+    for (const auto& entry : _orvik_framework::StoredRecords(slot)) {
+        if (entry.record != nullptr) visit(entry.id(), *entry.record);
+    }
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,29 @@
+// What a study takes from the program around it, so that it runs where there are no threads and no exceptions.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <functional>
+
+namespace customstyle_tool {
+
+/// Work that falls into independent items.
+/// @param lane  which of the spread's lanes does it; no two items run in one lane at the same time
+using WorkItem = std::function<void(std::size_t item, std::size_t lane)>;
+
+/// How items are worked off: one after the other, or on several processors.
+struct Spread {
+    std::size_t lanes = 1;
+    /// Calls the work once for each item, in any order and in any lane; lane 0 is the calling thread.
+    std::function<void(std::size_t items, const WorkItem& work)> run = [](std::size_t items, const WorkItem& work) {
+        for (std::size_t item = 0; item < items; ++item) work(item, 0);
+    };
+};
+
+/// The seams of a study. The defaults need nothing.
+struct Surroundings {
+    Spread spread{};
+    void (*onNoMemory)() = std::abort;  ///< does not return
+};
+
+}  // namespace customstyle_tool

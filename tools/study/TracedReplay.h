@@ -1,0 +1,72 @@
+// TracedReplay: applies a style rule by rule through the component and notes what each styler of each rule does.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "customstyle/CustomConfig.h"
+#include "tools/study/SingleRules.h"
+#include "tools/vocabulary/StyleFields.h"
+
+namespace customstyle_tool {
+
+/// How a field of a record got the value that it has after a step.
+enum class Origin : std::uint8_t {
+    Kept,       ///< the step left it alone
+    Inherited,  ///< the step copied it from the all-levels record of the same type and style id
+    Written,    ///< the step wrote it, be it the same value again
+};
+
+/// What a step did to one record. Steps visit a record even when they change no value in it.
+struct RecordTouch {
+    std::string key;           ///< "13" or "13:15"
+    int featureType;           ///< of the key
+    std::optional<int> level;  ///< of the key; none for all levels
+    int styleId;
+    tagCustomStyle before;  ///< a record that came with the step began as a base record, all 0
+    tagCustomStyle after;
+    std::array<Origin, kStyleFieldCount> origins;  ///< by place in styleFields()
+};
+
+/// One styler of one rule, or a rule that came to no styler.
+struct ReplayStep {
+    std::size_t rule;               ///< place among the rules, from 0
+    std::string styler;             ///< "color", "visibility", "weight", "fontsize"; empty where the rule came to none
+    std::vector<std::string> log;   ///< the component's lines, prefix included
+    std::vector<std::string> keys;  ///< every style key that the step addresses, in the order of the component
+    std::vector<std::string> newKeys;        ///< those that got their slot now
+    std::vector<std::string> refused;        ///< those that got none, because every slot is taken
+    std::vector<RecordTouch> touches;        ///< in the order of the keys' slots
+    std::optional<std::uint64_t> gridColor;  ///< the grid colour that the step wrote
+    bool hidesEveryIcon = false;
+};
+
+/// The history of a store.
+///
+/// Each styler of a rule is handed to the component alone, in the component's order, with the log captured; the outcome
+/// is that of the whole file. Which fields a step wrote, and which it copied from the all-levels record, is found by
+/// doing the step again over marked records: what still bears a mark was not written. So the component alone decides,
+/// and nothing here knows its rules.
+class TracedReplay {
+public:
+    /// @param mapping  text of a mapping file that the component accepts; one style id for each type is enough
+    TracedReplay(std::string_view mapping, const std::vector<SingleRule>& rules);
+
+    /// In the order in which the component acts, one for each of the rules.
+    const std::vector<ReplayStep>& steps() const { return m_steps; }
+
+    /// The store after the last rule.
+    const _orvik_framework::CustomConfig& config() const { return *m_config; }
+
+private:
+    std::unique_ptr<_orvik_framework::CustomConfig> m_config;
+    std::vector<ReplayStep> m_steps;
+};
+
+}  // namespace customstyle_tool

@@ -1,0 +1,29 @@
+#include "tools/vocabulary/JsonParts.h"
+
+#include <algorithm>
+
+#include "tools/vocabulary/RecordText.h"
+
+namespace customstyle_tool {
+
+using Json = nlohmann::ordered_json;
+
+std::string memberName(std::string fieldName) {
+    std::ranges::replace(fieldName, ' ', '_');
+    return fieldName;
+}
+
+Json colorJson(std::uint64_t packedColor) {
+    return {{"rgb", rgbText(packedColor)}, {"alpha", alphaOf(packedColor)}};
+}
+
+Json levelsJson(const LevelSet& levels) {
+    Json list = Json::array();
+    for (std::size_t levelClass = 0; levelClass < kOtherLevels; ++levelClass) {
+        if (levels[levelClass]) list.push_back(levelOfClass(levelClass));
+    }
+    if (levels[kOtherLevels]) list.push_back("other");
+    return list;
+}
+
+}  // namespace customstyle_tool
