@@ -3,7 +3,7 @@
 
 An example is a style in a block marked json, followed by its expectations in a block marked expect. A block marked mapping
 may stand in front: the style ids of some feature types, while each other has one of its own. A block of one kind without
-the others is a failure, so that no example goes unrun.
+the others is a failure, so that no example goes unrun; only blocks of programs are left to another test.
 """
 import json
 import pathlib
@@ -43,8 +43,11 @@ def run(tool, directory, blocks):
 def examples_of(text):
     """The examples with their lines, or None where blocks are left over."""
     blocks = [(match[1], match[2], text.count("\n", 0, match.start()) + 1) for match in BLOCK.finditer(text)]
+    if text.count("```") != 2 * len(blocks):
+        return None
+    blocks = [block for block in blocks if block[0] != "cpp"]
     kinds = "".join(kind + " " for kind, _, _ in blocks)
-    if text.count("```") != 2 * len(blocks) or not kinds or EXAMPLE.sub("", kinds):
+    if not kinds or EXAMPLE.sub("", kinds):
         return None
     examples = []
     for kind, content, line in blocks:
