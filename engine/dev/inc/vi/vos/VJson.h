@@ -1,4 +1,5 @@
-// JSON trees: the operations of cJSON that the engine uses, under the engine's own namespace.
+// JSON trees: all operations of cJSON that the engine uses, under the engine's own namespace. Of a node it reads
+// `valuestring`, `valueint` and `string`, the member's name, which a tree made by hand may lack.
 #pragma once
 
 #include <cjson/cJSON.h>
@@ -17,16 +18,24 @@ using ::cJSON_IsString;
 
 /// Parses JSON text. A NUL or the end of the text ends it; what follows the first complete value is not looked at.
 ///
-/// Objects and arrays may nest 1,000 deep. The children of a node form a list from `child` over `next`; walk it to stay
-/// linear, because cJSON_GetArrayItem counts from the start on each call.
+/// Objects and arrays may nest 1,000 deep.
 ///
 /// @param reserved  always 1
 /// @return the tree, to be released with cJSON_Delete, or null when the text is not JSON or memory ran out
 cJSON* cJSON_Parse(std::string_view text, int reserved);
 
 /// Looks a member up without regard to the case of ASCII letters, whatever the locale; of several, the first is found.
-/// What it finds is what the package finds in the "C" locale, in a fraction of the time.
+/// Members without a name are passed over. What it finds is what the package finds in the "C" locale, in a fraction of
+/// the time.
 /// @return the member, owned by the tree, or null; null also for a null object or name
 cJSON* cJSON_GetObjectItem(const cJSON* object, const char* name);
+
+/// Calls `visit(const cJSON& child)` for each child of a node in order; a null node has none. Linear, while
+/// cJSON_GetArrayItem counts from the start on each call.
+template <typename Visit>
+void forEachChild(const cJSON* node, Visit visit) {
+    if (node == nullptr) return;
+    for (const cJSON* child = node->child; child != nullptr; child = child->next) visit(*child);
+}
 
 }  // namespace _orvik_vi

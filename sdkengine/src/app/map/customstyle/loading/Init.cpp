@@ -84,8 +84,10 @@ int CustomConfig::Init(const CVString& mappingDirectory, const CVString& styleFi
     const int mapped = loadDocument(*this, file, mappingDirectory + "CustomIndex", kMappingFile,
                                     [this](const cJSON* document) { return ParseMappingConfig(document); });
     if (mapped == 0) return 0;
-    return loadDocument(*this, file, styleFile, kStyleFile,
-                        [this](const cJSON* document) { return ParseCustomConfig(document); });
+    return loadDocument(*this, file, styleFile, kStyleFile, [this](const cJSON* document) {
+        ParseCustomConfig(document);  // whatever it answers: a style is loaded even when every rule was refused
+        return 1;
+    });
 }
 
 }  // namespace _orvik_framework

@@ -9,15 +9,14 @@ namespace {
 // replaces its earlier record.
 void makeBaseRecords(CVMapPtrToPtr& records, const cJSON* styleIds) {
     int previousId = 0;
-    const cJSON* element = nullptr;
-    cJSON_ArrayForEach(element, styleIds) {
-        const int styleId = element->valueint;
-        if (styleId == previousId) continue;
+    _orvik_vi::forEachChild(styleIds, [&](const cJSON& element) {
+        const int styleId = element.valueint;
+        if (styleId == previousId) return;
         tagCustomStyle record{};
         record.m_ID = styleId;
         storeCopy(records, record);
         previousId = styleId;
-    }
+    });
 }
 
 }  // namespace
