@@ -7,6 +7,7 @@
 
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
+#include "tests/model/BaseRecords.h"
 #include "tests/support/FailingHeaps.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
@@ -171,6 +172,44 @@ TEST_P(FailingAllocation, OfASlotIsThrownAndLeavesAnEffectThatWasThereBefore) {
         EXPECT_EQ(isThrown, failed);
         EXPECT_EQ(config.m_styleEffectLevels, (decltype(config.m_styleEffectLevels){{"13:15", 2}}));
         EXPECT_EQ(config.m_keyStyleMaps.contains("13:15"), !failed);
+        return failed;
+    });
+}
+
+// 24 records outgrow a map that starts with room for ten, so memory can run out half-way.
+TEST_P(FailingAllocation, OfASlotsRecordsLeavesTheSlotAsItWas) {
+    const MemoryAccounts accounts;
+    firstSufficient([](std::size_t successes) {
+        CustomConfig config;
+        for (int styleId = 1; styleId <= 24; ++styleId) addBaseRecord(config, 13, styleId);
+        const MemoryAccounts ofSlot;
+        char key[16];
+        bool isRegistered = false;
+        const bool failed = failsAfter(successes, [&] {
+            config.UpdateCustomStyleMap(key, 13, 1, 0);
+            isRegistered = true;
+        });
+        EXPECT_EQ(config.m_levelStyleMaps[0].GetCount() > 0, isRegistered);
+        EXPECT_EQ(ofSlot.blocks() > 0, isRegistered);
+        expectSlotsInOrder(config);
+        expectSlotsForEffects(config);
+        return failed;
+    });
+    EXPECT_EQ(accounts.blocks(), 0);
+}
+
+// A host that sets the counter back hands out a slot that another key still has.
+TEST_P(FailingAllocation, OfASlotThatAnotherKeyHasLeavesThatKeyItsRecords) {
+    firstSufficient([](std::size_t successes) {
+        CustomConfig config;
+        for (int styleId = 1; styleId <= 24; ++styleId) addBaseRecord(config, 14, styleId);
+        addBaseRecord(config, 13, 99);
+        config.SetTypeColor(13, "fill", 5, 1, 0);
+        config.m_usedLevelSlots = 0;
+        char key[16];
+        const bool failed = failsAfter(successes, [&] { config.UpdateCustomStyleMap(key, 14, 1, 0); });
+        const tagCustomStyle* const record = recordAt(config, "13", 99);
+        EXPECT_TRUE(record != nullptr && record->m_fillColor == 5);
         return failed;
     });
 }

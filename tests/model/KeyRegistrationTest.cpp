@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "tests/model/BaseRecords.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/TestStore.h"
+#include "vi/vos/VMem.h"
 
 namespace customstyle_test {
 namespace {
@@ -131,6 +133,44 @@ TEST_F(StoreUpdate, ATypeWithoutBaseRecordsGetsAnEmptySlot) {
     EXPECT_EQ(m_config.m_keyStyleMaps.at("72")->GetCount(), 0);
 }
 
+TEST_F(StoreUpdate, AKeyWithASlotGetsItsEffectWhereItHasNone) {
+    m_config.m_keyStyleMaps["13:15"] = &m_config.m_levelStyleMaps[7];
+    update(kHighway, 0, 15);
+    EXPECT_EQ(m_config.m_styleEffectLevels.at("13:15"), 0);
+    EXPECT_EQ(m_config.m_keyStyleMaps.at("13:15"), &m_config.m_levelStyleMaps[7]);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 0);
+}
+
+TEST_F(StoreUpdate, AKeyWhoseEffectWasTakenAwayGetsItBack) {
+    update(kHighway, 1, 0);
+    m_config.m_styleEffectLevels.clear();
+    m_config.SetTypeColor(kHighway, "fill", 0xff0000ff, 1, 0);
+    EXPECT_EQ(m_config.m_styleEffectLevels.at("13"), 1);
+    EXPECT_EQ(m_config.m_usedLevelSlots, 1);
+}
+
+// A host allocator that looks at a store while memory for the first record of a slot is asked for.
+const CustomConfig* g_watched = nullptr;
+std::size_t g_effectsSeen = 0;
+std::size_t g_slotsSeen = 0;
+
+void* allocateAndLook(std::size_t size, const char*, int) {
+    g_effectsSeen = g_watched->m_styleEffectLevels.count("13");
+    g_slotsSeen = g_watched->m_keyStyleMaps.count("13") + static_cast<std::size_t>(g_watched->m_usedLevelSlots);
+    return std::malloc(size);
+}
+
+TEST_F(StoreUpdate, TheEffectComesFirstThenTheRecordsThenTheSlot) {
+    addBaseRecord(m_config, kHighway, 7);
+    g_watched = &m_config;
+    g_effectsSeen = g_slotsSeen = 100;
+    _orvik_vi::CVMem::SetHostAllocator(allocateAndLook, std::free);
+    update(kHighway, 1, 0);
+    _orvik_vi::CVMem::SetHostAllocator(nullptr, nullptr);
+    EXPECT_EQ(g_effectsSeen, 1u);
+    EXPECT_EQ(g_slotsSeen, 0u);
+}
+
 // ---- Copies ---------------------------------------------------------------------------------------------------------
 
 TEST_F(StoreUpdate, ThreeBaseRecordsMakeThreeRecordsUnderTheirIds) {
@@ -198,6 +238,22 @@ TEST_F(StoreUpdate, AnAbsentBaseRecordIsPassedOver) {
     addBaseRecord(m_config, kHighway, 3);
     update(kHighway, 1, 0);
     EXPECT_EQ(m_config.m_levelStyleMaps[0].GetCount(), 2);
+}
+
+// A host that sets the counter back hands out a slot that another key still has.
+TEST_F(StoreUpdate, WhatASlotHoldsStaysWhenItIsHandedOutAgain) {
+    addBaseRecord(m_config, kHighway, 7);
+    addBaseRecord(m_config, 14, 8);
+    update(kHighway, 1, 0);
+    tagCustomStyle* const first = recordAt(m_config, "13", 7);
+    first->m_fillColor = 5;
+    m_config.m_usedLevelSlots = 0;
+    const MemoryAccounts accounts;
+    update(14, 1, 0);
+    EXPECT_EQ(recordAt(m_config, "13", 7), first);
+    EXPECT_EQ(first->m_fillColor, 5u);
+    EXPECT_NE(recordAt(m_config, "14", 8), nullptr);
+    EXPECT_EQ(accounts.blocks(), 1);
 }
 
 // ---- A key without a slot -------------------------------------------------------------------------------------------

@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "tests/model/BaseRecords.h"
 #include "tests/support/TestStore.h"
+#include "vi/vos/VLog.h"
 
 namespace customstyle_test {
 namespace {
@@ -171,6 +173,23 @@ TEST_F(RecordWalk, AnUnknownElementResetsALevelAllTheSame) {
     tagCustomStyle unmarked = written(kStyleId, 0xff000011, 0);
     unmarked.m_custom = 0;
     EXPECT_EQ(*record("13:15"), unmarked);
+}
+
+// A host may look at the store while it receives a log line.
+TEST_F(RecordWalk, ARecordHasNoMarkWhileItsUnknownElementIsLogged) {
+    color(0xff000011, 1, 0);
+    weight(9, 0, 15);
+    std::vector<int> marks;
+    _orvik_vi::CVLog::SetSink([&](_orvik_vi::ELOGPRIORITY, const std::string&) {
+        for (const char* key : {"13", "13:15"}) marks.push_back(record(key)->m_custom);
+    });
+    m_config.SetTypeWeight(kHighway, "nonsense", 9, 0, 15);
+    m_config.SetTypeWeight(kHighway, "fill", 9, 0, 15);
+    m_config.SetFontWeightStyle(kHighway, "nonsense", 9, 0, 15);
+    m_config.SetTypeWeight(kHighway, "fill", 9, 0, 15);
+    m_config.setFontSizeStyle(kHighway, "nonsense", 9, 0, 15);
+    _orvik_vi::CVLog::SetSink({});
+    EXPECT_EQ(marks, (std::vector{1, 0, 1, 0, 1, 0}));
 }
 
 TEST_F(RecordWalk, AKnownElementBringsTheMarkBack) {

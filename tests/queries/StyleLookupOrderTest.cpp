@@ -203,6 +203,18 @@ TEST_F(KeyInEffect, MustBeThereToTheLetter) {
     }
 }
 
+TEST_F(KeyInEffect, IsComparedWholeWhateverItsLength) {
+    m_config.m_styleEffectLevels = {{"0123456789abcdefX", 1}, {"0123456789abcdefZ", 0}, {"0123456789abcdef", 1}};
+    EXPECT_EQ(m_config.IsStyleEffectAtAllLevel("0123456789abcdefX"), 1);
+    EXPECT_EQ(m_config.IsStyleEffectAtAllLevel("0123456789abcdefY"), 0);
+    EXPECT_EQ(m_config.IsStyleEffectAtAllLevel("0123456789abcdefZ"), 0);
+    EXPECT_EQ(m_config.IsStyleEffectAtAllLevel("0123456789abcdef"), 1);
+    EXPECT_EQ(m_config.IsStyleEffectAtGivenLevel("0123456789abcdefX"), 0);
+    EXPECT_EQ(m_config.IsStyleEffectAtGivenLevel("0123456789abcdefY"), 0);
+    EXPECT_EQ(m_config.IsStyleEffectAtGivenLevel("0123456789abcdefZ"), 1);
+    EXPECT_EQ(m_config.IsStyleEffectAtGivenLevel(std::string(1000, 'x').c_str()), 0);
+}
+
 TEST_F(KeyInEffect, AskingAddsNothing) {
     m_config.IsStyleEffectAtAllLevel("14");
     m_config.IsStyleEffectAtGivenLevel("14:4");

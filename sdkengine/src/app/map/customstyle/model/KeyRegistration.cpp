@@ -11,42 +11,56 @@
 #include "customstyle/model/StyleKey.h"
 
 namespace _orvik_framework {
-
 namespace {
 
-using EffectLevels = ShortTextTable<int>;
-
-/// Takes the effect of a key back unless the key gets its slot, too: a key in effect that has no slot would hide the
-/// styles for all levels of its type.
-class EffectRollback {
+/// A key on its way into the store. Unless it gets its slot, all is taken back that it has put there by then: a key in
+/// effect that has no slot would hide the styles for all levels of its type.
+class NewKey {
 public:
-    EffectRollback(EffectLevels& effects, std::pair<EffectLevels::iterator, bool> inserted)
-        : m_effects(effects), m_inserted(inserted) {}
-    ~EffectRollback() {
-        if (m_inserted.second) m_effects.erase(m_inserted.first);
-    }
-    EffectRollback(const EffectRollback&) = delete;
-    EffectRollback& operator=(const EffectRollback&) = delete;
+    NewKey(CustomConfig& config, std::string text, int allLevels)
+        : m_config(config),
+          m_text(std::move(text)),
+          m_effect(config.m_styleEffectLevels.try_emplace(m_text, allLevels)),
+          m_slot(config.m_levelStyleMaps[config.m_usedLevelSlots]),
+          m_isSlotFresh(m_slot.GetStartPosition() == nullptr) {}
 
-    void dismiss() { m_inserted.second = false; }
+    ~NewKey() {
+        if (m_isRegistered) return;
+        // A slot that was not empty belongs to another key as well: a host has set the counter back.
+        if (m_isSlotFresh) releaseRecords(m_slot);
+        if (m_effect.second) m_config.m_styleEffectLevels.erase(m_effect.first);
+    }
+
+    NewKey(const NewKey&) = delete;
+    NewKey& operator=(const NewKey&) = delete;
+
+    void copyRecords(const CVMapPtrToPtr& baseRecords) {
+        for (const StoredRecord& base : StoredRecords(baseRecords)) {
+            if (base.record != nullptr) storeCopy(m_slot, *base.record);
+        }
+    }
+
+    /// The slot that the key has now; null where a host filed null under the key, which stays.
+    CVMapPtrToPtr* takeSlot() {
+        CVMapPtrToPtr* const ofKey = m_config.m_keyStyleMaps.try_emplace(m_text, &m_slot).first->second;
+        ++m_config.m_usedLevelSlots;
+        m_isRegistered = true;
+        return ofKey;
+    }
 
 private:
-    EffectLevels& m_effects;
-    std::pair<EffectLevels::iterator, bool> m_inserted;
+    using Effects = decltype(CustomConfig::m_styleEffectLevels);
+
+    CustomConfig& m_config;
+    const std::string m_text;
+    const std::pair<Effects::iterator, bool> m_effect;
+    CVMapPtrToPtr& m_slot;
+    const bool m_isSlotFresh;
+    bool m_isRegistered = false;
 };
 
-/// Gives a key its slot and its effect, or neither of them where memory runs out.
-CVMapPtrToPtr* makeSlot(CustomConfig& config, const std::string& key, const StyleScope& scope) {
-    CVMapPtrToPtr& slot = config.m_levelStyleMaps[config.m_usedLevelSlots];
-    releaseRecords(slot);  // of another key, for which memory ran out half-way
-    for (const StoredRecord& base : StoredRecords(config.m_typeStyleMaps[scope.featureType])) {
-        if (base.record != nullptr) storeCopy(slot, *base.record);
-    }
-    EffectRollback rollback(config.m_styleEffectLevels, config.m_styleEffectLevels.try_emplace(key, scope.allLevels));
-    CVMapPtrToPtr* const ofKey = config.m_keyStyleMaps.try_emplace(key, &slot).first->second;
-    rollback.dismiss();
-    ++config.m_usedLevelSlots;
-    return ofKey;
+void ensureEffect(CustomConfig& config, const StyleKeyWords& key, int allLevels) {
+    if (!config.m_styleEffectLevels.contains(key)) config.m_styleEffectLevels.try_emplace(textOf(key), allLevels);
 }
 
 }  // namespace
@@ -54,9 +68,15 @@ CVMapPtrToPtr* makeSlot(CustomConfig& config, const std::string& key, const Styl
 CVMapPtrToPtr* registerKey(CustomConfig& config, const StyleKeys& keys, const StyleScope& scope) {
     const StyleKeyWords key = keys.ofScope(scope.allLevels);
     CVMapPtrToPtr* const slot = findSlot(config, key);
-    if (slot != nullptr) return slot;
+    if (slot != nullptr) {
+        ensureEffect(config, key, scope.allLevels);
+        return slot;
+    }
     const bool hasRoom = isFeatureType(scope.featureType) && config.m_usedLevelSlots < kStyleSlotCount;
-    return hasRoom ? makeSlot(config, textOf(key), scope) : nullptr;
+    if (!hasRoom) return nullptr;
+    NewKey newKey(config, textOf(key), scope.allLevels);
+    newKey.copyRecords(config.m_typeStyleMaps[scope.featureType]);
+    return newKey.takeSlot();
 }
 
 void CustomConfig::UpdateCustomStyleMap(char* keyOut, int featureType, int allLevels, int level) {

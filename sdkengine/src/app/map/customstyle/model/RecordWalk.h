@@ -23,7 +23,8 @@ void walkRecords(CustomConfig& config, const StyleScope& scope, Write write) {
         if (record == nullptr) continue;
         const tagCustomStyle* start = allLevelsSlot == nullptr ? nullptr : findRecord(*allLevelsSlot, key);
         if (start != nullptr) *record = *start;
-        record->m_custom = write(*record) ? 1 : 0;
+        record->m_custom = 0;  // also for whoever reads the record while `write` logs
+        if (write(*record)) record->m_custom = 1;
     }
 }
 

@@ -9,7 +9,9 @@
 namespace _orvik_framework {
 
 /// Whether rules wrote a key with the given value: 1 for all levels, 0 for one level.
-inline bool isInEffect(const CustomConfig& config, const StyleKeyWords& key, int allLevels) {
+/// @param key  StyleKeyWords, or a text, which may be longer than keys are
+template <typename Key>
+bool isInEffect(const CustomConfig& config, const Key& key, int allLevels) {
     const auto found = config.m_styleEffectLevels.find(key);
     return found != config.m_styleEffectLevels.end() && found->second == allLevels;
 }

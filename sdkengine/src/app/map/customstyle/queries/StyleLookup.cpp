@@ -1,14 +1,16 @@
+#include <string_view>
+
 #include "customstyle/CustomConfig.h"
 #include "customstyle/queries/EffectiveStyles.h"
 
 namespace _orvik_framework {
 
 int CustomConfig::IsStyleEffectAtGivenLevel(const char* key) const {
-    return key != nullptr && isInEffect(*this, StyleKeyWords(key), 0);
+    return key != nullptr && isInEffect(*this, std::string_view(key), 0);
 }
 
 int CustomConfig::IsStyleEffectAtAllLevel(const char* key) const {
-    return key != nullptr && isInEffect(*this, StyleKeyWords(key), 1);
+    return key != nullptr && isInEffect(*this, std::string_view(key), 1);
 }
 
 int CustomConfig::GetStyleFromConfig(tagCustomStyle& style, unsigned int styleId, int level) const {
