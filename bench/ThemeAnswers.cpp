@@ -8,6 +8,7 @@
 
 #include "bench/support/Loading.h"
 #include "bench/support/Scenes.h"
+#include "customstyle/StoredRecords.h"
 
 namespace {
 
@@ -21,12 +22,7 @@ constexpr const char* kProperties = R"({"colours": ["fill", "border", "textFill"
 std::set<unsigned int> mappedIds(const CustomConfig& config) {
     std::set<unsigned int> ids;
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            ids.insert(static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(key)));
-        }
+        for (const StoredRecord& entry : StoredRecords(records)) ids.insert(entry.styleId());
     }
     return ids;
 }

@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
 #include "tests/stylesnapshot/SameAnswers.h"
 #include "tests/support/TestStore.h"
@@ -13,7 +14,7 @@
 namespace customstyle_test {
 namespace {
 
-using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 using Ids = std::vector<int>;
 
@@ -65,13 +66,8 @@ void styleAllTypes(CustomConfig& config) {
 /// Gives each record of a type's key for all levels a look of its own.
 void paintEachRecord(CustomConfig& config) {
     for (int slot = 0; slot < config.m_usedLevelSlots; ++slot) {
-        const CVMapPtrToPtr& records = config.m_levelStyleMaps[slot];
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            auto* style = static_cast<tagCustomStyle*>(record);
-            style->m_fillColor = std::uint64_t{static_cast<unsigned>(style->m_ID)} << 20;
+        for (const auto& [key, record] : StoredRecords(config.m_levelStyleMaps[slot])) {
+            record->m_fillColor = std::uint64_t{static_cast<unsigned>(record->m_ID)} << 20;
         }
     }
 }

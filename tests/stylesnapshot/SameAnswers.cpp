@@ -4,12 +4,15 @@
 
 #include <limits>
 
+#include "customstyle/StoredRecords.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 
 using _orvik_framework::BorrowedStyle;
 using _orvik_framework::CVMapPtrToPtr;
+using _orvik_framework::StoredRecord;
+using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 
 namespace {
@@ -61,12 +64,7 @@ void expectSameBackgrounds(const CustomConfig& config, const StyleSnapshot& snap
 std::set<unsigned> styleIdsToAsk(const CustomConfig& config) {
     std::set<unsigned> ids = {0, 1, 41, 77777, 0x7fffffff, 0x80000000, 0xffffffff};
     const auto collect = [&](const CVMapPtrToPtr& records) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            ids.insert(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(key)));
-        }
+        for (const StoredRecord& entry : StoredRecords(records)) ids.insert(entry.styleId());
     };
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) collect(records);
     for (const CVMapPtrToPtr& records : config.m_levelStyleMaps) collect(records);

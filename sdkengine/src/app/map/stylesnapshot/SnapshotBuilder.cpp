@@ -4,8 +4,8 @@
 #include <charconv>
 #include <cstddef>
 #include <cstring>
-#include <limits>
 #include <span>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -94,7 +94,8 @@ void SnapshotBuilder::collectLevels() {
         if (!key.allLevels) named.push_back(key.level);
     }
     std::ranges::sort(named);
-    named.erase(std::ranges::unique(named).begin(), named.end());
+    const auto repeated = std::ranges::unique(named);
+    named.erase(repeated.begin(), repeated.end());
     int other = 0;
     while (std::ranges::binary_search(named, other)) ++other;
     m_levels.push_back(other);
@@ -142,15 +143,14 @@ void SnapshotBuilder::readRecords(std::uint32_t key) {
     if (key == 0 || m_keys[key].featureType != m_keys[key - 1].featureType) m_idsOfType.clear();
     if (records == nullptr) return;
     std::size_t place = 0;
-    for (const StoredRecord& entry : StoredRecords(*records)) {
-        if (entry.record == nullptr) continue;
-        const tagCustomStyle& record = *entry.record;
-        const auto number = reinterpret_cast<std::uintptr_t>(entry.key);
-        // Keys above 32 bits are sign-extended ids from 2^31 on: no question finds them.
-        if (number > std::numeric_limits<std::uint32_t>::max()) continue;
-        StyleId& id = m_ids[idNumber(static_cast<std::uint32_t>(number), place++)];
+    for (const StoredRecord& stored : StoredRecords(*records)) {
+        const std::uint32_t styleId = stored.styleId();
+        // Sign-extended ids from 2^31 on have other keys than questions look for.
+        if (stored.record == nullptr || stored.key != queriedKey(styleId)) continue;
+        const tagCustomStyle& record = *stored.record;
+        StyleId& id = m_ids[idNumber(styleId, place++)];
         const bool isCustom = record.m_custom != 0;
-        const bool sharesRecord = isCustom && record.m_ID == static_cast<int>(id.id);
+        const bool sharesRecord = isCustom && record.m_ID == static_cast<int>(styleId);
         const std::uint32_t style = isCustom ? styleNumber(record, sharesRecord ? 0 : record.m_ID) : 0;
         append(id, {key, style, record.m_iconHidden, isCustom, sharesRecord});
     }
