@@ -1,0 +1,11 @@
+# WebAssembly with 32-bit pointers, by Debian's clang-19 with its libraries for WASI: neither threads nor files.
+set(CMAKE_SYSTEM_NAME Generic)
+set(CMAKE_SYSTEM_PROCESSOR wasm32)
+foreach(language C CXX)
+  set(CMAKE_${language}_COMPILER_TARGET wasm32-wasi)
+endforeach()
+set(CMAKE_C_COMPILER clang-19)
+set(CMAKE_CXX_COMPILER clang++-19)
+set(CMAKE_AR llvm-ar-19 CACHE FILEPATH "")
+set(CMAKE_RANLIB llvm-ranlib-19 CACHE FILEPATH "")
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)

@@ -1,0 +1,72 @@
+// Pictures of the example styles and of the studio itself: node pictures.mjs FOLDER [NAME...]
+import {writeFileSync} from 'node:fs';
+import {join} from 'node:path';
+import {openStudio, startBrowser, whenDrawn} from './test/browser.mjs';
+
+const [folder, ...wanted] = process.argv.slice(2);
+const kLargest = 200_000; // bytes
+const styles = ['night', 'pale', 'transit', 'main-roads', 'no-labels'];
+const views = {
+  region: {center: [71.44, 51.15], zoom: 10.6},
+  city: {center: [71.4305, 51.1285], zoom: 13.2},
+  streets: {center: [71.427, 51.1295], zoom: 15.6},
+  walls: {center: [71.4305, 51.1262], zoom: 15.1, pitch: 58, bearing: -20, is3d: true},
+};
+const pictures = [
+  ...styles.map((style) => ({name: `${style}-city`, style, view: 'city'})),
+  {name: 'night-region', style: 'night', view: 'region'}, {name: 'night-streets', style: 'night', view: 'streets'},
+  {name: 'night-3d', style: 'night', view: 'walls'}, {name: 'pale-streets', style: 'pale', view: 'streets'},
+  {name: 'studio', style: 'night', view: 'city', isWhole: true}, {name: 'studio-dark', style: 'pale', view: 'city', isWhole: true, isDark: true},
+  {name: 'compare', style: 'night', view: 'city', isWhole: true, isCompared: true},
+];
+
+// The largest quality at which the picture is small enough; null where there is none.
+async function compressed(page, png) {
+  for (const quality of [0.9, 0.8, 0.7, 0.5, 0.3]) {
+    const url = await page.evaluate(async ([text, q]) => {
+      const image = new Image();
+      image.src = `data:image/png;base64,${text}`;
+      await image.decode();
+      const canvas = Object.assign(document.createElement('canvas'), {width: image.width, height: image.height});
+      canvas.getContext('2d').drawImage(image, 0, 0);
+      return canvas.toDataURL('image/webp', q);
+    }, [png.toString('base64'), quality]);
+    const bytes = Buffer.from(url.split(',')[1], 'base64');
+    if (bytes.length <= kLargest) return bytes;
+  }
+  return null;
+}
+
+async function prepare(page, {style, view, isCompared, isDark}) {
+  await page.evaluate(async ([name, camera, dark]) => {
+    const {studio} = window;
+    studio.setTheme(dark ? 'dark' : 'light');
+    await studio.load(`${name}.json`, await (await fetch(`examples/${name}.json`)).text());
+    studio.goToCamera(camera);
+  }, [style, views[view], Boolean(isDark)]);
+  await page.waitForFunction(() => window.studio.settled === window.studio.text);
+  if (isCompared) {
+    await page.locator('#compare-with').selectOption('plain');
+    await page.locator('#compare').check();
+    await page.locator('[data-panel="effects"]').click();
+    await page.waitForFunction(() => window.studio.before && window.studio.effect?.difference);
+    await page.evaluate(() => new Promise((resolve) => window.studio.before.whenDrawn(resolve)));
+  }
+  await whenDrawn(page);
+}
+
+const started = await startBrowser();
+const {page} = await openStudio(started, {size: {width: 1280, height: 800}});
+let total = 0;
+for (const picture of pictures.filter(({name}) => wanted.length === 0 || wanted.includes(name))) {
+  await prepare(page, picture);
+  const png = await (picture.isWhole ? page.screenshot() : page.locator('#maps').screenshot());
+  if (picture.isCompared) await page.locator('#compare').uncheck();
+  const bytes = await compressed(page, png);
+  if (!bytes) throw new Error(`${picture.name}: larger than ${kLargest} bytes at any quality`);
+  writeFileSync(join(folder, `${picture.name}.webp`), bytes);
+  total += bytes.length;
+  console.log(`${picture.name}.webp ${bytes.length}`);
+}
+await started.close();
+console.log(`${total} bytes together`);

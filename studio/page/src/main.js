@@ -1,0 +1,425 @@
+// The studio: an editor beside a map that the component styles.
+import {ComponentClient} from './component.js';
+import {createEditor, rulesOf, stylerRange, stylersIn} from './editor.js';
+import {fixOf, rangeWithComma} from './fixes.js';
+import {classOfLevel} from './look.js';
+import {cameras, CityMap} from './map.js';
+import {indexOfByte} from './offsets.js';
+import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} from './panels.js';
+import {openFile, saveFile} from './files.js';
+import {element} from './dom.js';
+import {linkOf, readLink, recall, remember} from './state.js';
+
+const kPause = 70; // milliseconds without a keystroke before the component is asked
+const at = (id) => document.getElementById(id);
+const fetchJson = async (path) => (await fetch(path)).json();
+const fetchText = async (path) => (await fetch(path)).text();
+
+const kPanels = [
+  {id: 'findings', title: 'Findings', draw: findingsPanel},
+  {id: 'explain', title: 'Why', draw: explainPanel},
+  {id: 'effects', title: 'Effects', draw: effectsPanel},
+  {id: 'levels', title: 'Levels', draw: levelsPanel},
+  {id: 'specimens', title: 'All types', draw: specimenPanel},
+];
+
+class Studio {
+  findings = [];
+  picked = null;
+  effect = null;
+  answers = null;
+  matrixType = 'highway';
+  panel = 'findings';
+  rule = -1;
+  asked = 0;
+  timings = {};
+
+  async start() {
+    performance.mark('studio-start');
+    this.component = new ComponentClient('component-worker.js');
+    const [mappingText, tiles, faces, examples] = await Promise.all([
+      fetchText('examples/CustomIndex'), fetchJson('tiles/tiles.json'), fetchJson('fonts/faces.json'), fetchJson('examples/list.json')]);
+    this.mapping = JSON.parse(mappingText);
+    this.city = {tiles, faces, mapping: this.mapping};
+    this.startText = this.startPage();
+    const mappingFile = {path: 'CustomIndex', text: mappingText};
+    await this.component.setMapping(mappingFile).catch(() => this.component.setMapping(mappingFile));
+    this.text = await this.startText;
+    const answers = await this.ask({method: 'answers', style: this.style});
+    const vocabulary = this.component.ask({method: 'complete'});
+    this.answers = answers.error ? null : answers;
+    this.map = new CityMap(at('map'), {...this.city, camera: recall('camera') ?? undefined, answers: this.answers});
+    this.map.whenDrawn(() => (this.timings.first = performance.now()));
+    this.createEditor(await vocabulary, examples);
+    this.connect(examples);
+    this.drawPanels();
+    await this.refresh();
+  }
+
+  // What was typed last, the style of the link, or an example.
+  async startPage() {
+    const linked = await readLink();
+    const kept = recall('style');
+    if (linked) {
+      if (kept && kept.text !== linked.text) remember('style-before-link', kept);
+      this.file = {name: 'shared.json'};
+      return linked.text;
+    }
+    this.file = {name: kept?.name ?? 'night.json'};
+    return kept?.text ?? fetchText('examples/night.json');
+  }
+
+  createEditor(vocabulary) {
+    this.editor = createEditor(at('editor'), {
+      vocabulary,
+      onChange: () => this.changed(),
+      onCursor: (rule) => this.cursorAt(rule),
+      onFormat: () => this.format(),
+      describe: (rule) => this.describe(rule),
+    });
+    this.firstText = this.text;
+    this.editor.set(this.text);
+    this.say(`${this.file.name} is open`);
+  }
+
+  get style() {
+    return {path: this.file.name, text: this.text};
+  }
+
+  changed() {
+    if (this.editor.text === this.text) return;
+    this.text = this.editor.text;
+    remember('style', {name: this.file.name, text: this.text});
+    this.typedAt = performance.now();
+    clearTimeout(this.timer);
+    this.timer = setTimeout(() => this.refresh(), kPause);
+  }
+
+  /** Asks for findings and answers about the text as it stands, and shows them. Older answers are dropped. */
+  async refresh() {
+    const number = ++this.asked;
+    const style = this.style;
+    const typedAt = this.typedAt;
+    const answers = this.component.ask({method: 'answers', style}).catch((error) => ({error: error.message}));
+    const report = this.component.ask({method: 'check', style}).catch((error) => ({error: error.message}));
+    const answered = await answers;
+    if (number !== this.asked) return;
+    this.showAnswers(answered, typedAt);
+    const checked = await report;
+    if (number !== this.asked) return;
+    this.showFindings(checked.error ? [] : checked.files[0].findings);
+    if (typedAt) this.timings.findings = performance.now() - typedAt;
+    this.settled = style.text;
+  }
+
+  showAnswers(answers, typedAt) {
+    const isBroken = Boolean(answers.error);
+    at('broken').hidden = !isBroken;
+    if (isBroken) {
+      at('broken').textContent = `The map shows the last style that could be read. ${answers.error}`;
+      return;
+    }
+    this.answers = answers;
+    this.map.show(answers);
+    if (typedAt) this.map.whenDrawn(() => (this.timings.redraw = performance.now() - typedAt));
+    if (this.picked) this.explainAgain();
+    if (this.compared) this.showBefore();
+    this.drawPanel(['levels', 'specimens']);
+  }
+
+  showFindings(list) {
+    const indexOf = indexOfByte(this.text);
+    const rules = this.editor ? rulesOf(this.editor.view.state) : [];
+    const stylersOf = (rule) => (rules[rule - 1] ? stylersIn(this.editor.view.state, rules[rule - 1]) : []);
+    const rank = {error: 0, warning: 1, note: 2};
+    this.findings = list.map((finding) => {
+      const [from, to] = [indexOf(finding.range.begin.offset), indexOf(finding.range.end.offset)];
+      const fix = finding.rule === null ? null : fixOf(finding, this.text.slice(from, to), stylersOf(finding.rule));
+      return {...finding, from, to, line: finding.range.begin.line, fix};
+    });
+    this.findings.sort((a, b) => rank[a.severity] - rank[b.severity] || a.from - b.from);
+    if (!this.editor) return;
+    const idle = this.findings.filter(({fix, rule}) => fix?.takesRuleOut && rules[rule - 1]).map(({rule}) => rules[rule - 1]);
+    this.editor.showFindings(this.findings.map((finding) => this.diagnostic(finding)), idle);
+    this.drawTabs();
+    this.drawPanel(['findings']);
+  }
+
+  diagnostic(finding) {
+    const {from, to, severity, message, remedy, code, fix} = finding;
+    const end = Math.min(Math.max(to, from + 1), this.text.length);
+    return {from: Math.min(from, end), to: end, severity: severity === 'note' ? 'info' : severity, source: code,
+      message: `${message}\nRemedy: ${remedy}`,
+      actions: fix ? [{name: fix.label, apply: () => this.applyFix(finding)}] : []};
+  }
+
+  applyFix(finding) {
+    if (finding.fix.replacement !== undefined) return this.editor.replace(finding.from, finding.to, finding.fix.replacement);
+    const rule = rulesOf(this.editor.view.state)[finding.rule - 1];
+    if (!rule) return undefined;
+    const {state} = this.editor.view;
+    const {from, to} = rangeWithComma(this.text, stylerRange(state, rule, finding.fix.takesStylerOut) ?? rule);
+    return this.editor.replace(from, to, '');
+  }
+
+  async format() {
+    const answer = await this.ask({method: 'format', style: this.style});
+    if (answer.error) this.say(answer.error);
+    else if (answer.text !== this.editor.text) this.editor.set(answer.text);
+  }
+
+  /** An answer, or {error} where there is none. */
+  ask(request) {
+    return this.component.ask(request).catch((error) => ({error: error.message}));
+  }
+
+  // ---- What a rule does -------------------------------------------------------------------------------------------------
+
+  cursorAt(rule) {
+    if (rule === this.rule) return;
+    this.rule = rule;
+    clearTimeout(this.effectTimer);
+    this.effectTimer = setTimeout(() => this.showEffectOfRule(), 250);
+  }
+
+  async showEffectOfRule() {
+    const rule = this.rule;
+    const isWanted = this.panel === 'effects' || at('compare').checked;
+    const isComparison = this.compared && at('compare-with').value !== 'rule';
+    if (rule < 0 || !isWanted || isComparison) return this.map.light([]);
+    const effect = await this.ask({method: 'effect', style: this.style, rule});
+    if (rule !== this.rule) return undefined;
+    this.effect = effect.error ? effect : {...effect, title: `What rule ${rule + 1} does`};
+    this.without = effect.without;
+    this.map.light(effect.error ? [] : [...new Set(effect.difference.changes.flatMap(({ids}) => ids))]);
+    if (this.compared && at('compare-with').value === 'rule') this.showBefore();
+    return this.drawPanel(['effects']);
+  }
+
+  async describe(rule) {
+    const effect = await this.ask({method: 'effect', style: this.style, rule});
+    if (effect.error) return '';
+    const {changes} = effect.difference;
+    if (changes.length === 0) return `Rule ${rule + 1} has no effect on this map.`;
+    const fields = [...new Set(changes.map(({feature_type: type, field}) => `${type ?? 'every type'} ${field}`))];
+    return `Rule ${rule + 1} changes ${fields.slice(0, 8).join(', ')}${fields.length > 8 ? ` and ${fields.length - 8} more` : ''}.`;
+  }
+
+  // ---- Why a feature looks as it does ------------------------------------------------------------------------------------
+
+  async explainAt(point) {
+    const features = this.map.featuresAt(point);
+    const known = new Set();
+    const distinct = features.filter(({id, type}) => id !== undefined && !known.has(`${type}${id}`) && known.add(`${type}${id}`));
+    this.picked = {features: distinct.length > 0 ? distinct : [{type: 'land', id: this.mapping.land[0], name: ''}], index: 0};
+    this.selectPanel('explain');
+    await this.explainAgain();
+  }
+
+  async explainAgain() {
+    const {picked} = this;
+    const level = this.map.level;
+    const explanation = await this.explain(picked.features[picked.index].id, level);
+    if (this.picked !== picked) return;
+    Object.assign(picked, {explanation, level});
+    this.drawPanel(['explain']);
+  }
+
+  async explain(id, level) {
+    const answer = await this.ask({method: 'explain', style: this.style, id, level});
+    return answer.error ? answer : answer.explanations[0];
+  }
+
+  explainNext() {
+    this.picked = {...this.picked, index: (this.picked.index + 1) % this.picked.features.length};
+    return this.explainAgain();
+  }
+
+  /** Goes to the rule that wrote a value of a style id at a level class. */
+  async goToWriter(id, field, levelIndex) {
+    const explanation = await this.explain(id, levelIndex === 18 ? 3 : levelIndex + 4);
+    const from = explanation[field]?.from;
+    if (from) this.goToRule(from.rule - 1);
+    else this.say(`no rule sets ${field.replaceAll('_', ' ')} here`);
+  }
+
+  goToRule(rule) {
+    document.body.dataset.view = 'editor';
+    this.drawViews();
+    this.editor.goToRule(rule);
+  }
+
+  showLevelsOf(type) {
+    this.matrixType = type;
+    this.selectPanel('levels');
+  }
+
+  get level() {
+    return this.map.level;
+  }
+
+  get levelClass() {
+    return classOfLevel(this.level);
+  }
+
+  // ---- Before and after ---------------------------------------------------------------------------------------------------
+
+  async compare(isOn) {
+    this.compared = isOn;
+    for (const id of ['map-before', 'swipe']) at(id).hidden = !isOn;
+    if (!isOn) return;
+    if (!this.before) {
+      const {map} = this.map;
+      this.before = new CityMap(at('map-before'), {...this.city, camera: {center: map.getCenter(), zoom: map.getZoom()}});
+      this.follow();
+      map.on('move', () => this.follow());
+    }
+    this.before.map.resize();
+    this.swipe();
+    await this.showBefore();
+  }
+
+  follow() {
+    const {map} = this.map;
+    if (!this.compared) return;
+    this.before.map.jumpTo({center: map.getCenter(), zoom: map.getZoom(), pitch: map.getPitch(), bearing: map.getBearing()});
+  }
+
+  swipe() {
+    const share = Number(at('swipe').value);
+    at('map-before').style.clipPath = `inset(0 ${100 - share}% 0 0)`;
+  }
+
+  async showBefore() {
+    const kind = at('compare-with').value;
+    const text = {start: this.firstText, plain: '[]', rule: this.without ?? this.text}[kind];
+    const before = {path: 'before.json', text};
+    const [answers, difference] = await Promise.all([
+      this.ask({method: 'answers', style: before}), this.ask({method: 'diff', before, after: this.style})]);
+    this.before.pinnedLevel = this.map.pinnedLevel;
+    this.before.is3d = this.map.is3d;
+    if (!answers.error) this.before.show(answers);
+    if (kind !== 'rule') this.effect = difference.error ? difference : {difference, title: 'What changed'};
+    this.drawPanel(['effects']);
+  }
+
+  // ---- The page -----------------------------------------------------------------------------------------------------------
+
+  say(text) {
+    at('notice').textContent = text;
+  }
+
+  selectPanel(id) {
+    this.panel = id;
+    this.drawPanels();
+    this.showEffectOfRule();
+  }
+
+  drawPanels() {
+    this.drawTabs();
+    this.drawPanel([this.panel]);
+  }
+
+  drawTabs() {
+    const focused = document.activeElement?.dataset?.panel;
+    at('tabs').replaceChildren(...kPanels.map(({id, title}) => element('button', {
+      type: 'button', role: 'tab', 'aria-selected': `${id === this.panel}`, 'data-panel': id, tabIndex: id === this.panel ? 0 : -1,
+      onclick: () => this.selectPanel(id)}, id === 'findings' ? `${title} (${this.findings.length})` : title)));
+    if (focused) at('tabs').querySelector(`[data-panel="${this.panel}"]`)?.focus();
+  }
+
+  drawPanel(ids) {
+    if (!ids.includes(this.panel)) return;
+    at('panel').replaceChildren(kPanels.find(({id}) => id === this.panel).draw(this));
+  }
+
+  drawViews() {
+    for (const button of document.querySelectorAll('#views button')) {
+      button.setAttribute('aria-pressed', `${button.dataset.view === document.body.dataset.view}`);
+    }
+    this.map.map.resize();
+  }
+
+  showLevel() {
+    at('level').value = this.map.level;
+    at('level-text').textContent = this.map.level;
+    this.drawPanel(['levels', 'specimens']);
+  }
+
+  async load(name, text) {
+    this.file = {name};
+    at('file').textContent = name;
+    this.firstText = text;
+    this.editor.set(text);
+    remember('style', {name, text});
+    this.say(`${name} is open`);
+  }
+
+  connect(examples) {
+    document.body.dataset.view = 'map';
+    at('file').textContent = this.file.name;
+    at('examples').append(...examples.map((name) => element('option', {value: name}, name)));
+    at('cameras').append(...cameras.map(({name}, i) => element('option', {value: i}, name)));
+    const listen = (id, event, act) => at(id).addEventListener(event, act);
+    listen('examples', 'change', async ({target}) => {
+      if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
+      target.value = '';
+    });
+    listen('open', 'click', () => openFile(at('file-input'), (file) => this.load(file.name, file.text)));
+    listen('save', 'click', async () => this.say(await saveFile(this.file.name, this.text)));
+    listen('format', 'click', () => this.format());
+    listen('share', 'click', async () => {
+      history.replaceState(null, '', await linkOf(this.text));
+      const copied = await navigator.clipboard?.writeText(location.href).then(() => true, () => false);
+      this.say(copied ? 'the link is in the clipboard' : 'the link is in the address bar');
+    });
+    listen('theme', 'click', () => this.setTheme(document.documentElement.dataset.theme === 'dark' ? 'light' : 'dark'));
+    listen('level', 'input', ({target}) => {
+      at('follow').checked = false;
+      this.map.pin(Number(target.value));
+    });
+    listen('follow', 'change', ({target}) => this.map.pin(target.checked ? null : Number(at('level').value)));
+    listen('three', 'change', ({target}) => this.map.set3d(target.checked));
+    listen('cameras', 'change', ({target}) => this.goToCamera(cameras[target.value]));
+    listen('compare', 'change', ({target}) => this.compare(target.checked));
+    listen('compare-with', 'change', () => at('compare').checked && this.compare(true));
+    listen('swipe', 'input', () => this.swipe());
+    listen('tabs', 'keydown', (event) => this.walkTabs(event));
+    for (const button of document.querySelectorAll('#views button')) {
+      button.addEventListener('click', () => {
+        document.body.dataset.view = button.dataset.view;
+        this.drawViews();
+      });
+    }
+    this.map.addEventListener('level', () => this.showLevel());
+    this.map.map.on('click', ({point}) => this.explainAt(point));
+    this.map.map.on('moveend', () => {
+      const {map} = this.map;
+      remember('camera', {center: map.getCenter(), zoom: map.getZoom(), pitch: map.getPitch(), bearing: map.getBearing()});
+    });
+    this.showLevel();
+  }
+
+  goToCamera({center, zoom, pitch = 0, bearing = 0, is3d = false}) {
+    at('three').checked = is3d;
+    this.map.set3d(is3d);
+    this.map.map.jumpTo({center, zoom, pitch, bearing});
+  }
+
+  walkTabs({key}) {
+    const step = {ArrowRight: 1, ArrowLeft: -1}[key];
+    if (!step) return;
+    const index = kPanels.findIndex(({id}) => id === this.panel);
+    this.selectPanel(kPanels[(index + step + kPanels.length) % kPanels.length].id);
+  }
+
+  setTheme(theme) {
+    document.documentElement.dataset.theme = theme;
+    remember('theme', theme);
+  }
+}
+
+const studio = new Studio();
+studio.setTheme(recall('theme') ?? (matchMedia('(prefers-color-scheme: dark)').matches ? 'dark' : 'light'));
+studio.start().catch((error) => studio.say(`the studio could not start: ${error.message}`));
+window.studio = studio; // for tests, and for the curious

@@ -1,0 +1,254 @@
+// The page in a real browser: what an author sees, types and clicks.
+import assert from 'node:assert/strict';
+import {after, before, describe, test} from 'node:test';
+import {whenDrawn, openStudio, pixelsOf, startBrowser, typeStyle} from './browser.mjs';
+
+const rule = (featureType, elementType, stylers) => ({featureType, elementType, stylers});
+const styleOf = (...rules) => JSON.stringify(rules, null, 1);
+const kMagenta = [255, 0, 200];
+const kRoads = ['highway', 'cityhighway', 'nationalway', 'provincialway', 'arterial'];
+const magentaRoads = styleOf(...kRoads.map((type) => rule(type, 'geometry.fill', {color: '#ff00c8'})));
+
+let started;
+let studio;
+before(async () => {
+  started = await startBrowser();
+  studio = await openStudio(started);
+});
+after(() => started?.close());
+
+
+const place = (page, type) => page.evaluate((wanted) => {
+  const {map} = window.studio.map;
+  const {width, height} = map.getCanvas().getBoundingClientRect();
+  for (let y = 60; y < height - 60; y += 4) {
+    for (let x = 60; x < width - 90; x += 4) {
+      const [first] = window.studio.map.featuresAt({x, y});
+      if (first && first.type === wanted) return {x, y};
+    }
+  }
+  return null;
+}, type);
+
+describe('the map', () => {
+  test('shows a city at once', async () => {
+    const {page} = studio;
+    const colours = await page.evaluate(() => {
+      const source = window.studio.map.map.getCanvas();
+      const canvas = Object.assign(document.createElement('canvas'), {width: source.width, height: source.height});
+      const context = canvas.getContext('2d');
+      context.drawImage(source, 0, 0);
+      const {data} = context.getImageData(0, 0, canvas.width, canvas.height);
+      const seen = new Set();
+      for (let i = 0; i < data.length; i += 4) seen.add((data[i] << 16) | (data[i + 1] << 8) | data[i + 2]);
+      return seen.size;
+    });
+    assert.ok(colours > 50, `${colours} colours`);
+  });
+
+  test('draws a typed colour on the roads', async () => {
+    const {page} = studio;
+    await typeStyle(page, '[]');
+    assert.equal(await pixelsOf(page, kMagenta), 0);
+    await typeStyle(page, magentaRoads);
+    assert.ok(await pixelsOf(page, kMagenta) > 500);
+  });
+
+  test('follows the level slider', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#112233'}),
+      ...kRoads.map((type) => rule(type, 'geometry.fill', {color: '#ff00c8', level: '18'}))));
+    assert.equal(await pixelsOf(page, kMagenta), 0);
+    await page.locator('#level').fill('18');
+    await whenDrawn(page);
+    assert.ok(await pixelsOf(page, kMagenta) > 500);
+    await page.locator('#follow').check();
+    await whenDrawn(page);
+    assert.equal(await pixelsOf(page, kMagenta), 0);
+  });
+
+  test('keeps the last good style while the text is broken, and says so', async () => {
+    const {page} = studio;
+    await typeStyle(page, magentaRoads);
+    await page.evaluate((text) => window.studio.editor.set(text), `${magentaRoads.slice(0, -5)}`);
+    await page.locator('#broken').waitFor({state: 'visible'});
+    assert.match(await page.locator('#broken').textContent(), /last style/);
+    assert.ok(await pixelsOf(page, kMagenta) > 500);
+    await typeStyle(page, magentaRoads);
+    assert.equal(await page.locator('#broken').isVisible(), false);
+  });
+
+  test('tells of a clicked road which rule colours it, and goes there', async () => {
+    const {page} = studio;
+    await typeStyle(page, magentaRoads);
+    const found = await place(page, 'provincialway');
+    assert.ok(found, 'a road is in view');
+    await page.locator('#map canvas').click({position: found});
+    const link = page.locator('#panel button', {hasText: 'rule 4: provincialway geometry.fill'});
+    await link.waitFor();
+    await link.click();
+    const text = await page.evaluate(() => window.studio.editor.view.state.sliceDoc(
+      window.studio.editor.view.state.selection.main.from, window.studio.editor.view.state.selection.main.to));
+    assert.equal(JSON.parse(text).featureType, 'provincialway');
+  });
+
+  test('shows before and after side by side', async () => {
+    const {page} = studio;
+    await page.locator('#compare-with').selectOption('plain');
+    await page.locator('#compare').check();
+    await page.locator('#map-before canvas').waitFor();
+    await page.locator('[data-panel="effects"]').click();
+    await page.locator('#panel', {hasText: 'highway fill'}).waitFor();
+    await page.locator('#compare').uncheck();
+  });
+});
+
+describe('the editor', () => {
+  test('mends a finding with a click', async () => {
+    const {page} = studio;
+    await typeStyle(page, '[{"featureType": "water", "elementType": "geometry.fill", "stylers": {"color": "red"}}]');
+    await page.locator('[data-panel="findings"]').click();
+    await page.locator('[data-fix="color-name"]').click();
+    await page.waitForFunction(() => window.studio.findings.length === 0 && window.studio.text.includes('#ff0000'));
+  });
+
+  test('takes out a rule without effect, and leaves a style', async () => {
+    const {page} = studio;
+    const water = rule('water', 'geometry.fill', {color: '#ff0000'});
+    await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'}), water));
+    const fixes = page.locator('[data-fix="no-effect"]');
+    await fixes.first().click();
+    await page.waitForFunction(() => window.studio.findings.length === 0);
+    assert.deepEqual(JSON.parse(await page.evaluate(() => window.studio.text)), [water]);
+  });
+
+  test('offers to take out only what is proven to do nothing', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('locallabel', 'geometry', {visibility: 'off'}), rule('locallabel', 'labels', {color: '#ff0000'}),
+      rule('water', 'geometry.fill', {color: '#0000ff', weight: '3'}), rule('water', 'geometry.fill', {color: '#ff0000'})));
+    const offered = await page.evaluate(() => window.studio.findings.map(({fix, rule: number, can_go: canGo}) => [number, fix?.label ?? '', canGo]));
+    for (const [, label, canGo] of offered) assert.equal(/^Take/.test(label), canGo && label !== '');
+    assert.ok(offered.some(([number, label]) => number === 3 && label === 'Take the color out'), JSON.stringify(offered));
+  });
+
+  test('underlines at the right place behind letters of several bytes', async () => {
+    const {page} = studio;
+    await typeStyle(page, '[{"note": "Астана 😀", "featureType": "lake", "elementType": "all", "stylers": {"color": "#fff000"}}]');
+    assert.equal(await page.evaluate(() => {
+      const [{from, to}] = window.studio.findings;
+      return window.studio.text.slice(from, to);
+    }), '"lake"');
+  });
+
+  test('completes feature types with their meaning', async () => {
+    const {page} = studio;
+    await typeStyle(page, '[{"featureType": "hig"}]');
+    await page.evaluate(() => window.studio.editor.goTo(window.studio.text.indexOf('hig') + 3));
+    await page.keyboard.press('Control+Space');
+    await page.locator('.cm-tooltip-autocomplete li', {hasText: 'Names of motorways'}).waitFor();
+    await page.keyboard.press('Escape');
+  });
+
+  test('lays the style out on a key', async () => {
+    const {page} = studio;
+    await typeStyle(page, '[{"featureType":"water","elementType":"geometry","stylers":{"color":"#102030"}}]');
+    await page.evaluate(() => window.studio.editor.view.focus());
+    await page.keyboard.press('Shift+Alt+F');
+    await page.waitForFunction(() => window.studio.text.includes('\n  {"featureType": "water"'));
+  });
+
+  test('lights up what the rule at the cursor changes', async () => {
+    const {page} = studio;
+    await typeStyle(page, magentaRoads);
+    await page.locator('[data-panel="effects"]').click();
+    await page.evaluate(() => window.studio.editor.goToRule(1));
+    await page.locator('#panel', {hasText: 'What rule 2 does'}).waitFor();
+    assert.match(await page.locator('#panel').textContent(), /cityhighway fill/);
+    assert.ok(await page.evaluate(() => JSON.stringify(window.studio.map.map.getFilter('lit-lines')).includes('1301')));
+  });
+});
+
+describe('what was typed', () => {
+  test('survives a reload', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('green', 'geometry.fill', {color: '#00aa55'})));
+    await page.reload();
+    await page.waitForFunction(() => window.studio?.timings.first);
+    assert.match(await page.evaluate(() => window.studio.editor.text), /00aa55/);
+  });
+
+  test('is in the link that is shared', async () => {
+    const {page} = studio;
+    const text = styleOf(rule('green', 'geometry.fill', {color: '#123abc'}));
+    await typeStyle(page, text);
+    await page.locator('#share').click();
+    await page.waitForFunction(() => location.hash.startsWith('#style='));
+    const other = await openStudio(started, {fragment: await page.evaluate(() => location.hash)});
+    assert.equal(await other.page.evaluate(() => window.studio.editor.text), text);
+    await other.profile.close();
+  });
+});
+
+describe('a style of a stranger', () => {
+  const markup = '"><img src=x onerror="window.hit=1"><script>window.hit=1</script>';
+  test('is text everywhere, and no markup', async () => {
+    const {page, heard} = studio;
+    await typeStyle(page, JSON.stringify([rule(markup, markup, {[markup]: markup, color: markup}),
+      rule('water', 'geometry.fill', {color: '#010203'})]));
+    for (const panel of ['findings', 'effects', 'levels', 'specimens', 'explain']) {
+      await page.locator(`[data-panel="${panel}"]`).click();
+    }
+    await page.locator('#map canvas').click({position: {x: 200, y: 150}});
+    await page.locator('#panel', {hasText: 'style id'}).waitFor();
+    assert.equal(await page.evaluate(() => window.hit), undefined);
+    assert.equal(await page.locator('#panel img, #panel script').count(), 0);
+    assert.deepEqual(heard.errors, []);
+  });
+
+  test('that is not a style at all leaves the page usable', async () => {
+    const other = await openStudio(started, {fragment: '#style=AAAA____'});
+    assert.match(await other.page.evaluate(() => window.studio.editor.text), /featureType/);
+    await other.profile.close();
+  });
+
+  test('that nests deep does not stop the page', async () => {
+    const {page} = studio;
+    await typeStyle(page, '['.repeat(5000));
+    await typeStyle(page, magentaRoads);
+    assert.ok(await pixelsOf(page, kMagenta) > 500);
+  });
+});
+
+describe('the page', () => {
+  test('asks nobody but its own server, and complains of nothing', () => {
+    const {heard} = studio;
+    assert.ok(heard.requests.length > 10);
+    assert.deepEqual(heard.requests.filter((url) => !url.startsWith(started.address) && !url.startsWith(`blob:${started.address}`)), []);
+    assert.deepEqual(heard.errors, []);
+  });
+
+  test('is walked through by keyboard', async () => {
+    const {page} = studio;
+    await page.evaluate(() => document.activeElement.blur());
+    const reached = new Set();
+    for (let i = 0; i < 40; ++i) {
+      await page.keyboard.press('Tab');
+      reached.add(await page.evaluate(() => document.activeElement.id || document.activeElement.dataset.panel || document.activeElement.tagName));
+      if (await page.evaluate(() => document.activeElement.id === 'editor')) await page.keyboard.press('Escape');
+    }
+    for (const id of ['examples', 'open', 'save', 'format', 'share', 'theme', 'editor', 'level', 'follow', 'three', 'cameras', 'compare']) {
+      assert.ok(reached.has(id), `${id} in ${[...reached]}`);
+    }
+  });
+
+  test('fits a phone: no part is wider than the screen', async () => {
+    const other = await openStudio(started, {size: {width: 390, height: 720}, scheme: 'dark'});
+    const {page} = other;
+    for (const view of ['editor', 'panels', 'map']) {
+      await page.locator(`#views [data-view="${view}"]`).click();
+      assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth), view);
+    }
+    assert.equal(await page.evaluate(() => document.documentElement.dataset.theme), 'dark');
+    await other.profile.close();
+  });
+});

@@ -1,0 +1,269 @@
+#include "studio/wasm/Answering.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <list>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <utility>
+#include <variant>
+
+#include "studio/wasm/AnswersJson.h"
+#include "studio/wasm/Refusals.h"
+#include "studio/wasm/Vocabulary.h"
+#include "tools/check/MappingCheck.h"
+#include "tools/check/Report.h"
+#include "tools/check/StyleCheck.h"
+#include "tools/diff/DiffText.h"
+#include "tools/explain/ExplanationText.h"
+#include "tools/layout/Layout.h"
+#include "tools/layout/StyleText.h"
+#include "tools/minify/Minifier.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/StyleStudy.h"
+
+namespace customstyle_studio {
+namespace {
+
+using customstyle_tool::JsonDocument;
+using customstyle_tool::JsonValue;
+using customstyle_tool::Mapping;
+using customstyle_tool::ReadFailure;
+using customstyle_tool::SourceFile;
+using customstyle_tool::StyleStudy;
+using customstyle_tool::StyleText;
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kKeptStyles = 3;
+
+struct File {
+    std::string path;
+    std::string text;
+};
+
+std::string dumped(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string failed(const std::string& why) {
+    return dumped({{"error", why}});
+}
+
+std::string textIn(const Json& object, const char* name) {
+    const auto member = object.find(name);
+    return member != object.end() && member->is_string() ? member->get<std::string>() : std::string();
+}
+
+std::optional<File> fileIn(const Json& request, const char* name) {
+    const auto member = request.find(name);
+    if (member == request.end() || !member->is_object()) return {};
+    return File{textIn(*member, "path"), textIn(*member, "text")};
+}
+
+std::optional<std::int64_t> numberIn(const Json& request, const char* name, std::int64_t highest) {
+    const auto member = request.find(name);
+    if (member == request.end() || !member->is_number_integer()) return {};
+    const auto number = member->get<std::int64_t>();
+    return number >= 0 && number <= highest ? std::optional(number) : std::nullopt;
+}
+
+// A style with one rule less. The rest keeps its text, so that only the places differ.
+std::string withoutRule(const StyleStudy& style, std::size_t left) {
+    std::string text;
+    const auto& rules = style.source().rules();
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (i == left) continue;
+        text += (text.empty() ? "" : ",\n") + std::string(rules[i].source());
+    }
+    return "[" + text + "]";
+}
+
+/// The mapping that the page works with, and the styles that it asked about last.
+class Desk {
+public:
+    const File& mappingFile() const { return m_mappingFile; }
+    const Mapping& mapping() const { return m_mapping; }
+
+    std::string setMapping(File mapping) {
+        if (!customstyle_tool::isAcceptedMapping(mapping.text)) {
+            return failed(fmt::format("{}: the component refuses this mapping file", mapping.path));
+        }
+        m_styles.clear();
+        m_mapping = Mapping::given(mapping.text);
+        m_mappingFile = std::move(mapping);
+        return R"({"accepted":true})";
+    }
+
+    std::variant<const StyleStudy*, ReadFailure> style(const File& file) {
+        const auto isSame = [&](const auto& kept) {
+            return kept->source().file().path() == file.path && kept->source().file().text() == file.text;
+        };
+        const auto known = std::ranges::find_if(m_styles, isSame);
+        if (known == m_styles.end()) return study(file);
+        m_styles.splice(m_styles.begin(), m_styles, known);
+        return m_styles.front().get();
+    }
+
+private:
+    std::variant<const StyleStudy*, ReadFailure> study(const File& file) {
+        auto source = std::make_shared<const SourceFile>(file.path, file.text);
+        auto document = customstyle_tool::documentOf(*source, "style file");
+        if (const ReadFailure* failure = std::get_if<ReadFailure>(&document)) return *failure;
+        m_styles.push_front(
+            std::make_unique<StyleStudy>(std::move(source), std::get<JsonDocument>(std::move(document)), m_mapping));
+        if (m_styles.size() > kKeptStyles) m_styles.pop_back();
+        return m_styles.front().get();
+    }
+
+    File m_mappingFile;
+    Mapping m_mapping = Mapping::standard();
+    std::list<std::unique_ptr<StyleStudy>> m_styles;
+};
+
+Desk& desk() {
+    static Desk only;
+    return only;
+}
+
+// Calls `use` with the request's style, or tells what is wrong with it.
+template <typename Use>
+std::string withStyle(const Json& request, const char* name, Use use) {
+    const auto file = fileIn(request, name);
+    if (!file) return failed(fmt::format(R"(the request needs "{}": {{"path", "text"}})", name));
+    const auto style = desk().style(*file);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&style)) return failed(failure->text);
+    return use(*std::get<0>(style));
+}
+
+std::string setMapping(const Json& request) {
+    const auto file = fileIn(request, "mapping");
+    return file ? desk().setMapping(*file) : failed(R"(the request needs "mapping": {"path", "text"})");
+}
+
+Json rangeJson(customstyle_tool::TextRange range) {
+    return {{"begin", range.begin}, {"end", range.end}};
+}
+
+std::string load(const Json& request) {
+    return withStyle(request, "style", [](const StyleStudy& style) {
+        Json rules = Json::array();
+        for (const JsonValue rule : style.source().rules()) rules.push_back(rangeJson(rule.range()));
+        return dumped({{"rules", rules}});
+    });
+}
+
+std::string answers(const Json& request) {
+    return withStyle(request, "style", [](const StyleStudy& style) { return answersJson(style.config()); });
+}
+
+bool isSet(const Json& request, const char* name) {
+    const auto member = request.find(name);
+    return member != request.end() && *member == true;
+}
+
+std::string check(const Json& request) {
+    const auto file = fileIn(request, "style");
+    if (!file) return failed(R"(the request needs "style": {"path", "text"})");
+    const bool effects = isSet(request, "effects");
+    std::vector<customstyle_tool::CheckedFile> checked;
+    if (isSet(request, "with_mapping")) {
+        auto mapping = std::make_shared<const SourceFile>(desk().mappingFile().path, desk().mappingFile().text);
+        auto findings = customstyle_tool::checkMapping(*mapping, effects, refusalOfMapping);
+        checked.push_back({std::move(mapping), std::move(findings)});
+    }
+    const auto style = std::make_shared<const SourceFile>(file->path, file->text);
+    auto [study, findings] =
+        customstyle_tool::checkStyle(style, desk().mapping(), {.effects = effects}, {}, refusalOfStyle);
+    checked.push_back({style, std::move(findings), std::move(study)});
+    return customstyle_tool::reportJson(checked);
+}
+
+std::string explain(const Json& request) {
+    const auto styleId = numberIn(request, "id", 0xFFFFFFFF);
+    const auto level = numberIn(request, "level", 0x7FFFFFFF);
+    if (!styleId || !level) return failed(R"(the request needs "id" and "level")");
+    return withStyle(request, "style", [&](const StyleStudy& style) {
+        const auto id = static_cast<unsigned int>(*styleId);
+        customstyle_tool::Explainer explainer(style);
+        const auto explanation = explainer.explain(id, static_cast<int>(*level));
+        return fmt::format("{{\n\"version\": 1,\n\"explanations\": [\n{}\n]\n}}\n",
+                           customstyle_tool::explanationJson(explainer, explanation, nullptr));
+    });
+}
+
+std::string diff(const Json& request) {
+    return withStyle(request, "before", [&](const StyleStudy& before) {
+        return withStyle(request, "after", [&](const StyleStudy& after) {
+            return customstyle_tool::diffJson(customstyle_tool::differenceOf(before, after), desk().mapping());
+        });
+    });
+}
+
+// What a rule does: the difference from the style without it.
+std::string effect(const Json& request) {
+    return withStyle(request, "style", [&](const StyleStudy& whole) {
+        const auto rule = numberIn(request, "rule", static_cast<std::int64_t>(whole.source().rules().size()) - 1);
+        if (!rule) return failed(R"(the request needs "rule", counted from 0)");
+        const File rest{"without", withoutRule(whole, static_cast<std::size_t>(*rule))};
+        const auto without = desk().style(rest);
+        if (const ReadFailure* failure = std::get_if<ReadFailure>(&without)) return failed(failure->text);
+        const auto changes = customstyle_tool::differenceOf(*std::get<0>(without), whole);
+        return fmt::format(R"({{"without":{},"difference":{}}})", dumped(rest.text),
+                           customstyle_tool::diffJson(changes, desk().mapping()));
+    });
+}
+
+// Calls `use` with the request's style as a text that may be written again.
+template <typename Use>
+std::string rewritten(const Json& request, Use use) {
+    const auto file = fileIn(request, "style");
+    if (!file) return failed(R"(the request needs "style": {"path", "text"})");
+    const auto text = customstyle_tool::forRewriting(std::make_unique<SourceFile>(file->path, file->text));
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&text)) return failed(failure->text);
+    return use(std::get<StyleText>(text));
+}
+
+std::string format(const Json& request) {
+    return rewritten(request, [](const StyleText& text) {
+        return dumped({{"text", customstyle_tool::laidOut(text.document)}});
+    });
+}
+
+std::string minify(const Json& request) {
+    return rewritten(request, [](const StyleText& text) {
+        const customstyle_tool::StyleSource style(*text.file, text.document);
+        auto [shorter, rules, isComplete] = customstyle_tool::minified(style, desk().mapping().text());
+        if (text.file->text().ends_with('\n')) shorter += '\n';
+        return dumped({{"text", shorter}, {"rules", rules}, {"complete", isComplete}});
+    });
+}
+
+std::string complete(const Json& /*request*/) {
+    return vocabularyJson();
+}
+
+struct Method {
+    std::string_view name;
+    std::string (*answer)(const Json& request);
+};
+
+constexpr std::array kMethods{Method{"mapping", setMapping}, Method{"load", load},       Method{"answers", answers},
+                              Method{"check", check},        Method{"explain", explain}, Method{"diff", diff},
+                              Method{"effect", effect},      Method{"format", format},   Method{"minify", minify},
+                              Method{"complete", complete}};
+
+}  // namespace
+
+std::string answerTo(std::string_view request) {
+    const Json json = Json::parse(request, nullptr, false);
+    if (!json.is_object()) return failed("the request is not a JSON object");
+    const std::string name = textIn(json, "method");
+    const auto method = std::ranges::find(kMethods, name, &Method::name);
+    const customstyle_tool::ComponentGuard guard;
+    return method == kMethods.end() ? failed(fmt::format("unknown method \"{}\"", name)) : method->answer(json);
+}
+
+}  // namespace customstyle_studio
