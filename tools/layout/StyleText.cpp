@@ -5,8 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "tools/host/Files.h"
-
 namespace customstyle_tool {
 namespace {
 
@@ -27,10 +25,7 @@ std::optional<std::string> lossIn(const SourceFile& file, const JsonDocument& do
 
 }  // namespace
 
-std::variant<StyleText, ReadFailure> readForRewriting(const std::string& path) {
-    auto read = readSource(path, "style file");
-    if (auto* failure = std::get_if<ReadFailure>(&read)) return std::move(*failure);
-    auto file = std::get<std::unique_ptr<SourceFile>>(std::move(read));
+std::variant<StyleText, ReadFailure> forRewriting(std::unique_ptr<SourceFile> file) {
     auto parsed = documentOf(*file, "style file");
     if (auto* failure = std::get_if<ReadFailure>(&parsed)) return std::move(*failure);
     auto document = std::get<JsonDocument>(std::move(parsed));

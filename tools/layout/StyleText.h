@@ -19,4 +19,7 @@ struct StyleText {
 /// would lose: a byte order mark, and text behind the document, which the component ignores.
 std::variant<StyleText, ReadFailure> readForRewriting(const std::string& path);
 
+/// The same for a file that was read already.
+std::variant<StyleText, ReadFailure> forRewriting(std::unique_ptr<SourceFile> file);
+
 }  // namespace customstyle_tool
