@@ -119,16 +119,22 @@ export function ruleAt(state, position) {
   return rulesOf(state).findIndex(({from, to}) => position >= from && position <= to);
 }
 
+function objectAt(state, position) {
+  let node = syntaxTree(state).resolveInner(position, 1);
+  while (node && node.name !== 'Object') node = node.parent;
+  return node;
+}
+
 /** Where a rule's styler stands, its name included; null where there is none. */
 export function stylerRange(state, rule, name) {
-  const object = syntaxTree(state).resolveInner(rule.from, 1);
+  const object = objectAt(state, rule.from);
   const value = name && memberOf(state, memberOf(state, object, 'stylers'), name);
   return value ? {from: value.parent.from, to: value.parent.to} : null;
 }
 
 /** The names of a rule's stylers, but for the level. */
 export function stylersIn(state, rule) {
-  const object = syntaxTree(state).resolveInner(rule.from, 1);
+  const object = objectAt(state, rule.from);
   const members = memberOf(state, object, 'stylers')?.getChildren('Property') ?? [];
   return members.map((member) => textOf(state, member.firstChild)).filter((name) => name !== 'level');
 }

@@ -34,7 +34,7 @@ export async function openStudio({browser, address}, {size = {width: 1000, heigh
   page.on('request', (request) => heard.requests.push(request.url()));
   if (init) await page.addInitScript(init);
   await page.goto(address + fragment);
-  await page.waitForFunction(() => window.studio?.timings.first);
+  await page.waitForFunction(() => window.studio?.timings.first && window.studio.settled !== undefined);
   return {page, profile, heard};
 }
 

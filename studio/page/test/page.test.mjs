@@ -129,6 +129,9 @@ describe('the editor', () => {
     const offered = await page.evaluate(() => window.studio.findings.map(({fix, rule: number, can_go: canGo}) => [number, fix?.label ?? '', canGo]));
     for (const [, label, canGo] of offered) assert.equal(/^Take/.test(label), canGo && label !== '');
     assert.ok(offered.some(([number, label]) => number === 3 && label === 'Take the color out'), JSON.stringify(offered));
+    await page.locator('[data-panel="findings"]').click();
+    await page.locator('#panel button', {hasText: 'Take the color out'}).click();
+    assert.deepEqual(JSON.parse(await page.evaluate(() => window.studio.editor.text))[2].stylers, {weight: '3'});
   });
 
   test('underlines at the right place behind letters of several bytes', async () => {
@@ -173,7 +176,7 @@ describe('what was typed', () => {
     const {page} = studio;
     await typeStyle(page, styleOf(rule('green', 'geometry.fill', {color: '#00aa55'})));
     await page.reload();
-    await page.waitForFunction(() => window.studio?.timings.first);
+    await page.waitForFunction(() => window.studio?.timings.first && window.studio.settled !== undefined);
     assert.match(await page.evaluate(() => window.studio.editor.text), /00aa55/);
   });
 
