@@ -66,8 +66,13 @@ REQUIRED = {
     "region": {"startLine": from_number(1), "startColumn": from_number(1), "endLine": from_number(1),
                "endColumn": from_number(1), "byteOffset": from_number(0), "byteLength": from_number(0)},
     "logicalLocation": {"fullyQualifiedName": is_text},
+    "invocation": {"executionSuccessful": lambda v: isinstance(v, bool)},
+    "notification": {"message": is_object},
 }
 OPTIONAL = {
+    "run": {"invocations": is_list},
+    "notification": {"level": in_set(LEVELS)},
+    "invocation": {"toolExecutionNotifications": lambda v: isinstance(v, list)},
     "log": {"$schema": is_uri},
     "rule": {"fullDescription": is_object},
     "result": {"relatedLocations": is_list},
@@ -75,6 +80,9 @@ OPTIONAL = {
 }
 PARTS = {
     "log": {"runs": "run"},
+    "run": {"invocations": "invocation"},
+    "invocation": {"toolExecutionNotifications": "notification"},
+    "notification": {"message": "message"},
     "driver": {"rules": "rule"},
     "rule": {"shortDescription": "message", "fullDescription": "message", "help": "message",
              "defaultConfiguration": "configuration"},

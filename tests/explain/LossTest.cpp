@@ -310,7 +310,7 @@ INSTANTIATE_TEST_SUITE_P(
                              kShared,
                              10,
                              "land background",
-                             0,
+                             1,
                              {{2, LossKind::ShutOut, 1, -1}}},
                     LossCase{"TheGridOverwritten",
                              {fill("grid"), fill("grid").level("4")},

@@ -51,11 +51,13 @@ public:
     /// Adds the reason, and the place of it, to a finding.
     void addTo(Finding& finding) const {
         const Culprits culprits = overwriters();
-        if (!ownsAnything() && !culprits.steps.empty()) {
+        if (isNeverAskedFor()) {
+            finding.message += ": no question of the renderer finds its style ids";
+        } else if (!ownsAnything() && !culprits.steps.empty()) {
             addCulprits(finding, culprits, culprits.steps.size() > 1 ? "overwrite" : "overwrites", "overwritten here");
         } else if (changesNothing()) {
             const Culprits owners = ownersBefore();
-            if (owners.steps.empty()) return void(finding.message += ": it writes what is there already");
+            if (!owners.isAll) return void(finding.message += ": it writes what is there already");
             addCulprits(finding, owners, "", "written here before");
         } else if (isAnsweredByOthers()) {
             finding.message += ": other feature types answer for all its style ids";
@@ -66,6 +68,7 @@ private:
     struct Culprits {
         std::vector<std::size_t> steps;  // ascending
         bool isSame = true;              // whether they wrote the same values
+        bool isAll = true;               // whether there is one for each value
     };
 
     bool isOwn(std::size_t step) const { return step >= m_begin && step < m_end; }
@@ -89,22 +92,45 @@ private:
                 const LostWork& loss = m_history.losses()[place];
                 if (isOwn(loss.culprit)) continue;
                 steps.insert(loss.culprit);
-                culprits.isSame &= !loss.isChanged && loss.kind == LostHow::Overwritten;
+                culprits.isSame &= !loss.isChanged;
+                culprits.isAll &= loss.kind == LostHow::Overwritten;
             }
         }
-        culprits.steps.assign(steps.begin(), steps.end());
+        // Who starts a record over writes none of the values.
+        if (culprits.isAll) culprits.steps.assign(steps.begin(), steps.end());
         return culprits;
     }
 
     // Who had written the values that the steps wrote again.
     Culprits ownersBefore() const {
         std::set<std::size_t> steps;
+        std::size_t owned = 0;
+        std::size_t written = 0;
         for (std::size_t step = m_begin; step < m_end; ++step) {
             for (const std::size_t place : m_history.lossesBy(step)) {
-                if (!isOwn(m_history.losses()[place].victim)) steps.insert(m_history.losses()[place].victim);
+                const LostWork& loss = m_history.losses()[place];
+                if (isOwn(loss.victim) || loss.kind != LostHow::Overwritten) continue;
+                steps.insert(loss.victim);
+                ++owned;
             }
+            written += writtenFields(m_found.steps()[step]);
         }
-        return {{steps.begin(), steps.end()}, true};
+        return {{steps.begin(), steps.end()}, true, owned == written && owned > 0};
+    }
+
+    static std::size_t writtenFields(const ReplayStep& step) {
+        std::size_t count = 0;
+        for (const RecordTouch& touch : step.touches) {
+            count += static_cast<std::size_t>(
+                std::count(touch.origins.begin(), touch.origins.begin() + kMarkField, Origin::Written));
+        }
+        return count;
+    }
+
+    bool isNeverAskedFor() const {
+        return allTouches([&](const RecordTouch& touch) {
+            return m_found.study().mapping().questionIdsOf(touch.featureType).empty();
+        });
     }
 
     bool ownsAnything() const {

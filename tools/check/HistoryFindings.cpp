@@ -98,8 +98,8 @@ bool isTakenOut(const RecordTouch& touch) {
 // The records of a type that are out of use in the end, and whose values stand in them.
 struct OutOfUse {
     int featureType = 0;
-    LevelSet levels;                // at which these are the records in effect
-    std::set<std::size_t> victims;  // steps
+    LevelSet levels;                                       // at which these are the records in effect
+    std::map<std::size_t, std::set<std::size_t>> victims;  // steps, with the fields that they gave
 };
 
 // The levels at which the record of a key is the one in effect.
@@ -134,8 +134,8 @@ Hiding recordsOutOfUse(const StyleFindings& found) {
         OutOfUse& out = hiding[*last][key.featureType];
         out.featureType = key.featureType;
         out.levels |= levelsInEffect(key, history);
-        for (std::size_t field = 0; field < kMarkField; ++field) {
-            if (owners[field].step) out.victims.insert(*owners[field].step);
+        for (std::size_t field = 0; field < kIconField; ++field) {  // icons do not ask for the mark
+            if (owners[field].step) out.victims[*owners[field].step].insert(field);
         }
     }
     return hiding;
@@ -146,10 +146,10 @@ std::string atLevels(const LevelSet& levels) {
 }
 
 void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
-    for (const std::size_t victim : out.victims) {
+    for (const auto& [victim, fields] : out.victims) {
         Finding& finding = found.add(
             Code::HiddenByRule, found.steps()[victim],
-            fmt::format("what it gives \"{}\" is not drawn{}: {} takes it out of use",
+            fmt::format("the {} that it gives \"{}\" is not drawn{}: {} takes it out of use", fieldNames(fields),
                         catalogue().GetFeatureTypeName(out.featureType), atLevels(out.levels), found.nameOf(culprit)));
         finding.remedy = fmt::format("correct the element of {}", found.nameOf(culprit));
         finding.related.push_back(found.placeOf(culprit, "taken out of use here"));
@@ -164,7 +164,9 @@ std::string typeTakenOut(const ReplayStep& step) {
 void addTakenOut(StyleFindings& found, std::size_t culprit, const std::map<int, OutOfUse>& types) {
     const ReplayStep& step = found.steps()[culprit];
     std::set<std::size_t> victims;
-    for (const auto& [type, out] : types) victims.insert(out.victims.begin(), out.victims.end());
+    for (const auto& [type, out] : types) {
+        for (const auto& [victim, fields] : out.victims) victims.insert(victim);
+    }
     if (victims.empty()) {
         found.add(Code::ElementMatchesNothing, step,
                   fmt::format("nothing is written: labels of \"{}\" have no such element", typeTakenOut(step)));

@@ -86,7 +86,7 @@ std::string findingText(const Finding& finding) {
     return text;
 }
 
-std::string reportJson(const std::vector<CheckedFile>& files) {
+std::string reportJson(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable) {
     Json list = Json::array();
     for (const CheckedFile& checked : files) {
         Json findings = Json::array();
@@ -94,8 +94,10 @@ std::string reportJson(const std::vector<CheckedFile>& files) {
         list.push_back({{"path", checked.file->path()}, {"findings", findings}});
     }
     const auto [errors, warnings, notes] = countFindings(files);
-    return dumped(
-        {{"version", 1}, {"files", list}, {"summary", {{"errors", errors}, {"warnings", warnings}, {"notes", notes}}}});
+    return dumped({{"version", 1},
+                   {"files", list},
+                   {"unreadable", unreadable},
+                   {"summary", {{"errors", errors}, {"warnings", warnings}, {"notes", notes}}}});
 }
 
 }  // namespace customstyle_tool

@@ -29,11 +29,12 @@ FindingCounts countFindings(const std::vector<CheckedFile>& files);
 /// One finding as compilers write it: place, severity, message and code, the line with carets, remedy and log.
 std::string findingText(const Finding& finding);
 
-/// One object: "version" 1, "files" in order with their "findings", and a "summary".
-std::string reportJson(const std::vector<CheckedFile>& files);
+/// One object: "version" 1, "files" in order with their "findings", "unreadable" and a "summary".
+/// @param unreadable  why files could not be read, a sentence each
+std::string reportJson(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable = {});
 
 /// A SARIF 2.1.0 log with one run, its rules made from the table of codes.
-std::string reportSarif(const std::vector<CheckedFile>& files);
+std::string reportSarif(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable = {});
 
 /// All codes with explanation, remedy and example, as text, and as the page of the documentation.
 std::string codesText();

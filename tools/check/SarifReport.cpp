@@ -67,9 +67,18 @@ Json resultJson(const Finding& finding) {
     return result;
 }
 
+// One run of the tool; files that cannot be read are its notifications.
+Json invocationJson(const std::vector<std::string>& unreadable) {
+    Json notifications = Json::array();
+    for (const std::string& text : unreadable) {
+        notifications.push_back({{"level", "error"}, {"message", {{"text", text}}}});
+    }
+    return {{"executionSuccessful", unreadable.empty()}, {"toolExecutionNotifications", notifications}};
+}
+
 }  // namespace
 
-std::string reportSarif(const std::vector<CheckedFile>& files) {
+std::string reportSarif(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable) {
     Json rules = Json::array();
     for (const CodeInfo& info : codeInfos()) rules.push_back(ruleJson(info));
     Json results = Json::array();
@@ -77,7 +86,10 @@ std::string reportSarif(const std::vector<CheckedFile>& files) {
         for (const Finding& finding : checked.findings) results.push_back(resultJson(finding));
     }
     const Json driver{{"name", "customstyle"}, {"version", CUSTOMSTYLE_VERSION}, {"rules", rules}};
-    const Json run{{"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", results}};
+    const Json run{{"tool", {{"driver", driver}}},
+                   {"invocations", Json::array({invocationJson(unreadable)})},
+                   {"columnKind", "unicodeCodePoints"},
+                   {"results", results}};
     const Json log{{"$schema", kSchema}, {"version", "2.1.0"}, {"runs", Json::array({run})}};
     return log.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

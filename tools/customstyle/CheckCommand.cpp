@@ -2,6 +2,9 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -27,9 +30,21 @@ struct CheckArguments {
     std::string format = "text";
     bool warningsAreErrors = false;
     bool effects = false;
+    std::string proofTime = "0";  // seconds; 0 for as long as it takes
     bool codes = false;
     bool codesMarkdown = false;
 };
+
+std::optional<unsigned int> secondsIn(const std::string& text) {
+    unsigned int seconds = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    if (error != std::errc() || end != text.data() + text.size()) return {};
+    return seconds;
+}
+
+std::string problemOfSeconds(const std::string& text) {
+    return secondsIn(text) ? "" : fmt::format("\"{}\" is no number of seconds", text);
+}
 
 // A line on the terminal that shows how far the proofs have come.
 class ProgressLine {
@@ -42,14 +57,20 @@ public:
     ProgressLine& operator=(const ProgressLine&) = delete;
 
     void show(std::size_t done, std::size_t all) {
-        if (::isatty(STDERR_FILENO) == 0) return;
+        const auto now = Clock::now();
+        if (::isatty(STDERR_FILENO) == 0 || now - m_shown < kInterval) return;
+        m_shown = now;
         fmt::print(stderr, "\r{}: {} of {} proofs", m_path, done, all);
         std::fflush(stderr);
         m_isShown = true;
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds kInterval{50};
+
     std::string m_path;
+    Clock::time_point m_shown{};
     bool m_isShown = false;
 };
 
@@ -63,7 +84,7 @@ public:
         readMapping();
         for (const std::string& path : files.paths) checkFile(path);
         printFindings();
-        if (m_isUnreadable) return kMisuse;
+        if (!m_unreadable.empty()) return kMisuse;
         const auto [errors, warnings, notes] = countFindings(m_checked);
         return errors > 0 || (m_arguments.warningsAreErrors && warnings > 0) ? kFinding : kGood;
     }
@@ -80,7 +101,7 @@ private:
 
     void report(const ReadFailure& failure) {
         complainOf(failure);
-        m_isUnreadable = true;
+        m_unreadable.push_back(failure.text);
     }
 
     // Without an accepted mapping proofs are made for every map.
@@ -99,14 +120,26 @@ private:
         if (file == nullptr) return;
         ProgressLine line(path);
         const CheckOptions options{.effects = m_arguments.effects,
-                                   .progress = [&line](std::size_t done, std::size_t all) { line.show(done, all); }};
+                                   .progress = [&line](std::size_t done, std::size_t all) { line.show(done, all); },
+                                   .isTimeUp = [this] { return isTimeUp(); }};
         CheckedStyle checked = checkStyle(file, m_mapping, options, hostSurroundings(), logOfStyle);
         m_checked.push_back({file, std::move(checked.findings), std::move(checked.study)});
     }
 
+    bool isTimeUp() const {
+        const std::chrono::seconds limit(secondsIn(m_arguments.proofTime).value_or(0));
+        return limit.count() > 0 && std::chrono::steady_clock::now() - m_begin > limit;
+    }
+
+    bool isAnyBroken() const {
+        return std::ranges::any_of(m_checked, [](const CheckedFile& checked) {
+            return checked.study == nullptr ? false : !checked.study->source().isWhole();
+        });
+    }
+
     void printFindings() const {
-        if (m_arguments.format == "json") return print(reportJson(m_checked));
-        if (m_arguments.format == "sarif") return print(reportSarif(m_checked));
+        if (m_arguments.format == "json") return print(reportJson(m_checked, m_unreadable));
+        if (m_arguments.format == "sarif") return print(reportSarif(m_checked, m_unreadable));
         for (const CheckedFile& checked : m_checked) {
             for (const Finding& finding : checked.findings) fmt::print("{}", findingText(finding));
         }
@@ -117,15 +150,17 @@ private:
     void printSummary() const {
         const auto [errors, warnings, notes] = countFindings(m_checked);
         if (errors + warnings + notes == 0) return;
-        fmt::print("{}: {}, {}, {}; effects proven for {}\n", counted(m_checked.size(), "file"),
+        fmt::print("{}: {}, {}, {}; effects proven for {}{}\n", counted(m_checked.size(), "file"),
                    counted(errors, "error"), counted(warnings, "warning"), counted(notes, "note"),
                    m_mapping.kind() == Mapping::Kind::Given ? "every style id of the mapping at every level"
-                                                            : "every map: give --mapping DIR to prove them for yours");
+                                                            : "every map: give --mapping DIR to prove them for yours",
+                   isAnyBroken() ? ", except in files that are not JSON" : "");
     }
 
     const CheckArguments& m_arguments;
+    std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
     Mapping m_mapping = Mapping::everyMap();
-    bool m_isUnreadable = false;
+    std::vector<std::string> m_unreadable;
     std::vector<CheckedFile> m_checked;
 };
 
@@ -158,6 +193,11 @@ std::vector<Option> optionsOf(CheckArguments& arguments) {
         {.names = "--effects",
          .help = "Also note rules with an effect at some levels or on icons only, and style ids under several types",
          .target = &arguments.effects},
+        {.names = "--proof-time",
+         .value = "SECONDS",
+         .help = "End the proofs after so many seconds and say how many are missing; 0 for as long as it takes",
+         .target = &arguments.proofTime,
+         .problem = problemOfSeconds},
         {.names = "--codes",
          .help = "Explain all findings, with an example of each, and exit",
          .target = &arguments.codes},

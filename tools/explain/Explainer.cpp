@@ -194,7 +194,13 @@ void Explainer::explainLand(Explanation& explanation) {
     const RecordVisits record = visitsTo(_orvik_framework::EMAPCUSTOMSTYLE_LAND, explanation.level);
     static const std::size_t fill = fieldIndex("fill");
     explanation.land = historyOf(record, fill);
-    explanation.land.applies = historyOf(record, kMarkField).value != 0;
+    const History mark = historyOf(record, kMarkField);
+    explanation.land.applies = mark.value != 0;
+    if (explanation.land.applies && !explanation.land.winner && mark.winner) {
+        // Nobody gave the land a fill: its background is that of a customised record all the same.
+        explanation.land.winner = *mark.winner;
+        explanation.land.winner->value = explanation.land.value;
+    }
     if (explanation.land.applies) return;
     const History lost = std::exchange(explanation.land, {});
     addAsLost(explanation.land, lost, {{}, LossKind::TakenOut, lastStepOn(record), -1});

@@ -1,0 +1,264 @@
+// Advice that can be followed: what is said to have no effect, who is to blame for it, and what is not said.
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/check/CheckedText.h"
+#include "tests/study/Sources.h"
+#include "tests/support/RandomFiles.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/StoreDifference.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+struct Written {
+    const char* featureType;
+    const char* elementType;
+    const char* stylers;
+};
+
+CheckedFile checked(const std::vector<Written>& rules, std::string_view mapping = {}) {
+    std::string text = "[";
+    for (const auto& [featureType, elementType, stylers] : rules) {
+        text += (text.size() > 1 ? ",\n" : "") + ruleText(featureType, elementType, stylers);
+    }
+    return checkedStyle(text + "]", mapping);
+}
+
+// "1 no-effect: message", in the order of the findings.
+std::vector<std::string> saidOf(const CheckedFile& file) {
+    std::vector<std::string> said;
+    for (const Finding& finding : file.findings) {
+        said.push_back(fmt::format("{} {}: {}", *finding.rule + 1, infoOf(finding.code).name, finding.message));
+    }
+    return said;
+}
+
+// ---- What can go ----------------------------------------------------------------------------------------------------
+
+TEST(WhatCanGo, IsOneOfTwoRulesThatSayTheSame) {
+    const CheckedFile file =
+        checked({{"water", "geometry", R"({"color": "#3366cc"})"}, {"water", "geometry", R"({"color": "#3366cc"})"}});
+    EXPECT_THAT(saidOf(file),
+                ElementsAre("1 no-effect: the rule has no effect on the map: it says the same as rule 2"));
+    EXPECT_TRUE(file.findings[0].canGo);
+}
+
+TEST(WhatCanGo, IsNoRuleThatHidesEveryIconOfAMapWithoutStyleIds) {
+    EXPECT_THAT(saidOf(checked({{"all", "labels.icon", R"({"visibility": "off"})"}}, R"({"land": []})")), IsEmpty());
+}
+
+std::vector<bool> stepsThatCanGo(const CheckedFile& file) {
+    std::vector<bool> steps(file.study->steps().size());
+    for (const Finding& finding : file.findings) {
+        if (!finding.canGo) continue;
+        const auto [begin, end] = file.study->stepsOf(*finding.rule);
+        for (std::size_t i = finding.step.value_or(begin); i < (finding.step ? *finding.step + 1 : end); ++i) {
+            steps[i] = true;
+        }
+    }
+    return steps;
+}
+
+class RandomAdvice : public testing::TestWithParam<unsigned> {};
+
+// Shared, negative, repeated and missing style ids among them.
+TEST_P(RandomAdvice, LeavesEveryAnswerAsItIsWhenAllOfItIsFollowed) {
+    RandomFiles files(GetParam());
+    const std::string mapping = GetParam() % 8 == 0 ? Mapping::everyMap().text() : files.mapping();
+    const CheckedFile file = checkedStyle(randomStyle(files, 25), GetParam() % 8 == 0 ? "" : mapping);
+    const std::vector<bool> canGo = stepsThatCanGo(file);
+    const ComponentGuard guard;
+    _orvik_framework::CustomConfig rest;
+    rest.ParseMappingConfig(componentTree(mapping).get());
+    for (std::size_t i = 0; i < canGo.size(); ++i) {
+        if (!canGo[i]) rest.ParseCustomConfig(file.study->singles()[i].document.get());
+    }
+    EXPECT_FALSE(fullDifferenceBetween(*storeOf(mapping, file.file->text()), rest).any());
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomAdvice, testing::Range(0U, 40U));
+
+// ---- Who is to blame ------------------------------------------------------------------------------------------------
+
+TEST(Culprits, AreThoseThatWriteTheValuesAgain) {
+    EXPECT_THAT(saidOf(checked({{"highway", "geometry.fill", R"({"color": "#112233"})"},
+                                {"highway", "geometry.stroke", R"({"color": "#112233"})"},
+                                {"highway", "geometry.topsurface", R"({"color": "#112233"})"},
+                                {"highway", "geometry", R"({"color": "#445566"})"}})),
+                ElementsAre("1 no-effect: the rule has no effect on the map: rule 4 overwrites all that it writes",
+                            "2 no-effect: the rule has no effect on the map: rule 4 overwrites all that it writes",
+                            "3 no-effect: the rule has no effect on the map: rule 4 overwrites all that it writes"));
+}
+
+TEST(Culprits, AreNamedByTheStylerThatWrites) {
+    EXPECT_THAT(
+        saidOf(checked({{"highway", "geometry.fill", R"({"color": "#112233"})"},
+                        {"highway", "geometry", R"({"color": "#445566", "weight": "3"})"}})),
+        ElementsAre("1 no-effect: the rule has no effect on the map: the color of rule 2 overwrites all that it "
+                    "writes"));
+}
+
+TEST(Culprits, AreAllNamed) {
+    EXPECT_THAT(
+        saidOf(checked({{"highway", "geometry", R"({"weight": "2"})"},
+                        {"highway", "geometry.fill", R"({"weight": "3"})"},
+                        {"highway", "geometry.stroke", R"({"weight": "4"})"}})),
+        ElementsAre("1 no-effect: the rule has no effect on the map: rules 2 and 3 overwrite all that it writes"));
+}
+
+TEST(Victims, NameWhatHidesThemAndItNamesThem) {
+    const CheckedFile file = checked({{"highwaylabel", "labels.text.fill", R"({"color": "#112233"})"},
+                                      {"highwaylabel", "labels.text.stroke", R"({"color": "#445566"})"},
+                                      {"highwaylabel", "labels", R"({"fontsize": "9"})"},
+                                      {"highwaylabel", "labels.text.topsurface", R"({"color": "#112233"})"}});
+    const auto hidden = [](const char* fields) {
+        return fmt::format(
+            " hidden-by-rule: the {} that it gives \"highwaylabel\" is not drawn: rule 4 takes it out of use", fields);
+    };
+    EXPECT_THAT(saidOf(file),
+                ElementsAre("1" + hidden("text fill"), "2" + hidden("text stroke"), "3" + hidden("font size"),
+                            "4 element-matches-nothing: labels of \"highwaylabel\" have no such element: nothing is "
+                            "written, and this hides what rules 1, 2 and 3 set"));
+    for (const Finding& finding : file.findings) EXPECT_FALSE(finding.canGo);
+    EXPECT_EQ(file.findings[0].remedy, "correct the element of rule 4");
+    EXPECT_EQ(file.findings[3].related.size(), 3U);
+}
+
+TEST(Victims, AreNoneWhereALaterRuleBringsThemBack) {
+    EXPECT_THAT(saidOf(checked({{"town", "labels.text.fill", R"({"color": "#112233"})"},
+                                {"town", "labels.text.topsurface", R"({"color": "#112233"})"},
+                                {"town", "labels", R"({"fontsize": "9"})"}})),
+                ElementsAre("2 element-matches-nothing: nothing is written: labels of \"town\" have no such element"));
+}
+
+// ---- Backgrounds ----------------------------------------------------------------------------------------------------
+
+struct BackgroundCase {
+    const char* name;
+    std::vector<Written> rules;
+    std::vector<std::string> said;
+};
+
+void PrintTo(const BackgroundCase& background, std::ostream* out) {
+    *out << background.name;
+}
+
+class Background : public testing::TestWithParam<BackgroundCase> {};
+
+TEST_P(Background, IsToldOf) {
+    EXPECT_EQ(saidOf(checked(GetParam().rules)), GetParam().said);
+}
+
+const std::string kNoFill =
+    "land-invisible: the land's background becomes #000000 alpha 00 (invisible) at all levels: the land is customised, "
+    "and no rule gives it a fill";
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, Background,
+    testing::Values(
+        BackgroundCase{"Weight", {{"land", "geometry", R"({"weight": "3"})"}}, {"1 " + kNoFill}},
+        BackgroundCase{"IconOn", {{"land", "icon", R"({"visibility": "on"})"}}, {"1 " + kNoFill}},
+        BackgroundCase{"AllOn", {{"land", "all", R"({"visibility": "on"})"}}, {"1 " + kNoFill}},
+        BackgroundCase{"TopSurface", {{"land", "geometry.topsurface", R"({"color": "#112233"})"}}, {"1 " + kNoFill}},
+        BackgroundCase{
+            "Filled",
+            {{"land", "geometry", R"({"weight": "3"})"}, {"land", "geometry.fill", R"({"color": "#112233"})"}},
+            {}},
+        BackgroundCase{"Off",
+                       {{"land", "geometry", R"({"visibility": "off"})"}},
+                       {"1 land-hidden: the land's background becomes #000000 alpha 00 (invisible) at all levels"}},
+        BackgroundCase{"AtOneLevel",
+                       {{"land", "geometry", R"({"weight": "3", "level": "9"})"}},
+                       {"1 land-invisible: the land's background becomes #000000 alpha 00 (invisible) at level 9: the "
+                        "land is customised, and no rule gives it a fill"}},
+        BackgroundCase{"GridGeometry",
+                       {{"grid", "geometry", R"({"color": "#112233"})"}},
+                       {"1 grid-unchanged: the grid's background stays as it is"}},
+        BackgroundCase{"GridGeometryAfterAColour",
+                       {{"grid", "all", R"({"color": "#445566"})"}, {"grid", "geometry", R"({"color": "#112233"})"}},
+                       {"2 grid-unchanged: the grid's background stays #445566 alpha ff"}}),
+    [](const testing::TestParamInfo<BackgroundCase>& each) { return each.param.name; });
+
+// ---- False alarms ---------------------------------------------------------------------------------------------------
+
+TEST(NoAlarm, IsGivenForAnElementThatOnlyAnotherStylerLacks) {
+    EXPECT_THAT(codesWithPlaces(checked({{"green", "geometry.fill", R"({"visibility": "on", "weight": "x"})"}})),
+                ElementsAre(R"(on-restores-no-color: "visibility": "on")", R"(size-not-digits: "x")"));
+}
+
+TEST(NoAlarm, IsGivenForTheGeometryOfTypesThatHaveNone) {
+    for (const char* const type : {"city", "hotellabel"}) {
+        EXPECT_THAT(saidOf(checked({{type, "labels", R"({"weight": "3"})"}})), IsEmpty()) << type;
+    }
+}
+
+TEST(NoAlarm, IsGivenForNamesOfTheLand) {
+    for (const std::string& said : saidOf(checked({{"land", "geometry", R"({"visibility": "off"})"}}))) {
+        EXPECT_THAT(said, testing::Not(HasSubstr("names")));
+    }
+}
+
+TEST(NoAlarm, IsGivenForALevelThatTheComponentReads) {
+    for (const char* const level : {" 12", "+12", "012", "\\t9"}) {
+        const std::string stylers = fmt::format(R"({{"color": "#3366cc", "level": "{}"}})", level);
+        EXPECT_THAT(saidOf(checked({{"water", "geometry", stylers.c_str()}})), IsEmpty()) << level;
+    }
+}
+
+TEST(NoAlarm, IsGivenBecauseOfAStyleIdThatNoQuestionFinds) {
+    std::string mapping = defaultMapping();
+    mapping.replace(mapping.find("[1002]"), 6, "[-5,7]");
+    EXPECT_THAT(saidOf(checked({{"water", "geometry", R"({"color": "#3366cc"})"}}, mapping)), IsEmpty());
+}
+
+// ---- Files that are not JSON ----------------------------------------------------------------------------------------
+
+TEST(BrokenFile, IsToldOfWhatCanBeRead) {
+    const CheckedFile file = checkedStyle("[" + ruleText("lake", "all", R"({"color": "#3366cc"})") + ",\n" +
+                                          R"({"featureType": "water" "elementType": "all"},)" + "\n" +
+                                          ruleText("water", "geometry", R"({"color": "#36c"})") + "]");
+    EXPECT_THAT(codesWithPlaces(file),
+                ElementsAre(R"(type-unknown: "lake")", "json-syntax:  ", R"(color-short: "#36c")"));
+}
+
+TEST(BrokenFile, IsNotProven) {
+    const std::string rule = ruleText("water", "geometry", R"({"color": "#3366cc"})");
+    EXPECT_THAT(codesWithPlaces(checkedStyle("[" + rule + "," + rule + " " + rule + "]")),
+                ElementsAre("json-syntax:  "));
+}
+
+struct LenientCase {
+    const char* name;
+    const char* note;
+    bool isLenient;
+};
+
+class Leniency : public testing::TestWithParam<LenientCase> {};
+
+TEST_P(Leniency, IsToldOf) {
+    const std::string rule = fmt::format(
+        R"([{{"featureType": "water", "elementType": "geometry", "stylers": {{"color": "#3366cc"}}, "note": {}}}])",
+        GetParam().note);
+    const CheckedFile file = checkedStyle(rule);
+    EXPECT_EQ(file.findings.size(), GetParam().isLenient ? 1U : 0U);
+    for (const Finding& finding : file.findings) EXPECT_EQ(finding.code, Code::JsonLenient);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, Leniency,
+    testing::Values(LenientCase{"ZeroInFront", "007", true}, LenientCase{"PointAtTheEnd", "1.", true},
+                    LenientCase{"PointInFront", "-.5", true}, LenientCase{"LineBreak", "\"a\nb\"", true},
+                    LenientCase{"ByteAbove127", "\"\xE9\"", true}, LenientCase{"Zero", "0", false},
+                    LenientCase{"Exponent", "-1.5E+3", false}, LenientCase{"Utf8", "\"\xC3\xA9\"", false}),
+    [](const testing::TestParamInfo<LenientCase>& each) { return each.param.name; });
+
+}  // namespace
+}  // namespace customstyle_test
