@@ -94,8 +94,8 @@ void SnapshotBuilder::collectLevels() {
         if (!key.allLevels) named.push_back(key.level);
     }
     std::ranges::sort(named);
-    const auto repeated = std::ranges::unique(named);
-    named.erase(repeated.begin(), repeated.end());
+    const auto repeated = std::unique(named.begin(), named.end());
+    named.erase(repeated, named.end());
     int other = 0;
     while (std::ranges::binary_search(named, other)) ++other;
     m_levels.push_back(other);
