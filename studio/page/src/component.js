@@ -6,6 +6,7 @@ export class ComponentClient {
   /** @param {string} workerUrl */
   constructor(workerUrl) {
     this.workerUrl = workerUrl;
+    this.patience = kPatience;
     this.waiting = new Map();
     this.number = 0;
     this.start();
@@ -23,7 +24,7 @@ export class ComponentClient {
   ask(request) {
     const number = ++this.number;
     return new Promise((resolve, reject) => {
-      const timer = setTimeout(() => this.restart(`no answer within ${kPatience / 1000} seconds`), kPatience);
+      const timer = setTimeout(() => this.restart(`no answer within ${this.patience / 1000} seconds`), this.patience);
       this.waiting.set(number, {resolve, reject, timer});
       this.worker.postMessage({number, request});
     });

@@ -107,6 +107,7 @@ class Studio {
     this.showAnswers(answered, typedAt);
     const checked = await report;
     if (number !== this.asked) return;
+    if (checked.error) this.say(checked.error);
     this.showFindings(checked.error ? [] : checked.files[0].findings);
     if (typedAt) this.timings.findings = performance.now() - typedAt;
     this.settled = style.text;

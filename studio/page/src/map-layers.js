@@ -43,6 +43,7 @@ export function emptyStyle(tiles, faces, base) {
     version: 8,
     'font-faces': withBase(faces, base),
     light: {intensity: 0, anchor: 'viewport'},
+    transition: {duration: 0, delay: 0},
     sources: {city: source, ground: {type: 'geojson', data: ground}},
     layers: [
       {id: 'grid', type: 'background', paint: {}},

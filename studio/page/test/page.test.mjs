@@ -222,6 +222,24 @@ describe('a style of a stranger', () => {
   });
 });
 
+describe('a component that does not come back', () => {
+  test('is started again, and answers about the same mapping', async () => {
+    const {page} = studio;
+    const first = await page.evaluate(async () => {
+      const {component} = window.studio;
+      component.worker.terminate();
+      component.patience = 300;
+      const lost = await component.ask({method: 'complete'}).catch((error) => error.message);
+      component.patience = 20_000;
+      return lost;
+    });
+    assert.match(first, /started again: no answer within 0.3 seconds/);
+    await typeStyle(page, '[]');
+    await typeStyle(page, magentaRoads);
+    assert.ok(await pixelsOf(page, kMagenta) > 500);
+  });
+});
+
 describe('the page', () => {
   test('asks nobody but its own server, and complains of nothing', () => {
     const {heard} = studio;
