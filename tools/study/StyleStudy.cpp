@@ -49,9 +49,9 @@ const FieldHistory& StyleStudy::history() const {
 }
 
 StyleStudy::StepRange StyleStudy::stepsOf(std::size_t rule) const {
-    const auto range = std::ranges::equal_range(singles(), rule, {}, &SingleRule::rule);
     const auto placeOf = [&](auto at) { return static_cast<std::size_t>(at - singles().begin()); };
-    return {placeOf(range.begin()), placeOf(range.end())};
+    return {placeOf(std::ranges::lower_bound(singles(), rule, {}, &SingleRule::rule)),
+            placeOf(std::ranges::upper_bound(singles(), rule, {}, &SingleRule::rule))};
 }
 
 std::unique_ptr<CustomConfig> storeOf(std::string_view mapping, std::string_view style) {
