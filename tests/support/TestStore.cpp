@@ -67,8 +67,8 @@ std::string testMapping() {
     std::string json = "{";
     for (int type = 0; type < _orvik_framework::kFeatureTypesEnd; ++type) {
         if (type != 0) json += ",\n";
-        json += quoted(_orvik_framework::kFeatureTypes[type].name) + ": [" + std::to_string(firstStyleId(type)) + ", " +
-                std::to_string(secondStyleId(type)) + "]";
+        json += quoted(_orvik_framework::kFeatureTypes[static_cast<std::size_t>(type)].name) + ": [" +
+                std::to_string(firstStyleId(type)) + ", " + std::to_string(secondStyleId(type)) + "]";
     }
     return json + "}";
 }
