@@ -42,6 +42,7 @@ class Includes(unittest.TestCase):
                 (COMPONENT + "include/customstyle/CustomConfig.h", "customstyle/model/StyleKey.h"),
                 ("engine/dev/inc/vi/vos/VMap.h", "customstyle/CustomConfig.h"),
                 ("tools/study/Study.cpp", "customstyle/model/StyleKey.h"),
+                ("tools/support/Text.cpp", "customstyle/CustomConfig.h"),
                 ("tools/json/Reader.cpp", "tools/study/Study.h"),
                 ("tools/study/Study.cpp", "tools/check/Finding.h"),
                 ("tools/check/Report.cpp", "tools/explain/Explainer.h"),

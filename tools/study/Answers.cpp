@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/StoreImage.h"
 #include "tools/vocabulary/StyleFields.h"
@@ -46,12 +47,7 @@ std::optional<std::uint64_t> gridColor(const CustomConfig& config, int level) {
 std::vector<unsigned int> mappedStyleIds(const CustomConfig& config) {
     std::set<unsigned int> ids;
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
-        for (void* position = records.GetStartPosition(); position != nullptr;) {
-            void* key = nullptr;
-            void* record = nullptr;
-            records.GetNextAssoc(position, key, record);
-            ids.insert(static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(key)));
-        }
+        for (const auto& entry : _orvik_framework::StoredRecords(records)) ids.insert(entry.styleId());
     }
     return {ids.begin(), ids.end()};
 }

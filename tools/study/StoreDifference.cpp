@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "customstyle/StoredRecords.h"
 #include "tools/study/Answers.h"
 #include "tools/study/StoreImage.h"
 #include "tools/study/StoreKeys.h"
@@ -33,15 +34,11 @@ LevelSet levelsOfKey(const std::string& key) {
 void addQuestionsOfKey(Questions& questions, const std::string& key, const CVMapPtrToPtr& slot,
                        const CVMapPtrToPtr* otherSlot) {
     const LevelSet levels = levelsOfKey(key);
-    for (void* position = slot.GetStartPosition(); position != nullptr;) {
-        void* styleId = nullptr;
-        void* record = nullptr;
-        void* otherRecord = nullptr;
-        slot.GetNextAssoc(position, styleId, record);
-        const bool isSame =
-            otherSlot != nullptr && otherSlot->Lookup(styleId, otherRecord) &&
-            sameFields(*static_cast<tagCustomStyle*>(record), *static_cast<tagCustomStyle*>(otherRecord));
-        if (!isSame) questions[static_cast<unsigned int>(reinterpret_cast<std::uintptr_t>(styleId))] |= levels;
+    for (const auto& entry : _orvik_framework::StoredRecords(slot)) {
+        if (entry.record == nullptr) continue;
+        const tagCustomStyle* other =
+            otherSlot == nullptr ? nullptr : _orvik_framework::findRecord(*otherSlot, entry.key);
+        if (other == nullptr || !sameFields(*entry.record, *other)) questions[entry.styleId()] |= levels;
     }
 }
 
