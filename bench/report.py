@@ -34,6 +34,7 @@ class Results:
             if "num_cpus" in content["context"]:
                 self.context = content["context"]
             self.runs.setdefault(program, []).append({row["name"]: row for row in content["benchmarks"]})
+        self.tools = [json.loads(line) for line in (directory / "tools.jsonl").read_text().splitlines()]
         self.loads = [json.loads(line) for line in (directory / "loads.jsonl").read_text().splitlines()]
 
     def cost_ratios(self, program, dear, cheap):
@@ -57,6 +58,10 @@ class Results:
     def load(self, kind, files, what):
         """One number of each loading in a process of its own, in the order of the runs."""
         return [load[what] for load in self.loads if (load["kind"], load["files"]) == (kind, files)]
+
+    def tool(self, command, files, what):
+        """One number of each run of the tool on files, in the order of the runs."""
+        return [run[what] for run in self.tools if (run["command"], run["files"]) == (command, files)]
 
     def load_ratios(self, files, what):
         return [init / parse for init, parse in zip(self.load("init", files, what), self.load("parse", files, what))]
@@ -172,6 +177,24 @@ def object_rows(table, results):
                   results.counters("SnapshotBench", f"size/{store}", "bytes"), 64 * ids + 160 * KILOBYTE, kilobyte_text)
 
 
+def tool_rows(table, results):
+    def seconds(value):
+        return f"{value:.2f} s"
+
+    # On two processors; a slower machine has to allow for it.
+    for files, bar in (("rules_5000", 2), ("rules_15000", 6), ("rules_50000", 20)):
+        check, dump = results.tool("check", files, "seconds"), results.tool("dump", files, "seconds")
+        table.row(f"check with all proofs, {files}", check, bar, seconds)
+        table.row(f"check / dump, {files}", [long / short for long, short in zip(check, dump)])
+        table.row(f"peak memory of check, {files}",
+                  [KILOBYTE * peak for peak in results.tool("check", files, "peak_kb")], 200_000 * KILOBYTE,
+                  kilobyte_text)
+    for what in ("check", "check_broken"):
+        times = [1 / run[f"{what}/200"]["items_per_second"] for run in results.runs["StudyBench"]]
+        table.row(f"{what} after an edit, 200 rules", times, 0.03, lambda value: f"{1000 * value:.1f} ms")
+    table.row("check / load, 200 rules", results.cost_ratios("StudyBench", "check/200", "load/200"))
+
+
 def processor_name():
     for line in pathlib.Path("/proc/cpuinfo").read_text().splitlines():
         if line.startswith("model name"):
@@ -184,7 +207,7 @@ def main():
     runs = len(results.runs["QueryBench"])
     print(f"{datetime.date.today()}, {processor_name()}, {results.context['num_cpus']} processors, {runs} runs\n")
     table = Table()
-    for rows in (query_rows, snapshot_rows, peer_rows, build_rows, thread_rows, load_rows, object_rows):
+    for rows in (query_rows, snapshot_rows, peer_rows, build_rows, thread_rows, load_rows, tool_rows, object_rows):
         rows(table, results)
     print(f"\n{table.missed} of the bars missed" if table.missed else "\nall bars reached")
 

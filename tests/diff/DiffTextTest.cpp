@@ -1,4 +1,5 @@
 // The line that a change becomes.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -101,6 +102,28 @@ INSTANTIATE_TEST_SUITE_P(
                  "every type  icon  all levels: shown -> hidden  (B rule 1)\n"
                  "style ids outside the mapping  icon  all levels: shown -> hidden  (B rule 1)\n"}),
     caseName);
+
+TEST(DiffOnEveryMap, TellsOfStyleIdsUnderTwoTypesWhereNothingElseChanges) {
+    // A record that is not customised decides about the icon of style ids that another type has, too.
+    const std::string hidden = styleOf({rule("transportationlabel", "labels.icon").visibility("off")});
+    const std::string covered = styleOf({rule("town", "labels.text.topsurface").visibility("off"),
+                                         rule("transportationlabel", "labels.icon").visibility("off")});
+    const auto study = [](const std::string& text) { return loadedText(customstyle_tool::Mapping::everyMap(), text); };
+    const auto before = study(hidden);
+    const auto after = study(covered);
+    const auto changes = differenceOf(*before, *after);
+    EXPECT_THAT(customstyle_tool::diffText(changes, before->mapping()),
+                testing::HasSubstr("(style ids under both town and transportationlabel)"));
+    EXPECT_EQ(customstyle_tool::diffSummary(changes, before->mapping()),
+              "1 change, compared on every map: give --mapping DIR for yours\n");
+    EXPECT_EQ(customstyle_tool::diffSummary({}, before->mapping()), "equal on every map\n");
+}
+
+TEST(DiffOnAMapWithoutStyleIds, TellsThatEveryIconIsHidden) {
+    const auto before = loadedText("{}", "[]");
+    const auto after = loadedText("{}", styleOf({rule("all", "icon").visibility("off")}));
+    EXPECT_FALSE(differenceOf(*before, *after).empty());
+}
 
 }  // namespace
 }  // namespace customstyle_test

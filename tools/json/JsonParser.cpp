@@ -62,7 +62,7 @@ private:
     void skipByteOrderMark();
     StuckPlace place() const { return {m_text, m_text.size() < m_tree->text.size(), m_at, m_openBracket, m_lastToken}; }
     bool fail(const JsonError& error);
-    bool goOn(Index container, std::size_t nodes);
+    bool goOn(Index container, std::size_t nodes, std::size_t next);
     bool isBeginOfElement(std::size_t at) const;
 
     bool m_isTolerant = false;
@@ -104,15 +104,15 @@ bool Parser::isBeginOfElement(std::size_t at) const {
     return at > 0 && std::string_view("[,}").find(m_text[at - 1]) != std::string_view::npos;
 }
 
-// Forgets the element that cannot be read, and finds the next one; false where there is none.
-bool Parser::goOn(Index container, std::size_t nodes) {
+// Forgets the element that cannot be read, and finds one that begins at `next` or behind it.
+bool Parser::goOn(Index container, std::size_t nodes, std::size_t next) {
     const bool isOutermost = container == 0 && m_tree->nodes.front().kind == JsonKind::Array;
     if (!m_isTolerant || !isOutermost || m_errors.size() >= kMostErrors) return false;
     m_errors.push_back(m_error);
     m_tree->nodes.erase(m_tree->nodes.begin() + static_cast<std::ptrdiff_t>(nodes), m_tree->nodes.end());
     m_depth = 1;
     m_openBracket = m_tree->nodes.front().begin;
-    m_at = std::max(m_at, std::min(m_error.offset, m_text.size()));
+    m_at = std::min(std::max(next, m_error.offset), m_text.size());
     while (m_at < m_text.size() && !isBeginOfElement(m_at)) ++m_at;
     return true;
 }
@@ -185,14 +185,15 @@ bool Parser::readElements(Index container, bool named, char closing) {
     bool isFirst = true;
     for (Index position = 0; !isAt(closing); ++position) {
         const std::size_t nodes = m_tree->nodes.size();
-        if ((isFirst || readComma(trailing, closing)) && readElement(container, position, named)) {
-            isFirst = false;
+        const bool hasComma = isFirst || readComma(trailing, closing);
+        const std::size_t next = hasComma ? m_at + 1 : m_at;  // behind the begin of what cannot be read
+        isFirst = !hasComma || !readElement(container, position, named);
+        if (!isFirst) {
             skipBlanks();
             continue;
         }
-        if (!goOn(container, nodes)) return false;
+        if (!goOn(container, nodes, next)) return false;
         if (m_at == m_text.size()) return true;
-        isFirst = true;
         --position;
     }
     ++m_at;
