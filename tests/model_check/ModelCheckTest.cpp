@@ -2,7 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <random>
+#include <vector>
 
 #include "tests/model_check/ModelTables.h"
 #include "tests/model_check/RandomProgram.h"
@@ -146,6 +149,49 @@ TEST_P(ModelCheck, FilesLeaveTheSameStateLogAndAnswers) {
         expectSameBackgrounds(level);
         for (int question = 0; question < 20; ++question) expectSameAnswers(m_program.styleId(), level);
     }
+}
+
+/// A rule as a host may make it by hand: its strings and names are the host's own, and members without a name stand
+/// between the named ones.
+class HandMadeRules {
+public:
+    explicit HandMadeRules(unsigned seed) : m_random(seed) {}
+
+    cJSON* tree(const Rule& rule) {
+        cJSON* const node = object(rule.frame);
+        cJSON* const stylers = rule.stylers ? object(*rule.stylers) : cJSON_CreateArray();
+        cJSON_AddItemToObjectCS(node, "stylers", stylers);
+        return node;
+    }
+
+private:
+    cJSON* object(const Members& members) {
+        cJSON* const node = cJSON_CreateObject();
+        for (const auto& [name, value] : members) {
+            if (m_random() % 3 == 0) cJSON_AddItemToArray(node, cJSON_CreateString("#123456"));
+            cJSON_AddItemToObjectCS(node, name.c_str(),
+                                    value.text ? cJSON_CreateStringReference(value.text->c_str())
+                                               : cJSON_CreateRaw(value.otherJson.c_str()));
+        }
+        cJSON_AddItemToArray(node, cJSON_CreateObject());
+        return node;
+    }
+
+    std::mt19937 m_random;
+};
+
+TEST_P(ModelCheck, TreesMadeByHandLeaveTheSameState) {
+    loadMapping();
+    std::vector<Rule> rules(kStepsOfAProgram);
+    std::ranges::generate(rules, [this] { return m_program.rule(); });
+    const Tree root(cJSON_CreateArray());
+    HandMadeRules handMade(GetParam());
+    for (const Rule& rule : rules) {
+        m_model.apply(rule);
+        cJSON_AddItemToArray(root.get(), handMade.tree(rule));
+    }
+    EXPECT_EQ(m_config.ParseCustomConfig(root.get()), 1);
+    expectSameState("rules made by hand");
 }
 
 INSTANTIATE_TEST_SUITE_P(Programs, ModelCheck, testing::Range(0U, kPrograms));
