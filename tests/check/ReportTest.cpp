@@ -29,7 +29,7 @@ TEST(FindingText, LooksLikeACompilersMessage) {
     {"featureType": "lake", "elementType": "geometry", "stylers": {"color": "#3366cc"}}
                     ^^^^^^
   in: rule 2, $[1].featureType
-  remedy: use one of the names of the feature types
+  remedy: did you mean "water"? All names: customstyle list types
   log: ZRX Custom Map: warning, "featureType:lake" is illegal
 )");
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_test {

@@ -1,5 +1,7 @@
 #include "tools/check/Finding.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <tuple>
 
@@ -12,6 +14,20 @@ auto orderOf(const Finding& finding) {
 }
 
 }  // namespace
+
+void propose(Finding& finding, const std::string& json) {
+    finding.remedy = "write " + json;
+    finding.replacement = json;
+}
+
+void proposeName(Finding& finding, const std::string& name) {
+    finding.remedy = fmt::format("did you mean \"{}\"?", name);
+    finding.replacement = fmt::format("\"{}\"", name);
+}
+
+Severity severityOf(const Finding& finding) {
+    return finding.severity.value_or(infoOf(finding.code).severity);
+}
 
 void sortFindings(std::vector<Finding>& findings) {
     std::ranges::stable_sort(findings, {}, orderOf);

@@ -31,10 +31,21 @@ struct Finding {
     std::string remedy;               ///< what to do, in this case
     std::string log;                  ///< the component's own line; empty where it says nothing
     std::vector<RelatedPlace> related;
+    std::optional<std::string> replacement{};  ///< JSON that is to stand at the range instead, where that is known
+    std::optional<Severity> severity{};        ///< where it is not that of the code, because the author wants another
 };
 
 /// Answers the line that the component logs when it refuses a file; empty where there is none. Files are the host's.
 using RefusalLog = std::function<std::string(const SourceFile& file)>;
+
+/// Gives a finding the remedy "write JSON", and the replacement.
+void propose(Finding& finding, const std::string& json);
+
+/// Gives a finding the remedy "did you mean NAME?", and the replacement.
+void proposeName(Finding& finding, const std::string& name);
+
+/// How much a finding weighs.
+Severity severityOf(const Finding& finding);
 
 /// Orders by place, then code, then message, and removes repetitions.
 void sortFindings(std::vector<Finding>& findings);

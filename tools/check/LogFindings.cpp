@@ -11,6 +11,7 @@
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/Stylers.h"
+#include "tools/vocabulary/Synonyms.h"
 
 namespace customstyle_tool {
 namespace {
@@ -59,7 +60,10 @@ void featureTypeUnknown(const LoggedLine& logged) {
     Finding& finding = logged.add(Code::TypeUnknown, *logged.rule.featureType,
                                   fmt::format("unknown feature type {}; the rule is skipped", inQuotes(name)));
     const auto nearest = likelyName(name, featureTypeNames());
-    if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
+    if (nearest) return proposeName(finding, *nearest);
+    const auto meant = meantFeatureType(name);
+    finding.remedy = meant ? fmt::format("did you mean \"{}\"? All names: customstyle list types", *meant)
+                           : "use one of the names that this lists: customstyle list types";
 }
 
 void elementTypeAbsent(const LoggedLine& logged) {
@@ -143,7 +147,7 @@ void visibilityIllegal(const LoggedLine& logged) {
                    fmt::format("{} is neither \"on\" nor \"off\"; the styler is dropped", inQuotes(value.text())));
     const std::vector<std::string> values{"on", "off"};
     const auto nearest = likelyName(value.text(), values);
-    if (nearest) finding.remedy = fmt::format("write \"{}\"", *nearest);
+    if (nearest) propose(finding, fmt::format("\"{}\"", *nearest));
 }
 
 void sizeNotDigits(const LoggedLine& logged) {

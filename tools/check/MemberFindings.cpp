@@ -14,6 +14,7 @@
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/RemarkMembers.h"
 #include "tools/vocabulary/Stylers.h"
+#include "tools/vocabulary/Synonyms.h"
 
 namespace customstyle_tool {
 namespace {
@@ -85,7 +86,9 @@ private:
                                fmt::format("{} has no member {}; the component does not look at it", m_place.name,
                                            inQuotes(member.name())));
         const auto nearest = likelyName(member.name(), m_place.members);
-        if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
+        if (nearest) return proposeName(finding, *nearest);
+        const auto meant = &m_place == &kInStylers ? meantStyler(member.name()) : std::nullopt;
+        if (meant) finding.remedy = fmt::format("did you mean \"{}\"? All names: customstyle list stylers", *meant);
     }
 
     void checkLetterCase(JsonValue member, const std::string& known) {
@@ -94,8 +97,8 @@ private:
         const Code code = isRead ? Code::MemberCaseAccepted : Code::MemberLetterCase;
         const char* const message = isRead ? "the component finds {} all the same, but it is spelt \"{}\""
                                            : "{} is not applied; the styler is spelt \"{}\"";
-        add(code, member, fmt::format(fmt::runtime(message), inQuotes(member.name()), known)).remedy =
-            fmt::format("write \"{}\"", known);
+        propose(add(code, member, fmt::format(fmt::runtime(message), inQuotes(member.name()), known)),
+                fmt::format("\"{}\"", known));
     }
 
     StyleFindings& m_check;
@@ -125,7 +128,7 @@ void checkKind(StyleFindings& check, const RuleView& rule, const std::string& na
                   fmt::format("\"{}\" is {}, not a text; {}", name, kindName(value->kind()),
                               isLevel ? "the rule applies at all levels" : "the component leaves it out"));
     const std::string text = asText(*value, name);
-    if (!text.empty()) finding.remedy = "write " + text;
+    if (!text.empty()) propose(finding, text);
 }
 
 // The component's line about a rule that comes to no styler.

@@ -24,10 +24,26 @@ struct FindingCounts {
     std::size_t warnings = 0;
     std::size_t notes = 0;
 };
+FindingCounts countFindings(const std::vector<Finding>& findings);
 FindingCounts countFindings(const std::vector<CheckedFile>& files);
 
 /// One finding as compilers write it: place, severity, message and code, the line with carets, remedy and log.
-std::string findingText(const Finding& finding);
+/// @param isColored  with the severity, the position and the carets in colours of terminals
+std::string findingText(const Finding& finding, bool isColored = false);
+
+/// "file:line:column: severity: message [code]", as editors read it.
+std::string lineReport(const Finding& finding);
+
+/// A JSON object on one line, with the members of reportJson() and the path of the file as "file".
+/// @param study  of the style of the finding; null for a mapping file
+std::string jsonLineReport(const Finding& finding, const StyleStudy* study);
+
+/// A command of a workflow of GitHub, which shows the finding beside the line.
+std::string githubReport(const Finding& finding);
+
+/// A row of a table in Markdown, and the table's head.
+std::string markdownReport(const Finding& finding);
+std::string markdownHead();
 
 /// One object: "version" 1, "files" in order with their "findings", "unreadable" and a "summary".
 /// @param unreadable  why files could not be read, a sentence each

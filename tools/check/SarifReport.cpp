@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tools/check/Edits.h"
+#include "tools/check/Fingerprint.h"
 #include "tools/check/Report.h"
 #include "tools/json/JsonScalars.h"
 
@@ -50,15 +52,29 @@ std::string messageOf(const Finding& finding) {
     return text;
 }
 
-Json resultJson(const Finding& finding) {
+Json fixJson(const Finding& finding, const StyleStudy& study) {
+    Json replacements = Json::array();
+    for (const Edit& edit : editsOf(finding, study)) {
+        replacements.push_back(
+            {{"deletedRegion", regionJson(*finding.file, edit.range)}, {"insertedContent", {{"text", edit.text}}}});
+    }
+    const Json change{{"artifactLocation", {{"uri", uriOf(finding.file->path())}}}, {"replacements", replacements}};
+    return {{"description", {{"text", finding.remedy}}}, {"artifactChanges", Json::array({change})}};
+}
+
+Json resultJson(const Finding& finding, const StyleStudy* study) {
     const CodeInfo& info = infoOf(finding.code);
     Json location = locationJson(*finding.file, finding.range);
     location["logicalLocations"] = Json::array({Json{{"fullyQualifiedName", finding.path}}});
     Json result{{"ruleId", info.name},
                 {"ruleIndex", static_cast<std::size_t>(finding.code)},
-                {"level", severityName(info.severity)},
+                {"level", severityName(severityOf(finding))},
                 {"message", {{"text", messageOf(finding)}}},
-                {"locations", Json::array({location})}};
+                {"locations", Json::array({location})},
+                {"partialFingerprints",
+                 {{"customstyle/v1", fingerprintOf(finding, study == nullptr ? nullptr : &study->source())}}}};
+    const bool isWhole = study != nullptr && study->source().isWhole();
+    if (isWhole && !editsOf(finding, *study).empty()) result["fixes"] = Json::array({fixJson(finding, *study)});
     for (const RelatedPlace& place : finding.related) {
         Json related = locationJson(*finding.file, place.range);
         related["message"] = {{"text", place.text}};
@@ -83,7 +99,7 @@ std::string reportSarif(const std::vector<CheckedFile>& files, const std::vector
     for (const CodeInfo& info : codeInfos()) rules.push_back(ruleJson(info));
     Json results = Json::array();
     for (const CheckedFile& checked : files) {
-        for (const Finding& finding : checked.findings) results.push_back(resultJson(finding));
+        for (const Finding& finding : checked.findings) results.push_back(resultJson(finding, checked.study.get()));
     }
     const Json driver{{"name", "customstyle"}, {"version", CUSTOMSTYLE_VERSION}, {"rules", rules}};
     const Json run{{"tool", {{"driver", driver}}},

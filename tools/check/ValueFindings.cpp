@@ -56,23 +56,36 @@ struct ColorFault {
     Code code;
     std::string why;
     std::string remedy;
+    std::string replacement{};
 };
 
 std::optional<ColorFault> faultWithoutSign(std::string_view text) {
     if (isHexadecimal(text) && (isWholeColor(text.size()) || isShortColor(text.size()))) {
         const std::string whole = isWholeColor(text.size()) ? fmt::format("#{}", text) : doubledDigits(text);
-        return ColorFault{Code::ColorWithoutSign, "has no #", fmt::format("write \"{}\"", whole)};
+        return ColorFault{Code::ColorWithoutSign, "has no #", "", fmt::format("\"{}\"", whole)};
     }
     const std::string name = inLowerCase(std::string(text));
     const auto* const known = std::ranges::find(kNamedColors, name, &NamedColor::name);
     const bool isName = !text.empty() && std::ranges::all_of(text, isLetter);
     if (!isName) return ColorFault{Code::ColorWithoutSign, "does not begin with #", infoOf(Code::ColorLength).remedy};
-    const std::string remedy =
-        known == std::end(kNamedColors) ? infoOf(Code::ColorName).remedy : fmt::format("write \"{}\"", known->text);
-    return ColorFault{Code::ColorName, "is a word, and colours have no names", remedy};
+    ColorFault fault{Code::ColorName, "is a word, and colours have no names", infoOf(Code::ColorName).remedy};
+    if (known != std::end(kNamedColors)) fault.replacement = fmt::format("\"{}\"", known->text);
+    return fault;
+}
+
+// What is left of a text without the blanks around it.
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
+    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
 std::optional<ColorFault> faultOf(std::string_view text) {
+    const std::string_view bare = trimmed(text);
+    if (bare.size() < text.size() && bare.starts_with('#') && isHexadecimal(bare.substr(1)) &&
+        isWholeColor(bare.size() - 1)) {
+        return ColorFault{Code::ColorBadDigit, "has blanks around the colour", "", fmt::format("\"{}\"", bare)};
+    }
     if (!text.starts_with('#')) return faultWithoutSign(text);
     const std::string_view digits = text.substr(1);
     if (!isHexadecimal(digits)) {
@@ -82,8 +95,8 @@ std::optional<ColorFault> faultOf(std::string_view text) {
     }
     if (isWholeColor(digits.size())) return {};
     if (isShortColor(digits.size())) {
-        return ColorFault{Code::ColorShort, "is the short form of a colour",
-                          fmt::format("write \"{}\"", doubledDigits(digits))};
+        return ColorFault{Code::ColorShort, "is the short form of a colour", "",
+                          fmt::format("\"{}\"", doubledDigits(digits))};
     }
     return ColorFault{Code::ColorLength, fmt::format("has {} digits instead of 6 or 8", digits.size()),
                       infoOf(Code::ColorLength).remedy};
@@ -116,11 +129,13 @@ void checkColor(StyleFindings& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const std::optional<ColorFault> fault = faultOf(text);
     if (!fault) return checkWholeColor(check, rule, value);
-    check
-        .add(
-            fault->code, rule, value,
-            fmt::format("{} {}; it is read as {}", inQuotes(text), fault->why, colorText(readColor(text, rule.typeId))))
-        .remedy = fault->remedy;
+    Finding& finding = check.add(
+        fault->code, rule, value,
+        fmt::format("{} {}; it is read as {}", inQuotes(text), fault->why, colorText(readColor(text, rule.typeId))));
+    if (fault->replacement.empty())
+        finding.remedy = fault->remedy;
+    else
+        propose(finding, fault->replacement);
 }
 
 // The level that the component makes of a rule's text.
@@ -141,8 +156,10 @@ void checkLevel(StyleFindings& check, const RuleView& rule, JsonValue value) {
         return;
     }
     if (written == read) return;
-    check.add(Code::LevelClamped, rule, value,
-              fmt::format("level {} is out of range; the rule applies at level {}", text.substr(0, 12), read));
+    check
+        .add(Code::LevelClamped, rule, value,
+             fmt::format("level {} is out of range; the rule applies at level {}", text.substr(0, 12), read))
+        .replacement = fmt::format("\"{}\"", read);
 }
 
 // The size that the step wrote.
@@ -163,10 +180,10 @@ void checkSize(StyleFindings& check, const ReplayStep& step) {
     const std::string text = value.text();
     const std::size_t firstDigit = std::min(text.find_first_not_of('0'), text.size() - 1);
     if (text.substr(firstDigit) == fmt::format("{}", *written)) return;
-    check
-        .add(Code::SizeClamped, check.ruleOf(step), value,
-             fmt::format("{} is beyond the range; {} is drawn", inQuotes(text), *written))
-        .remedy = fmt::format("write \"{}\" or less", *written);
+    Finding& finding = check.add(Code::SizeClamped, check.ruleOf(step), value,
+                                 fmt::format("{} is beyond the range; {} is drawn", inQuotes(text), *written));
+    finding.remedy = fmt::format("write \"{}\" or less", *written);
+    finding.replacement = fmt::format("\"{}\"", *written);
 }
 
 }  // namespace

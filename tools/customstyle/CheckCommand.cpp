@@ -2,34 +2,51 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "tools/check/Edits.h"
 #include "tools/check/MappingCheck.h"
 #include "tools/check/Report.h"
 #include "tools/check/StyleCheck.h"
 #include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Configuration.h"
 #include "tools/customstyle/Console.h"
+#include "tools/customstyle/FindingFilter.h"
 #include "tools/customstyle/Loading.h"
-#include "tools/host/Files.h"
+#include "tools/customstyle/UnifiedDiff.h"
+#include "tools/host/AtomicFile.h"
 #include "tools/host/LoadLog.h"
 #include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {
 
+constexpr int kMostRounds = 10;
+
 struct CheckArguments {
     std::vector<std::string> files;
     std::optional<std::string> mappingDirectory;
     std::string format = "text";
+    std::string color = "auto";
+    std::vector<std::string> select;
+    std::vector<std::string> ignore;
+    std::optional<std::string> configuration;
+    std::optional<std::string> baseline;
+    std::optional<std::string> newBaseline;
+    bool withoutConfiguration = false;
+    bool fix = false;
+    bool diff = false;
     bool warningsAreErrors = false;
     bool effects = false;
+    bool quiet = false;
     std::string proofTime = "0";  // seconds; 0 for as long as it takes
     bool codes = false;
     bool codesMarkdown = false;
@@ -74,22 +91,98 @@ private:
     bool m_isShown = false;
 };
 
+// Prints findings in a format, those of one file after the other where the format allows it.
+class Reporter {
+public:
+    explicit Reporter(const CheckArguments& arguments)
+        : m_arguments(arguments), m_isColored(arguments.format == "text" && isColored(arguments.color)) {}
+
+    void report(CheckedFile checked) {
+        const auto [errors, warnings, notes] = countFindings(checked.findings);
+        m_counts = {m_counts.errors + errors, m_counts.warnings + warnings, m_counts.notes + notes};
+        ++m_fileCount;
+        m_isAnyBroken |= checked.study != nullptr && !checked.study->source().isWhole();
+        if (m_arguments.quiet) {
+            std::erase_if(checked.findings, [](const Finding& each) { return severityOf(each) != Severity::Error; });
+        }
+        if (isWhole()) {
+            m_checked.push_back(std::move(checked));
+            return;
+        }
+        for (const Finding& finding : checked.findings) print(textOf(finding, checked.study.get()));
+    }
+
+    /// @param isMapped    whether effects are proven for a mapping
+    /// @param unreadable  why files could not be read
+    void finish(bool isMapped, const std::vector<std::string>& unreadable) {
+        if (m_arguments.format == "json") print(reportJson(m_checked, unreadable));
+        if (m_arguments.format == "sarif") print(reportSarif(m_checked, unreadable));
+        const bool isQuiet = m_arguments.quiet || m_arguments.format != "text";
+        if (!isQuiet && m_counts.errors + m_counts.warnings + m_counts.notes > 0) printSummary(isMapped);
+    }
+
+    const FindingCounts& counts() const { return m_counts; }
+
+private:
+    // Whether the format is one document.
+    bool isWhole() const { return m_arguments.format == "json" || m_arguments.format == "sarif"; }
+
+    std::string textOf(const Finding& finding, const StyleStudy* study) {
+        if (m_arguments.format == "line") return lineReport(finding);
+        if (m_arguments.format == "jsonl") return jsonLineReport(finding, study);
+        if (m_arguments.format == "github") return githubReport(finding);
+        if (m_arguments.format == "text") return findingText(finding, m_isColored);
+        const std::string head = m_hasHead ? "" : markdownHead();
+        m_hasHead = true;
+        return head + markdownReport(finding);
+    }
+
+    void printSummary(bool isMapped) const {
+        fmt::print("{}: {}, {}, {}; effects proven for {}{}\n", counted(m_fileCount, "file"),
+                   counted(m_counts.errors, "error"), counted(m_counts.warnings, "warning"),
+                   counted(m_counts.notes, "note"),
+                   isMapped ? "every style id of the mapping at every level"
+                            : "every map: give --mapping DIR to prove them for yours",
+                   m_isAnyBroken ? ", except in files that are not JSON" : "");
+    }
+
+    const CheckArguments& m_arguments;
+    bool m_isColored;
+    bool m_hasHead = false;
+    bool m_isAnyBroken = false;
+    std::size_t m_fileCount = 0;
+    FindingCounts m_counts;
+    std::vector<CheckedFile> m_checked;
+};
+
 class CheckRun {
 public:
-    explicit CheckRun(const CheckArguments& arguments) : m_arguments(arguments) {}
+    explicit CheckRun(const CheckArguments& arguments)
+        : m_arguments(arguments),
+          m_filter(codesIn(arguments.select), codesIn(arguments.ignore)),
+          m_reporter(arguments) {}
 
     int run() {
+        if (!readBaseline(m_arguments.baseline)) return kMisuse;
         const StyleFiles files = styleFilesIn(m_arguments.files);
         for (const std::string& problem : files.problems) report({problem});
-        readMapping();
+        if (m_arguments.mappingDirectory) mappingIn(*m_arguments.mappingDirectory, {});
         for (const std::string& path : files.paths) checkFile(path);
-        printFindings();
-        if (!m_unreadable.empty()) return kMisuse;
-        const auto [errors, warnings, notes] = countFindings(m_checked);
-        return errors > 0 || (m_arguments.warningsAreErrors && warnings > 0) ? kFinding : kGood;
+        m_reporter.finish(m_isMapped, m_unreadable);
+        if (m_arguments.newBaseline && !writeBaseline()) return kMisuse;
+        if (m_hasFailed) return kMisuse;
+        const FindingCounts& counts = m_reporter.counts();
+        if (m_hasChanges) return kFinding;
+        return counts.errors > 0 || (m_warningsAreErrors && counts.warnings > 0) ? kFinding : kGood;
     }
 
 private:
+    void report(const ReadFailure& failure) {
+        complainOf(failure);
+        m_unreadable.push_back(failure.text);
+        m_hasFailed = true;
+    }
+
     std::unique_ptr<SourceFile> read(const std::string& path, const char* what) {
         auto source = readSource(path, what);
         if (const ReadFailure* failure = std::get_if<ReadFailure>(&source)) {
@@ -99,31 +192,92 @@ private:
         return std::get<0>(std::move(source));
     }
 
-    void report(const ReadFailure& failure) {
-        complainOf(failure);
-        m_unreadable.push_back(failure.text);
+    // The settings for a style; none after a complaint.
+    const Configuration* configurationOf(const std::string& style) {
+        if (m_arguments.withoutConfiguration) return &m_configurations[""];
+        const std::string path =
+            m_arguments.configuration ? *m_arguments.configuration : configurationFor(style).value_or("");
+        if (path.empty() || m_configurations.contains(path)) return &m_configurations[path];
+        auto read = readConfiguration(path);
+        if (const auto* problem = std::get_if<ConfigurationProblem>(&read)) {
+            if (m_brokenConfigurations.insert(path).second) report({problem->text});
+            return nullptr;
+        }
+        Configuration& configuration = m_configurations[path] = std::get<Configuration>(std::move(read));
+        if (!m_arguments.baseline && !readBaseline(configuration.baseline)) m_hasFailed = true;
+        return &configuration;
+    }
+
+    // A baseline that is about to be written need not be there.
+    bool readBaseline(const std::optional<std::string>& path) {
+        if (!path || m_arguments.newBaseline) return true;
+        const std::unique_ptr<SourceFile> file = read(*path, "baseline");
+        if (file == nullptr) return false;
+        const std::optional<std::size_t> line = m_filter.readBaseline(*path, std::string(file->text()));
+        if (!line) return true;
+        complain(fmt::format("{}:{}: not an entry of a baseline; write it with --write-baseline", *path, *line));
+        return false;
+    }
+
+    bool writeBaseline() {
+        const std::string& path = *m_arguments.newBaseline;
+        const std::optional<std::string> problem = writeWhole(path, m_filter.baselineText(path));
+        if (problem) complain(*problem);
+        return !problem;
     }
 
     // Without an accepted mapping proofs are made for every map.
-    void readMapping() {
-        if (!m_arguments.mappingDirectory) return;
-        if (const auto problem = problemOfMappingDirectory(*m_arguments.mappingDirectory)) return report(*problem);
-        std::unique_ptr<SourceFile> file = read(mappingFileIn(*m_arguments.mappingDirectory), "mapping file");
-        if (file == nullptr) return;
-        if (isAcceptedMapping(file->text())) m_mapping = Mapping::given(std::string(file->text()));
-        std::vector<Finding> findings = checkMapping(*file, m_arguments.effects, logOfMapping);
-        m_checked.push_back({std::move(file), std::move(findings)});
+    const Mapping& mappingIn(const std::string& directory, const Configuration& configuration) {
+        const auto [known, isNew] = m_mappings.try_emplace(directory, Mapping::everyMap());
+        Mapping& mapping = known->second;
+        if (!isNew) return mapping;
+        if (const auto problem = problemOfMappingDirectory(directory)) {
+            report(*problem);
+            return mapping;
+        }
+        std::unique_ptr<SourceFile> file = read(mappingFileIn(directory), "mapping file");
+        if (file == nullptr) return mapping;
+        if (isAcceptedMapping(file->text())) {
+            mapping = Mapping::given(std::string(file->text()));
+            m_isMapped = true;
+        }
+        std::vector<Finding> findings = checkMapping(*file, m_arguments.effects || configuration.effects, logOfMapping);
+        m_filter.apply(findings, configuration, nullptr);
+        m_reporter.report({std::move(file), std::move(findings)});
+        return mapping;
+    }
+
+    const Mapping& mappingFor(const Configuration& configuration) {
+        if (m_arguments.mappingDirectory) return mappingIn(*m_arguments.mappingDirectory, configuration);
+        return configuration.mappingDirectory ? mappingIn(*configuration.mappingDirectory, configuration) : m_everyMap;
     }
 
     void checkFile(const std::string& path) {
-        const std::shared_ptr<const SourceFile> file = read(path, "style file");
+        const Configuration* const configuration = configurationOf(path);
+        if (configuration == nullptr) return;
+        const Mapping& mapping = mappingFor(*configuration);
+        std::shared_ptr<const SourceFile> file = read(path, "style file");
         if (file == nullptr) return;
-        ProgressLine line(path);
-        const CheckOptions options{.effects = m_arguments.effects,
+        CheckedStyle checked = checkedText(file, mapping, *configuration);
+        if (m_arguments.fix) {
+            const std::shared_ptr<const SourceFile> original = file;
+            const std::size_t count = fixAll(file, checked, mapping, *configuration);
+            deliver(path, *original, *file, count);
+            if (m_arguments.diff || path == "-") return judgeOnly(checked, *configuration);
+        }
+        const StyleSource* const style = checked.study == nullptr ? nullptr : &checked.study->source();
+        for (const std::string& problem : m_filter.apply(checked.findings, *configuration, style)) report({problem});
+        m_warningsAreErrors |= m_arguments.warningsAreErrors || configuration->warningsAreErrors;
+        m_reporter.report({file, std::move(checked.findings), std::move(checked.study)});
+    }
+
+    CheckedStyle checkedText(const std::shared_ptr<const SourceFile>& file, const Mapping& mapping,
+                             const Configuration& configuration) const {
+        ProgressLine line(file->path());
+        const CheckOptions options{.effects = m_arguments.effects || configuration.effects,
                                    .progress = [&line](std::size_t done, std::size_t all) { line.show(done, all); },
                                    .isTimeUp = [this] { return isTimeUp(); }};
-        CheckedStyle checked = checkStyle(file, m_mapping, options, hostSurroundings(), logOfStyle);
-        m_checked.push_back({file, std::move(checked.findings), std::move(checked.study)});
+        return checkStyle(file, mapping, options, hostSurroundings(), logOfStyle);
     }
 
     bool isTimeUp() const {
@@ -131,64 +285,98 @@ private:
         return limit.count() > 0 && std::chrono::steady_clock::now() - m_begin > limit;
     }
 
-    bool isAnyBroken() const {
-        return std::ranges::any_of(m_checked, [](const CheckedFile& checked) {
-            return checked.study == nullptr ? false : !checked.study->source().isWhole();
-        });
-    }
-
-    void printFindings() const {
-        if (m_arguments.format == "json") return print(reportJson(m_checked, m_unreadable));
-        if (m_arguments.format == "sarif") return print(reportSarif(m_checked, m_unreadable));
-        for (const CheckedFile& checked : m_checked) {
-            for (const Finding& finding : checked.findings) fmt::print("{}", findingText(finding));
+    // One remedy may give rise to the next, so that the style is checked again after each round.
+    std::size_t fixAll(std::shared_ptr<const SourceFile>& file, CheckedStyle& checked, const Mapping& mapping,
+                       const Configuration& configuration) const {
+        std::size_t count = 0;
+        for (int round = 0; round < kMostRounds && checked.study != nullptr && checked.study->source().isWhole();
+             ++round) {
+            FindingFilter filter = m_filter;
+            std::vector<Finding> wanted = checked.findings;
+            filter.apply(wanted, configuration, &checked.study->source());
+            const std::vector<Edit> edits = jointEdits(wanted, *checked.study);
+            if (edits.empty()) break;
+            count += edits.size();
+            file = std::make_shared<const SourceFile>(file->path(), edited(file->text(), edits));
+            checked = checkedText(file, mapping, configuration);
         }
-        printSummary();
+        return count;
     }
 
-    // Without findings there is nothing to say.
-    void printSummary() const {
-        const auto [errors, warnings, notes] = countFindings(m_checked);
-        if (errors + warnings + notes == 0) return;
-        fmt::print("{}: {}, {}, {}; effects proven for {}{}\n", counted(m_checked.size(), "file"),
-                   counted(errors, "error"), counted(warnings, "warning"), counted(notes, "note"),
-                   m_mapping.kind() == Mapping::Kind::Given ? "every style id of the mapping at every level"
-                                                            : "every map: give --mapping DIR to prove them for yours",
-                   isAnyBroken() ? ", except in files that are not JSON" : "");
+    void deliver(const std::string& path, const SourceFile& before, const SourceFile& after, std::size_t count) {
+        if (m_arguments.diff) {
+            print(unifiedDiff(before.path(), before.text(), after.text(), isColored(m_arguments.color)));
+            m_hasChanges |= before.text() != after.text();
+        } else if (path == "-") {
+            print(after.text());
+        } else if (before.text() != after.text()) {
+            const std::optional<std::string> problem = writeWhole(path, after.text());
+            if (problem) return report({*problem});
+            if (!m_arguments.quiet) fmt::print(stderr, "{}: {} made\n", path, counted(count, "edit"));
+        }
+    }
+
+    // Where a text has gone to standard output, findings would spoil it.
+    void judgeOnly(CheckedStyle& checked, const Configuration& configuration) {
+        const StyleSource* const style = checked.study == nullptr ? nullptr : &checked.study->source();
+        m_filter.apply(checked.findings, configuration, style);
+        m_hasChanges |= countFindings(checked.findings).errors > 0;
     }
 
     const CheckArguments& m_arguments;
     std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
-    Mapping m_mapping = Mapping::everyMap();
+    FindingFilter m_filter;
+    Reporter m_reporter;
+    const Mapping m_everyMap = Mapping::everyMap();
+    std::map<std::string, Configuration> m_configurations;
+    std::set<std::string> m_brokenConfigurations;
+    std::map<std::string, Mapping> m_mappings;
     std::vector<std::string> m_unreadable;
-    std::vector<CheckedFile> m_checked;
+    bool m_isMapped = false;
+    bool m_warningsAreErrors = false;
+    bool m_hasFailed = false;
+    bool m_hasChanges = false;  ///< that are shown, or errors that are not
 };
 
 int check(const CheckArguments& arguments) {
     if (arguments.codes || arguments.codesMarkdown) {
-        fmt::print("{}", arguments.codes ? codesText() : codesMarkdown());
+        print(arguments.codes ? codesText() : codesMarkdown());
         return kGood;
     }
-    if (arguments.files.empty()) {
-        return complain("check needs STYLE; run customstyle check --help for more");
-    }
+    if (arguments.diff && !arguments.fix) return complain("--diff shows what --fix would do; give both");
+    if (arguments.files.empty()) return complain("check needs STYLE; run customstyle check --help for more");
     return CheckRun(arguments).run();
 }
 
-std::vector<Option> optionsOf(CheckArguments& arguments) {
+Option codesOption(std::string names, std::string help, std::vector<std::string>& words) {
+    Option option{.names = std::move(names),
+                  .value = "CODES",
+                  .help = std::move(help),
+                  .target = &words,
+                  .offer = Offer::Choices,
+                  .problem = problemOfCodes};
+    for (const CodeInfo& info : codeInfos()) option.choices.emplace_back(info.name);
+    return option;
+}
+
+Option fileOption(std::string names, std::string help, std::optional<std::string>& path) {
     return {
-        {.names = "STYLE",
-         .help = "Style file; a folder stands for all files *.json in it, and - for standard input",
-         .target = &arguments.files,
-         .offer = Offer::Files},
-        {.names = "--mapping",
-         .value = "DIR",
-         .help = "Directory of the mapping file CustomIndex: it is checked, too, and effects are proven for its "
-                 "style ids",
-         .target = &arguments.mappingDirectory,
-         .offer = Offer::Directories},
-        formatOption(arguments.format,
-                     {{"text", "for people"}, {"json", "for programs"}, {"sarif", "for code scanning"}}),
+        .names = std::move(names), .value = "FILE", .help = std::move(help), .target = &path, .offer = Offer::Files};
+}
+
+std::vector<Option> reportOptions(CheckArguments& arguments) {
+    return {
+        formatOption(arguments.format, {{"text", "for people"},
+                                        {"line", "one line each, for editors"},
+                                        {"json", "for programs"},
+                                        {"jsonl", "an object a line"},
+                                        {"sarif", "for code scanning"},
+                                        {"github", "for its workflows"},
+                                        {"markdown", "a table"}}),
+        colorOption(arguments.color),
+        {.names = "-q,--quiet",
+         .help = "Print errors only: no warnings, notes and summary",
+         .target = &arguments.quiet},
         {.names = "--werror", .help = "Exit with 1 for warnings, too", .target = &arguments.warningsAreErrors},
         {.names = "--effects",
          .help = "Also note rules with an effect at some levels or on icons only, and style ids under several types",
@@ -197,12 +385,57 @@ std::vector<Option> optionsOf(CheckArguments& arguments) {
          .value = "SECONDS",
          .help = "End the proofs after so many seconds and say how many are missing; 0 for as long as it takes",
          .target = &arguments.proofTime,
-         .problem = problemOfSeconds},
-        {.names = "--codes",
-         .help = "Explain all findings, with an example of each, and exit",
-         .target = &arguments.codes},
-        {.names = "--codes-markdown", .target = &arguments.codesMarkdown, .isHidden = true}};
+         .problem = problemOfSeconds}};
 }
+
+std::vector<Option> filterOptions(CheckArguments& arguments) {
+    return {codesOption("--select", "Report these codes only, separated by commas", arguments.select),
+            codesOption("--ignore", "Do not report these codes", arguments.ignore),
+            fileOption("--config",
+                       "Settings for all styles; without it, customstyle.toml in the folder of each style or the "
+                       "nearest above",
+                       arguments.configuration),
+            {.names = "--no-config", .help = "Use no settings", .target = &arguments.withoutConfiguration},
+            fileOption("--baseline", "Do not report the findings that this file lists", arguments.baseline),
+            fileOption("--write-baseline", "Write all findings into this file, as a baseline", arguments.newBaseline)};
+}
+
+std::vector<Option> optionsOf(CheckArguments& arguments) {
+    std::vector<Option> options = {
+        {.names = "STYLE",
+         .help = "Style file; a folder stands for all files *.json in it, and - for standard input",
+         .target = &arguments.files,
+         .offer = Offer::Files},
+        {.names = "--mapping",
+         .value = "DIR",
+         .help = "Directory of the mapping file CustomIndex: it is checked, too, and effects are proven for its style "
+                 "ids",
+         .target = &arguments.mappingDirectory,
+         .offer = Offer::Directories}};
+    options.push_back({.names = "--fix",
+                       .help = "Carry out the remedies that are known: write values and names as they are meant, and "
+                               "take out what has no effect; what is left is reported",
+                       .target = &arguments.fix});
+    options.push_back({.names = "--diff",
+                       .help = "With --fix: write nothing, print what would change, and exit with 1 if anything would",
+                       .target = &arguments.diff});
+    for (Option& option : reportOptions(arguments)) options.push_back(std::move(option));
+    for (Option& option : filterOptions(arguments)) options.push_back(std::move(option));
+    options.push_back({.names = "--codes",
+                       .help = "Explain all findings, with an example of each, and exit",
+                       .target = &arguments.codes});
+    options.push_back({.names = "--codes-markdown", .target = &arguments.codesMarkdown, .isHidden = true});
+    return options;
+}
+
+constexpr char kSettings[] = R"(  mapping = "map"               # folder of CustomIndex; paths are relative to this file
+  select = ["level-clamped"]    # report these codes only
+  ignore = ["color-name"]       # do not report these
+  effects = true                # as --effects
+  werror = true                 # as --werror
+  baseline = "known-findings"   # as --baseline
+  [severity]
+  no-effect = "error"           # error, warning, note or off)";
 
 Command checkCommand() {
     const auto arguments = std::make_shared<CheckArguments>();
@@ -210,13 +443,21 @@ Command checkCommand() {
             .purpose = Purpose::Judge,
             .summary = "Find everything that is refused, dropped or changed in style files",
             .description = {"Each finding has its position, a stable code, what happens at run time, and a remedy. For "
-                            "each rule and each styler it is proven whether it has an effect."},
+                            "each rule and each styler it is proven whether it has an effect.",
+                            "Settings are in a file customstyle.toml beside the styles or in a folder above:",
+                            kSettings, "A rule silences codes for itself in a remark:",
+                            "  {\"note\": \"customstyle-ignore: no-effect\", \"featureType\": ...}"},
             .options = optionsOf(*arguments),
             .statuses = {{0, "No errors"},
                          {1, "Errors, or warnings with --werror"},
                          {2, "Wrong usage, or a file that cannot be read"}},
             .examples = {{"check all styles of a folder as a build step",
-                          "customstyle check --werror --mapping map styles"}},
+                          "customstyle check --werror --mapping map styles"},
+                         {"thousands of files on all processors, with GNU parallel",
+                          "find styles -name '*.json' | parallel -X customstyle check --format jsonl > findings.jsonl"},
+                         {"what the known remedies would change", "customstyle check --fix --diff night.json"},
+                         {"from now on report only what is new",
+                          "customstyle check --write-baseline known-findings styles"}},
             .run = [arguments] { return check(*arguments); }};
 }
 

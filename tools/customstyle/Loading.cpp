@@ -45,6 +45,14 @@ void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments) 
     options.push_back(mappingOption(arguments.mappingDirectory));
 }
 
+std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& directory) {
+    if (!directory) return Mapping::standard();
+    auto loaded = loadMapping(*directory);
+    if (Mapping* const mapping = std::get_if<Mapping>(&loaded)) return std::move(*mapping);
+    complainOf(std::get<ReadFailure>(loaded));
+    return {};
+}
+
 int complainOf(const ReadFailure& failure) {
     return complain(failure.text);
 }

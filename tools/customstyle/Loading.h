@@ -20,6 +20,9 @@ struct StyleArguments {
 /// STYLE and --mapping.
 void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments);
 
+/// The mapping of a directory, or the standard one without; none after a complaint.
+std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& directory);
+
 /// Loads a style, or complains.
 /// @param without  the mapping where there is no directory
 /// @return null where there was something to complain of

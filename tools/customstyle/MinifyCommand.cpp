@@ -49,9 +49,9 @@ int minify(const MinifyArguments& arguments) {
     auto& [file, document] = std::get<StyleText>(read);
     std::optional<std::string> mapping;
     if (arguments.mappingDirectory) {
-        const auto loaded = loadOrComplain(arguments.file, arguments.mappingDirectory);
-        if (loaded == nullptr) return kMisuse;
-        mapping = loaded->mapping().text();
+        const std::optional<Mapping> loaded = mappingOrComplain(arguments.mappingDirectory);
+        if (!loaded) return kMisuse;
+        mapping = loaded->text();
     }
     const StyleSource style(*file, document);
     Minified result = minified(style, mapping);

@@ -98,7 +98,7 @@ Json changeJson(const JoinedChange& each) {
     const Change& change = each.change;
     return {{"feature_type", each.featureType < 0 ? Json(nullptr) : Json(typeText(each.featureType))},
             {"ids", each.styleIds},
-            {"field", questionText(change.question)},
+            {"field", memberName(questionText(change.question))},
             {"levels", levelsJson(each.levels)},
             {"a", valueJson(change.question, change.before)},
             {"b", valueJson(change.question, change.after)},
@@ -124,7 +124,8 @@ std::string diffSummary(std::span<const JoinedChange> changes, const Mapping& ma
 std::string diffJson(std::span<const JoinedChange> changes, const Mapping& mapping) {
     Json list = Json::array();
     for (const JoinedChange& each : changes) list.push_back(changeJson(each));
-    return Json{{"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}}.dump(2);
+    return Json{{"version", 1}, {"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}}.dump(
+        2);
 }
 
 }  // namespace customstyle_tool

@@ -127,6 +127,9 @@ private:
         if (word.text == "none" || word.text == "type") {
             m_result.aspect = Aspect::FeatureType;
             if (word.text == "type") parseType(next("the feature type that answers"));
+        } else if (word.text == "as-in") {
+            m_result.aspect = Aspect::AsIn;
+            m_result.otherStyle = next("the path of a style").text;
         } else if (word.text == "background") {
             parseBackground(word);
         } else {
@@ -249,6 +252,7 @@ const char* expectationHelp() {
   land             all     background  #112233
   id 2504          10      none
   id 2503          other   type        education
+  subway           all     as-in       day.json
   # a comment
 
 Whom: a feature type (all style ids that the mapping lists under it), or id and a number.
@@ -257,7 +261,8 @@ What: fill, stroke, top-surface, text-fill, text-stroke with a colour #rrggbb or
   fill-weight, stroke-weight, text-fill-weight, text-stroke-weight, font-size with a number 0 to 255;
   none instead of a value: this is not customised; none alone: there is no custom style at all;
   icon with hidden or shown; type with the feature type whose style is used;
-  background with a colour or none, of land and grid.)";
+  background with a colour or none, of land and grid;
+  as-in with the path of another style: every answer is as there.)";
 }
 
 }  // namespace customstyle_tool

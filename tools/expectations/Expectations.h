@@ -16,6 +16,7 @@
 //   levels  = "all"  |  range { "," range }             without blanks
 //   range   = level  |  level "-" level  |  "other"     levels 4 to 21; "other" are all beyond
 //   what    = field value  |  "icon" ( "hidden" | "shown" )  |  "type" feature type  |  "none": no custom style
+//           |  "as-in" path of another style: every answer is as there
 //           |  "background" ( colour | "none" )         of land and grid only
 //   field   = fill, stroke, top-surface, text-fill, text-stroke with a colour,
 //             fill-weight, stroke-weight, text-fill-weight, text-stroke-weight, font-size with a number 0 to 255
@@ -40,6 +41,7 @@ namespace customstyle_tool {
 enum class Aspect {
     Topic,        ///< one value
     FeatureType,  ///< which type answers; none where there is no custom style
+    AsIn,         ///< everything is as in another style
 };
 
 struct Expectation {
@@ -51,7 +53,8 @@ struct Expectation {
     Aspect aspect = Aspect::Topic;
     const TopicName* topic = nullptr;  ///< of a Topic
     std::optional<std::uint64_t>
-        value;  ///< packed colour, number, 1 for a hidden icon, feature type; none: not customised
+        value;                 ///< packed colour, number, 1 for a hidden icon, feature type; none: not customised
+    std::string otherStyle{};  ///< of AsIn: path of its file, relative to the folder of the expectations
 };
 
 /// What is wrong in a file of expectations, and what to write instead.

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
 namespace customstyle_tool {
@@ -11,29 +12,43 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr char kStandardInput[] = "-";
+
 // Why there is nothing to read, or nothing.
 std::string reasonAgainst(const fs::path& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
-    if (status.type() == fs::file_type::not_found) {
-        return path == "-" ? "standard input is not read" : "there is no such file";
-    }
+    if (status.type() == fs::file_type::not_found) return "there is no such file";
     if (error) return error.message();
     if (fs::is_directory(status)) return "is a directory";
-    return fs::is_regular_file(status) ? "" : "is not a regular file";
+    return fs::is_regular_file(status) || fs::is_fifo(status) ? "" : "is not a regular file";
+}
+
+// What a pipe has given is gone, so that a second reader would find nothing.
+std::variant<std::unique_ptr<SourceFile>, ReadFailure> readStandardInput() {
+    static bool s_isRead = false;
+    if (s_isRead) return ReadFailure{"standard input can be read only once; give - in one place"};
+    s_isRead = true;
+    std::string text{std::istreambuf_iterator<char>(std::cin), {}};
+    if (std::cin.bad()) return ReadFailure{"standard input cannot be read to its end"};
+    return std::make_unique<SourceFile>("<stdin>", std::move(text));
 }
 
 }  // namespace
 
 std::optional<ReadFailure> problemOfFile(const std::string& path, const char* what) {
+    if (path == kStandardInput) return {};
     const std::string shown = path.empty() ? "\"\"" : path;
     const std::string reason = reasonAgainst(path);
     if (!reason.empty()) return ReadFailure{fmt::format("{}: {}; give the path of a {}", shown, reason, what)};
+    std::error_code error;
+    if (fs::is_fifo(path, error)) return {};  // to open it here would end it
     if (!std::ifstream(path)) return ReadFailure{fmt::format("{}: cannot be read; check its permissions", shown)};
     return {};
 }
 
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> readSource(const std::string& path, const char* what) {
+    if (path == kStandardInput) return readStandardInput();
     if (auto problem = problemOfFile(path, what)) return std::move(*problem);
     std::ifstream stream(path, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(stream), {}};

@@ -10,11 +10,11 @@
 
 namespace customstyle_tool {
 
-/// Why there is no regular file to read under a path, if so.
+/// Why there is no regular file or pipe to read under a path, if so. The path "-" is standard input.
 /// @param what  what the file is meant to be, as the failure calls it: "style file"
 std::optional<ReadFailure> problemOfFile(const std::string& path, const char* what);
 
-/// Reads a regular file whole.
+/// Reads a regular file, a pipe or, for the path "-", standard input whole; that one only once in a process.
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> readSource(const std::string& path, const char* what);
 
 }  // namespace customstyle_tool

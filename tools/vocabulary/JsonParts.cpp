@@ -1,6 +1,7 @@
 #include "tools/vocabulary/JsonParts.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "tools/vocabulary/RecordText.h"
 

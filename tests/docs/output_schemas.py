@@ -1,0 +1,63 @@
+#!/usr/bin/env python3
+"""output_schemas.py TOOL ROOT: whether every JSON that the tool prints meets its schema in docs/schemas, and whether the
+schemas refuse what they should.
+"""
+import json
+import pathlib
+import subprocess
+import sys
+
+import jsonschema
+
+STYLES = ["night", "pale", "transit", "mistakes", "no-labels", "main-roads"]
+
+
+def calls(root):
+    """Each call with the schema of its output and whether that is a document a line."""
+    for name in STYLES:
+        style = f"examples/styles/{name}.json"
+        for mapping in ([], ["--mapping", "examples/map"]):
+            yield "dump", False, ["dump", style, *mapping, "--format", "json"]
+            yield "query", False, ["query", style, *mapping, "--type", "highway", "--type", "land", "--level", "all",
+                                   "--format", "json"]
+            yield "explain", False, ["explain", style, *mapping, "--type", "town", "--level", "4,12,other", "--format",
+                                     "json"]
+            yield "diff", False, ["diff", style, "examples/styles/night.json", *mapping, "--format", "json"]
+        yield "check", False, ["check", style, "--effects", "--format", "json"]
+        yield "check-line", True, ["check", style, "--effects", "--format", "jsonl"]
+    yield "check", False, ["check", "no/such/style.json", "--format", "json"]
+    for what in ("types", "elements", "stylers", "codes"):
+        yield "list", False, ["list", what, "--format", "json"]
+
+
+def documents(tool, root, arguments, by_line):
+    done = subprocess.run([tool, *arguments], cwd=root, capture_output=True, text=True, check=False)
+    return [json.loads(text) for text in (done.stdout.splitlines() if by_line else [done.stdout])]
+
+
+def misread(document):
+    """The document with a member that no schema knows, and with another version."""
+    yield document | {"surprise": 1}
+    yield document | {"version": 0}
+
+
+def main(tool, root):
+    failures = []
+    count = 0
+    for name, by_line, arguments in calls(root):
+        schema = json.loads((pathlib.Path(root) / f"docs/schemas/{name}.schema.json").read_text())
+        jsonschema.Draft202012Validator.check_schema(schema)
+        validator = jsonschema.Draft202012Validator(schema)
+        found = documents(tool, root, arguments, by_line)
+        count += len(found)
+        for document in found:
+            failures += [f"{' '.join(arguments)}: {error.json_path}: {error.message[:200]}"
+                         for error in validator.iter_errors(document)][:3]
+        if found and any(validator.is_valid(wrong) for wrong in misread(found[0])):
+            failures.append(f"{name}: the schema takes anything")
+    print(f"{count} documents, {len(failures)} failures")
+    print("\n".join(failures[:30]))
+    return 1 if failures or count < 50 else 0
+
+
+sys.exit(main(*sys.argv[1:]))

@@ -1,0 +1,43 @@
+// The file customstyle.toml beside the styles: what an author wants of check.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "tools/check/FindingCodes.h"
+
+namespace customstyle_tool {
+
+/// Settings that a file may have; what it leaves out keeps its default.
+struct Configuration {
+    std::string path{};  ///< of the file; empty where there is none
+    std::optional<std::string> mappingDirectory{};
+    std::optional<std::string> baseline{};
+    std::vector<Code> selected{};  ///< only these, where any
+    std::vector<Code> ignored{};
+    std::map<Code, Severity> severities{};
+    bool effects = false;
+    bool warningsAreErrors = false;
+};
+
+/// What is wrong with a configuration: one sentence with file and position.
+struct ConfigurationProblem {
+    std::string text;
+};
+
+/// Reads a configuration. Paths in it are relative to its folder. A setting or a code that does not exist is a problem.
+std::variant<Configuration, ConfigurationProblem> readConfiguration(const std::string& path);
+
+/// The file customstyle.toml that applies to a style: in its folder, else in the nearest folder above that has one.
+std::optional<std::string> configurationFor(const std::string& style);
+
+/// The codes in words of --select and --ignore, lists with commas.
+std::vector<Code> codesIn(const std::vector<std::string>& words);
+
+/// What is wrong with such a word; empty where nothing is.
+std::string problemOfCodes(const std::string& word);
+
+}  // namespace customstyle_tool

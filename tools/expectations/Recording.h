@@ -1,0 +1,23 @@
+// What a style's answers are, as expectations.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/expectations/Expectations.h"
+#include "tools/study/StyleStudy.h"
+
+namespace customstyle_tool {
+
+/// Expectations that say all of a style's answers for a feature type, or a style id, at levels: those that hold for
+/// another style with the same answers, and for no other one.
+///
+/// They are about the whole feature type where all of its style ids have the same answers, else about each style id.
+///
+/// @param scope  whom and at which levels; its offset and text pass to the results
+std::vector<Expectation> recorded(const Expectation& scope, const StyleStudy& style);
+
+/// A file of expectations that says all answers of a style for all style ids of its mapping.
+std::string recording(const StyleStudy& style);
+
+}  // namespace customstyle_tool
