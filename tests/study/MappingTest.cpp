@@ -73,13 +73,13 @@ TEST_P(RecordsOfARandomMapping, AreAlikeForAllStyleIdsOfAType) {
     CustomConfig config;
     config.ParseMappingConfig(parsed(files.mapping()).get());
     config.ParseCustomConfig(parsed(randomStyle(files, 40)).get());
-    for (const auto& [key, slot] : config.m_keyStyleMaps) {
+    for (const auto& entry : config.m_keyStyleMaps) {
         std::optional<tagCustomStyle> first;
-        customstyle_tool::forEachSlotRecord(*slot, [&](int id, tagCustomStyle record) {
+        customstyle_tool::forEachSlotRecord(*entry.second, [&](int id, tagCustomStyle record) {
             if (!first) first = record;
             tagCustomStyle like = *first;
             like.m_ID = id;
-            ASSERT_EQ(record, like) << key;
+            ASSERT_EQ(record, like) << entry.first;
         });
     }
 }
