@@ -7,7 +7,7 @@
 #include "tests/support/StyleBuilder.h"
 #include "tests/support/TestStore.h"
 #include "tools/minify/Minifier.h"
-#include "tools/study/StyleSource.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace {
 
@@ -79,16 +79,65 @@ INSTANTIATE_TEST_SUITE_P(
              text({kFillAt12, rule("water", "fill").weight("3").level("13")})},
         Case{"OtherElementsAreNotMerged", styleOf({kFill, rule("water", "stroke").weight("3")}),
              text({kFill, rule("water", "stroke").weight("3")})},
-        Case{"ARuleThatOnlyShadowsIconsStays", styleOf({rule("highwaylabel", "icon").visibility("on")}),
-             text({rule("highwaylabel", "all").visibility("on")})}),
+        Case{
+            "EqualColoursOfAllElementsAreThoseOfTheGeometry",
+            styleOf({rule("water", "geometry.fill").color("#3366cc"), rule("water", "geometry.stroke").color("#3366cc"),
+                     rule("water", "geometry.topsurface").color("#3366cc")}),
+            text({rule("water", "geometry").color("#3366cc")})},
+        Case{
+            "AnElementThatDiffersComesAfterTheGeometry",
+            styleOf({rule("water", "geometry.fill").color("#3366cc"), rule("water", "geometry.stroke").color("#3366cc"),
+                     rule("water", "geometry.topsurface").color("#000000")}),
+            text({rule("water", "geometry").color("#3366cc"), rule("water", "topsurface").color("#000000")})},
+        Case{"EqualTextColoursAreThoseOfTheLabels",
+             styleOf({rule("city", "labels.text.fill").color("#3366cc"),
+                      rule("city", "labels.text.stroke").color("#3366cc")}),
+             text({rule("city", "all").color("#3366cc")})},
+        Case{"AFontSizeGoesWithTheColour",
+             styleOf({rule("city", "labels.text.fill").color("#3366cc"), rule("city", "labels").fontsize("12")}),
+             text({rule("city", "all.fill").color("#3366cc").fontsize("12")})},
+        Case{"ALevelThatAllLevelsShareGoes", styleOf({rule("all", "icon").visibility("off").level("12")}),
+             text({rule("all", "icon").visibility("off")})},
+        Case{"TheSameRuleForAnotherTypeStays", styleOf({kFill, rule("green", "fill").color("#3366cc")}),
+             text({kFill, rule("green", "fill").color("#3366cc")})},
+        Case{"WhatHasNoEffectOnAnyMapGoes", styleOf({rule("highwaylabel", "labels.text.topsurface").color("#3366cc")}),
+             "[]"},
+        Case{"ATypeThatKeepsAnIconShownStays",
+             styleOf({rule("highwaylabel", "topsurface").visibility("on").weight("2"),
+                      rule("highwaylabel", "all.topsurface").color("#3366cc"),
+                      rule("poilabel", "icon").visibility("off")}),
+             text({rule("highwaylabel", "all.topsurface").color("#3366cc"),
+                   rule("poilabel", "icon").visibility("off")})},
+        Case{"IconsOfAHiddenMapNeedNoRule",
+             styleOf({rule("all", "icon").visibility("off"), kFill, rule("highwaylabel", "fill").fontsize("2"),
+                      rule("poilabel", "labels.text.topsurface").color("#3366cc")}),
+             text({rule("all", "icon").visibility("off"), kFill})}),
     caseName);
 
-TEST(Minifier, UsesWhatTheMappingCannotShow) {
+std::string mappingWithWater(const std::string& ids) {
     std::string mapping = testMapping();
-    const std::size_t ids = mapping.find('[', mapping.find("\"water\""));
-    mapping.replace(ids, mapping.find(']', ids) - ids + 1, "[]");
+    const std::size_t begin = mapping.find('[', mapping.find("\"water\""));
+    return mapping.replace(begin, mapping.find(']', begin) - begin + 1, ids);
+}
+
+TEST(Minifier, UsesWhatTheMappingCannotShow) {
     EXPECT_EQ(minifiedText(styleOf({kFill})).rules, 1U);
-    EXPECT_EQ(minifiedText(styleOf({kFill}), mapping).text, "[]");
+    EXPECT_EQ(minifiedText(styleOf({kFill}), mappingWithWater("[]")).text, "[]");
+    EXPECT_EQ(minifiedText(styleOf({kFill}), mappingWithWater("[-5]")).text, "[]");
+    EXPECT_EQ(minifiedText(styleOf({kFill}), mappingWithWater("[-5,7]")).text, text({kFill}));
+}
+
+TEST(Minifier, KeepsWhatHidesIconsThatTheMappingDoesNotList) {
+    const std::string emptyMapping = mappingText([](int) { return std::vector<int>{}; });
+    const std::string hidden = text({rule("all", "icon").visibility("off")});
+    EXPECT_EQ(minifiedText(styleOf({rule("all", "labels.icon").visibility("off"), kFill}), emptyMapping).text, hidden);
+}
+
+TEST(Minifier, DropsWhatOnlySharedStyleIdsWouldShow) {
+    // Every style id of "water" is one of "green", which answers first.
+    const std::string mapping = mappingWithWater("[1010,1011]");
+    const auto green = rule("green", "fill").color("#000000");
+    EXPECT_EQ(minifiedText(styleOf({kFill, green}), mapping).text, text({green}));
 }
 
 TEST(Minifier, KeepsTheEffectOfAStyleThatFillsEverySlot) {

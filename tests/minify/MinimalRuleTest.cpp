@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"ATextEndsAtItsZeroCharacter", ruleOf(R"("weight":"3\u00004")"), ruleOf(R"("weight":"3")")},
         Case{"EscapesGo", ruleOf(R"("visibility":"\u006ff\u0066")"), ruleOf(R"("visibility":"off")")},
         Case{"QuotesAndControlCharactersStayEscaped", ruleOf(R"("weight":"\"\\\u0001\n")"),
-             ruleOf(R"("weight":"\"\\\u0001\u000a")")},
+             ruleOf(R"("weight":"\"\\\u0001\n")")},
         Case{"RulesWithoutStylerGo", ruleOf(R"("level":"12")"), "[]"},
         Case{"WhatIsNoRuleGoes", R"([null,12,"x",[],{},{"featureType":"water"}])", "[]"},
         Case{"RulesInAnObjectCount", R"({"x":{"featureType":"water","elementType":"fill","stylers":{"weight":"3"}}})",

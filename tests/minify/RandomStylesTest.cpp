@@ -13,7 +13,6 @@
 #include "tests/support/TestStore.h"
 #include "tools/minify/Minifier.h"
 #include "tools/study/StoreDifference.h"
-#include "tools/study/StyleSource.h"
 #include "tools/study/StyleStudy.h"
 
 namespace {

@@ -10,6 +10,7 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/host/AtomicFile.h"
+#include "tools/host/LoadedMap.h"
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
 
@@ -54,7 +55,7 @@ int minify(const MinifyArguments& arguments) {
         mapping = loaded->text();
     }
     const StyleSource style(*file, document);
-    Minified result = minified(style, mapping);
+    Minified result = minified(style, mapping, hostSurroundings().spread);
     if (file->text().ends_with('\n')) result.text += '\n';
     const int status = write(arguments.output, result.text);
     if (status == kGood && !arguments.quiet) report(style, result);

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "tools/json/SourceFile.h"
 #include "tools/study/StyleSource.h"
+#include "tools/study/Surroundings.h"
 
 namespace customstyle_tool {
 
@@ -21,10 +21,10 @@ struct Minified {
 /// The shortest style found whose answers are those of `style`: all style ids, all 19 level classes, all four
 /// questions, asked of the component before the text is given out.
 ///
-/// Silences the process's log and turns the renderer's questions on meanwhile.
+/// Takes the component's log and switch over meanwhile, see ComponentGuard.
 ///
 /// @param mapping  text of a mapping file that the component accepts: the answers stay the same on this map. Without
 ///                 it, they stay the same on every map.
-Minified minified(const StyleSource& style, const std::optional<std::string>& mapping);
+Minified minified(const StyleSource& style, const std::optional<std::string>& mapping, const Spread& spread = {});
 
 }  // namespace customstyle_tool

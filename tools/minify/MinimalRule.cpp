@@ -1,10 +1,14 @@
 #include "tools/minify/MinimalRule.h"
 
+#include <cjson/cJSON.h>
 #include <fmt/format.h>
+
+#include <algorithm>
+#include <new>
+#include <string_view>
 
 #include "customstyle/CustomConfig.h"
 #include "tools/minify/ShortValues.h"
-#include "tools/study/SingleRules.h"
 
 namespace customstyle_tool {
 namespace {
@@ -12,6 +16,9 @@ namespace {
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVString;
 using _orvik_vi::cJSON;
+
+// In the order in which the component acts on them.
+constexpr const char* kStylers[] = {"color", "visibility", "weight", "fontsize"};
 
 std::optional<std::string> textMember(const cJSON* object, const std::string& name) {
     const cJSON* member = _orvik_vi::cJSON_GetObjectItem(object, name.c_str());
@@ -30,7 +37,7 @@ std::vector<MinimalStyler> stylersOf(const CustomConfig& component, const std::s
                                      const cJSON* stylers) {
     std::vector<MinimalStyler> found;
     const CVString list = component.ParseCustomStyler(stylers);
-    for (const char* name : {"color", "visibility", "weight", "fontsize"}) {
+    for (const char* name : kStylers) {
         if (list.Find(name) == -1) continue;
         const std::string value = textMember(stylers, name).value_or("");
         found.push_back({name, shortValue(component, featureType, name, value)});
@@ -49,22 +56,58 @@ std::optional<MinimalRule> ruleOf(const CustomConfig& component, const cJSON* ru
     return minimal.stylers.empty() ? std::nullopt : std::optional(std::move(minimal));
 }
 
-// A text as JSON. Bytes stay as they are, as the component reads them.
+// As short as JSON spells it.
+std::string escaped(char byte) {
+    constexpr std::string_view kNamed = "\bb\ff\nn\rr\tt\"\"\\\\";
+    for (std::size_t i = 0; i < kNamed.size(); i += 2) {
+        if (kNamed[i] == byte) return {'\\', kNamed[i + 1]};
+    }
+    return static_cast<unsigned char>(byte) < 0x20 ? fmt::format("\\u{:04x}", byte) : std::string(1, byte);
+}
+
+// A text as JSON. Other bytes stay as they are, as the component reads them.
 std::string jsonText(std::string_view text) {
     std::string out = "\"";
-    for (const char byte : text) {
-        if (static_cast<unsigned char>(byte) < 0x20) {
-            out += fmt::format("\\u{:04x}", byte);
-        } else {
-            if (byte == '"' || byte == '\\') out += '\\';
-            out += byte;
-        }
-    }
+    for (const char byte : text) out += escaped(byte);
     return out + '"';
 }
 
 std::string member(std::string_view name, std::string_view value) {
     return fmt::format("{}:{}", jsonText(name), jsonText(value));
+}
+
+void addText(cJSON* object, const char* name, const std::string& value) {
+    if (cJSON_AddStringToObject(object, name, value.c_str()) == nullptr) throw std::bad_alloc();
+}
+
+}  // namespace
+
+std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earlier,
+                                         const std::vector<MinimalStyler>& later) {
+    std::vector<MinimalStyler> joined;
+    for (const char* name : kStylers) {
+        for (const auto* stylers : {&later, &earlier}) {
+            const auto found = std::ranges::find(*stylers, name, &MinimalStyler::name);
+            if (found == stylers->end()) continue;
+            joined.push_back(*found);
+            break;
+        }
+    }
+    return joined;
+}
+
+Tree treeOf(const MinimalRule& rule) {
+    Tree list(cJSON_CreateArray());
+    cJSON* const object = cJSON_CreateObject();
+    if (list == nullptr || object == nullptr) throw std::bad_alloc();
+    cJSON_AddItemToArray(list.get(), object);
+    addText(object, "featureType", rule.featureType);
+    addText(object, "elementType", rule.elementType);
+    cJSON* const stylers = cJSON_AddObjectToObject(object, "stylers");
+    if (stylers == nullptr) throw std::bad_alloc();
+    for (const auto& [name, value] : rule.stylers) addText(stylers, name.c_str(), value);
+    if (rule.level) addText(stylers, "level", std::to_string(*rule.level));
+    return list;
 }
 
 std::string textOf(const MinimalRule& rule) {
@@ -74,8 +117,6 @@ std::string textOf(const MinimalRule& rule) {
     return fmt::format(R"({{{},{},"stylers":{{{}}}}})", member("featureType", rule.featureType),
                        member("elementType", rule.elementType), fmt::join(stylers, ","));
 }
-
-}  // namespace
 
 std::vector<MinimalRule> minimalRules(std::string_view style) {
     const CustomConfig component;

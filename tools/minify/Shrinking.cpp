@@ -1,89 +1,140 @@
 #include "tools/minify/Shrinking.h"
 
 #include <algorithm>
-#include <initializer_list>
-#include <string>
+#include <optional>
+#include <set>
 #include <utility>
+
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
 
-using Difference = PlacedRules::difference_type;
+constexpr std::size_t kMostToPair = 12;
 
-bool isSameElement(const MinimalRule& left, const MinimalRule& right) {
-    return left.featureType == right.featureType && left.elementType == right.elementType && left.level == right.level;
+std::size_t sizeOf(const PlacedRules& rules) {
+    std::size_t size = 0;
+    for (const PlacedRule& each : rules) size += each.ready->text.size();
+    return size;
 }
 
-// Stylers of both; where both have one, the later rule's value.
-std::vector<MinimalStyler> joined(std::vector<MinimalStyler> earlier, const std::vector<MinimalStyler>& later) {
-    for (const MinimalStyler& styler : later) {
-        const auto known = std::ranges::find(earlier, styler.name, &MinimalStyler::name);
-        if (known == earlier.end()) {
-            earlier.push_back(styler);
-        } else {
-            known->value = styler.value;
-        }
+PlacedRules without(PlacedRules rules, std::size_t begin, std::size_t end) {
+    const auto at = [&](std::size_t index) { return rules.begin() + static_cast<PlacedRules::difference_type>(index); };
+    rules.erase(at(begin), at(end));
+    return rules;
+}
+
+PlacedRules with(PlacedRules rules, std::size_t index, MinimalRule rule) {
+    rules[index] = placed(rules[index].index, std::move(rule));
+    return rules;
+}
+
+bool haveOtherValues(const MinimalRule& left, const MinimalRule& right) {
+    return std::ranges::any_of(left.stylers, [&](const MinimalStyler& styler) {
+        const auto other = std::ranges::find(right.stylers, styler.name, &MinimalStyler::name);
+        return other != right.stylers.end() && other->value != styler.value;
+    });
+}
+
+bool holdsStylersOf(const MinimalRule& rule, const MinimalRule& other) {
+    return std::ranges::all_of(other.stylers, [&](const MinimalStyler& styler) {
+        return std::ranges::find(rule.stylers, styler) != rule.stylers.end();
+    });
+}
+
+std::vector<std::string> pathsFor(const MinimalRule& left, const MinimalRule& right) {
+    std::vector<std::string> paths(elementPaths().begin(), elementPaths().end());
+    for (const MinimalRule* rule : {&left, &right}) {
+        if (std::ranges::find(paths, rule->elementType) == paths.end()) paths.push_back(rule->elementType);
     }
-    return earlier;
-}
-
-// Paths that may say the same, shortest first.
-std::vector<std::string> shorterPaths(const std::string& path) {
-    const std::string word = path.substr(path.rfind('.') + 1);
-    std::vector<std::string> paths{"all", word, "all." + word};
-    std::erase_if(paths, [&](const std::string& each) { return each.size() >= path.size(); });
-    std::ranges::stable_sort(paths, {}, &std::string::size);
     return paths;
 }
 
 }  // namespace
 
-PlacedRules Shrinking::shrink() {
-    removeRules();
-    bool isChanged = true;
-    while (isChanged) {
-        isChanged = removeBlocks(1);
+bool Shrinking::shrink() {
+    bool isShorter = false;
+    for (bool isChanged = true; isChanged && isComplete();) {
+        isChanged = removeBlocks();
         isChanged |= removeStylers();
+        isChanged |= removeLevels();
+        isChanged |= shortenNames();
         isChanged |= mergeRules();
+        isChanged |= widenRules();
+        if (!isChanged) isChanged = replacePairs();
+        isShorter |= isChanged;
     }
-    shortenElements();
-    return std::move(m_rules);
+    return isShorter;
+}
+
+bool Shrinking::isSame(const PlacedRules& candidate) {
+    return isComplete() && m_cluster.isSame(m_part, candidate);
 }
 
 bool Shrinking::keepIfSame(PlacedRules candidate) {
-    if (m_limit.rulesLeft < candidate.size()) m_limit.isReached = true;
-    if (m_limit.isReached) return false;
-    m_limit.rulesLeft -= candidate.size();
-    if (!m_hasSameEffect(candidate)) return false;
-    m_rules = std::move(candidate);
+    if (!isSame(candidate)) return false;
+    m_cluster.accept(m_part, std::move(candidate));
     return true;
 }
 
-// Blocks first, so that a long style with little effect is cut down fast.
-void Shrinking::removeRules() {
-    for (std::size_t size = m_rules.size(); size > 1; size /= 2) removeBlocks(size);
+bool Shrinking::keepIfShorter(std::size_t index, MinimalRule rule) {
+    PlacedRules candidate = with(rules(), index, std::move(rule));
+    if (candidate[index].ready->text.size() >= rules()[index].ready->text.size()) return false;
+    return keepIfSame(std::move(candidate));
+}
+
+// Large blocks first, so that a long style with little effect is cut down fast.
+bool Shrinking::removeBlocks() {
+    bool isChanged = false;
+    for (std::size_t size = rules().size(); size > 0; size /= 2) isChanged |= removeBlocks(size);
+    return isChanged;
 }
 
 bool Shrinking::removeBlocks(std::size_t size) {
-    const std::size_t before = m_rules.size();
-    for (std::size_t begin = 0; begin < m_rules.size() && !m_limit.isReached;) {
-        const std::size_t end = std::min(begin + size, m_rules.size());
-        PlacedRules candidate = m_rules;
-        candidate.erase(candidate.begin() + static_cast<Difference>(begin),
-                        candidate.begin() + static_cast<Difference>(end));
-        if (!keepIfSame(std::move(candidate))) begin = end;
+    bool isChanged = false;
+    for (std::size_t begin = 0; begin < rules().size() && isComplete();) {
+        const std::size_t end = std::min(begin + size, rules().size());
+        keepIfSame(without(rules(), begin, end)) ? void(isChanged = true) : void(begin = end);
     }
-    return m_rules.size() < before;
+    return isChanged;
 }
 
 bool Shrinking::removeStylers() {
     bool isChanged = false;
-    for (std::size_t i = 0; i < m_rules.size() && !m_limit.isReached; ++i) {
-        for (std::size_t styler = 0; styler < m_rules[i].rule.stylers.size() && m_rules[i].rule.stylers.size() > 1;) {
-            PlacedRules candidate = m_rules;
-            auto& stylers = candidate[i].rule.stylers;
-            stylers.erase(stylers.begin() + static_cast<Difference>(styler));
-            keepIfSame(std::move(candidate)) ? void(isChanged = true) : void(++styler);
+    for (std::size_t i = 0; i < rules().size(); ++i) {
+        for (std::size_t styler = 0;
+             rules()[i].rule().stylers.size() > 1 && styler < rules()[i].rule().stylers.size();) {
+            MinimalRule rule = rules()[i].rule();
+            rule.stylers.erase(rule.stylers.begin() + static_cast<std::ptrdiff_t>(styler));
+            keepIfShorter(i, std::move(rule)) ? void(isChanged = true) : void(++styler);
+        }
+    }
+    return isChanged;
+}
+
+bool Shrinking::removeLevels() {
+    bool isChanged = false;
+    for (std::size_t i = 0; i < rules().size(); ++i) {
+        if (!rules()[i].rule().level) continue;
+        MinimalRule rule = rules()[i].rule();
+        rule.level.reset();
+        isChanged |= keepIfShorter(i, std::move(rule));
+    }
+    return isChanged;
+}
+
+bool Shrinking::shortenNames() {
+    bool isChanged = false;
+    for (std::size_t i = 0; i < rules().size(); ++i) {
+        for (const char* path : elementPaths()) {
+            MinimalRule rule = rules()[i].rule();
+            rule.elementType = path;
+            isChanged |= keepIfShorter(i, std::move(rule));
+        }
+        for (const int type : m_cluster.featureTypesOf(m_part)) {
+            MinimalRule rule = rules()[i].rule();
+            rule.featureType = catalogue().GetFeatureTypeName(type);
+            isChanged |= keepIfShorter(i, std::move(rule));
         }
     }
     return isChanged;
@@ -91,36 +142,118 @@ bool Shrinking::removeStylers() {
 
 bool Shrinking::mergeRules() {
     bool isChanged = false;
-    for (std::size_t later = 1; later < m_rules.size() && !m_limit.isReached;) {
+    for (std::size_t later = 1; later < rules().size() && isComplete();) {
         bool isMerged = false;
-        for (std::size_t earlier = later; earlier-- > 0 && !isMerged;) {
-            isMerged = isSameElement(m_rules[earlier].rule, m_rules[later].rule) && mergeInto(earlier, later);
-        }
+        for (std::size_t earlier = later; earlier-- > 0 && !isMerged;) isMerged = merge(earlier, later);
         isMerged ? void(isChanged = true) : void(++later);
     }
     return isChanged;
 }
 
-// In the place of the one or of the other.
-bool Shrinking::mergeInto(std::size_t earlier, std::size_t later) {
-    const auto stylers = joined(m_rules[earlier].rule.stylers, m_rules[later].rule.stylers);
-    for (const auto& [kept, dropped] : {std::pair(earlier, later), std::pair(later, earlier)}) {
-        PlacedRules candidate = m_rules;
-        candidate[kept].rule.stylers = stylers;
-        candidate.erase(candidate.begin() + static_cast<Difference>(dropped));
-        if (keepIfSame(std::move(candidate))) return true;
+bool Shrinking::merge(std::size_t earlier, std::size_t later) {
+    const MinimalRule& left = rules()[earlier].rule();
+    const MinimalRule& right = rules()[later].rule();
+    if (left.level != right.level) return false;
+    MinimalRule joined{left.featureType, left.elementType, left.level, joinedStylers(left.stylers, right.stylers)};
+    if (left.featureType == right.featureType && left.elementType == right.elementType) {
+        return mergeAs(earlier, later, joined);
+    }
+    if (haveOtherValues(left, right)) return false;
+    for (const std::string& path : pathsFor(left, right)) {
+        for (const std::string& type : {left.featureType, right.featureType}) {
+            if (!reaches(type, path, left) || !reaches(type, path, right)) continue;
+            joined.featureType = type;
+            joined.elementType = path;
+            if (mergeAs(earlier, later, joined)) return true;
+            if (left.featureType == right.featureType) break;
+        }
     }
     return false;
 }
 
-void Shrinking::shortenElements() {
-    for (std::size_t i = 0; i < m_rules.size() && !m_limit.isReached; ++i) {
-        for (const std::string& path : shorterPaths(m_rules[i].rule.elementType)) {
-            PlacedRules candidate = m_rules;
-            candidate[i].rule.elementType = path;
-            if (keepIfSame(std::move(candidate))) break;
+// In the place of the one or of the other.
+bool Shrinking::mergeAs(std::size_t earlier, std::size_t later, const MinimalRule& rule) {
+    return replace(earlier, later, rule) || replace(later, earlier, rule);
+}
+
+bool Shrinking::replace(std::size_t kept, std::size_t dropped, MinimalRule rule) {
+    const std::size_t sizeBefore = rules()[kept].ready->text.size() + rules()[dropped].ready->text.size();
+    PlacedRules candidate = with(rules(), kept, std::move(rule));
+    if (candidate[kept].ready->text.size() >= sizeBefore) return false;
+    return keepIfSame(without(std::move(candidate), dropped, dropped + 1));
+}
+
+// Anything that one rule can say for two. Their number grows with the square of that of the rules.
+bool Shrinking::replacePairs() {
+    if (rules().size() > kMostToPair) return false;
+    for (std::size_t kept = 0; kept < rules().size(); ++kept) {
+        for (std::size_t dropped = 0; dropped < rules().size(); ++dropped) {
+            if (kept != dropped && replacePair(kept, dropped)) return true;
         }
     }
+    return false;
+}
+
+bool Shrinking::replacePair(std::size_t kept, std::size_t dropped) {
+    const MinimalRule& rule = rules()[kept].rule();
+    const MinimalRule& other = rules()[dropped].rule();
+    std::vector<std::vector<MinimalStyler>> stylers{rule.stylers};
+    if (!holdsStylersOf(rule, other)) stylers.push_back(joinedStylers(rule.stylers, other.stylers));
+    std::set<std::optional<int>> levels{{}, rule.level, other.level};
+    for (const std::string& path : pathsFor(rule, other)) {
+        for (const std::optional<int>& level : levels) {
+            for (const auto& each : stylers) {
+                if (replace(kept, dropped, {rule.featureType, path, level, each})) return true;
+            }
+        }
+    }
+    return false;
+}
+
+bool Shrinking::widenRules() {
+    bool isChanged = false;
+    for (std::size_t i = 0; i < rules().size() && isComplete(); ++i) {
+        for (const char* path : elementPaths()) {
+            if (i < rules().size()) isChanged |= widen(i, path);
+        }
+    }
+    return isChanged;
+}
+
+// A rule may write more than it has to, where others then have less to write.
+bool Shrinking::widen(std::size_t index, const std::string& path) {
+    const MinimalRule& narrow = rules()[index].rule();
+    if (narrow.elementType == path || !reaches(narrow.featureType, path, narrow)) return false;
+    MinimalRule wide = narrow;
+    wide.elementType = path;
+    PlacedRules candidate = with(rules(), index, std::move(wide));
+    if (!isSame(candidate)) return false;
+    candidate = withoutRepeated(std::move(candidate), index);
+    if (sizeOf(candidate) >= sizeOf(rules())) return false;
+    m_cluster.accept(m_part, std::move(candidate));
+    return true;
+}
+
+// Without rules of which a wide one says everything.
+PlacedRules Shrinking::withoutRepeated(PlacedRules candidate, std::size_t index) {
+    const MinimalRule& wide = candidate[index].rule();
+    for (std::size_t i = candidate.size(); i-- > 0;) {
+        const MinimalRule& other = candidate[i].rule();
+        if (i == index || !holdsStylersOf(wide, other)) continue;
+        if (!reaches(wide.featureType, wide.elementType, other)) continue;
+        PlacedRules shorter = without(candidate, i, i + 1);
+        if (!isSame(shorter)) continue;
+        candidate = std::move(shorter);
+        if (i < index) --index;
+    }
+    return candidate;
+}
+
+bool Shrinking::reaches(const std::string& featureType, const std::string& path, const MinimalRule& rule) {
+    return std::ranges::all_of(rule.stylers, [&](const MinimalStyler& styler) {
+        return std::ranges::includes(m_probe.of(featureType, path, styler),
+                                     m_probe.of(rule.featureType, rule.elementType, styler));
+    });
 }
 
 }  // namespace customstyle_tool

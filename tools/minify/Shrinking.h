@@ -1,53 +1,57 @@
-// Shrinking: takes away from a list of rules what can be taken away.
+// Shrinking: takes away from a part of a style what can be taken away.
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <string>
 #include <vector>
 
-#include "tools/minify/MinimalRule.h"
+#include "tools/minify/Cluster.h"
+#include "tools/minify/Reach.h"
 
 namespace customstyle_tool {
 
-/// A rule and where it stood, so that parts of a style that were shrunk apart can be put together again.
-struct PlacedRule {
-    std::size_t place;
-    MinimalRule rule;
-};
-using PlacedRules = std::vector<PlacedRule>;
-
-/// Decides whether a list of rules has the wanted effect.
-using HasSameEffect = std::function<bool(const PlacedRules&)>;
-
-/// How much work may be spent, counted in rules applied. What is left undone only leaves the style larger.
-struct WorkLimit {
-    std::size_t rulesLeft;
-    bool isReached = false;
-};
-
-/// Makes a list of rules shorter step by step, each step tried before it is kept.
+/// Makes a part of a cluster shorter step by step, each step tried before it is kept, until no step is left.
 class Shrinking {
 public:
-    /// @param hasSameEffect  true for `rules`
-    Shrinking(PlacedRules rules, HasSameEffect hasSameEffect, WorkLimit& limit)
-        : m_rules(std::move(rules)), m_hasSameEffect(std::move(hasSameEffect)), m_limit(limit) {}
+    /// @param mostWork  how many rules may be applied in all; what is left undone only leaves the style larger
+    Shrinking(Cluster& cluster, std::size_t part, ReachProbe& probe, std::size_t mostWork)
+        : m_cluster(cluster), m_part(part), m_probe(probe), m_mostWork(mostWork) {}
 
-    /// Takes out rules and stylers until none is left without effect, puts rules for the same element together, and
-    /// finds shorter element paths.
-    PlacedRules shrink();
+    /// @return whether anything became shorter
+    bool shrink();
+
+    bool isComplete() const { return m_cluster.work() < m_mostWork; }
 
 private:
+    const PlacedRules& rules() const { return m_cluster.rulesOf(m_part); }
+    bool isSame(const PlacedRules& candidate);
     bool keepIfSame(PlacedRules candidate);
-    void removeRules();
+    bool keepIfShorter(std::size_t index, MinimalRule rule);
+
+    /// Takes a rule in the place of one, and leaves out another.
+    bool replace(std::size_t kept, std::size_t dropped, MinimalRule rule);
+
+    bool removeBlocks();
     bool removeBlocks(std::size_t size);
     bool removeStylers();
+    bool removeLevels();
     bool mergeRules();
-    bool mergeInto(std::size_t earlier, std::size_t later);
-    void shortenElements();
+    bool merge(std::size_t earlier, std::size_t later);
+    bool mergeAs(std::size_t earlier, std::size_t later, const MinimalRule& rule);
+    bool shortenNames();
+    bool replacePairs();
+    bool replacePair(std::size_t kept, std::size_t dropped);
+    bool widenRules();
+    bool widen(std::size_t index, const std::string& path);
+    PlacedRules withoutRepeated(PlacedRules candidate, std::size_t index);
 
-    PlacedRules m_rules;
-    HasSameEffect m_hasSameEffect;
-    WorkLimit& m_limit;
+    /// Whether a rule with this type and path writes all that another writes.
+    bool reaches(const std::string& featureType, const std::string& path, const MinimalRule& rule);
+
+    Cluster& m_cluster;
+    std::size_t m_part;
+    ReachProbe& m_probe;
+    std::size_t m_mostWork;
 };
 
 }  // namespace customstyle_tool

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 #include <optional>
 #include <set>
 
 #include "customstyle/CustomConfig.h"
+#include "tools/study/Groups.h"
 #include "tools/study/StyleKey.h"
 
 namespace customstyle_tool {
@@ -27,24 +27,10 @@ std::set<std::size_t> sharedBy(const ReplayStep& step) {
     return shared;
 }
 
-class Groups {
-public:
-    Groups() : m_parent(kSharedCount) { std::iota(m_parent.begin(), m_parent.end(), std::size_t{0}); }
-
-    std::size_t groupOf(std::size_t shared) const {
-        while (m_parent[shared] != shared) shared = m_parent[shared];
-        return shared;
-    }
-    void join(std::size_t left, std::size_t right) { m_parent[groupOf(left)] = groupOf(right); }
-
-private:
-    std::vector<std::size_t> m_parent;
-};
-
 }  // namespace
 
 std::vector<std::vector<std::size_t>> independentParts(const std::vector<ReplayStep>& steps) {
-    Groups groups;
+    Groups groups(kSharedCount);
     std::map<std::size_t, std::size_t> sharedByRule;
     const bool isFull = std::ranges::any_of(steps, [](const ReplayStep& step) { return !step.refused.empty(); });
     std::optional<std::size_t> first;

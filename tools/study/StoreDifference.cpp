@@ -1,7 +1,7 @@
 #include "tools/study/StoreDifference.h"
 
-#include <map>
-#include <optional>
+#include <algorithm>
+#include <limits>
 #include <string>
 
 #include "customstyle/StoredRecords.h"
@@ -17,8 +17,8 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::tagCustomStyle;
 
-// The questions that may be answered differently.
-using Questions = std::map<unsigned int, LevelSet>;
+// Stored ids have 31 bits, so that this one is in no store.
+constexpr unsigned int kNeverListed = std::numeric_limits<unsigned int>::max();
 
 LevelSet allLevels() {
     return LevelSet().set();
@@ -31,7 +31,7 @@ LevelSet levelsOfKey(const std::string& key) {
 }
 
 // The questions that the records of a key in `config` answer differently from those in `other`.
-void addQuestionsOfKey(Questions& questions, const std::string& key, const CVMapPtrToPtr& slot,
+void addQuestionsOfKey(LevelsByStyleId& questions, const std::string& key, const CVMapPtrToPtr& slot,
                        const CVMapPtrToPtr* otherSlot) {
     const LevelSet levels = levelsOfKey(key);
     for (const auto& entry : _orvik_framework::StoredRecords(slot)) {
@@ -42,26 +42,20 @@ void addQuestionsOfKey(Questions& questions, const std::string& key, const CVMap
     }
 }
 
-void addQuestions(Questions& questions, const CustomConfig& config, const CustomConfig& other) {
+void addQuestions(LevelsByStyleId& questions, const CustomConfig& config, const CustomConfig& other,
+                  std::optional<int> level) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
+        if (level && parsedKey(key).level != level) continue;
         addQuestionsOfKey(questions, key, *slot, slotOf(other, key));
     }
 }
 
-Questions everyQuestion(const CustomConfig& config) {
-    Questions questions;
+LevelsByStyleId everyQuestion(const CustomConfig& config) {
+    LevelsByStyleId questions;
     for (const unsigned int styleId : mappedStyleIds(config)) questions[styleId] = allLevels();
     unsigned int unlisted = 0;  // what holds for every icon holds for style ids that the mapping does not list, too
     while (questions.contains(unlisted)) ++unlisted;
     questions[unlisted] = allLevels();
-    return questions;
-}
-
-Questions openQuestions(const CustomConfig& left, const CustomConfig& right) {
-    if (left.m_allIconsHidden != right.m_allIconsHidden) return everyQuestion(left);
-    Questions questions;
-    addQuestions(questions, left, right);
-    addQuestions(questions, right, left);
     return questions;
 }
 
@@ -81,7 +75,7 @@ void compareStyleId(Effect& effect, const CustomConfig& left, const CustomConfig
     effect.styleIds += isChanged ? 1 : 0;
 }
 
-Effect compare(const CustomConfig& left, const CustomConfig& right, const Questions& questions) {
+Effect compare(const CustomConfig& left, const CustomConfig& right, const LevelsByStyleId& questions) {
     Effect effect;
     for (const auto& [styleId, levels] : questions) compareStyleId(effect, left, right, styleId, levels);
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
@@ -92,10 +86,43 @@ Effect compare(const CustomConfig& left, const CustomConfig& right, const Questi
     return effect;
 }
 
+bool isSameBackground(const CustomConfig& left, const CustomConfig& right, int level) {
+    return landColor(left, level) == landColor(right, level) && gridColor(left, level) == gridColor(right, level);
+}
+
+bool isSameAnswer(const CustomConfig& left, const CustomConfig& right, unsigned int styleId, int level) {
+    const Answer before = ask(left, styleId, level);
+    const Answer after = ask(right, styleId, level);
+    return isSameStyle(before, after) && before.iconHidden == after.iconHidden;
+}
+
 }  // namespace
 
+LevelsByStyleId openQuestions(const CustomConfig& left, const CustomConfig& right, std::optional<int> level) {
+    LevelsByStyleId questions;
+    addQuestions(questions, left, right, level);
+    addQuestions(questions, right, left, level);
+    return questions;
+}
+
+bool isAnsweredAlike(const CustomConfig& left, const CustomConfig& right, const LevelsByStyleId& questions) {
+    const auto isAlike = [&](const auto& question) {
+        for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+            const int level = levelOfClass(levelClass);
+            if (question.second[levelClass] && !isSameAnswer(left, right, question.first, level)) return false;
+        }
+        return true;
+    };
+    if (!isSameAnswer(left, right, kNeverListed, 0) || !std::ranges::all_of(questions, isAlike)) return false;
+    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+        if (!isSameBackground(left, right, levelOfClass(levelClass))) return false;
+    }
+    return true;
+}
+
 Effect differenceBetween(const CustomConfig& left, const CustomConfig& right) {
-    return compare(left, right, openQuestions(left, right));
+    const bool isEveryIcon = left.m_allIconsHidden != right.m_allIconsHidden;
+    return compare(left, right, isEveryIcon ? everyQuestion(left) : openQuestions(left, right));
 }
 
 Effect fullDifferenceBetween(const CustomConfig& left, const CustomConfig& right) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
+#include <optional>
 
 #include "customstyle/CustomConfig.h"
 #include "tools/vocabulary/Levels.h"
@@ -18,6 +20,20 @@ struct Effect {
 
     bool any() const { return styles.any() || icons.any() || land.any() || grid.any(); }
 };
+
+/// Style ids, each with the level classes to ask about.
+using LevelsByStyleId = std::map<unsigned int, LevelSet>;
+
+/// The questions about style ids that two stores may answer differently. A question about a style id reads nothing but
+/// the records filed under it, and whether the keys of their types are registered.
+/// @param level  look at the keys of this level alone
+LevelsByStyleId openQuestions(const _orvik_framework::CustomConfig& left, const _orvik_framework::CustomConfig& right,
+                              std::optional<int> level = {});
+
+/// Whether two stores answer these questions alike, and those about the backgrounds and about a style id that no
+/// mapping lists.
+bool isAnsweredAlike(const _orvik_framework::CustomConfig& left, const _orvik_framework::CustomConfig& right,
+                     const LevelsByStyleId& questions);
 
 /// Compares every answer of two stores that were loaded with the same mapping: all style ids and one that the mapping
 /// does not list, all 19 level classes, all four questions. The global switch has to be on.

@@ -1,0 +1,99 @@
+#include "tools/minify/Reach.h"
+
+#include "customstyle/StoredRecords.h"
+#include "tools/minify/PartStore.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/DefaultMapping.h"
+#include "tools/study/StyleKey.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/StyleFields.h"
+
+namespace customstyle_tool {
+namespace {
+
+using _orvik_framework::CustomConfig;
+using _orvik_framework::StoredRecords;
+
+// Behind the fields of each type: that it has a style at all.
+constexpr int kNumbersPerType = static_cast<int>(kStyleFieldCount) + 1;
+
+void addFields(Reach& reach, int featureType, const tagCustomStyle& record) {
+    const int first = featureType * kNumbersPerType;
+    reach.insert(first + static_cast<int>(kStyleFieldCount));
+    for (std::size_t i = 0; i < kStyleFieldCount; ++i) {
+        const StyleField& field = styleFields()[i];
+        const bool isWritten = field.applies == nullptr ? valueOf(field, record) != 0 : appliesIn(field, record);
+        if (isWritten) reach.insert(first + static_cast<int>(i));
+    }
+}
+
+constexpr const char* kPaths[] = {"all",      "fill",     "icon",       "labels",     "stroke",       "all.fill",
+                                  "all.icon", "geometry", "all.stroke", "topsurface", "all.geometry", "all.topsurface"};
+
+std::vector<int> typesReachedFrom(int featureType) {
+    const ComponentGuard guard;
+    CustomConfig alone;
+    for (const char* path : kPaths) {
+        const std::string& name = featureTypeNames()[static_cast<std::size_t>(featureType)];
+        const std::vector<MinimalStyler> stylers = {
+            {"color", "#000000"}, {"visibility", "off"}, {"weight", "1"}, {"fontsize", "1"}};
+        alone.ParseCustomConfig(treeOf({name, path, {}, stylers}).get());
+    }
+    std::vector<int> types{featureType};
+    for (const auto& [key, slot] : alone.m_keyStyleMaps) types.push_back(parsedKey(key).featureType);
+    return types;
+}
+
+std::vector<std::vector<int>> typesReachedFromAll() {
+    std::vector<std::vector<int>> reached;
+    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) reached.push_back(typesReachedFrom(type));
+    return reached;
+}
+
+std::set<int> everyType() {
+    std::set<int> types;
+    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) types.insert(type);
+    return types;
+}
+
+}  // namespace
+
+std::span<const char* const> elementPaths() {
+    return kPaths;
+}
+
+ReachProbe::ReachProbe() {
+    m_map.ParseMappingConfig(componentTree(defaultMapping()).get());
+}
+
+const Reach& ReachProbe::of(const std::string& featureType, const std::string& elementType,
+                            const MinimalStyler& styler) {
+    const std::string name = featureType + '\n' + elementType + '\n' + styler.name + '\n' +
+                             (styler.name == "visibility" ? styler.value : std::string());
+    const auto known = m_known.find(name);
+    if (known != m_known.end()) return known->second;
+    return m_known.emplace(name, ask(featureType, elementType, styler)).first->second;
+}
+
+Reach ReachProbe::ask(const std::string& featureType, const std::string& elementType,
+                      const MinimalStyler& styler) const {
+    PartStore store(m_map, everyType());
+    store.load({placed(0, {featureType, elementType, {}, {styler}})});
+    Reach reach;
+    for (const auto& [key, slot] : store.config().m_keyStyleMaps) {
+        for (const auto& entry : StoredRecords(*slot)) addFields(reach, parsedKey(key).featureType, *entry.record);
+    }
+    // The grid's background and every icon belong to no record.
+    if (store.config().m_gridColorSet != 0) reach.insert(-1);
+    if (store.config().m_allIconsHidden != 0) reach.insert(-2);
+    return reach;
+}
+
+const std::vector<int>& typesReachedFrom(const std::string& featureType) {
+    static const std::vector<std::vector<int>> reached = typesReachedFromAll();
+    static const std::vector<int> none;
+    const int type = catalogue().GetFeatureTypeId(featureType);
+    return type == -1 ? none : reached[static_cast<std::size_t>(type)];
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,40 @@
+// What a rule reaches, asked of the component.
+#pragma once
+
+#include <map>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "customstyle/CustomConfig.h"
+#include "tools/minify/MinimalRule.h"
+
+namespace customstyle_tool {
+
+/// Every element path that has a meaning of its own, shortest first.
+std::span<const char* const> elementPaths();
+
+/// Fields of feature types, as numbers.
+using Reach = std::set<int>;
+
+/// Tells what rules reach that stand alone, at all levels.
+class ReachProbe {
+public:
+    ReachProbe();
+
+    /// Every field that the rule writes. Asked again, the answer is remembered.
+    const Reach& of(const std::string& featureType, const std::string& elementType, const MinimalStyler& styler);
+
+private:
+    Reach ask(const std::string& featureType, const std::string& elementType, const MinimalStyler& styler) const;
+
+    _orvik_framework::CustomConfig m_map;  // a style id for each type
+    std::map<std::string, Reach> m_known;
+};
+
+/// The feature types whose styles some rule for a type can change: its own, and that of its labels. Empty for an
+/// unknown type. The component is asked once for each.
+const std::vector<int>& typesReachedFrom(const std::string& featureType);
+
+}  // namespace customstyle_tool

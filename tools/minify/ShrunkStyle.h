@@ -1,0 +1,23 @@
+// A style made small part by part.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/minify/MinimalRule.h"
+#include "tools/study/Surroundings.h"
+
+namespace customstyle_tool {
+
+struct ShrunkStyle {
+    std::vector<MinimalRule> rules;
+    bool isComplete;  ///< false when the style was too long to try everything
+};
+
+/// The rules in fewer words, with the same answers on a map: made small again, they stay as they are.
+///
+/// The rules are split into parts that do not touch each other, and parts whose answers depend on each other into
+/// clusters, which are spread. The component has to be guarded, see ComponentGuard.
+ShrunkStyle shrunkStyle(const std::vector<MinimalRule>& rules, const std::string& mapping, const Spread& spread);
+
+}  // namespace customstyle_tool
