@@ -1,0 +1,181 @@
+// What dump and explain tell: the answers, and who gave them.
+#include <algorithm>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <random>
+
+#include "tests/model_check/ModelTables.h"
+#include "tests/properties/Answers.h"
+#include "tests/properties/Properties.h"
+#include "tests/properties/Tool.h"
+#include "tests/properties/Writes.h"
+
+namespace customstyle_test::properties {
+namespace {
+
+using Json = nlohmann::json;
+
+const std::map<std::string, std::string> kFieldNames = {
+    {"fillColor", "fill"},
+    {"borderColor", "stroke"},
+    {"topSurfaceColor", "top_surface"},
+    {"textFillColor", "text_fill"},
+    {"textStrokeColor", "text_stroke"},
+    {"fillWeight", "fill_weight"},
+    {"borderWeight", "stroke_weight"},
+    {"textFillWeight", "text_fill_weight"},
+    {"textStrokeWeight", "text_stroke_weight"},
+    {"fontSize", "font_size"},
+};
+
+std::uint64_t numberIn(const model::Record& record, const std::string& field) {
+    const auto found = record.find(field);
+    return found == record.end() ? 0 : found->second;
+}
+
+Json colourJson(std::uint64_t colour) {
+    char text[8];
+    std::snprintf(text, sizeof text, "#%02x%02x%02x", static_cast<unsigned>(colour & 255),
+                  static_cast<unsigned>(colour >> 8 & 255), static_cast<unsigned>(colour >> 16 & 255));
+    return {{"rgb", text}, {"alpha", colour >> 24}};
+}
+
+Json valueJson(const std::string& field, std::uint64_t value) {
+    return field.ends_with("Color") ? colourJson(value) : Json(value);
+}
+
+Json colourJson(const std::optional<std::uint64_t>& colour) {
+    return colour ? colourJson(*colour) : Json();
+}
+
+// The values that apply, under the tools' names.
+Json valuesOf(const Answer& answer) {
+    Json values = Json::object();
+    if (answer.record == nullptr) return values;
+    for (const auto& [field, name] : kFieldNames) {
+        if (numberIn(*answer.record, field + "Set") != 0) {
+            values[name] = valueJson(field, numberIn(*answer.record, field));
+        }
+    }
+    return values;
+}
+
+Json nameOf(int featureType) {
+    return featureType == -1 ? Json() : Json(model::kNames[static_cast<std::size_t>(featureType)]);
+}
+
+std::string iconText(const Answer& answer) {
+    return answer.isIconHidden ? "hidden" : "shown";
+}
+
+bool holdsLevel(const Json& levels, std::size_t levelClass) {
+    const Json level = levelClass == kLevelClasses - 1 ? Json("other") : Json(levelOf(levelClass));
+    return std::ranges::find(levels, level) != levels.end();
+}
+
+Trial withMapping(const Trial& trial) {
+    Trial mapped = trial;
+    if (mapped.mapping) return mapped;
+    mapped.mapping.emplace();
+    for (int type = 0; type < 72; ++type) mapped.mapping->push_back({1000 + type});
+    return mapped;
+}
+
+// ---- dump -----------------------------------------------------------------------------------------------------------
+
+std::optional<Failure> rowFails(const Json& row, const Answers& answers) {
+    const std::vector<unsigned>& ids = answers.map().styleIds;
+    const auto at = std::ranges::find(ids, row.at("id").get<unsigned>());
+    if (at == ids.end()) return Failure{"dump tells of mapped style ids", row.dump()};
+    for (std::size_t levelClass = 0; levelClass < kLevelClasses; ++levelClass) {
+        if (!holdsLevel(row.at("levels"), levelClass)) continue;
+        const Answer& answer = answers.of(static_cast<std::size_t>(at - ids.begin()), levelClass);
+        if (row.at("feature_type") != nameOf(answer.featureType) || row.at("style") != valuesOf(answer) ||
+            row.at("icon") != iconText(answer)) {
+            return Failure{"dump tells what the renderer receives", row.dump()};
+        }
+    }
+    return {};
+}
+
+// ---- explain --------------------------------------------------------------------------------------------------------
+
+class ExplainedAnswer {
+public:
+    ExplainedAnswer(const Trial& trial, const Json& explanation) : m_trial(trial), m_json(explanation) {}
+
+    std::optional<Failure> fails(const Answers& answers, std::size_t styleId, std::size_t levelClass) const {
+        const Answer& answer = answers.of(styleId, levelClass);
+        const Json values = valuesOf(answer);
+        if (m_json.at("feature_type") != nameOf(answer.featureType)) return Failure{"explain names the type", told()};
+        for (const auto& [field, name] : kFieldNames) {
+            const Json& topic = m_json.at(name);
+            if (topic.at("value") != (values.contains(name) ? values.at(name) : Json())) {
+                return Failure{"explain tells the renderer's values", name + " in " + told()};
+            }
+            if (!topic.at("from").is_null() && !wrote(topic.at("from"), field)) {
+                return Failure{"explain names a rule that wrote the value", name + " in " + told()};
+            }
+        }
+        if (m_json.at("icon").at("value") != iconText(answer)) {
+            return Failure{"explain tells whether the icon is hidden", told()};
+        }
+        if (m_json.at("land_background").at("value") != colourJson(answers.land(levelClass)) ||
+            m_json.at("grid_background").at("value") != colourJson(answers.grid())) {
+            return Failure{"explain tells the backgrounds", told()};
+        }
+        return {};
+    }
+
+private:
+    std::string told() const { return m_json.dump(1); }
+
+    bool wrote(const Json& from, const std::string& field) const {
+        const Rule& rule = m_trial.rules.at(from.at("rule").get<std::size_t>() - 1);
+        const std::set<Write> writes = writesOf(rule, from.at("styler").get<std::string>());
+        return writes.contains({from.at("written_to").at("key").get<std::string>(), field});
+    }
+
+    const Trial& m_trial;
+    const Json& m_json;
+};
+
+}  // namespace
+
+std::optional<Failure> dumpHolds(const Trial& given) {
+    const Trial trial = withMapping(given);
+    std::vector<std::string> words = {"dump", "--format", "json", "--style",
+                                      fileWith("style.json", written(trial.rules).text)};
+    for (const std::string& word : mappingArguments(trial)) words.push_back(word);
+    const Json json = Json::parse(runTool(words).out);
+    const Map map = mapWith(*trial.mapping);
+    const Answers answers(map, trial.rules);
+    for (const Json& row : json.at("styles")) {
+        if (auto failure = rowFails(row, answers)) return failure;
+    }
+    return {};
+}
+
+std::optional<Failure> explainHolds(const Trial& given) {
+    const Trial trial = withMapping(given);
+    const Map map = mapWith(*trial.mapping);
+    const Answers answers(map, trial.rules);
+    std::vector<std::pair<std::size_t, std::size_t>> styled;  // index of the style id, level class
+    for (std::size_t i = 0; i < map.styleIds.size(); ++i) {
+        for (std::size_t levelClass = 0; levelClass < kLevelClasses; ++levelClass) {
+            if (answers.of(i, levelClass).featureType != -1) styled.emplace_back(i, levelClass);
+        }
+    }
+    if (styled.empty()) styled.emplace_back(0, 0);
+    std::mt19937 random(trial.variant);
+    const auto [styleId, levelClass] = styled[random() % styled.size()];
+    std::vector<std::string> words = {"explain", "--format", "json", "--style",
+                                      fileWith("style.json", written(trial.rules).text)};
+    for (const std::string& word : mappingArguments(trial)) words.push_back(word);
+    words.insert(words.end(),
+                 {"--id", std::to_string(map.styleIds[styleId]), "--level", std::to_string(levelOf(levelClass))});
+    const Json json = Json::parse(runTool(words).out).at("explanations").at(0);
+    return ExplainedAnswer(trial, json).fails(answers, styleId, levelClass);
+}
+
+}  // namespace customstyle_test::properties

@@ -1,0 +1,52 @@
+#include "tests/properties/Writes.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace customstyle_test::properties {
+namespace {
+
+constexpr const char* kTurns[] = {"color", "visibility", "weight", "fontsize"};
+
+bool isStyler(const std::string& name) {
+    return std::ranges::find(kTurns, name) != std::end(kTurns);
+}
+
+// A value of 0 shows by its flag. Icons have none: an icon shown again only shows where it was hidden.
+void addWrites(std::set<Write>& writes, const Rule& rule, bool iconsHidden) {
+    model::StyleModel model;
+    for (int type = 0; type <= 72; ++type) {
+        model.base[type][1] = {};
+        if (iconsHidden) model.base[type][1] = {{"iconHidden", 1}};
+    }
+    model.apply(rule);
+    for (const auto& [key, records] : model.slots) {
+        const model::Record& record = records.at(1);
+        for (const auto& [field, value] : record) {
+            if (field.ends_with("Set")) writes.emplace(key, field.substr(0, field.size() - 3));
+        }
+        if (record.contains("iconHidden") != iconsHidden) writes.emplace(key, "iconHidden");
+    }
+    if (model.gridColour) writes.emplace("grid", "colour");
+    if (model.everyIconHidden) writes.emplace("all", "icon");
+}
+
+}  // namespace
+
+std::set<Write> writesOf(const Rule& rule, const std::string& styler) {
+    Rule alone = rule;
+    if (alone.stylers && !styler.empty()) {
+        std::erase_if(*alone.stylers,
+                      [&](const auto& member) { return isStyler(member.first) && member.first != styler; });
+    }
+    std::set<Write> writes;
+    addWrites(writes, alone, false);
+    addWrites(writes, alone, true);
+    return writes;
+}
+
+std::size_t turnOf(const std::string& styler) {
+    return static_cast<std::size_t>(std::ranges::find(kTurns, styler) - std::begin(kTurns));
+}
+
+}  // namespace customstyle_test::properties

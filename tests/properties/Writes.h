@@ -1,0 +1,22 @@
+// What a styler writes, by the model of the component.
+#pragma once
+
+#include <set>
+#include <string>
+#include <utility>
+
+#include "tests/properties/Trial.h"
+
+namespace customstyle_test::properties {
+
+/// A style key, "13" or "13:15", and a field of its records; "grid" and "all" for what has no record.
+using Write = std::pair<std::string, std::string>;
+
+/// Everything that one styler of a rule writes where nothing stands in its way.
+/// @param styler  its name; empty for all
+std::set<Write> writesOf(const Rule& rule, const std::string& styler);
+
+/// The place of a styler in the order in which the component applies those of a rule.
+std::size_t turnOf(const std::string& styler);
+
+}  // namespace customstyle_test::properties
