@@ -245,6 +245,10 @@ std::string complete(const Json& /*request*/) {
     return vocabularyJson();
 }
 
+std::string takes(const Json& /*request*/) {
+    return takesJson();
+}
+
 struct Method {
     std::string_view name;
     std::string (*answer)(const Json& request);
@@ -253,7 +257,7 @@ struct Method {
 constexpr std::array kMethods{Method{"mapping", setMapping}, Method{"load", load},       Method{"answers", answers},
                               Method{"check", check},        Method{"explain", explain}, Method{"diff", diff},
                               Method{"effect", effect},      Method{"format", format},   Method{"minify", minify},
-                              Method{"complete", complete}};
+                              Method{"complete", complete},  Method{"takes", takes}};
 
 }  // namespace
 

@@ -2,6 +2,8 @@
 
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <vector>
 
 #include "tools/study/Answers.h"
 #include "tools/vocabulary/JsonParts.h"
@@ -32,11 +34,14 @@ class RecordList {
 public:
     explicit RecordList(const CustomConfig& config) : m_config(config) {}
 
+    // Neighbouring levels mostly have the same answer, and comparing is cheaper than writing.
     std::size_t indexOf(const Answer& answer) {
-        std::string text = recordJson(m_config, answer).dump();
-        const auto [known, isNew] = m_indexes.try_emplace(std::move(text), m_texts.size());
-        if (isNew) m_texts.push_back(&known->first);
-        return known->second;
+        const bool isRepeated = m_last && m_last->iconHidden == answer.iconHidden && isSameStyle(*m_last, answer);
+        if (!isRepeated) {
+            m_lastIndex = newIndexOf(answer);
+            m_last = answer;
+        }
+        return m_lastIndex;
     }
 
     std::string text() const {
@@ -46,9 +51,18 @@ public:
     }
 
 private:
+    std::size_t newIndexOf(const Answer& answer) {
+        std::string text = recordJson(m_config, answer).dump();
+        const auto [known, isNew] = m_indexes.try_emplace(std::move(text), m_texts.size());
+        if (isNew) m_texts.push_back(&known->first);
+        return known->second;
+    }
+
     const CustomConfig& m_config;
     std::map<std::string, std::size_t> m_indexes;
     std::vector<const std::string*> m_texts;
+    std::optional<Answer> m_last;
+    std::size_t m_lastIndex = 0;
 };
 
 template <typename Ask>

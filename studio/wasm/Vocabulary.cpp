@@ -49,7 +49,7 @@ Json elementsIn(const std::vector<ElementClass>& classes) {
     return list;
 }
 
-Json takesJson() {
+Json takesTable() {
     Json list = Json::array();
     for (const auto& group : customstyle_tool::typeGroups()) {
         for (const auto& column : group.columns) {
@@ -65,9 +65,12 @@ Json takesJson() {
 }  // namespace
 
 std::string vocabularyJson() {
-    const Json vocabulary{
-        {"types", typesJson()}, {"elements", elementsJson()}, {"stylers", stylersJson()}, {"takes", takesJson()}};
+    const Json vocabulary{{"types", typesJson()}, {"elements", elementsJson()}, {"stylers", stylersJson()}};
     return vocabulary.dump();
+}
+
+std::string takesJson() {
+    return Json{{"takes", takesTable()}}.dump();
 }
 
 }  // namespace customstyle_studio

@@ -108,7 +108,8 @@ test('a rule has the effect of the difference without it', () => {
 });
 
 test('the words of the language are complete', () => {
-  const {types, elements, stylers, takes} = component.answer({method: 'complete'});
+  const {types, elements, stylers} = component.answer({method: 'complete'});
+  const {takes} = component.answer({method: 'takes'});
   assert.deepEqual([types.length, stylers.length], [73, 5]);
   assert.ok(elements.some(({word}) => word === 'geometry.fill'));
   assert.ok(takes.some((row) => row.types.includes('highway') && row.styler === 'weight' && row.elements.length > 0));

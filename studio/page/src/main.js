@@ -50,10 +50,13 @@ class Studio {
     this.answers = answers.error ? null : answers;
     this.map = new CityMap(at('map'), {...this.city, camera: recall('camera') ?? undefined, answers: this.answers});
     this.map.whenDrawn(() => (this.timings.first = performance.now()));
-    this.createEditor(await vocabulary, examples);
+    const words = {takes: [], ...(await vocabulary)};
+    this.createEditor(words, examples);
     this.connect(examples);
     this.drawPanels();
     await this.refresh();
+    const {takes} = await this.ask({method: 'takes'});
+    if (takes) words.takes = takes;
   }
 
   // What was typed last, the style of the link, or an example.
