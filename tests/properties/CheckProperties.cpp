@@ -31,8 +31,7 @@ Part partAt(const WrittenStyle& style, const Json& range) {
 
 Rules without(Rules rules, std::vector<Part> parts) {
     std::ranges::sort(parts, std::greater<>());
-    const auto repeated = std::ranges::unique(parts);
-    parts.erase(repeated.begin(), repeated.end());
+    parts.erase(std::unique(parts.begin(), parts.end()), parts.end());
     for (const auto& [rule, styler] : parts) {
         const auto at = rules.begin() + static_cast<std::ptrdiff_t>(rule);
         if (!styler) {
