@@ -4,6 +4,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <limits>
 #include <new>
 #include <string_view>
 
@@ -76,8 +79,15 @@ std::string member(std::string_view name, std::string_view value) {
     return fmt::format("{}:{}", jsonText(name), jsonText(value));
 }
 
+// Ends as operator new has it end when memory runs out, also where nothing can be thrown.
+void endWithoutMemory() {
+    constexpr std::size_t kMoreThanAnyHeapHas = std::numeric_limits<std::ptrdiff_t>::max();
+    ::operator delete(::operator new(kMoreThanAnyHeapHas));
+    std::abort();
+}
+
 void addText(cJSON* object, const char* name, const std::string& value) {
-    if (cJSON_AddStringToObject(object, name, value.c_str()) == nullptr) throw std::bad_alloc();
+    if (cJSON_AddStringToObject(object, name, value.c_str()) == nullptr) endWithoutMemory();
 }
 
 }  // namespace
@@ -99,12 +109,12 @@ std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earli
 Tree treeOf(const MinimalRule& rule) {
     Tree list(cJSON_CreateArray());
     cJSON* const object = cJSON_CreateObject();
-    if (list == nullptr || object == nullptr) throw std::bad_alloc();
+    if (list == nullptr || object == nullptr) endWithoutMemory();
     cJSON_AddItemToArray(list.get(), object);
     addText(object, "featureType", rule.featureType);
     addText(object, "elementType", rule.elementType);
     cJSON* const stylers = cJSON_AddObjectToObject(object, "stylers");
-    if (stylers == nullptr) throw std::bad_alloc();
+    if (stylers == nullptr) endWithoutMemory();
     for (const auto& [name, value] : rule.stylers) addText(stylers, name.c_str(), value);
     if (rule.level) addText(stylers, "level", std::to_string(*rule.level));
     return list;
