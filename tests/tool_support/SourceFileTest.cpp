@@ -31,8 +31,8 @@ TEST(ProblemOfFile, TellsWhatStandsUnderThePathAndWhatIsMissing) {
     EXPECT_EQ(reasonOf(""), "\"\": there is no such file; give the path of a style file");
 }
 
-TEST(ProblemOfFile, TellsThatADashDoesNotMeanStandardInput) {
-    EXPECT_EQ(reasonOf("-"), "-: standard input is not read; give the path of a style file");
+TEST(ProblemOfFile, IsNoneForTheDashThatMeansStandardInput) {
+    EXPECT_EQ(reasonOf("-"), "none");
 }
 
 TEST(ProblemOfFile, TellsALinkThatLeadsNowhereFromAFile) {
