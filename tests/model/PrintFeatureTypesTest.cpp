@@ -32,10 +32,11 @@ TEST(PrintFeatureTypes, ChangesNothing) {
 
 TEST(PrintFeatureTypes, PassesOverAbsentRecords) {
     CustomConfig config;
-    config.m_typeStyleMaps[13][recordKey(1)] = nullptr;
-    config.m_typeStyleMaps[13][recordKey(-2)] = nullptr;
+    _orvik_vi::CVMapPtrToPtr& records = config.m_typeStyleMaps[13];
+    records[recordKey(1)] = nullptr;
+    records[recordKey(-2)] = nullptr;
     config.PrintAllFeartureType();
-    EXPECT_EQ(config.m_typeStyleMaps[13].GetCount(), 2);
+    EXPECT_EQ(records.GetCount(), 2);
 }
 
 TEST(PrintFeatureTypes, DoesNotVisitAll) {

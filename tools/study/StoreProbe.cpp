@@ -40,9 +40,9 @@ void setIcon(const CustomConfig& config, int featureType, int level, unsigned in
 
 }  // namespace
 
-StoreProbe::StoreProbe(const StyleStudy& style) {
-    m_icons = storeOf(style.mapping().text(), style.source().text());
-    m_land = storeOf(style.mapping().text(), style.source().text());
+StoreProbe::StoreProbe(const StyleStudy& style)
+    : m_icons(storeOf(style.mapping().text(), style.source().text())),
+      m_land(storeOf(style.mapping().text(), style.source().text())) {
     showEveryIcon(*m_icons);
     nameLandRecords(*m_land);
 }
