@@ -78,14 +78,14 @@ function(customstyle_library_settings target)
   endif()
 endfunction()
 
-# Headers for users stand in include/customstyle/ beside the sources; the others are seen by the library alone.
-function(customstyle_library_headers target)
-  target_include_directories(${target}
-    PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
-    PRIVATE ${PROJECT_SOURCE_DIR}/sdkengine/src/app/map)
-endfunction()
-
-# For tests and benchmarks of what users do not see.
+# For what users do not see: the libraries themselves, tests and benchmarks.
 function(customstyle_private_headers target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/sdkengine/src/app/map)
+endfunction()
+
+# Headers for users stand in include/customstyle/ beside the sources; the others are seen by the library alone.
+function(customstyle_library_headers target)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  customstyle_private_headers(${target})
 endfunction()
