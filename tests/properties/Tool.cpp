@@ -9,8 +9,7 @@
 #include <stdexcept>
 
 #include "tests/support/TemporaryDirectory.h"
-
-int customstyleMain(int argumentCount, char** arguments);
+#include "tools/customstyle/Program.h"
 
 namespace customstyle_test::properties {
 namespace {
@@ -53,14 +52,9 @@ const TemporaryDirectory& directory() {
 }  // namespace
 
 Run runTool(const std::vector<std::string>& arguments) {
-    std::vector<std::string> words = {"customstyle"};
-    words.insert(words.end(), arguments.begin(), arguments.end());
-    std::vector<char*> pointers;
-    for (std::string& word : words) pointers.push_back(word.data());
-    pointers.push_back(nullptr);
     Caught out(stdout);
     Caught err(stderr);
-    const int status = customstyleMain(static_cast<int>(words.size()), pointers.data());
+    const int status = customstyle_tool::runProgram(arguments);
     return {status, out.text(), err.text()};
 }
 
