@@ -141,7 +141,7 @@ Hiding recordsOutOfUse(const StyleFindings& found) {
     return hiding;
 }
 
-std::string atLevels(const LevelSet& levels) {
+std::string atSomeLevels(const LevelSet& levels) {
     return levels.all() ? "" : fmt::format(" at levels {}", levelsText(levels));
 }
 
@@ -150,7 +150,7 @@ void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
         Finding& finding = found.add(
             Code::HiddenByRule, found.steps()[victim],
             fmt::format("the {} that it gives \"{}\" is not drawn{}: {} takes it out of use", fieldNames(fields),
-                        catalogue().GetFeatureTypeName(out.featureType), atLevels(out.levels), found.nameOf(culprit)));
+                        catalogue().GetFeatureTypeName(out.featureType), atSomeLevels(out.levels), found.nameOf(culprit)));
         finding.remedy = fmt::format("correct the element of {}", found.nameOf(culprit));
         finding.related.push_back(found.placeOf(culprit, "taken out of use here"));
     }

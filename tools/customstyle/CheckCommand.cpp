@@ -461,7 +461,7 @@ Command checkCommand() {
             .run = [arguments] { return check(*arguments); }};
 }
 
-const Registration registration(checkCommand);
+const Registration checkRegistration(checkCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

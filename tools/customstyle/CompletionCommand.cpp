@@ -35,7 +35,7 @@ Command completionCommand() {
             .run = [shell] { return printCompletion(*shell); }};
 }
 
-const Registration registration(completionCommand);
+const Registration completionRegistration(completionCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

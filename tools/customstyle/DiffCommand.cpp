@@ -58,7 +58,7 @@ Command diffCommand() {
         .run = [arguments] { return diff(*arguments); }};
 }
 
-const Registration registration(diffCommand);
+const Registration diffRegistration(diffCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

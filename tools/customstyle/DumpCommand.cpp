@@ -197,7 +197,7 @@ Command dumpCommand() {
     return command;
 }
 
-const Registration registration(dumpCommand);
+const Registration dumpRegistration(dumpCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -168,7 +168,7 @@ Command explainCommand() {
     return command;
 }
 
-const Registration registration(explainCommand);
+const Registration explainRegistration(explainCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

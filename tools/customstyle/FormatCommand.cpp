@@ -136,7 +136,7 @@ Command formatCommand() {
             .run = [arguments] { return format(*arguments); }};
 }
 
-const Registration registration(formatCommand);
+const Registration formatRegistration(formatCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -54,7 +54,7 @@ Command listCommand() {
         .run = [arguments] { return list(*arguments); }};
 }
 
-const Registration registration(listCommand);
+const Registration listRegistration(listCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -76,7 +76,7 @@ Command manualCommand() {
             .isHidden = true};
 }
 
-const Registration registration(manualCommand);
+const Registration manualRegistration(manualCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -92,7 +92,7 @@ Command minifyCommand() {
             .run = [arguments] { return minify(*arguments); }};
 }
 
-const Registration registration(minifyCommand);
+const Registration minifyRegistration(minifyCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

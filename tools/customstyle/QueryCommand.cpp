@@ -81,7 +81,7 @@ Command queryCommand() {
     return command;
 }
 
-const Registration registration(queryCommand);
+const Registration queryRegistration(queryCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -29,7 +29,7 @@ Command schemaCommand() {
         .run = printSchema};
 }
 
-const Registration registration(schemaCommand);
+const Registration schemaRegistration(schemaCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -155,7 +155,7 @@ Command testCommand() {
             .run = [arguments] { return test(*arguments); }};
 }
 
-const Registration registration(testCommand);
+const Registration testRegistration(testCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "tools/json/LineIndex.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
@@ -231,7 +232,6 @@ void parseLine(ExpectationFile& result, std::vector<Word> words, const Mapping& 
 ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping) {
     ExpectationFile result;
     const std::string_view text = file.text();
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     for (std::size_t begin = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
          begin < text.size() && result.problems.size() < kMostProblems;) {
         const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());

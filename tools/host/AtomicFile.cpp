@@ -14,7 +14,7 @@ namespace customstyle_tool {
 namespace {
 
 namespace fs = std::filesystem;
-using Problem = std::optional<std::string>;
+using WriteProblem = std::optional<std::string>;
 
 constexpr int kLinkLimit = 40;
 constexpr int kNameLimit = 100;
@@ -23,7 +23,7 @@ std::string lastError() {
     return std::generic_category().message(errno);
 }
 
-Problem problemOf(const fs::path& path, std::string_view reason) {
+WriteProblem problemOf(const fs::path& path, std::string_view reason) {
     return fmt::format("{}: cannot be written: {}", path.string(), reason);
 }
 
@@ -39,7 +39,7 @@ fs::path behindLinks(fs::path path) {
 }
 
 // What stands in the way of replacing what is there now.
-Problem problemOfTarget(const fs::path& path, const fs::path& target) {
+WriteProblem problemOfTarget(const fs::path& path, const fs::path& target) {
     std::error_code error;
     const fs::file_status status = fs::status(target, error);
     if (status.type() == fs::file_type::not_found) return {};
@@ -119,7 +119,7 @@ private:
 
 std::optional<std::string> writeWhole(const std::string& path, std::string_view content) {
     const fs::path target = behindLinks(path);
-    if (Problem problem = problemOfTarget(path, target)) return problem;
+    if (WriteProblem problem = problemOfTarget(path, target)) return problem;
     Draft draft(target);
     if (!draft.isOpen() || !draft.fill(content) || !draft.takePlace()) return problemOf(path, lastError());
     return {};

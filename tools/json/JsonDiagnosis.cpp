@@ -25,7 +25,7 @@ constexpr std::string_view kWrongQuotes[] = {
     "'", "`", "\xE2\x80\x98", "\xE2\x80\x99", "\xE2\x80\x9C", "\xE2\x80\x9D", "\xC2\xAB", "\xC2\xBB",
 };
 
-constexpr std::string_view kWords[] = {"true", "false", "null"};
+constexpr std::string_view kLiteralNames[] = {"true", "false", "null"};
 
 template <std::size_t Count>
 bool beginsWithAny(std::string_view text, const std::string_view (&beginnings)[Count]) {
@@ -64,7 +64,7 @@ bool isComment(std::string_view text) {
 
 bool isWordInCapitals(std::string_view word) {
     const auto isWord = [word](std::string_view small) { return equalIgnoringCase(word, small); };
-    return std::ranges::any_of(kWords, isWord);
+    return std::ranges::any_of(kLiteralNames, isWord);
 }
 
 MaybeError endOfText(const StuckPlace& place) {

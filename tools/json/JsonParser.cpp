@@ -7,13 +7,13 @@
 #include "tools/json/JsonDiagnosis.h"
 #include "tools/json/JsonScalars.h"
 #include "tools/json/JsonTree.h"
+#include "tools/json/LineIndex.h"
 
 namespace customstyle_tool {
 namespace {
 
 constexpr std::size_t kNestingLimit = 1000;
 constexpr std::size_t kMostErrors = 100;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kShortestTextWithByteOrderMark = 5;
 
 using Index = std::uint32_t;  // of a node

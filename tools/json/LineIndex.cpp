@@ -5,8 +5,6 @@
 namespace customstyle_tool {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 // Known counts stand this many bytes apart, so that a column in a very long line takes no longer than in a short one.
 constexpr std::size_t kBlockSize = 4096;
 

@@ -7,6 +7,9 @@
 
 namespace customstyle_tool {
 
+/// What some editors write at the start of a UTF-8 text.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 /// A place as editors count it: everything from 1.
 struct LinePosition {
     std::size_t line;

@@ -30,7 +30,7 @@ void addFields(Reach& reach, int featureType, const tagCustomStyle& record) {
 constexpr const char* kPaths[] = {"all",      "fill",     "icon",       "labels",     "stroke",       "all.fill",
                                   "all.icon", "geometry", "all.stroke", "topsurface", "all.geometry", "all.topsurface"};
 
-std::vector<int> typesReachedFrom(int featureType) {
+std::vector<int> typesReachedFromType(int featureType) {
     const ComponentGuard guard;
     CustomConfig alone;
     for (const char* path : kPaths) {
@@ -46,7 +46,7 @@ std::vector<int> typesReachedFrom(int featureType) {
 
 std::vector<std::vector<int>> typesReachedFromAll() {
     std::vector<std::vector<int>> reached;
-    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) reached.push_back(typesReachedFrom(type));
+    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) reached.push_back(typesReachedFromType(type));
     return reached;
 }
 

@@ -43,7 +43,7 @@ constexpr Synonym kTypes[] = {
     {"administrative", "boundary"},
 };
 
-constexpr Synonym kStylers[] = {
+constexpr Synonym kStylerWords[] = {
     {"hue", "color"},          {"fill", "color"},         {"stroke", "color"},      {"opacity", "color"},
     {"alpha", "color"},        {"saturation", "color"},   {"lightness", "color"},   {"width", "weight"},
     {"thickness", "weight"},   {"size", "fontsize"},      {"font", "fontsize"},     {"textsize", "fontsize"},
@@ -82,7 +82,7 @@ std::optional<std::string> meantFeatureType(std::string_view word) {
 }
 
 std::optional<std::string> meantStyler(std::string_view word) {
-    return meant(word, stylerMembers(), kStylers);
+    return meant(word, stylerMembers(), kStylerWords);
 }
 
 }  // namespace customstyle_tool
