@@ -13,3 +13,9 @@ function(customstyle_add_test name)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   customstyle_test_environment(${name})
 endfunction()
+
+# customstyle_run_once(<test>...): tests that run programs of others, or thousands of styles. script/test runs them on the
+# release, and leaves them out under the sanitizers.
+function(customstyle_run_once)
+  set_tests_properties(${ARGN} PROPERTIES LABELS once)
+endfunction()
