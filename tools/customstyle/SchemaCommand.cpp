@@ -1,4 +1,5 @@
 // customstyle schema: a JSON Schema for editors.
+#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "tools/customstyle/Command.h"
@@ -8,12 +9,13 @@
 namespace customstyle_tool {
 namespace {
 
-int printSchema() {
-    print(styleSchema().dump(2) + "\n");
+int printSchema(SchemaWords words) {
+    print(styleSchema(words).dump(2) + "\n");
     return kGood;
 }
 
 Command schemaCommand() {
+    const auto isForEditor = std::make_shared<bool>(false);
     return {
         .name = "schema",
         .purpose = Purpose::SetUp,
@@ -23,10 +25,17 @@ Command schemaCommand() {
                         "customstyle check.",
                         "For Visual Studio Code, in .vscode/settings.json:",
                         "  \"json.schemas\": [{\"fileMatch\": [\"styles/*.json\"], \"url\": "
-                        "\"./style.schema.json\"}]"},
+                        "\"./style.schema.json\"}]",
+                        "Without --editor the schema has words of the standard only, so that a strict validator takes "
+                        "it as it is. Both forms accept the same styles."},
+        .options = {{.names = "--editor",
+                     .help = "Add what editors with VS Code's JSON service understand: colour pickers, a remedy in "
+                             "each message, descriptions of values, and a new rule",
+                     .target = isForEditor.get()}},
         .statuses = {{0, "The schema is printed"}, {2, "Wrong usage"}},
-        .examples = {{"make a schema file", "customstyle schema > style.schema.json"}},
-        .run = printSchema};
+        .examples = {{"make a schema file for an editor", "customstyle schema --editor > style.schema.json"},
+                     {"for a validator", "customstyle schema > style.schema.json"}},
+        .run = [isForEditor] { return printSchema(*isForEditor ? SchemaWords::Editors : SchemaWords::Standard); }};
 }
 
 const Registration schemaRegistration(schemaCommand);

@@ -5,8 +5,14 @@
 
 namespace customstyle_tool {
 
-/// A JSON Schema, draft 2020-12, for editors: completes names and underlines what loading would log or drop. Made by
-/// asking the component, so it says what this very version does.
-nlohmann::ordered_json styleSchema();
+/// Which words a schema uses.
+enum class SchemaWords {
+    Standard,  ///< those of JSON Schema, so that a strict validator takes it as it is
+    Editors,   ///< also messages, colour pickers and a new rule, as editors with VS Code's JSON service know them
+};
+
+/// A JSON Schema, draft 2020-12: completes names in editors and finds what loading would log or drop. Made by asking
+/// the component, so it says what this very version does. Both forms accept the same styles.
+nlohmann::ordered_json styleSchema(SchemaWords words = SchemaWords::Standard);
 
 }  // namespace customstyle_tool
