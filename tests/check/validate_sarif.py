@@ -38,6 +38,10 @@ def is_uri(value):
     return is_text(value) and re.fullmatch(r"[A-Za-z0-9\-._~:/?#\[\]@!$&'()*+,;=%]*", value) is not None
 
 
+def is_absolute_uri(value):
+    return is_uri(value) and re.match(r"[A-Za-z][A-Za-z0-9+.-]*:.", value) is not None
+
+
 def in_set(values):
     return lambda value: value in values
 
@@ -55,7 +59,7 @@ REQUIRED = {
     "log": {"version": in_set({"2.1.0"}), "runs": is_list},
     "run": {"tool": is_object, "columnKind": in_set({"unicodeCodePoints"}), "results": lambda v: isinstance(v, list)},
     "driver": {"name": is_text, "version": is_text, "rules": is_list},
-    "rule": {"id": is_text, "shortDescription": is_object, "help": is_object, "defaultConfiguration": is_object},
+    "rule": {"id": is_text, "helpUri": is_absolute_uri, "shortDescription": is_object, "help": is_object, "defaultConfiguration": is_object},
     "message": {"text": is_text},
     "configuration": {"level": in_set(LEVELS)},
     "result": {"ruleId": is_text, "ruleIndex": from_number(0), "level": in_set(LEVELS), "message": is_object,
@@ -79,6 +83,7 @@ OPTIONAL = {
     "run": {"invocations": is_list},
     "invocation": {"toolExecutionNotifications": lambda v: isinstance(v, list)},
     "notification": {"level": in_set(LEVELS)},
+    "message": {"markdown": is_text},
     "replacement": {"insertedContent": is_object},
     "result": {"relatedLocations": is_list, "fixes": is_list, "partialFingerprints": is_object},
     "location": {"logicalLocations": is_list, "message": is_object},

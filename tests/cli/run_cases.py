@@ -12,7 +12,7 @@ A table is a text of cases:
     [1]                     the exit status, where it is not 0
 
 A case may have several files and commands; they run one after the other in bash, in an empty directory with
-copies of the examples' styles and map, and of the folder "data" beside the table. A line that starts with # is a remark.
+copies of the examples' styles, variants and map, and of the folder "data" beside the table. A line that starts with # is a remark.
 With UPDATE=1 in the environment the table is written anew from what the tool does: read the difference before you keep it.
 """
 import os
@@ -87,7 +87,7 @@ def run(command, directory, tool):
 
 
 def prepare(case, directory):
-    for folder in ("styles", "map"):  # copies, because commands write
+    for folder in ("styles", "map", "variants"):  # copies, because commands write
         shutil.copytree(HERE.parent.parent / "examples" / folder, directory / "examples" / folder)
     shutil.copytree(HERE / "data", directory / "data")
     for name, content in case.files.items():

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """terminal.py TOOL: what the tool shows in a terminal, and only there: how far the proofs of a long check have come, and
-colours in explanations, unless the user wants none.
+colours in explanations and differences, unless the user wants none.
 """
 import json
 import os
@@ -52,12 +52,24 @@ def try_progress(tool, style):
     expect(piped.stderr == "", "progress is shown in a pipe", piped.stderr)
 
 
+def try_colours_of_diff(tool, style, other):
+    diff = [tool, "diff", other, style]
+    shown = in_terminal(diff)
+    expect("\x1b[48;2;0;0;1m" in shown and "\x1b[1mwater" in shown, "no colour is shown", shown)
+    plain = in_terminal(diff, TERM="dumb")
+    expect("#000001" in plain and "\x1b" not in plain, "a colour is shown", plain)
+    wanted = subprocess.run([*diff, "--color", "always"], capture_output=True, text=True)
+    expect("\x1b[48;2;0;0;1m" in wanted.stdout, "no colour is shown in a pipe that wants it", wanted.stdout)
+
+
 def try_colours(tool, style):
     explain = [tool, "explain", "--style", style, "--id", "1002", "--level", "9", "--field", "fill"]
     shown = in_terminal(explain)
     expect("\x1b[48;2;0;0;1m" in shown, "no colour is shown", shown)
     plain = in_terminal(explain, NO_COLOR="1")
     expect("#000001" in plain and "\x1b" not in plain, "a colour is shown", plain)
+    empty = in_terminal(explain, NO_COLOR="")
+    expect("\x1b[48;2;0;0;1m" in empty, "no colour is shown where the variable is empty", empty)
     piped = subprocess.run(explain, capture_output=True, text=True)
     expect("#000001" in piped.stdout and "\x1b" not in piped.stdout, "a colour is shown in a pipe", piped.stdout)
 
@@ -66,6 +78,7 @@ def main(tool):
     with tempfile.TemporaryDirectory() as directory:
         try_progress(tool, style_with(directory, 1500))
         try_colours(tool, style_with(directory, 2))
+        try_colours_of_diff(tool, style_with(directory, 2), style_with(directory, 1))
     print(f"{len(failures)} failures")
     print("\n".join(failures))
     return 1 if failures else 0

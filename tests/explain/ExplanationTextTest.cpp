@@ -1,9 +1,6 @@
-// Colours beside their numbers: in terminals only.
-#include <fcntl.h>
+// Colours beside their numbers.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "tests/study/LoadedText.h"
@@ -52,44 +49,6 @@ TEST(ExplanationText, ShowsControlCharactersOfTheFileAsEscapes) {
         textOf(rule("highway", "geometry.fill").styler("color", "\"#112233\x1b[2J\""), "fill", Swatches::None);
     EXPECT_EQ(text.find('\x1b'), std::string::npos);
     EXPECT_NE(text.find("\\u001b[2J"), std::string::npos);
-}
-
-// Puts a terminal in the place of standard output.
-class TerminalOutput {
-public:
-    TerminalOutput() : m_saved(dup(STDOUT_FILENO)), m_terminal(posix_openpt(O_RDWR | O_NOCTTY)) {
-        if (m_saved == -1 || m_terminal == -1 || dup2(m_terminal, STDOUT_FILENO) == -1) std::abort();
-    }
-    ~TerminalOutput() {
-        dup2(m_saved, STDOUT_FILENO);
-        close(m_saved);
-        close(m_terminal);
-        unsetenv("NO_COLOR");
-    }
-    TerminalOutput(const TerminalOutput&) = delete;
-    TerminalOutput& operator=(const TerminalOutput&) = delete;
-
-private:
-    int m_saved;
-    int m_terminal;
-};
-
-Swatches swatchesInTerminal(const char* noColor) {
-    const TerminalOutput terminal;
-    noColor == nullptr ? unsetenv("NO_COLOR") : setenv("NO_COLOR", noColor, 1);
-    return customstyle_tool::swatchesForOutput();
-}
-
-TEST(SwatchesForOutput, AreShownInATerminal) {
-    EXPECT_EQ(swatchesInTerminal(nullptr), Swatches::Shown);
-}
-
-TEST(SwatchesForOutput, AreNotShownWhereTheAuthorWantsNoColour) {
-    EXPECT_EQ(swatchesInTerminal("1"), Swatches::None);
-}
-
-TEST(SwatchesForOutput, AreShownWhereTheVariableIsEmpty) {
-    EXPECT_EQ(swatchesInTerminal(""), Swatches::Shown);
 }
 
 }  // namespace

@@ -81,5 +81,26 @@ TEST(LineIndex, TheEmptyTextHasOneEmptyLine) {
     EXPECT_EQ(lines.lineText(1), "");
 }
 
+TEST(Offset, IsTheOneThatHasThePosition) {
+    for (const std::string_view text : {""sv, "a"sv, "ab\r\nc\u00e4\U0001F30Ad\n\nend"sv, "\xEF\xBB\xBFx\u6f22y\n"sv}) {
+        const LineIndex index(text);
+        for (std::size_t at = 0; at <= text.size(); ++at) {
+            const bool isInside = at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
+            const bool isEndOfLine = at < text.size() && at > 0 && text[at] == '\n' && text[at - 1] == '\r';
+            if (isInside || isEndOfLine || (at == 0 && text.starts_with("\xEF\xBB\xBF"))) continue;
+            const LinePosition position = index.position(at);
+            EXPECT_EQ(index.offset(position.line, position.column), at) << text;
+        }
+    }
+}
+
+TEST(Offset, BeyondALineIsItsEnd) {
+    const LineIndex index("ab\r\ncd");
+    EXPECT_EQ(index.offset(1, 99), 2U);
+    EXPECT_EQ(index.offset(2, 99), 6U);
+    EXPECT_EQ(index.offset(3, 1), 6U);
+    EXPECT_EQ(index.offset(0, 0), 0U);
+}
+
 }  // namespace
 }  // namespace customstyle_test

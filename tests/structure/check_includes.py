@@ -32,13 +32,14 @@ BELOW = {
     "tools/explain": ["tools/study"],
     "tools/export": ["tools/study"],
     "tools/layout": ["tools/host"],
+    "tools/build": ["tools/layout"],
     "tools/minify": ["tools/study"],
     "tools/schema": ["tools/study"],
     # but these two speak of answers as "explain" does
     "tools/diff": ["tools/explain"],
     "tools/expectations": ["tools/explain"],
     # programs
-    "tools/customstyle": ["tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/host",
+    "tools/customstyle": ["tools/build", "tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/host",
                           "tools/layout", "tools/minify", "tools/schema"],
     "studio": ["tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/layout", "tools/minify",
                "tools/schema"],

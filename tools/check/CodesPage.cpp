@@ -48,24 +48,28 @@ std::string codeText(const CodeInfo& info) {
     return text;
 }
 
-std::string codeMarkdown(const CodeInfo& info) {
-    std::string text =
-        fmt::format("### {}\n\n*{}*: {}.\n\n{}\n\nRemedy: {}.\n", info.name,
-                    capitalised(std::string(severityName(info.severity))), info.title, info.explanation, info.remedy);
-    const std::string example = shownExample(info);
-    if (!example.empty()) text += fmt::format("\n```\n{}\n```\n", example);
-    return text + "\n";
+std::string sectionOf(const CodeInfo& info) {
+    return fmt::format("### {}\n\n{}\n", info.name, codeMarkdown(info));
 }
 
 std::string sectionMarkdown(Trait file, const char* title) {
     std::string text = fmt::format("## {}\n\n", title);
     for (const CodeInfo& info : codeInfos()) {
-        if (info.has(file)) text += codeMarkdown(info);
+        if (info.has(file)) text += sectionOf(info);
     }
     return text;
 }
 
 }  // namespace
+
+std::string codeMarkdown(const CodeInfo& info) {
+    std::string text =
+        fmt::format("*{}*: {}.\n\n{}\n\nRemedy: {}.\n", capitalised(std::string(severityName(info.severity))),
+                    info.title, info.explanation, info.remedy);
+    const std::string example = shownExample(info);
+    if (!example.empty()) text += fmt::format("\n```\n{}\n```\n", example);
+    return text;
+}
 
 std::string codesText() {
     std::string text;

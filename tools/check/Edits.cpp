@@ -108,6 +108,7 @@ std::vector<Edit> editsOf(const Finding& finding, const StyleStudy& study) {
 }
 
 std::vector<Edit> jointEdits(std::span<const Finding> findings, const StyleStudy& study) {
+    if (study.source().file().isBuilt()) return {};
     std::vector<Edit> edits;
     std::set<TakenOut> takenOut;
     for (const Finding& finding : findings) {

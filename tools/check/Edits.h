@@ -17,7 +17,8 @@ struct Edit {
     std::string text;
 };
 
-/// The edits that carry out the remedy of one finding; none where only its author can decide.
+/// The edits that carry out the remedy of one finding; none where only its author can decide, and none for a style that
+/// was made from other files.
 std::vector<Edit> editsOf(const Finding& finding, const StyleStudy& study);
 
 /// The edits that carry out many remedies together. Values that are to be written otherwise come first: where there are

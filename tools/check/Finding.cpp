@@ -25,6 +25,24 @@ void proposeName(Finding& finding, const std::string& name) {
     finding.replacement = fmt::format("\"{}\"", name);
 }
 
+const SourceFile& fileOf(const Finding& finding, const RelatedPlace& place) {
+    return place.file == nullptr ? *finding.file : *place.file;
+}
+
+void leadBack(Finding& finding) {
+    for (RelatedPlace& place : finding.related) {
+        const SourceOrigin origin = fileOf(finding, place).origin(place.range);
+        place.file = origin.place.file;
+        place.range = origin.place.range;
+    }
+    const SourceOrigin origin = finding.file->origin(finding.range);
+    finding.file = origin.place.file;
+    finding.range = origin.place.range;
+    if (!origin.variable) return;
+    const auto& [name, place] = *origin.variable;
+    finding.related.push_back({place.range, fmt::format("${} is set here", name), place.file});
+}
+
 Severity severityOf(const Finding& finding) {
     return finding.severity.value_or(infoOf(finding.code).severity);
 }

@@ -14,8 +14,9 @@ namespace customstyle_tool {
 
 /// Another place that has to do with a finding.
 struct RelatedPlace {
-    TextRange range;  ///< in the file of the finding
+    TextRange range;
     std::string text;
+    const SourceFile* file = nullptr;  ///< null for that of the finding
 };
 
 struct Finding {
@@ -43,6 +44,12 @@ void propose(Finding& finding, const std::string& json);
 
 /// Gives a finding the remedy "did you mean NAME?", and the replacement.
 void proposeName(Finding& finding, const std::string& name);
+
+/// The file of a place that has to do with a finding.
+const SourceFile& fileOf(const Finding& finding, const RelatedPlace& place);
+
+/// Moves a finding about a text that was made from other files to where it was written.
+void leadBack(Finding& finding);
 
 /// How much a finding weighs.
 Severity severityOf(const Finding& finding);

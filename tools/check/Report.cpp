@@ -70,7 +70,10 @@ Json editsJson(const Finding& finding, const StyleStudy* study) {
 Json jsonOf(const Finding& finding, const StyleStudy* study) {
     Json related = Json::array();
     for (const RelatedPlace& place : finding.related) {
-        related.push_back({{"text", place.text}, {"range", jsonOf(*finding.file, place.range)}});
+        const SourceFile& file = fileOf(finding, place);
+        Json each{{"text", place.text}, {"range", jsonOf(file, place.range)}};
+        if (&file != finding.file) each["file"] = file.path();
+        related.push_back(each);
     }
     const CodeInfo& info = infoOf(finding.code);
     return {{"code", info.name},
@@ -119,7 +122,8 @@ std::string findingText(const Finding& finding, bool isColored) {
     text += fmt::format("  remedy: {}\n", escapedText(finding.remedy));
     if (!finding.log.empty()) text += fmt::format("  log: {}\n", shownText(finding.log));
     for (const RelatedPlace& place : finding.related) {
-        text += fmt::format("  {}: {}\n", placeText(*finding.file, place.range.begin), escapedText(place.text));
+        text +=
+            fmt::format("  {}: {}\n", placeText(fileOf(finding, place), place.range.begin), escapedText(place.text));
     }
     return text;
 }

@@ -15,7 +15,7 @@ namespace customstyle_tool {
 struct CheckedFile {
     std::shared_ptr<const SourceFile> file;
     std::vector<Finding> findings;
-    std::unique_ptr<StyleStudy> study{};  ///< whose places the findings name
+    std::shared_ptr<const StyleStudy> study{};  ///< that the findings are about
 };
 
 /// How many findings there are of each severity.
@@ -51,6 +51,9 @@ std::string reportJson(const std::vector<CheckedFile>& files, const std::vector<
 
 /// A SARIF 2.1.0 log with one run, its rules made from the table of codes.
 std::string reportSarif(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable = {});
+
+/// What is to be said of a code, in Markdown without a heading.
+std::string codeMarkdown(const CodeInfo& info);
 
 /// All codes with explanation, remedy and example, as text, and as the page of the documentation.
 std::string codesText();

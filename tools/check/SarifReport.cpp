@@ -25,11 +25,17 @@ std::string uriOf(const std::string& path) {
     return uri;
 }
 
+// The codes have no page on a host that this program could name; the id is one of its own, which stays the same.
+std::string helpUriOf(const CodeInfo& info) {
+    return fmt::format("urn:customstyle:code:{}", info.name);
+}
+
 Json ruleJson(const CodeInfo& info) {
     return {{"id", info.name},
+            {"helpUri", helpUriOf(info)},
             {"shortDescription", {{"text", info.title}}},
             {"fullDescription", {{"text", info.explanation}}},
-            {"help", {{"text", info.remedy}}},
+            {"help", {{"text", info.remedy}, {"markdown", codeMarkdown(info)}}},
             {"defaultConfiguration", {{"level", severityName(info.severity)}}}};
 }
 
@@ -76,7 +82,7 @@ Json resultJson(const Finding& finding, const StyleStudy* study) {
     const bool isWhole = study != nullptr && study->source().isWhole();
     if (isWhole && !editsOf(finding, *study).empty()) result["fixes"] = Json::array({fixJson(finding, *study)});
     for (const RelatedPlace& place : finding.related) {
-        Json related = locationJson(*finding.file, place.range);
+        Json related = locationJson(fileOf(finding, place), place.range);
         related["message"] = {{"text", place.text}};
         result["relatedLocations"].push_back(related);
     }

@@ -50,6 +50,7 @@ CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& m
         std::make_unique<StyleStudy>(file, std::move(*read.document), mapping, surroundings, read.errors.empty());
     append(checked.findings, checkStyle(*checked.study, options));
     sortFindings(checked.findings);
+    if (file->isBuilt()) std::ranges::for_each(checked.findings, leadBack);
     return checked;
 }
 

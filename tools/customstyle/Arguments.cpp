@@ -5,16 +5,13 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
-#include <span>
 
-#include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {
 
-constexpr std::size_t kMostListed = 12;
 constexpr long long kWidestRange = 1000;
 
 // The number that all of a text is: plain decimal, without zeros in front.
@@ -109,11 +106,13 @@ Option styleOption(std::string& style) {
 }
 
 Option mappingOption(std::optional<std::string>& directory) {
-    return {.names = "--mapping",
-            .value = "DIR",
-            .help = "Directory of the mapping file CustomIndex; without it, feature type T has the style id 1000 + T",
-            .target = &directory,
-            .offer = Offer::Directories};
+    return {
+        .names = "--mapping",
+        .value = "DIR",
+        .help =
+            "Directory of the mapping file CustomIndex; without a mapping, feature type T has the style id 1000 + T",
+        .target = &directory,
+        .offer = Offer::Directories};
 }
 
 Option choiceOption(std::string names, std::string value, std::string help, Target target,
@@ -174,19 +173,6 @@ std::vector<unsigned int> styleIdsIn(const std::vector<std::string>& words) {
 
 std::vector<int> levelsIn(const std::vector<std::string>& words) {
     return numbersIn<int>(words, levelsOf);
-}
-
-std::string eitherOf(const std::vector<std::string>& names) {
-    if (names.size() < 2) return names.empty() ? "" : names.front();
-    const std::span<const std::string> head(names.data(), names.size() - 1);
-    return fmt::format("{} or {}", fmt::join(head, ", "), names.back());
-}
-
-std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known) {
-    const std::string problem = fmt::format("unknown {} \"{}\"", what, escapedText(word));
-    if (const auto meant = likelyName(word, known)) return problem + didYouMean(meant);
-    if (known.size() > kMostListed) return problem;
-    return fmt::format("{}; write {}", problem, eitherOf(known));
 }
 
 }  // namespace customstyle_tool

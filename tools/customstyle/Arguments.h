@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tools/customstyle/Command.h"
+#include "tools/support/Spelling.h"
 
 namespace customstyle_tool {
 
@@ -33,12 +34,5 @@ Option levelOption(std::vector<std::string>& words);
 /// The numbers that words of --id and --level name, in their order, each once.
 std::vector<unsigned int> styleIdsIn(const std::vector<std::string>& words);
 std::vector<int> levelsIn(const std::vector<std::string>& words);
-
-/// "fill, stroke or icon".
-std::string eitherOf(const std::vector<std::string>& names);
-
-/// What is wrong with a word that is not one of these: the nearest, or all that exist.
-/// @param what  as in "unknown WHAT"
-std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known);
 
 }  // namespace customstyle_tool

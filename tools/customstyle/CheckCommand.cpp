@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
@@ -12,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/build/StyleBuild.h"
 #include "tools/check/Edits.h"
 #include "tools/check/MappingCheck.h"
 #include "tools/check/Report.h"
@@ -256,7 +258,7 @@ private:
         const Configuration* const configuration = configurationOf(path);
         if (configuration == nullptr) return;
         const Mapping& mapping = mappingFor(*configuration);
-        std::shared_ptr<const SourceFile> file = read(path, "style file");
+        std::shared_ptr<const SourceFile> file = readStyleFile(path);
         if (file == nullptr) return;
         CheckedStyle checked = checkedText(file, mapping, *configuration);
         if (m_arguments.fix) {
@@ -268,7 +270,36 @@ private:
         const StyleSource* const style = checked.study == nullptr ? nullptr : &checked.study->source();
         for (const std::string& problem : m_filter.apply(checked.findings, *configuration, style)) report({problem});
         m_warningsAreErrors |= m_arguments.warningsAreErrors || configuration->warningsAreErrors;
-        m_reporter.report({file, std::move(checked.findings), std::move(checked.study)});
+        reportByFile(file, std::move(checked));
+    }
+
+    std::shared_ptr<const SourceFile> readStyleFile(const std::string& path) {
+        if (m_arguments.fix && isBuildFile(path)) {
+            report({fmt::format("{}: --fix writes style files; the remedies for a build file are yours", path)});
+            return nullptr;
+        }
+        auto style = readStyle(path);
+        if (const auto* problems = std::get_if<std::vector<std::string>>(&style)) {
+            for (const std::string& problem : *problems) report({problem});
+            return nullptr;
+        }
+        return std::get<0>(std::move(style));
+    }
+
+    // The findings about a style that was built are about the files that it is made of.
+    void reportByFile(const std::shared_ptr<const SourceFile>& file, CheckedStyle checked) {
+        const std::shared_ptr<const StyleStudy> study = std::move(checked.study);
+        if (!file->isBuilt()) return m_reporter.report({file, std::move(checked.findings), study});
+        std::vector<CheckedFile> files;
+        for (Finding& finding : checked.findings) {
+            auto known =
+                std::ranges::find_if(files, [&](const CheckedFile& each) { return each.file.get() == finding.file; });
+            if (known == files.end())
+                known = files.insert(files.end(), {std::shared_ptr<const SourceFile>(file, finding.file), {}, study});
+            known->findings.push_back(std::move(finding));
+        }
+        if (files.empty()) files.push_back({file, {}, study});
+        for (CheckedFile& each : files) m_reporter.report(std::move(each));
     }
 
     CheckedStyle checkedText(const std::shared_ptr<const SourceFile>& file, const Mapping& mapping,
@@ -391,11 +422,6 @@ std::vector<Option> reportOptions(CheckArguments& arguments) {
 std::vector<Option> filterOptions(CheckArguments& arguments) {
     return {codesOption("--select", "Report these codes only, separated by commas", arguments.select),
             codesOption("--ignore", "Do not report these codes", arguments.ignore),
-            fileOption("--config",
-                       "Settings for all styles; without it, customstyle.toml in the folder of each style or the "
-                       "nearest above",
-                       arguments.configuration),
-            {.names = "--no-config", .help = "Use no settings", .target = &arguments.withoutConfiguration},
             fileOption("--baseline", "Do not report the findings that this file lists", arguments.baseline),
             fileOption("--write-baseline", "Write all findings into this file, as a baseline", arguments.newBaseline)};
 }
@@ -421,6 +447,7 @@ std::vector<Option> optionsOf(CheckArguments& arguments) {
                        .target = &arguments.diff});
     for (Option& option : reportOptions(arguments)) options.push_back(std::move(option));
     for (Option& option : filterOptions(arguments)) options.push_back(std::move(option));
+    addSettingsOptions(options, arguments.configuration, arguments.withoutConfiguration, "all styles");
     options.push_back({.names = "--codes",
                        .help = "Explain all findings, with an example of each, and exit",
                        .target = &arguments.codes});

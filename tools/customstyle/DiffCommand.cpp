@@ -9,53 +9,61 @@
 namespace customstyle_tool {
 namespace {
 
-struct DiffArguments {
+struct DiffArguments : MappingArguments {
     std::string before;
     std::string after;
-    std::optional<std::string> mappingDirectory;
     std::string format = "text";
+    std::string color = "auto";
 };
 
-int diff(const DiffArguments& arguments) {
+int diff(DiffArguments arguments) {
+    if (!findMapping(arguments, {arguments.before, arguments.after})) return kMisuse;
     const auto before = loadOrComplain(arguments.before, arguments.mappingDirectory, Mapping::everyMap());
     const auto after =
         before == nullptr ? nullptr : loadOrComplain(arguments.after, arguments.mappingDirectory, Mapping::everyMap());
     if (after == nullptr) return kMisuse;
     const std::vector<JoinedChange> changes = differenceOf(*before, *after);
-    print(arguments.format == "json" ? diffJson(changes, before->mapping()) + "\n"
-                                     : diffText(changes, before->mapping()) + diffSummary(changes, before->mapping()));
+    const Swatches swatches = isColored(arguments.color) ? Swatches::Shown : Swatches::None;
+    print(arguments.format == "json"
+              ? diffJson(changes, before->mapping()) + "\n"
+              : diffText(changes, before->mapping(), swatches) + diffSummary(changes, before->mapping()));
     return changes.empty() ? kGood : kFinding;
+}
+
+std::vector<Option> optionsOf(DiffArguments& arguments) {
+    std::vector<Option> options{{.names = "A",
+                                 .help = "Style file before",
+                                 .target = &arguments.before,
+                                 .offer = Offer::Files,
+                                 .isRequired = true},
+                                {.names = "B",
+                                 .help = "Style file after; one of both may be -, standard input",
+                                 .target = &arguments.after,
+                                 .offer = Offer::Files,
+                                 .isRequired = true}};
+    addMappingOptions(options, arguments);
+    options.push_back(formatOption(arguments.format, {{"text", "a line for each change"}, {"json", "for programs"}}));
+    options.push_back(colorOption(arguments.color));
+    return options;
 }
 
 Command diffCommand() {
     const auto arguments = std::make_shared<DiffArguments>();
-    return {
-        .name = "diff",
-        .purpose = Purpose::Judge,
-        .summary = "Print what changes on the map between two style files",
-        .description =
-            {"The answers for every style id at every level are compared, not the texts. A change that holds "
-             "for some style ids of a feature type only lists them."},
-        .options = {{.names = "A",
-                     .help = "Style file before",
-                     .target = &arguments->before,
-                     .offer = Offer::Files,
-                     .isRequired = true},
-                    {.names = "B",
-                     .help = "Style file after; one of both may be -, standard input",
-                     .target = &arguments->after,
-                     .offer = Offer::Files,
-                     .isRequired = true},
-                    mappingOption(arguments->mappingDirectory),
-                    formatOption(arguments->format, {{"text", "a line for each change"}, {"json", "for programs"}})},
-        .statuses = {{0, "Every answer is the same"},
-                     {1, "Some answers differ"},
-                     {2, "Wrong usage, or a file that cannot be read"}},
-        .examples = {{"whether a rewritten style is the same to the eye",
-                      "customstyle diff old.json new.json --mapping map"},
-                     {"what the uncommitted changes of a style mean",
-                      "git show HEAD:night.json | customstyle diff - night.json"}},
-        .run = [arguments] { return diff(*arguments); }};
+    return {.name = "diff",
+            .purpose = Purpose::Judge,
+            .summary = "Print what changes on the map between two style files",
+            .description =
+                {"The answers for every style id at every level are compared, not the texts. A change that holds "
+                 "for some style ids of a feature type only lists them. Settings beside A count, else those beside B."},
+            .options = optionsOf(*arguments),
+            .statuses = {{0, "Every answer is the same"},
+                         {1, "Some answers differ"},
+                         {2, "Wrong usage, or a file that cannot be read"}},
+            .examples = {{"whether a rewritten style is the same to the eye",
+                          "customstyle diff old.json new.json --mapping map"},
+                         {"what the uncommitted changes of a style mean",
+                          "git show HEAD:night.json | customstyle diff - night.json"}},
+            .run = [arguments] { return diff(*arguments); }};
 }
 
 const Registration diffRegistration(diffCommand);

@@ -172,7 +172,7 @@ struct DumpArguments : StyleArguments {
 };
 
 int dump(const DumpArguments& arguments) {
-    const auto style = loadOrComplain(arguments.style, arguments.mappingDirectory);
+    const auto style = loadOrComplain(arguments);
     if (style == nullptr) return kMisuse;
     const auto printAll = arguments.format == "json" ? printJson : arguments.format == "csv" ? printCsv : printTable;
     printAll(style->config());

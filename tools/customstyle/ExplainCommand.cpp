@@ -121,7 +121,7 @@ private:
 
 int explain(const ExplainArguments& arguments) {
     if (!isSelected(arguments, "explain")) return kMisuse;
-    const auto style = loadOrComplain(arguments.style, arguments.mappingDirectory);
+    const auto style = loadOrComplain(arguments);
     if (style == nullptr) return kMisuse;
     const std::vector<unsigned int> styleIds = selectedStyleIds(arguments, *style);
     if (styleIds.empty()) return kMisuse;

@@ -3,11 +3,17 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
+#include "tools/build/StyleBuild.h"
 #include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Configuration.h"
 #include "tools/customstyle/Console.h"
+#include "tools/host/AtomicFile.h"
+#include "tools/host/Files.h"
 #include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
@@ -40,9 +46,55 @@ std::string addFilesIn(const std::string& folder, std::vector<std::string>& foun
 
 }  // namespace
 
+void addSettingsOptions(std::vector<Option>& options, std::optional<std::string>& configuration, bool& without,
+                        const std::string& forWhat) {
+    options.push_back({.names = "--config",
+                       .value = "FILE",
+                       .help = fmt::format("Settings for {}; without it, customstyle.toml in the folder of the style "
+                                           "or the nearest above",
+                                           forWhat),
+                       .target = &configuration,
+                       .offer = Offer::Files});
+    options.push_back({.names = "--no-config", .help = "Use no settings", .target = &without});
+}
+
+void addMappingOptions(std::vector<Option>& options, MappingArguments& arguments) {
+    options.push_back(mappingOption(arguments.mappingDirectory));
+    addSettingsOptions(options, arguments.configuration, arguments.withoutConfiguration, "the mapping");
+}
+
 void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments) {
     options.push_back(styleOption(arguments.style));
-    options.push_back(mappingOption(arguments.mappingDirectory));
+    addMappingOptions(options, arguments);
+}
+
+bool findMapping(MappingArguments& arguments, const std::vector<std::string>& styles) {
+    if (arguments.mappingDirectory || arguments.withoutConfiguration) return true;
+    std::optional<std::string> path = arguments.configuration;
+    for (const std::string& style : styles) {
+        if (!path) path = configurationFor(style);
+    }
+    if (!path) return true;
+    auto read = readConfiguration(*path);
+    if (const auto* problem = std::get_if<ConfigurationProblem>(&read)) {
+        complain(problem->text);
+        return false;
+    }
+    arguments.mappingDirectory = std::get<Configuration>(read).mappingDirectory;
+    return true;
+}
+
+std::variant<std::unique_ptr<SourceFile>, std::vector<std::string>> readStyle(const std::string& path) {
+    if (!isBuildFile(path)) {
+        auto read = readSource(path, "style file");
+        if (const auto* failure = std::get_if<ReadFailure>(&read)) return std::vector<std::string>{failure->text};
+        return std::get<0>(std::move(read));
+    }
+    auto built = builtStyle(path);
+    if (auto* problems = std::get_if<BuildProblems>(&built)) return std::move(*problems);
+    auto& style = std::get<BuiltStyle>(built);
+    for (const std::string& warning : style.warnings) complain(warning);
+    return std::move(style.file);
 }
 
 std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& directory) {
@@ -57,9 +109,34 @@ int complainOf(const ReadFailure& failure) {
     return complain(failure.text);
 }
 
+int complainOf(const std::vector<std::string>& problems) {
+    for (const std::string& problem : problems) complain(problem);
+    return kMisuse;
+}
+
+int writeResult(const std::string& target, const std::string& text) {
+    if (target == "-") {
+        print(text);
+        if (std::fflush(stdout) != 0) throw std::system_error(errno, std::generic_category());
+        return kGood;
+    }
+    const std::optional<std::string> problem = writeWhole(target, text);
+    return problem ? complain(*problem) : kGood;
+}
+
+std::unique_ptr<StyleStudy> loadOrComplain(StyleArguments arguments) {
+    if (!findMapping(arguments, {arguments.style})) return nullptr;
+    return loadOrComplain(arguments.style, arguments.mappingDirectory);
+}
+
 std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
                                            const Mapping& without) {
-    StyleOrFailure loaded = loadStyle(style, mappingDirectory, without);
+    auto read = readStyle(style);
+    if (const auto* problems = std::get_if<std::vector<std::string>>(&read)) {
+        complainOf(*problems);
+        return nullptr;
+    }
+    StyleOrFailure loaded = studyOf(std::get<0>(std::move(read)), mappingDirectory, without);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&loaded)) {
         complainOf(*failure);
         return nullptr;

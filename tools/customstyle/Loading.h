@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "tools/customstyle/Command.h"
@@ -11,14 +12,36 @@
 
 namespace customstyle_tool {
 
-/// The style and the mapping that most subcommands ask about.
-struct StyleArguments {
-    std::string style;
+/// The mapping of a call: given, or that of the settings beside a style.
+struct MappingArguments {
     std::optional<std::string> mappingDirectory;
+    std::optional<std::string> configuration;
+    bool withoutConfiguration = false;
 };
 
-/// STYLE and --mapping.
+/// The style and the mapping that most subcommands ask about.
+struct StyleArguments : MappingArguments {
+    std::string style;
+};
+
+/// --config and --no-config.
+/// @param forWhat  which styles settings are for, as in "Settings for WHAT"
+void addSettingsOptions(std::vector<Option>& options, std::optional<std::string>& configuration, bool& without,
+                        const std::string& forWhat);
+
+/// --mapping, --config and --no-config.
+void addMappingOptions(std::vector<Option>& options, MappingArguments& arguments);
+
+/// STYLE and the options of its mapping.
 void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments);
+
+/// Looks for the mapping in the settings beside the first of some styles that has any, where none is given.
+/// @return whether the settings, if there are any, can be read; complains if not
+bool findMapping(MappingArguments& arguments, const std::vector<std::string>& styles);
+
+/// Reads a style file, or builds the style of a build file; warnings of that go to standard error.
+/// @return the file, or why there is none, a sentence for each reason
+std::variant<std::unique_ptr<SourceFile>, std::vector<std::string>> readStyle(const std::string& path);
 
 /// The mapping of a directory, or the standard one without; none after a complaint.
 std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& directory);
@@ -26,12 +49,19 @@ std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& direc
 /// Loads a style, or complains.
 /// @param without  the mapping where there is no directory
 /// @return null where there was something to complain of
+std::unique_ptr<StyleStudy> loadOrComplain(StyleArguments arguments);
 std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
                                            const Mapping& without = Mapping::standard());
 
 /// Says that a file cannot be read.
 /// @return kMisuse
 int complainOf(const ReadFailure& failure);
+int complainOf(const std::vector<std::string>& problems);
+
+/// Writes a text to a file whole or not at all, or to standard output for "-"; complains where that fails.
+/// @return the status
+/// @throws std::system_error where standard output cannot be written
+int writeResult(const std::string& target, const std::string& text);
 
 /// The files that paths name: a folder stands for all files *.json in it and its folders, in order of their names, but
 /// not for hidden ones.

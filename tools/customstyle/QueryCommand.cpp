@@ -53,7 +53,7 @@ void printJson(const CustomConfig& config, const std::vector<unsigned int>& styl
 
 int query(const QueryArguments& arguments) {
     if (!isSelected(arguments, "query")) return kMisuse;
-    const auto style = loadOrComplain(arguments.style, arguments.mappingDirectory);
+    const auto style = loadOrComplain(arguments);
     if (style == nullptr) return kMisuse;
     const std::vector<unsigned int> styleIds = selectedStyleIds(arguments, *style);
     if (styleIds.empty()) return kMisuse;

@@ -33,6 +33,7 @@ public:
     explicit TestRun(const TestArguments& arguments) : m_arguments(arguments) {}
 
     int run() {
+        if (!findMapping(m_arguments, {m_arguments.style})) return kMisuse;
         m_style = loadOrComplain(m_arguments.style, m_arguments.mappingDirectory);
         if (m_style == nullptr) return kMisuse;
         if (m_arguments.record) return record();
@@ -111,7 +112,7 @@ private:
         return failures.empty() ? kGood : kFinding;
     }
 
-    const TestArguments& m_arguments;
+    TestArguments m_arguments;
     std::unique_ptr<StyleStudy> m_style;
     std::unique_ptr<SourceFile> m_file;
     std::map<std::string, std::unique_ptr<StyleStudy>> m_others;
@@ -125,26 +126,30 @@ int test(const TestArguments& arguments) {
     return TestRun(arguments).run();
 }
 
+std::vector<Option> optionsOf(TestArguments& arguments) {
+    std::vector<Option> options{styleOption(arguments.style),
+                                {.names = "EXPECTATIONS",
+                                 .help = "File of expectations",
+                                 .target = &arguments.expectations,
+                                 .offer = Offer::Files}};
+    addMappingOptions(options, arguments);
+    options.push_back({.names = "--record",
+                       .help = "Print expectations that say all answers of STYLE, instead of testing",
+                       .target = &arguments.record});
+    options.push_back(formatOption(arguments.format, {{"text", "for people"}, {"junit", "XML for build servers"}}));
+    options.push_back(colorOption(arguments.color));
+    options.push_back(
+        {.names = "-q,--quiet", .help = "Print nothing when all expectations hold", .target = &arguments.quiet});
+    return options;
+}
+
 Command testCommand() {
     const auto arguments = std::make_shared<TestArguments>();
     return {.name = "test",
             .purpose = Purpose::Judge,
             .summary = "Test a style file against a file of expectations",
             .description = {expectationHelp()},
-            .options = {styleOption(arguments->style),
-                        {.names = "EXPECTATIONS",
-                         .help = "File of expectations",
-                         .target = &arguments->expectations,
-                         .offer = Offer::Files},
-                        mappingOption(arguments->mappingDirectory),
-                        {.names = "--record",
-                         .help = "Print expectations that say all answers of STYLE, instead of testing",
-                         .target = &arguments->record},
-                        formatOption(arguments->format, {{"text", "for people"}, {"junit", "XML for build servers"}}),
-                        colorOption(arguments->color),
-                        {.names = "-q,--quiet",
-                         .help = "Print nothing when all expectations hold",
-                         .target = &arguments->quiet}},
+            .options = optionsOf(*arguments),
             .statuses = {{0, "All expectations hold"},
                          {1, "Some do not"},
                          {2, "Wrong usage, or a file that cannot be read"}},

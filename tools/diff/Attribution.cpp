@@ -37,7 +37,7 @@ std::optional<StylerPlace> Attribution::stylerOf(const ChangedAnswer& answer) {
     const auto known = m_places.find(winner->step);
     if (known != m_places.end()) return known->second;
     const StylerNote note = noteOf(m_explainer.style().source(), m_explainer.step(winner->step));
-    return m_places[winner->step] = {note.rule, note.position.line, note.position.column};
+    return m_places[winner->step] = {note.rule, note.file, note.position.line, note.position.column};
 }
 
 const Explanation& Attribution::explanationFor(const ChangedAnswer& answer) {

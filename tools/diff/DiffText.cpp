@@ -73,12 +73,22 @@ std::string idsPhrase(const JoinedChange& each, const Mapping& mapping) {
     return fmt::format(" (style ids under both {})", fmt::join(pairs, ", both "));
 }
 
-std::string lineOf(const JoinedChange& each, const Mapping& mapping) {
+std::string shownValue(const Question& question, const Value& value, Swatches swatches) {
+    const std::string swatch = value && isColor(question) ? swatchOf(*value, swatches) : "";
+    return swatch + valueText(question, value);
+}
+
+std::string shownType(int featureType, Swatches swatches) {
+    const std::string text = typeText(featureType);
+    return swatches == Swatches::Shown ? fmt::format("\033[1m{}\033[0m", text) : text;
+}
+
+std::string lineOf(const JoinedChange& each, const Mapping& mapping, Swatches swatches) {
     const Change& change = each.change;
-    const std::string ids = idsPhrase(each, mapping);
-    return fmt::format("{}{}  {}  {}: {} -> {}{}\n", typeText(each.featureType), ids, questionText(change.question),
-                       levelsPhrase(each.levels), valueText(change.question, change.before),
-                       valueText(change.question, change.after), rulesText(change));
+    return fmt::format("{}{}  {}  {}: {} -> {}{}\n", shownType(each.featureType, swatches), idsPhrase(each, mapping),
+                       questionText(change.question), levelsPhrase(each.levels),
+                       shownValue(change.question, change.before, swatches),
+                       shownValue(change.question, change.after, swatches), rulesText(change));
 }
 
 Json valueJson(const Question& question, const Value& value) {
@@ -91,7 +101,7 @@ Json valueJson(const Question& question, const Value& value) {
 
 Json stylerJson(const std::optional<StylerPlace>& styler) {
     if (!styler) return nullptr;
-    return {{"rule", styler->rule}, {"line", styler->line}, {"column", styler->column}};
+    return {{"rule", styler->rule}, {"file", styler->file}, {"line", styler->line}, {"column", styler->column}};
 }
 
 Json changeJson(const JoinedChange& each) {
@@ -108,9 +118,9 @@ Json changeJson(const JoinedChange& each) {
 
 }  // namespace
 
-std::string diffText(std::span<const JoinedChange> changes, const Mapping& mapping) {
+std::string diffText(std::span<const JoinedChange> changes, const Mapping& mapping, Swatches swatches) {
     std::string text;
-    for (const JoinedChange& each : changes) text += lineOf(each, mapping);
+    for (const JoinedChange& each : changes) text += lineOf(each, mapping, swatches);
     return text;
 }
 
@@ -124,8 +134,9 @@ std::string diffSummary(std::span<const JoinedChange> changes, const Mapping& ma
 std::string diffJson(std::span<const JoinedChange> changes, const Mapping& mapping) {
     Json list = Json::array();
     for (const JoinedChange& each : changes) list.push_back(changeJson(each));
-    return Json{{"version", 1}, {"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}}.dump(
-        2);
+    const Json json{{"version", 1}, {"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}};
+    // A file name may be no UTF-8.
+    return json.dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace customstyle_tool

@@ -5,11 +5,13 @@
 #include <string>
 
 #include "tools/diff/StyleDiff.h"
+#include "tools/explain/ExplanationText.h"
 
 namespace customstyle_tool {
 
 /// "water  fill  levels 4-9, 12: #aadaff -> #1b2a3a  (A rule 3, B rule 14)", a line for each change.
-std::string diffText(std::span<const JoinedChange> changes, const Mapping& mapping);
+/// @param swatches  shows each colour beside its number, and feature types in bold
+std::string diffText(std::span<const JoinedChange> changes, const Mapping& mapping, Swatches swatches = Swatches::None);
 
 /// How many changes there are, and for which mapping that holds.
 std::string diffSummary(std::span<const JoinedChange> changes, const Mapping& mapping);

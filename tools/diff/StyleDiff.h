@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "tools/study/StyleStudy.h"
@@ -27,9 +28,10 @@ struct Question {
     auto operator<=>(const Question&) const = default;
 };
 
-/// A styler, by the rule as people count.
+/// A styler, by the rule as people count, and where it is written.
 struct StylerPlace {
     std::size_t rule;
+    std::string file;
     std::size_t line;
     std::size_t column;
     auto operator<=>(const StylerPlace&) const = default;

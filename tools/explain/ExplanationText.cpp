@@ -1,9 +1,6 @@
 #include "tools/explain/ExplanationText.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
-
-#include <cstdlib>
 
 #include "tools/explain/StepText.h"
 #include "tools/study/AnswerTable.h"
@@ -29,16 +26,13 @@ public:
     }
 
 private:
-    std::string shown(std::uint64_t value) const { return swatch(value) + valueText(m_topic, value); }
+    std::string shown(std::uint64_t value) const {
+        return (isColor() ? swatchOf(value, m_swatches) : "") + valueText(m_topic, value);
+    }
 
     bool isColor() const {
         return m_topic.topic != Topic::Icon &&
                (m_topic.topic != Topic::Field || styleFields()[m_topic.field].kind == FieldKind::Color);
-    }
-
-    std::string swatch(std::uint64_t color) const {
-        if (m_swatches == Swatches::None || !isColor() || alphaOf(color) == 0) return "";
-        return fmt::format("\033[48;2;{};{};{}m  \033[0m ", color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
     }
 
     std::string writeText(const Write& write) const {
@@ -113,10 +107,9 @@ bool isWorthTelling(const History& history) {
 
 }  // namespace
 
-Swatches swatchesForOutput() {
-    const char* const noColor = std::getenv("NO_COLOR");
-    const bool isUnwanted = noColor != nullptr && *noColor != '\0';
-    return isatty(STDOUT_FILENO) != 0 && !isUnwanted ? Swatches::Shown : Swatches::None;
+std::string swatchOf(std::uint64_t color, Swatches swatches) {
+    if (swatches == Swatches::None || alphaOf(color) == 0) return "";
+    return fmt::format("\033[48;2;{};{};{}m  \033[0m ", color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }
 
 std::string topicText(const Explainer& explainer, const Explanation& explanation, const TopicName& topic,

@@ -1,6 +1,7 @@
 // An explanation for people, and for programs.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -14,8 +15,8 @@ namespace customstyle_tool {
 /// Whether colours are shown beside their numbers, as blocks in the 24 bit colours of terminals.
 enum class Swatches { None, Shown };
 
-/// Shown where standard output is a terminal and the environment variable NO_COLOR is unset or empty.
-Swatches swatchesForOutput();
+/// A block in a packed colour and a blank; nothing for a colour that cannot be seen, or without swatches.
+std::string swatchOf(std::uint64_t color, Swatches swatches);
 
 /// What an explanation can be asked about: the values of the record, the icon, and the two backgrounds.
 enum class Topic {

@@ -21,20 +21,29 @@ std::optional<std::string> levelText(const JsonValue& stylers) {
     return std::string(level->source());
 }
 
+std::string variableText(const SourceOrigin& origin) {
+    if (!origin.variable) return {};
+    const auto& [name, place] = *origin.variable;
+    return fmt::format("${}, {}", name, place.file->place(place.range.begin));
+}
+
 }  // namespace
 
 StylerNote noteOf(const StyleSource& style, const ReplayStep& step) {
     const JsonValue rule = style.rules()[step.rule];
-    StylerNote note{step.rule + 1, style.file().path(), {}, step.styler, "", "", "", {}};
-    std::size_t offset = rule.range().begin;
+    StylerNote note{step.rule + 1, {}, {}, step.styler, "", "", "", {}};
+    TextRange range = rule.range();
     if (const auto stylers = rule.firstMemberIgnoringCase("stylers")) {
         note.level = levelText(*stylers);
         if (const auto styler = stylers->firstMemberIgnoringCase(step.styler)) {
-            offset = styler->nameRange().begin;
+            range = styler->nameRange();
             note.value = styler->source();
+            note.variable = variableText(style.file().origin(styler->range()));
         }
     }
-    note.position = style.file().lines().position(offset);
+    const SourcePlace place = style.file().origin(range).place;
+    note.file = place.file->path();
+    note.position = place.file->lines().position(place.range.begin);
     note.featureType = memberText(rule, "featureType");
     note.elementType = memberText(rule, "elementType");
     return note;
@@ -42,9 +51,10 @@ StylerNote noteOf(const StyleSource& style, const ReplayStep& step) {
 
 std::string stylerText(const StylerNote& note) {
     const std::string level = note.level ? fmt::format(" at level {}", *note.level) : "";
-    return fmt::format("rule {}, {}:{}:{}: {} {} on {} {}{}", note.rule, note.file, note.position.line,
-                       note.position.column, note.styler, escapedText(note.value), escapedText(note.featureType),
-                       escapedText(note.elementType), escapedText(level));
+    const std::string variable = note.variable.empty() ? "" : fmt::format(" ({})", note.variable);
+    return fmt::format("rule {}, {}:{}:{}: {} {}{} on {} {}{}", note.rule, note.file, note.position.line,
+                       note.position.column, note.styler, escapedText(note.value), escapedText(variable),
+                       escapedText(note.featureType), escapedText(note.elementType), escapedText(level));
 }
 
 std::optional<int> companionOf(const StylerNote& note, const Write& write) {

@@ -21,6 +21,7 @@ struct StylerNote {
     std::string featureType;
     std::string elementType;
     std::optional<std::string> level;  ///< as the file writes it, quotes included; none where the component reads none
+    std::string variable{};            ///< "$road, day.toml:3:8", where the value is that of a variable; else empty
 };
 
 StylerNote noteOf(const StyleSource& style, const ReplayStep& step);

@@ -120,19 +120,22 @@ std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirecto
     return ReadFailure{fmt::format("{}: cannot be loaded", path)};
 }
 
-StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
-                         const Mapping& without) {
-    auto read = readSource(styleFile, kStyle);
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
-    std::unique_ptr<SourceFile>& file = std::get<0>(read);
+StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std::string>& mappingDirectory,
+                       const Mapping& without) {
     auto document = documentOf(*file, kStyle);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&document)) return *failure;
-
     std::variant<Mapping, ReadFailure> mapping = without;
     if (mappingDirectory) mapping = loadMapping(*mappingDirectory);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&mapping)) return *failure;
     return std::make_unique<StyleStudy>(std::move(file), std::get<0>(std::move(document)),
                                         std::get<0>(std::move(mapping)), hostSurroundings());
+}
+
+StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
+                         const Mapping& without) {
+    auto read = readSource(styleFile, kStyle);
+    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
+    return studyOf(std::get<0>(std::move(read)), mappingDirectory, without);
 }
 
 }  // namespace customstyle_tool

@@ -33,6 +33,10 @@ using StyleOrFailure = std::variant<std::unique_ptr<StyleStudy>, ReadFailure>;
 /// The mapping of a directory with the file "CustomIndex".
 std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirectory);
 
+/// A style over the mapping of a directory, or over another one without.
+StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std::string>& mappingDirectory,
+                       const Mapping& without = Mapping::standard());
+
 /// Reads a style file.
 /// @param mappingDirectory  directory of the file "CustomIndex"
 /// @param without           the mapping where there is no directory

@@ -8,8 +8,11 @@ namespace {
 // Known counts stand this many bytes apart, so that a column in a very long line takes no longer than in a short one.
 constexpr std::size_t kBlockSize = 4096;
 
+bool beginsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
 std::size_t characterCount(std::string_view text) {
-    const auto beginsCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
     return static_cast<std::size_t>(std::ranges::count_if(text, beginsCharacter));
 }
 
@@ -32,6 +35,17 @@ LinePosition LineIndex::position(std::size_t offset) const {
     const bool behindMark = begin == 0 && offset >= kByteOrderMark.size() && m_text.starts_with(kByteOrderMark);
     const std::size_t characters = charactersBefore(offset) - charactersBefore(begin) - (behindMark ? 1 : 0);
     return {static_cast<std::size_t>(nextLine - m_lineBegins.begin()), 1 + characters, 1 + offset - begin};
+}
+
+std::size_t LineIndex::offset(std::size_t line, std::size_t column) const {
+    if (line == 0 || line > lineCount()) return line == 0 ? 0 : m_text.size();
+    std::size_t at = m_lineBegins[line - 1];
+    if (at == 0 && m_text.starts_with(kByteOrderMark)) at += kByteOrderMark.size();
+    const std::size_t end = m_lineBegins[line - 1] + lineText(line).size();
+    for (; column > 1 && at < end; --column) {
+        for (++at; at < end && !beginsCharacter(m_text[at]);) ++at;
+    }
+    return at;
 }
 
 std::string_view LineIndex::lineText(std::size_t line) const {

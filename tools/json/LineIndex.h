@@ -28,6 +28,10 @@ public:
     /// In malformed UTF-8 each byte counts as a character unless it could continue one.
     LinePosition position(std::size_t offset) const;
 
+    /// The byte at a line and a column in characters, as position() counts them; the end of the line or of the text
+    /// where they have fewer.
+    std::size_t offset(std::size_t line, std::size_t column) const;
+
     /// A text that ends with a line end has an empty last line; the empty text has one line.
     std::size_t lineCount() const { return m_lineBegins.size(); }
 

@@ -4,9 +4,14 @@
 
 namespace customstyle_tool {
 
+SourceOrigin SourceFile::origin(TextRange range) const {
+    return m_origins ? m_origins(range) : SourceOrigin{{this, range}, {}};
+}
+
 std::string SourceFile::place(std::size_t offset) const {
-    const LinePosition position = m_lines.position(offset);
-    return fmt::format("{}:{}:{}", m_path, position.line, position.column);
+    const auto [file, range] = origin({offset, offset}).place;
+    const LinePosition position = file->lines().position(range.begin);
+    return fmt::format("{}:{}:{}", file->path(), position.line, position.column);
 }
 
 std::variant<JsonDocument, ReadFailure> documentOf(const SourceFile& file, const char* what) {

@@ -1,6 +1,7 @@
 // A file that an author wrote, with its places.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,12 +13,34 @@
 
 namespace customstyle_tool {
 
+class SourceFile;
+
+/// Bytes of a file that an author wrote.
+struct SourcePlace {
+    const SourceFile* file;
+    TextRange range;
+};
+
+/// Where a piece of a text was written.
+struct SourceOrigin {
+    /// What stood there in place of a value, and where its value is set.
+    struct Variable {
+        std::string name;
+        SourcePlace place;
+    };
+
+    SourcePlace place;
+    std::optional<Variable> variable;
+};
+using SourceOrigins = std::function<SourceOrigin(TextRange)>;
+
 /// A text as it was read, with its line numbers. Not copied, so that views of the text stay valid.
 class SourceFile {
 public:
-    /// @param path  the name by which messages call the file
-    SourceFile(std::string path, std::string text)
-        : m_path(std::move(path)), m_text(std::move(text)), m_lines(m_text) {}
+    /// @param path     the name by which messages call the file
+    /// @param origins  of a text that was made from others: where its bytes were written
+    SourceFile(std::string path, std::string text, SourceOrigins origins = {})
+        : m_path(std::move(path)), m_text(std::move(text)), m_lines(m_text), m_origins(std::move(origins)) {}
     SourceFile(const SourceFile&) = delete;
     SourceFile& operator=(const SourceFile&) = delete;
 
@@ -25,13 +48,20 @@ public:
     std::string_view text() const { return m_text; }
     const LineIndex& lines() const { return m_lines; }
 
-    /// "file:line:column" of a byte.
+    /// Whether the text was made from other files. Its bytes are then nothing that an author could edit.
+    bool isBuilt() const { return m_origins != nullptr; }
+
+    /// Where a piece of the text was written: here, or in the files that it was made from.
+    SourceOrigin origin(TextRange range) const;
+
+    /// "file:line:column" of where a byte was written.
     std::string place(std::size_t offset) const;
 
 private:
     std::string m_path;
     std::string m_text;
     LineIndex m_lines;
+    SourceOrigins m_origins;
 };
 
 /// Why a file could not be read: one sentence with the file, the reason and the remedy.

@@ -1,15 +1,20 @@
 #include "tools/support/Spelling.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cctype>
 #include <limits>
-#include <vector>
+
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
 
 // Longer words are no misspelt names, and comparing them would take long.
 constexpr std::size_t kLongestWord = 64;
+
+constexpr std::size_t kMostListed = 12;
 
 std::string plain(std::string_view word) {
     std::string text;
@@ -21,6 +26,18 @@ std::string plain(std::string_view word) {
 }
 
 }  // namespace
+
+std::string eitherOf(const std::vector<std::string>& names) {
+    if (names.size() < 2) return names.empty() ? "" : names.front();
+    return fmt::format("{} or {}", fmt::join(std::span(names).first(names.size() - 1), ", "), names.back());
+}
+
+std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known) {
+    const std::string problem = fmt::format("unknown {} \"{}\"", what, escapedText(word));
+    if (const auto meant = likelyName(word, known)) return problem + didYouMean(meant);
+    if (known.size() > kMostListed) return problem;
+    return fmt::format("{}; write {}", problem, eitherOf(known));
+}
 
 std::size_t spellingDistance(std::string_view left, std::string_view right) {
     const std::size_t width = right.size() + 1;

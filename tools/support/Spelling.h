@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace customstyle_tool {
 
@@ -14,6 +15,13 @@ std::optional<std::string> likelyName(std::string_view word, std::span<const std
 
 /// "; did you mean "fill"?", or nothing.
 std::string didYouMean(const std::optional<std::string>& name);
+
+/// "fill, stroke or icon".
+std::string eitherOf(const std::vector<std::string>& names);
+
+/// What is wrong with a word that is not one of these: the nearest, or all that exist where they are few.
+/// @param what  as in "unknown WHAT"
+std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known);
 
 /// The number of letters to insert, take away, replace or swap with their neighbour to get from one word to the other.
 std::size_t spellingDistance(std::string_view left, std::string_view right);

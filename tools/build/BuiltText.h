@@ -1,0 +1,55 @@
+// BuiltText: the text of a style that was built, and where each of its values comes from.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tools/build/RuleNode.h"
+#include "tools/json/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// Takes rules one after the other and lays them out as a style.
+class BuiltText {
+public:
+    /// What a variable stands for, and where it is set.
+    struct Value {
+        std::string text;
+        SourceOrigin::Variable variable;
+    };
+    /// Answers for a text that a styler has; nothing for one that is no variable, or that has no value.
+    using Lookup = std::function<std::optional<Value>(const SourceFile& file, const RuleNode& node)>;
+
+    explicit BuiltText(Lookup lookup) : m_lookup(std::move(lookup)) {}
+
+    /// @param file  in which the rule is written
+    void add(const SourceFile& file, const RuleNode& rule, bool isAfterBlankLine);
+
+    /// The style as a file, whose places are those of what was added.
+    /// @param build  the file that the style is built by, which gives it its path
+    /// @param files  keeps what the rules are written in
+    std::unique_ptr<SourceFile> file(const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files) &&;
+
+private:
+    // In the order of the text: a list or object stands before what it holds.
+    struct Written {
+        const SourceFile* file;
+        TextRange nameRange;
+        TextRange range;
+        std::optional<SourceOrigin::Variable> variable;
+    };
+    class Places;
+
+    void addNode(const SourceFile& file, const RuleNode& node, bool inStylers);
+    void addChildren(const SourceFile& file, const RuleNode& node, bool inStylers);
+
+    Lookup m_lookup;
+    std::string m_text;
+    std::vector<Written> m_written;
+};
+
+}  // namespace customstyle_tool
