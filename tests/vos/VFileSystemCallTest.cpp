@@ -19,11 +19,14 @@
 namespace {
 
 std::function<void()> g_beforeOpen;
+std::function<void()> g_afterOpen;
 int g_interruptions = 0;
 
 int openAfterAll(const char* path, int flags) {
     if (g_beforeOpen) std::exchange(g_beforeOpen, nullptr)();
-    return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, 0));
+    const int descriptor = static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, 0));
+    if (g_afterOpen) std::exchange(g_afterOpen, nullptr)();
+    return descriptor;
 }
 
 }  // namespace
@@ -63,6 +66,7 @@ class VFileSystemCall : public testing::Test {
 protected:
     ~VFileSystemCall() override {
         g_beforeOpen = nullptr;
+        g_afterOpen = nullptr;
         g_interruptions = 0;
     }
 
@@ -90,6 +94,19 @@ TEST_F(VFileSystemCall, OpeningRefusesADirectoryThatTookTheFilesName) {
 
 TEST_F(VFileSystemCall, OpeningRefusesAPipeThatTookTheFilesName) {
     EXPECT_EQ(openedWhileReplaced([](const char* path) { mkfifo(path, 0600); }), 0);
+}
+
+TEST_F(VFileSystemCall, OpeningKeepsTheFileWhoseNameIsGivenToAnotherAfterwards) {
+    g_afterOpen = [this] {
+        fs::remove(m_path);
+        m_directory.write("style.json", "something longer");
+    };
+    ASSERT_EQ(m_file.Open(m_path.c_str(), 257), 1);
+    ASSERT_FALSE(g_afterOpen) << "nothing was opened";
+    EXPECT_EQ(m_file.GetLength(), 6U);
+    std::string text(6, '?');
+    EXPECT_EQ(m_file.Read(text.data(), text.size()), 6U);
+    EXPECT_EQ(text, "[1, 2]");
 }
 
 TEST_F(VFileSystemCall, ReadingGoesOnAfterSignals) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <thread>
@@ -139,6 +140,27 @@ TEST(VMem, TwoNullsBringBackTheBuiltInAllocator) {
     CVMem::Deallocate(block);
     EXPECT_TRUE(heap.requests().empty());
     EXPECT_TRUE(heap.released().empty());
+}
+
+TEST(VMem, ANullStandsForTheBuiltInFunctionOfThatKind) {
+    static int released = 0;
+    CVMem::SetHostAllocator(nullptr, [](void* block) {
+        ++released;
+        std::free(block);
+    });
+    CVMem::Deallocate(allocated(100));
+    EXPECT_EQ(released, 1);
+    static int asked = 0;
+    CVMem::SetHostAllocator(
+        [](std::size_t size, const char*, int) {
+            ++asked;
+            return std::malloc(size);
+        },
+        nullptr);
+    CVMem::Deallocate(allocated(100));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(released, 1);
+    CVMem::SetHostAllocator(nullptr, nullptr);
 }
 
 TEST(VMem, ASizeWithoutRoomForTheAccountsIsRefused) {
