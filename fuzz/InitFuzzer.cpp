@@ -4,11 +4,11 @@
 #include <string_view>
 
 #include "fuzz/support/FuzzInput.h"
-#include "fuzz/support/GoodMapping.h"
 #include "fuzz/support/Inspection.h"
 #include "fuzz/support/LoadAccounts.h"
 #include "fuzz/support/Require.h"
 #include "tests/hostile/FaultyFile.h"
+#include "tests/support/TestStore.h"
 
 namespace {
 
@@ -16,6 +16,11 @@ using namespace customstyle_fuzz;
 using customstyle_test::FaultyFile;
 
 constexpr char kDivider = '\x1E';
+
+const std::string& goodMapping() {
+    static const std::string mapping = customstyle_test::testMapping();
+    return mapping;
+}
 
 struct Files {
     std::string_view mapping;

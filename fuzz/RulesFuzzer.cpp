@@ -2,17 +2,16 @@
 #include <string>
 
 #include "fuzz/support/FuzzInput.h"
-#include "fuzz/support/GoodMapping.h"
 #include "fuzz/support/Inspection.h"
 #include "fuzz/support/LoadAccounts.h"
 #include "fuzz/support/Require.h"
 #include "fuzz/support/RuleInput.h"
-#include "tests/support/StyleBuilder.h"
+#include "tests/support/TestStore.h"
 
 using namespace customstyle_fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const auto mapping = customstyle_test::parsed(goodMapping());
+    static const auto mapping = customstyle_test::parsed(customstyle_test::testMapping());
     FuzzInput input(data, size);
     const LoadAccounts accounts;
     std::string rules;

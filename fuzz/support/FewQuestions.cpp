@@ -10,7 +10,7 @@ using _orvik_framework::tagCustomStyle;
 
 namespace {
 
-constexpr unsigned kIds[] = {1, 0xffffffff};
+constexpr unsigned kIds[] = {1, customstyle_test::firstStyleId(13), 0xffffffff};
 constexpr int kLevels[] = {0, 12};
 
 // Questions are off unless a test turns them on.
