@@ -11,7 +11,6 @@ namespace [[gnu::visibility("default")]] _orvik_vi {
 
 using ::cJSON;
 using ::cJSON_Delete;
-using ::cJSON_GetArrayItem;
 using ::cJSON_GetArraySize;
 using ::cJSON_IsArray;
 using ::cJSON_IsObject;
@@ -40,7 +39,7 @@ void forEachChild(const cJSON* node, Visit visit) {
 }
 
 /// The same for many children that are trees themselves: each begins to load into the caches while the one before it is
-/// visited. The parser lays a tree out behind its root; of a large document a twentieth of the time would go by
+/// visited. The parser lays a tree out after its root; of a large document a twentieth of the time would go by
 /// waiting.
 template <typename Visit>
 void forEachSubtree(const cJSON* node, Visit visit) {

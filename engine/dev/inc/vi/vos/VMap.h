@@ -81,7 +81,7 @@ private:
     void enterInIndex(std::uint32_t ordinal);
 
     std::unique_ptr<Entry[]> m_entries;        // in insertion order
-    std::unique_ptr<std::uint32_t[]> m_index;  // open addressing; a cell holds an entry's place counted from 1, or 0
+    std::unique_ptr<std::uint32_t[]> m_index;  // open addressing; a cell holds the number of an entry, from 1, or 0
     std::uint32_t m_count = 0;
     std::uint32_t m_capacity = 0;   // entries that m_entries has room for
     std::uint32_t m_indexSize = 0;  // cells of m_index, a power of two

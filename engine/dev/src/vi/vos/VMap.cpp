@@ -36,7 +36,7 @@ void CVMapPtrToPtr::grow() {
     const bool full = m_capacity == kMostEntries;
     const std::uint32_t capacity = std::min(std::max(m_blockSize, 2 * m_capacity), kMostEntries);
     const std::uint32_t indexSize = std::bit_ceil(2 * capacity);
-    // A full map ends as operator new has it end when memory runs out, also where nothing can be thrown.
+    // A full map fails as operator new does, also in builds without exceptions.
     const std::size_t wanted = full ? kMoreBytesThanAnyHeapHas / sizeof(Entry) : capacity;
     auto entries = std::make_unique_for_overwrite<Entry[]>(wanted);
     auto index = std::make_unique<std::uint32_t[]>(indexSize);

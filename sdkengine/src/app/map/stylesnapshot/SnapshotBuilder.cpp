@@ -15,21 +15,20 @@
 namespace _orvik_framework {
 namespace {
 
-// Two fields that differ are told apart by their bytes. Should padding ever differ, a record is kept twice, which is
-// harmless.
-constexpr std::size_t kBehindId = offsetof(tagCustomStyle, m_textFillColor);
+// Compared as bytes. Where only padding differs, a record is stored twice, which is harmless.
+constexpr std::size_t kAfterId = offsetof(tagCustomStyle, m_textFillColor);
 
-const char* bytesBehindId(const tagCustomStyle& record) {
-    return reinterpret_cast<const char*>(&record) + kBehindId;
+const char* bytesAfterId(const tagCustomStyle& record) {
+    return reinterpret_cast<const char*>(&record) + kAfterId;
 }
 
 bool looksLike(const tagCustomStyle& left, const tagCustomStyle& right) {
-    return std::memcmp(bytesBehindId(left), bytesBehindId(right), sizeof left - kBehindId) == 0;
+    return std::memcmp(bytesAfterId(left), bytesAfterId(right), sizeof left - kAfterId) == 0;
 }
 
 std::uint32_t hashOf(const tagCustomStyle& record) {
     std::uint32_t hash = 0;
-    for (std::size_t i = kBehindId; i + sizeof(std::uint64_t) <= sizeof record; i += sizeof(std::uint64_t)) {
+    for (std::size_t i = kAfterId; i + sizeof(std::uint64_t) <= sizeof record; i += sizeof(std::uint64_t)) {
         std::uint64_t word = 0;
         std::memcpy(&word, reinterpret_cast<const char*>(&record) + i, sizeof word);
         hash = mixed(hash, word);

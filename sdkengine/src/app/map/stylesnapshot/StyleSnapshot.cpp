@@ -20,7 +20,7 @@ int StyleSnapshot::copyOwn(tagCustomStyle& style, const Cell& cell) const {
 int StyleSnapshot::IsCustomBackRegionEnable(std::uint64_t& colour, int level) const {
     const Level& answers = m_levels[levelClassOf(level)];
     if (g_zrsdk_custom_style_enable == 0 || answers.isLandSet == 0) return 0;
-    colour = answers.landColor;
+    colour = answers.landColour;
     return 1;
 }
 

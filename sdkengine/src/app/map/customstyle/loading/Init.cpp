@@ -33,7 +33,7 @@ struct TreeDeleter {
 };
 using Tree = std::unique_ptr<cJSON, TreeDeleter>;
 
-// A read that ends early leaves zeros behind the text, and those end it for the parser.
+// After a short read, zeros follow the text and end it for the parser.
 Buffer readWhole(CVFile& file, std::size_t length) {
     Buffer buffer(static_cast<char*>(CVMem::Allocate(length, __FILE__, __LINE__)));
     if (buffer != nullptr) {

@@ -108,6 +108,18 @@ void applyRule(CustomConfig& config, const Rule& rule, const Notes& notes) {
 
 }  // namespace
 
+CVString CustomConfig::ParseCustomStyler(const cJSON* stylers) const {
+    CVString names;
+    const char* separator = "";
+    for (const Styler& styler : kStylers) {
+        names += separator;
+        separator = ";";
+        // The file's own spelling: the lookup is blind to letter case, and a "Color" must not pass for a colour.
+        if (const cJSON* member = findTextMember(stylers, styler.name.data())) names += member->string;
+    }
+    return names;
+}
+
 int CustomConfig::ParseCustomConfig(const cJSON* root) {
     const auto ruleCount = static_cast<std::size_t>(_orvik_vi::cJSON_GetArraySize(root));
     if (ruleCount == 0) return 1;

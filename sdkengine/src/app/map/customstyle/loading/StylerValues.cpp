@@ -54,18 +54,6 @@ int CustomConfig::ParseCustomStyleGivenLevel(const cJSON* stylers, int* level) c
     return 0;
 }
 
-CVString CustomConfig::ParseCustomStyler(const cJSON* stylers) const {
-    CVString names;
-    const char* separator = "";
-    for (const char* name : {"color", "visibility", "weight", "fontsize"}) {
-        names += separator;
-        separator = ";";
-        // The file's own spelling: the lookup is blind to letter case, and a "Color" must not pass for a colour.
-        if (const cJSON* member = findTextMember(stylers, name)) names += member->string;
-    }
-    return names;
-}
-
 int CustomConfig::CalculateColorValue(const char* text, int featureType) const {
     const std::string_view digits = viewOf(text);  // #RRGGBBAA
     const bool opaque = digits.size() <= 7 || applies(&FeatureTypeRow::isOpaque, featureType);

@@ -13,8 +13,8 @@
 namespace _orvik_framework {
 namespace {
 
-/// A key on its way into the store. Unless it gets its slot, all is taken back that it has put there by then: a key in
-/// effect that has no slot would hide the styles for all levels of its type.
+/// A key on its way into the store. Unless it gets its slot, everything that it added is removed again: a key in effect
+/// that has no slot would hide the styles for all levels of its type.
 class NewKey {
 public:
     NewKey(CustomConfig& config, std::string text, int allLevels)

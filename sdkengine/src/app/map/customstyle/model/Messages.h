@@ -1,4 +1,4 @@
-// Every text that the component logs, as the log shows it behind its prefix. Hosts match these texts: odd blanks and
+// Every text that the component logs, as the log shows it after its prefix. Hosts match these texts: odd blanks and
 // odd wording included, they are part of the interface.
 #pragma once
 

@@ -16,8 +16,8 @@ inline constexpr std::size_t kStyleKeyCapacity = 16;
 
 /// The two keys of a feature type at a level: "13" for all levels and "13:15" for that level.
 ///
-/// Made once for a level and then pointed at one type after the other. Both keys are put together in registers: a
-/// lookup that read a text just written would wait for the store.
+/// Made once for a level and then pointed at one type after the other. Both keys are put together in registers: reading
+/// bytes just written stalls on store forwarding.
 class StyleKeys {
 public:
     explicit StyleKeys(int level) : m_level(joined(StyleKeyWords(":"), numberWords(level))) {}

@@ -50,11 +50,11 @@ void CustomConfig::SetCustomColorStyle(int featureType, const CVString& elementT
     const DispatchRow* row = findRow(kColorRows, elementType);
     if (row == nullptr) return CustomMapPrintLog(messages::kElementUnknown);
 
-    const std::uint64_t color = static_cast<std::uint32_t>(CalculateColorValue(text, featureType));
+    const std::uint64_t colour = static_cast<std::uint32_t>(CalculateColorValue(text, featureType));
     runSteps(*this, *row, featureType, includesLabels, [&](Target target, int type) {
-        if (target == Target::Geometry) SetTypeColor(type, elementType, color, allLevels, level);
-        if (target == Target::Text) SetFontColorStyle(type, elementType, color, allLevels, level);
-        if (target == Target::GridColor) SetGridColorStyle(color);
+        if (target == Target::Geometry) SetTypeColor(type, elementType, colour, allLevels, level);
+        if (target == Target::Text) SetFontColorStyle(type, elementType, colour, allLevels, level);
+        if (target == Target::GridColor) SetGridColorStyle(colour);
     });
 }
 

@@ -128,7 +128,7 @@ using _orvik_vi::CVMapPtrToPtr;
 using _orvik_vi::CVString;
 
 inline constexpr int kFeatureTypeCount = 73;  // 0 to 72
-inline constexpr int kStyleSlotCount = 1241;  // 73 feature types times 17 levels
+inline constexpr int kStyleSlotCount = 1241;  // rules can name more keys; what has no slot is refused
 
 /// What the visibility styling notes about a rule.
 struct stFeatureTypeStyleRecorder {
@@ -177,7 +177,8 @@ public:
     ///         refused; otherwise 0 with one log line (none for an empty argument). What was stored by then stays.
     int Init(const CVString& mappingDirectory, const CVString& styleFile);
 
-    /// Frees all records and forgets all keys: the first step of destruction, not a way to use the object again.
+    /// Frees all records and forgets which slot each key has. Which keys are in effect, the slot counter, the grid
+    /// colour and the icon switch stay: it is the first step of destruction, not a way to use the object again.
     void ReleaseCustomRes();
 
     // ---- The renderer's questions -----------------------------------------------------------------------------------
@@ -190,7 +191,8 @@ public:
     ///
     /// @param style    receives the whole record; untouched when the answer is -1
     /// @param styleId  renderer style id; from 2^31 on it finds nothing where pointers have 64 bits
-    /// @param level    zoom level; levels outside 4 to 21 see the all-levels styles only
+    /// @param level    zoom level; a level that no rule names sees the all-levels styles only; files name levels 4
+    ///                 to 21
     /// @return the feature type id 0 to 71 that supplied the record, or -1 for none
     int GetStyleFromConfig(tagCustomStyle& style, unsigned int styleId, int level) const;
 
@@ -200,8 +202,9 @@ public:
     /// The style that one feature type has for the style id; does not look at the global switch.
     int GetParentFeatureTypeCustomStyle(tagCustomStyle& style, int level, int featureType, unsigned int styleId) const;
 
-    /// Whether the icon of a renderer style is hidden at a level (1) or shown (0). The first feature type that holds
-    /// the style id decides, customised or not.
+    /// Whether the icon of a renderer style is hidden at a level (1) or shown (0). The lowest feature type that holds
+    /// the style id decides, customised or not. Where only parents hold it, one that hides the icon is enough. While
+    /// m_allIconsHidden is set, the answer is 1 for every style id.
     int IsCustomizedIconVisible(unsigned int styleId, int level) const;
 
     /// Whether a parent feature type (4, 45 or 53) hides the icon of a style id; other types answer 0. Does not look at
@@ -262,13 +265,13 @@ public:
     /// their semicolons; null has none. The names are given as the file spells them.
     CVString ParseCustomStyler(const cJSON* stylers) const;
 
-    /// Packs a colour text `#RRGGBB` or `#RRGGBBAA`; null is read as the empty text. Position 0 is not looked at, a
-    /// character that is no hexadecimal digit and one that is missing count 0. Without alpha, and always for
-    /// "boundary", the colour is opaque.
+    /// Packs a colour text `#RRGGBB` or `#RRGGBBAA`; null is read as the empty text. The first character is ignored;
+    /// characters that are missing or not hexadecimal digits count as 0. Without alpha, and always for "boundary", the
+    /// colour is opaque.
     int CalculateColorValue(const char* text, int featureType) const;
 
-    /// Reads a weight: decimal, 255 for all that is larger; null is read as the empty text, which is 0. A character
-    /// that is no digit counts nothing but takes a place.
+    /// Reads a weight: decimal, 255 for all that is larger; null is read as the empty text, which is 0. Other
+    /// characters than digits add nothing but still shift the digits before them: "1.5" is 105.
     int CalculateWeightValue(const char* text) const;
 
     /// Whether the text is not empty and all ASCII digits.
@@ -279,7 +282,8 @@ public:
     //
     // `elementType` is the last word of the rule's element path, `includesLabels` is not 0 when the whole path names
     // "labels" or "all", `allLevels` is 1 for a rule without level and 0 for one at `level`. `stylers` may be null:
-    // then the styler is absent, which is logged. The parameters named `unused` may be null or anything else.
+    // then the styler is absent, which is logged (a weight for "boundary" is ignored without a line). The parameters
+    // named `unused` may be null or anything else.
 
     void SetCustomColorStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
                              stFeatureTypeStyleRecorder* unused, int allLevels, int level);

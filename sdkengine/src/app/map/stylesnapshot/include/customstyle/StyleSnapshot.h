@@ -14,16 +14,17 @@ namespace [[gnu::visibility("default")]] _orvik_framework {
 /// A style that stays with its snapshot.
 struct BorrowedStyle {
     int featureType = -1;  ///< feature type id that supplied the style, -1 for none
-    /// Null for none. Every field holds but m_ID: style ids that look alike share one record, whose m_ID is 0 then.
+    /// Null for none. Every field is valid except m_ID, which is 0 where style ids that look alike share the record.
     const tagCustomStyle* style = nullptr;
 };
 
 /// Holds the answer to each of the renderer's questions for every style id and level.
 ///
 /// Built once from a loaded CustomConfig and independent of it from then on; later changes of the store do not show.
-/// Answers take constant time, allocate nothing and agree with CustomConfig's to the last field, the global switch
-/// included. Immutable, so any number of threads may ask at the same time, without locks and without counting
-/// references; to exchange styles while threads ask, build the next snapshot aside and exchange one pointer.
+/// Answers take constant time (at levels outside 4 to 21 a search among the levels that keys name), allocate nothing
+/// and agree with CustomConfig's to the last field, the global switch included. Immutable, so any number of threads may
+/// ask at the same time, without locks and without counting references; to exchange styles while threads ask, build the
+/// next snapshot aside and exchange one pointer. One that was moved from must not be asked.
 class StyleSnapshot {
 public:
     /// Compiles the answers that `config` gives now. Throws std::bad_alloc when memory runs out.
@@ -85,7 +86,7 @@ private:
 
     // A level with answers of its own.
     struct Level {
-        std::uint64_t landColor = 0;
+        std::uint64_t landColour = 0;
         int isLandSet = 0;
         int level = 0;
     };
