@@ -1,7 +1,6 @@
 // What it takes to check a style anew after each keystroke, beside loading it.
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -24,7 +23,7 @@ std::string editedStyle(int edit) {
     return text;
 }
 
-// @param damage  stands behind the first comma: of a file that is not JSON the other rules are checked
+// @param damage  inserted after the first comma: of a file that is not JSON the other rules are checked
 void checkAnew(benchmark::State& state, const std::string& damage) {
     int edit = 0;
     std::size_t findings = 0;

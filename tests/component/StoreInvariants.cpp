@@ -22,10 +22,14 @@ std::vector<std::intptr_t> idsOf(const CVMapPtrToPtr& records) {
     return ids;
 }
 
-// A value stands only behind a flag, and a flag is 0 or 1.
+void expectFlag(int flag) {
+    EXPECT_TRUE(flag == 0 || flag == 1) << flag;
+}
+
+// A value other than 0 has its flag.
 template <typename Value>
 void expectPair(Value value, int applies) {
-    EXPECT_TRUE(applies == 0 || applies == 1) << applies;
+    expectFlag(applies);
     EXPECT_TRUE(applies == 1 || value == 0) << +value;
 }
 
@@ -40,8 +44,8 @@ void expectSoundRecord(const tagCustomStyle& record) {
     expectPair(record.m_fillWeight, record.m_fillWeightSet);
     expectPair(record.m_borderWeight, record.m_borderWeightSet);
     expectPair(record.m_topSurfaceColor, record.m_topSurfaceColorSet);
-    expectPair(0U, record.m_iconHidden);
-    expectPair(0U, record.m_custom);
+    expectFlag(record.m_iconHidden);
+    expectFlag(record.m_custom);
     const std::uint64_t colours = record.m_textFillColor | record.m_textStrokeColor | record.m_fillColor |
                                   record.m_borderColor | record.m_topSurfaceColor;
     EXPECT_EQ(colours >> 32, 0U);

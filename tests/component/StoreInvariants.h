@@ -26,7 +26,7 @@ void expectBaseUntouched(const CustomConfig& config);
 using Slots = std::map<std::string, CVMapPtrToPtr*>;
 Slots slotsOf(const CustomConfig& config);
 
-/// Keys that were there before keep their slots, and new ones come behind.
+/// Keys that were there before keep their slots, and new ones follow.
 void expectGrown(const CustomConfig& config, const Slots& before);
 
 /// The renderer's answers for a style id at a level are those that a slow search of the store gives.

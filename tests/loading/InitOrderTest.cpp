@@ -89,9 +89,9 @@ void PrintTo(const OrderCase& param, std::ostream* stream) {
     *stream << param.name;
 }
 
-class InitOrder : public testing::TestWithParam<OrderCase> {};
+class Init : public testing::TestWithParam<OrderCase> {};
 
-TEST_P(InitOrder, IsThatOfItsCase) {
+TEST_P(Init, AsksTheEngineForTheseStepsInThisOrder) {
     TracedHost host;
     if (GetParam().mapping != nullptr) host.provide("/m/CustomIndex", GetParam().mapping);
     if (GetParam().style != nullptr) host.provide("/s.json", GetParam().style);
@@ -101,9 +101,9 @@ TEST_P(InitOrder, IsThatOfItsCase) {
     EXPECT_EQ(host.steps(), GetParam().steps);
 }
 
-INSTANTIATE_TEST_SUITE_P(Init, InitOrder, testing::ValuesIn(kCases), [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(Order, Init, testing::ValuesIn(kCases), [](const auto& each) { return each.param.name; });
 
-TEST(InitOrderOfNothing, AsksNothingWithoutAPath) {
+TEST(InitWithoutAPath, AsksTheEngineForNothing) {
     const TracedHost host;
     CustomConfig config;
     EXPECT_EQ(config.Init("", "/s.json"), 0);

@@ -1,5 +1,5 @@
 // Files, memory, log and JSON nodes that note what is asked of them and in which order. A program that compiles
-// TracedHost.cpp has no other files and no other engine's heap.
+// TracedHost.cpp has no other files and no other engine heap.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ public:
 
     void provide(const std::string& path, const std::string& content);
 
-    /// Buffers of this size are not to be had.
+    /// Allocating a buffer of this size fails.
     void refuseBuffer(std::size_t size);
 
     /// What was asked for, oldest first: "open PATH in mode MODE", "allocate SIZE", "read SIZE into zeros",

@@ -60,16 +60,6 @@ TEST_P(Column, HoldsForItsTypesAndNoOthers) {
 INSTANTIATE_TEST_SUITE_P(FeatureTypeTable, Column, testing::ValuesIn(kColumns),
                          [](const auto& each) { return each.param.name; });
 
-TEST(FeatureTypeTable, NamesTheTypesOfTheCatalogue) {
-    const CustomConfig config;
-    for (int id = 0; id <= 72; ++id) {
-        const FeatureTypeRow* row = featureTypeRow(id);
-        ASSERT_NE(row, nullptr) << id;
-        EXPECT_EQ(row->id, id);
-        EXPECT_EQ(row->name, config.GetFeatureTypeName(id));
-    }
-}
-
 TEST(FeatureTypeTable, HasNoRowOutsideTheCatalogue) {
     for (const int id : {-1, 73, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
         EXPECT_EQ(featureTypeRow(id), nullptr) << id;

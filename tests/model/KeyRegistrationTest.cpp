@@ -22,7 +22,7 @@ using _orvik_framework::StoredRecords;
 constexpr int kIntMin = std::numeric_limits<int>::min();
 constexpr int kHighway = 13;
 
-class StoreUpdate : public testing::Test {
+class KeyRegistration : public testing::Test {
 protected:
     void update(int featureType, int allLevels, int level) {
         char key[16];
@@ -55,7 +55,7 @@ TEST_P(StyleKeyText, IsWrittenWithItsTerminatingZeroWithin16Characters) {
     config.UpdateCustomStyleMap(key, GetParam().featureType, GetParam().allLevels, GetParam().level);
     EXPECT_STREQ(key, GetParam().key);
     EXPECT_EQ(std::string(key + 16, 8), "xxxxxxxx");
-    // What is behind the zero belongs to the caller.
+    // What follows the zero belongs to the caller.
     const std::size_t written = std::string(key).size() + 1;
     EXPECT_EQ(std::string(key + written, sizeof key - written), std::string(sizeof key - written, 'x'));
 }
@@ -76,7 +76,7 @@ TEST_P(StyleKeyText, CarriesTheGivenMark) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    StoreUpdate, StyleKeyText,
+    KeyRegistration, StyleKeyText,
     testing::Values(KeyCase{"OneLevel", 5, 0, 18, "5:18"}, KeyCase{"AllLevels", 5, 1, 0, "5"},
                     KeyCase{"AllLevelsWhateverTheLevel", 5, 1, 18, "5"}, KeyCase{"FirstTypeAtOneLevel", 0, 0, 4, "0:4"},
                     KeyCase{"FirstTypeAtAllLevels", 0, 1, 0, "0"}, KeyCase{"LastTypeAtOneLevel", 72, 0, 21, "72:21"},
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---- Registration ---------------------------------------------------------------------------------------------------
 
-TEST_F(StoreUpdate, TheSameKeyTwiceTakesOneSlot) {
+TEST_F(KeyRegistration, TheSameKeyTwiceTakesOneSlot) {
     update(kHighway, 1, 0);
     update(kHighway, 1, 0);
     EXPECT_EQ(m_config.m_usedLevelSlots, 1);
@@ -99,7 +99,7 @@ TEST_F(StoreUpdate, TheSameKeyTwiceTakesOneSlot) {
     EXPECT_EQ(m_config.m_styleEffectLevels.at("13"), 1);
 }
 
-TEST_F(StoreUpdate, KeysTakeSlotsInTheOrderInWhichTheyAreFirstSeen) {
+TEST_F(KeyRegistration, KeysTakeSlotsInTheOrderInWhichTheyAreFirstSeen) {
     update(20, 0, 15);
     update(3, 1, 0);
     update(20, 0, 15);
@@ -110,7 +110,7 @@ TEST_F(StoreUpdate, KeysTakeSlotsInTheOrderInWhichTheyAreFirstSeen) {
     EXPECT_EQ(m_config.m_keyStyleMaps.at("3:21"), &m_config.m_levelStyleMaps[2]);
 }
 
-TEST_F(StoreUpdate, KeysOfAnyLengthThatDifferInOneCharacterAreDifferentKeys) {
+TEST_F(KeyRegistration, KeysOfAnyLengthThatDifferInOneCharacterAreDifferentKeys) {
     int keys = 0;
     for (const int level : {10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000}) {
         for (const int digit : {1, 2, 3, 1}) update(kHighway, 0, level + digit);
@@ -119,13 +119,13 @@ TEST_F(StoreUpdate, KeysOfAnyLengthThatDifferInOneCharacterAreDifferentKeys) {
     }
 }
 
-TEST_F(StoreUpdate, TheFirstMarkOfAKeyStays) {
+TEST_F(KeyRegistration, TheFirstMarkOfAKeyStays) {
     update(kHighway, 2, 0);
     update(kHighway, 1, 0);
     EXPECT_EQ(m_config.m_styleEffectLevels.at("13"), 2);
 }
 
-TEST_F(StoreUpdate, ATypeWithoutBaseRecordsGetsAnEmptySlot) {
+TEST_F(KeyRegistration, ATypeWithoutBaseRecordsGetsAnEmptySlot) {
     update(kHighway, 1, 0);
     update(72, 1, 0);
     EXPECT_EQ(m_config.m_usedLevelSlots, 2);
@@ -133,7 +133,7 @@ TEST_F(StoreUpdate, ATypeWithoutBaseRecordsGetsAnEmptySlot) {
     EXPECT_EQ(m_config.m_keyStyleMaps.at("72")->GetCount(), 0);
 }
 
-TEST_F(StoreUpdate, AKeyWithASlotGetsItsEffectWhereItHasNone) {
+TEST_F(KeyRegistration, AKeyWithASlotGetsItsEffectWhereItHasNone) {
     m_config.m_keyStyleMaps["13:15"] = &m_config.m_levelStyleMaps[7];
     update(kHighway, 0, 15);
     EXPECT_EQ(m_config.m_styleEffectLevels.at("13:15"), 0);
@@ -141,7 +141,7 @@ TEST_F(StoreUpdate, AKeyWithASlotGetsItsEffectWhereItHasNone) {
     EXPECT_EQ(m_config.m_usedLevelSlots, 0);
 }
 
-TEST_F(StoreUpdate, AKeyWhoseEffectWasTakenAwayGetsItBack) {
+TEST_F(KeyRegistration, AKeyWhoseEffectWasTakenAwayGetsItBack) {
     update(kHighway, 1, 0);
     m_config.m_styleEffectLevels.clear();
     m_config.SetTypeColor(kHighway, "fill", 0xff0000ff, 1, 0);
@@ -160,7 +160,7 @@ void* allocateAndLook(std::size_t size, const char*, int) {
     return std::malloc(size);
 }
 
-TEST_F(StoreUpdate, TheEffectComesFirstThenTheRecordsThenTheSlot) {
+TEST_F(KeyRegistration, TheEffectComesFirstThenTheRecordsThenTheSlot) {
     addBaseRecord(m_config, kHighway, 7);
     g_watched = &m_config;
     g_effectsSeen = g_slotsSeen = 100;
@@ -173,14 +173,14 @@ TEST_F(StoreUpdate, TheEffectComesFirstThenTheRecordsThenTheSlot) {
 
 // ---- Copies ---------------------------------------------------------------------------------------------------------
 
-TEST_F(StoreUpdate, ThreeBaseRecordsMakeThreeRecordsUnderTheirIds) {
+TEST_F(KeyRegistration, ThreeBaseRecordsMakeThreeRecordsUnderTheirIds) {
     for (const int styleId : {7001, 12, 340}) addBaseRecord(m_config, kHighway, styleId);
     update(kHighway, 1, 0);
     EXPECT_EQ(m_config.m_keyStyleMaps.at("13")->GetCount(), 3);
     for (const int styleId : {7001, 12, 340}) EXPECT_EQ(recordAt(m_config, "13", styleId)->m_ID, styleId);
 }
 
-TEST_F(StoreUpdate, ARecordIsAWholeCopyOfItsOwn) {
+TEST_F(KeyRegistration, ARecordIsAWholeCopyOfItsOwn) {
     addBaseRecord(m_config, kHighway, 7) = fullRecord(7);
     update(kHighway, 0, 15);
     ASSERT_NE(recordAt(m_config, "13:15", 7), nullptr);
@@ -190,7 +190,7 @@ TEST_F(StoreUpdate, ARecordIsAWholeCopyOfItsOwn) {
     EXPECT_EQ(*recordAt(m_config, "13", 7), fullRecord(7));
 }
 
-TEST_F(StoreUpdate, TheOrderOfTheBaseRecordsIsThatOfTheCopies) {
+TEST_F(KeyRegistration, TheOrderOfTheBaseRecordsIsThatOfTheCopies) {
     for (const int styleId : {30, 10, 20}) addBaseRecord(m_config, kHighway, styleId);
     update(kHighway, 1, 0);
     std::vector<int> styleIds;
@@ -198,7 +198,7 @@ TEST_F(StoreUpdate, TheOrderOfTheBaseRecordsIsThatOfTheCopies) {
     EXPECT_EQ(styleIds, (std::vector{30, 10, 20}));
 }
 
-TEST_F(StoreUpdate, OtherTypesHaveNoPartInASlot) {
+TEST_F(KeyRegistration, OtherTypesHaveNoPartInASlot) {
     addBaseRecord(m_config, 12, 1);
     addBaseRecord(m_config, kHighway, 2);
     addBaseRecord(m_config, 14, 3);
@@ -206,7 +206,7 @@ TEST_F(StoreUpdate, OtherTypesHaveNoPartInASlot) {
     EXPECT_EQ(m_config.m_keyStyleMaps.at("13")->GetCount(), 1);
 }
 
-TEST_F(StoreUpdate, CopiesAreMadeOnFirstSightOnly) {
+TEST_F(KeyRegistration, CopiesAreMadeOnFirstSightOnly) {
     tagCustomStyle& base = addBaseRecord(m_config, kHighway, 7);
     update(kHighway, 1, 0);
     const MemoryAccounts accounts;
@@ -218,21 +218,21 @@ TEST_F(StoreUpdate, CopiesAreMadeOnFirstSightOnly) {
     EXPECT_EQ(accounts.blocks(), 1);
 }
 
-TEST_F(StoreUpdate, ANegativeStyleIdIsWidenedWithItsSign) {
+TEST_F(KeyRegistration, ANegativeStyleIdIsWidenedWithItsSign) {
     addBaseRecord(m_config, kHighway, -5);
     update(kHighway, 1, 0);
     void* record = nullptr;
     EXPECT_TRUE(m_config.m_levelStyleMaps[0].Lookup(reinterpret_cast<void*>(std::intptr_t{-5}), record));
 }
 
-TEST_F(StoreUpdate, ACopyIsFiledUnderItsOwnId) {
+TEST_F(KeyRegistration, ACopyIsFiledUnderItsOwnId) {
     addBaseRecord(m_config, kHighway, 7).m_ID = 8;
     update(kHighway, 1, 0);
     EXPECT_EQ(recordAt(m_config, "13", 7), nullptr);
     ASSERT_NE(recordAt(m_config, "13", 8), nullptr);
 }
 
-TEST_F(StoreUpdate, AnAbsentBaseRecordIsPassedOver) {
+TEST_F(KeyRegistration, AnAbsentBaseRecordIsPassedOver) {
     addBaseRecord(m_config, kHighway, 1);
     m_config.m_typeStyleMaps[kHighway][recordKey(2)] = nullptr;
     addBaseRecord(m_config, kHighway, 3);
@@ -241,7 +241,7 @@ TEST_F(StoreUpdate, AnAbsentBaseRecordIsPassedOver) {
 }
 
 // A host that sets the counter back hands out a slot that another key still has.
-TEST_F(StoreUpdate, WhatASlotHoldsStaysWhenItIsHandedOutAgain) {
+TEST_F(KeyRegistration, WhatASlotHoldsStaysWhenItIsHandedOutAgain) {
     addBaseRecord(m_config, kHighway, 7);
     addBaseRecord(m_config, 14, 8);
     update(kHighway, 1, 0);
@@ -258,7 +258,7 @@ TEST_F(StoreUpdate, WhatASlotHoldsStaysWhenItIsHandedOutAgain) {
 
 // ---- A key without a slot -------------------------------------------------------------------------------------------
 
-TEST_F(StoreUpdate, ANullSlotPointerStaysButASlotIsTakenEachTime) {
+TEST_F(KeyRegistration, ANullSlotPointerStaysButASlotIsTakenEachTime) {
     addBaseRecord(m_config, kHighway, 7);
     m_config.m_keyStyleMaps["13"] = nullptr;
     update(kHighway, 1, 0);
@@ -270,7 +270,7 @@ TEST_F(StoreUpdate, ANullSlotPointerStaysButASlotIsTakenEachTime) {
     EXPECT_EQ(m_config.m_usedLevelSlots, 2);
 }
 
-TEST_F(StoreUpdate, WritersChangeNothingThroughANullSlotPointer) {
+TEST_F(KeyRegistration, WritersChangeNothingThroughANullSlotPointer) {
     addBaseRecord(m_config, kHighway, 7);
     m_config.m_keyStyleMaps["13"] = nullptr;
     m_config.SetTypeColor(kHighway, "fill", 0xff0000ff, 1, 0);

@@ -51,7 +51,7 @@ BELOW = {
     "fuzz": ["tests"],
 }
 
-# Include paths begin behind these.
+# Include paths are relative to these.
 ROOTS = ["engine/dev/inc/", "engine/dev/src/", "sdkengine/src/app/map/customstyle/include/",
          "sdkengine/src/app/map/stylesnapshot/include/", "sdkengine/src/app/map/"]
 SOURCE = re.compile(r"\.(h|cpp)$")

@@ -22,7 +22,7 @@ constexpr int kLowest = std::numeric_limits<int>::min();
 constexpr int kHighest = std::numeric_limits<int>::max();
 
 /// Writes into a store at random, partly past the loader: odd levels and types, ids shared between types and from 2^31
-/// on, records taken out, records changed by hand.
+/// on, keys without a record, slots taken away, records changed by hand.
 class RandomStore {
 public:
     explicit RandomStore(unsigned seed) : m_random(seed) {

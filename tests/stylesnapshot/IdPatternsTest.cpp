@@ -1,5 +1,4 @@
-// However a map numbers its styles, a snapshot answers like its store and takes no more memory than with a hash table
-// of the ids.
+// However a map numbers its styles, a snapshot answers like its store.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -14,6 +13,7 @@
 namespace customstyle_test {
 namespace {
 
+using _orvik_framework::StoredRecord;
 using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 using Ids = std::vector<int>;
@@ -63,11 +63,11 @@ void styleAllTypes(CustomConfig& config) {
     }
 }
 
-/// Gives each record of a type's key for all levels a look of its own.
+/// Gives each customised record a fill of its own, by its style id.
 void paintEachRecord(CustomConfig& config) {
     for (int slot = 0; slot < config.m_usedLevelSlots; ++slot) {
-        for (const auto& [key, record] : StoredRecords(config.m_levelStyleMaps[slot])) {
-            record->m_fillColor = std::uint64_t{static_cast<unsigned>(record->m_ID)} << 20;
+        for (const StoredRecord& entry : StoredRecords(config.m_levelStyleMaps[slot])) {
+            entry.record->m_fillColor = std::uint64_t{static_cast<unsigned>(entry.record->m_ID)} << 20;
         }
     }
 }

@@ -18,7 +18,7 @@ using Entries = std::vector<StyleIdIndex::Entry>;
 using Ids = std::vector<std::uint32_t>;
 
 constexpr std::uint32_t kHighest = std::numeric_limits<std::uint32_t>::max();
-constexpr std::size_t kEmptyPage = 12;
+constexpr std::size_t kBytesOfAPage = 12;
 
 Ids idsFrom(std::uint32_t first, std::size_t count, std::uint32_t stride = 1) {
     Ids ids;
@@ -131,7 +131,8 @@ TEST_P(StyleIdIndexOf, WithNumbersAbove255FindsEachAndNoOther) {
 TEST_P(StyleIdIndexOf, TakesNoMoreMemoryThanAHashTable) {
     for (const std::uint32_t highest : {255u, 100000u}) {
         const Entries entries = numbered(GetParam().ids, highest);
-        EXPECT_LE(StyleIdIndex(entries).bytes(), sizeof(PerfectIdIndex) + PerfectIdIndex(entries).bytes() + kEmptyPage);
+        EXPECT_LE(StyleIdIndex(entries).bytes(),
+                  sizeof(PerfectIdIndex) + PerfectIdIndex(entries).bytes() + kBytesOfAPage);
     }
 }
 

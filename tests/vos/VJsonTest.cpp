@@ -22,14 +22,14 @@ Tree parsedExactly(std::string_view text) {
 }
 
 int firstNumber(const Tree& tree) {
-    return cJSON_GetArrayItem(tree.get(), 0)->valueint;
+    return ::cJSON_GetArrayItem(tree.get(), 0)->valueint;
 }
 
 TEST(VJson, ATextThatFillsTheBufferIsParsedWhole) {
     const Tree tree = parsedExactly(R"([{"level":"15"},[1,2,3],"last"])");
     ASSERT_NE(tree, nullptr);
     ASSERT_EQ(cJSON_GetArraySize(tree.get()), 3);
-    EXPECT_STREQ(cJSON_GetArrayItem(tree.get(), 2)->valuestring, "last");
+    EXPECT_STREQ(::cJSON_GetArrayItem(tree.get(), 2)->valuestring, "last");
 }
 
 class JsonText : public testing::TestWithParam<std::string_view> {};
@@ -158,8 +158,8 @@ TEST(VJson, MembersAreFoundAsThePackageFindsThem) {
 
 TEST(VJson, ItemsOutsideAnArrayAreNull) {
     const Tree tree = parsedExactly("[1,2]");
-    EXPECT_EQ(cJSON_GetArrayItem(tree.get(), 2), nullptr);
-    EXPECT_EQ(cJSON_GetArrayItem(tree.get(), -1), nullptr);
+    EXPECT_EQ(::cJSON_GetArrayItem(tree.get(), 2), nullptr);
+    EXPECT_EQ(::cJSON_GetArrayItem(tree.get(), -1), nullptr);
 }
 
 TEST(VJson, ChildrenFormAListInTheOrderOfTheText) {

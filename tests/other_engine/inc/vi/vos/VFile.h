@@ -1,4 +1,4 @@
-// CVFile of another engine, whose files are texts that a test has put down.
+// CVFile of another engine: a file holds its own path.
 #pragma once
 
 #include <cstddef>

@@ -17,9 +17,6 @@ public:
     }
     friend CVString operator+(CVString head, const CVString& tail) { return head += tail; }
 
-    int Compare(const CVString& other) const { return m_text.compare(other.m_text); }
-    int Find(const CVString& text) const { return static_cast<int>(m_text.find(text.m_text)); }
-    CVString Mid(int first) const { return m_text.substr(static_cast<std::size_t>(first)).c_str(); }
     int GetLength() const { return static_cast<int>(m_text.size()); }
     bool IsEmpty() const { return m_text.empty(); }
     void Format(const char* format, ...) { *this = format; }
