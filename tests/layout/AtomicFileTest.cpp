@@ -54,6 +54,16 @@ TEST(WriteWhole, KeepsThePermissionsOfAFile) {
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0604));
 }
 
+TEST(WriteWhole, KeepsTheOldFileWhenTheNewOneIsNoLongerWanted) {
+    const TemporaryDirectory directory;
+    const std::string path = directory.write("old.json", "old");
+    EXPECT_THAT(writeWhole(path, "new", [] { return false; }), Optional(HasSubstr("it was changed meanwhile")));
+    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(filesIn(directory.path()), 1);
+    EXPECT_EQ(writeWhole(path, "new", [] { return true; }), std::nullopt);
+    EXPECT_EQ(contentOf(path), "new");
+}
+
 TEST(WriteWhole, LeavesNothingElseBehind) {
     const TemporaryDirectory directory;
     const std::string path = directory.write("old.json", "old");

@@ -117,11 +117,14 @@ private:
 
 }  // namespace
 
-std::optional<std::string> writeWhole(const std::string& path, std::string_view content) {
+std::optional<std::string> writeWhole(const std::string& path, std::string_view content,
+                                      const std::function<bool()>& isStillWanted) {
     const fs::path target = behindLinks(path);
     if (WriteProblem problem = problemOfTarget(path, target)) return problem;
     Draft draft(target);
-    if (!draft.isOpen() || !draft.fill(content) || !draft.takePlace()) return problemOf(path, lastError());
+    if (!draft.isOpen() || !draft.fill(content)) return problemOf(path, lastError());
+    if (isStillWanted && !isStillWanted()) return problemOf(path, "it was changed meanwhile");
+    if (!draft.takePlace()) return problemOf(path, lastError());
     return {};
 }
 
