@@ -33,6 +33,8 @@ BELOW = {
     "tools/export": ["tools/study"],
     "tools/layout": ["tools/host"],
     "tools/build": ["tools/layout"],
+    # the studio's server, and nobody else, speaks HTTP
+    "tools/server": ["tools/host"],
     "tools/minify": ["tools/study"],
     "tools/schema": ["tools/study"],
     # but these two speak of answers as "explain" does
@@ -40,7 +42,7 @@ BELOW = {
     "tools/expectations": ["tools/explain"],
     # programs
     "tools/customstyle": ["tools/build", "tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/host",
-                          "tools/layout", "tools/minify", "tools/schema"],
+                          "tools/layout", "tools/minify", "tools/schema", "tools/server"],
     "studio": ["tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/layout", "tools/minify",
                "tools/schema"],
     "examples": ["customstyle"],

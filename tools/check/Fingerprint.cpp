@@ -2,18 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <cstdint>
 #include <string_view>
+
+#include "tools/support/Hash.h"
 
 namespace customstyle_tool {
 namespace {
-
-// 64 bits of FNV-1a, as Fowler, Noll and Vo describe it.
-std::uint64_t hashOf(std::string_view text) {
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-    return hash;
-}
 
 std::string withoutBlanks(std::string_view text) {
     std::string result;
