@@ -74,10 +74,15 @@ TEST_F(WatchedFileTest, SeesAFileThatTakesThePlaceAndHasItsTimeAndLength) {
     EXPECT_THAT(file.state().text, Optional(std::string("new")));
 }
 
-TEST_F(WatchedFileTest, HasNoNewsOfTheSameContent) {
+// Whoever has read "between" has to learn that it is gone.
+TEST_F(WatchedFileTest, TellsOfTheSameContentAfterAnother) {
     WatchedFile file(m_path);
+    write("between");
     write("old");
-    for (int i = 0; i < 4; ++i) EXPECT_FALSE(file.poll());
+    file.poll();
+    EXPECT_TRUE(file.poll());
+    EXPECT_THAT(file.state().text, Optional(std::string("old")));
+    EXPECT_FALSE(file.poll());
 }
 
 TEST_F(WatchedFileTest, SeesAFileGoAndComeBack) {

@@ -102,13 +102,14 @@ bool WatchedFile::isFresh(const Signature& signature) {
 bool WatchedFile::poll() {
     const Signature now = signatureOf(m_path);
     const bool isStill = isSame(now, std::exchange(m_seen, now));
-    if (!isStill || (isSame(now, m_read) && !m_wasFresh)) return false;
+    const bool isWritten = !isSame(now, m_read);
+    if (!isStill || (!isWritten && !m_wasFresh)) return false;
     m_wasFresh = isFresh(now);
     m_read = now;
     FileState state = readState(m_path);
-    if (state.version == m_state.version) return false;
+    const bool isOther = state.version != m_state.version;
     m_state = std::move(state);
-    return true;
+    return isWritten || isOther;
 }
 
 }  // namespace customstyle_tool

@@ -36,7 +36,8 @@ public:
     const FileState& state() const { return m_state; }
 
     /// Looks at the file. A change counts once two looks have seen the same: files are often written in several steps.
-    /// @return whether the state is another one now
+    /// @return whether the file was written. It may have had another content for a moment, which others have seen, so
+    ///         that the same state is news, too.
     bool poll();
 
 private:

@@ -30,9 +30,11 @@ export class ComponentClient {
     });
   }
 
+  /** Asks about another mapping from now on, unless the component refuses it. */
   async setMapping(mapping) {
-    this.mapping = mapping;
-    return this.ask({method: 'mapping', mapping});
+    const answer = await this.ask({method: 'mapping', mapping});
+    if (!answer.error) this.mapping = mapping;
+    return answer;
   }
 
   settle({number, text, stopped}) {

@@ -11,7 +11,8 @@ import {
 } from '@codemirror/view';
 import {tags} from '@lezer/highlight';
 
-const look = EditorView.theme({
+/** How text looks in the page. */
+export const look = EditorView.theme({
   '&': {height: '100%', fontSize: '12px', backgroundColor: 'var(--ground)', color: 'var(--text)'},
   '.cm-scroller': {fontFamily: 'ui-monospace, "Noto Sans Mono", monospace'},
   '.cm-gutters': {backgroundColor: 'var(--raised)', color: 'var(--quiet)', borderRight: '1px solid var(--line)'},
@@ -27,7 +28,7 @@ const look = EditorView.theme({
   '.cm-diagnostic': {color: 'var(--text)'},
 });
 
-const colours = syntaxHighlighting(HighlightStyle.define([
+export const colours = syntaxHighlighting(HighlightStyle.define([
   {tag: tags.propertyName, color: 'var(--accent)'},
   {tag: tags.string, color: 'var(--text)'},
   {tag: [tags.number, tags.bool, tags.null], color: 'var(--error)'},
@@ -194,9 +195,9 @@ function completions(vocabulary) {
 /**
  * @param {HTMLElement} host receives the editor in a shadow tree, where its style sheets need no exception from the policy
  * @param {{vocabulary: object, onChange: () => void, onCursor: (rule: number) => void, onFormat: () => void,
- *          describe: (rule: number) => Promise<string>}} page
+ *          onSave: () => void, describe: (rule: number) => Promise<string>}} page
  */
-export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, describe}) {
+export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, onSave, describe}) {
   const root = host.attachShadow({mode: 'open'});
   const hover = hoverTooltip(async (view, position) => {
     const rule = ruleAt(view.state, position);
@@ -214,7 +215,8 @@ export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, de
       EditorView.lineWrapping, lineNumbers(), foldGutter(), history(), drawSelection(), highlightActiveLine(), bracketMatching(), closeBrackets(),
       highlightSelectionMatches(), json(), colours, look, chips, idleRules, lintGutter(), hover,
       autocompletion({override: [completions(vocabulary)], activateOnTyping: true}),
-      keymap.of([{key: 'Shift-Alt-f', run: () => (onFormat(), true)}, {key: 'Mod-Space', run: startCompletion},
+      keymap.of([{key: 'Shift-Alt-f', run: () => (onFormat(), true)}, {key: 'Mod-s', preventDefault: true, run: () => (onSave(), true)},
+        {key: 'Mod-Space', run: startCompletion},
         ...closeBracketsKeymap, ...defaultKeymap, ...searchKeymap, ...historyKeymap, ...completionKeymap, ...lintKeymap, indentWithTab]),
       EditorView.contentAttributes.of({'aria-label': 'Style file'}),
       EditorView.updateListener.of((update) => {
@@ -235,6 +237,16 @@ export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, de
     },
     set(text) {
       view.dispatch({changes: {from: 0, to: view.state.doc.length, insert: text}, selection: {anchor: 0}, scrollIntoView: true});
+    },
+    /** Makes the text another one; cursor and view stay where nothing changes, and "undo" leads back. */
+    update(text) {
+      const now = view.state.doc.toString();
+      const shorter = Math.min(now.length, text.length);
+      let from = 0;
+      while (from < shorter && now[from] === text[from]) ++from;
+      let kept = 0;
+      while (kept < shorter - from && now.at(-1 - kept) === text.at(-1 - kept)) ++kept;
+      view.dispatch({changes: {from, to: now.length - kept, insert: text.slice(from, text.length - kept)}});
     },
     /** Replaces a part; the cursor goes there. */
     replace(from, to, insert) {

@@ -6,11 +6,15 @@ import {classOfLevel} from './look.js';
 import {cameras, CityMap} from './map.js';
 import {indexOfByte} from './offsets.js';
 import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} from './panels.js';
+import {CityIds} from './city-ids.js';
+import {showDifference} from './difference.js';
+import {DiskFile, filesOfServer, followServer} from './disk.js';
 import {openFile, saveFile} from './files.js';
 import {element} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
 const kPause = 70; // milliseconds without a keystroke before the component is asked
+const kDisk = 'on the disk'; // no example has a name with blanks
 const at = (id) => document.getElementById(id);
 const fetchJson = async (path) => (await fetch(path)).json();
 const fetchText = async (path) => (await fetch(path)).text();
@@ -37,31 +41,37 @@ class Studio {
   async start() {
     performance.mark('studio-start');
     this.component = new ComponentClient('component-worker.js');
-    const [mappingText, tiles, faces, examples] = await Promise.all([
-      fetchText('examples/CustomIndex'), fetchJson('tiles/tiles.json'), fetchJson('fonts/faces.json'), fetchJson('examples/list.json')]);
-    this.mapping = JSON.parse(mappingText);
-    this.city = {tiles, faces, mapping: this.mapping};
-    this.startText = this.startPage();
-    const mappingFile = {path: 'CustomIndex', text: mappingText};
-    await this.component.setMapping(mappingFile).catch(() => this.component.setMapping(mappingFile));
-    this.text = await this.startText;
+    const [cityMapping, tiles, faces, examples, files] = await Promise.all([
+      fetchText('examples/CustomIndex'), fetchJson('tiles/tiles.json'), fetchJson('fonts/faces.json'),
+      fetchJson('examples/list.json'), filesOfServer()]);
+    this.city = {tiles, faces, mapping: JSON.parse(cityMapping)};
+    const ownMapping = {name: 'CustomIndex', text: cityMapping};
+    if (!await this.takeMapping(files.mapping ?? ownMapping)) await this.takeMapping(ownMapping);
+    this.text = await this.startPage(files.style);
     const answers = await this.ask({method: 'answers', style: this.style});
     const vocabulary = this.component.ask({method: 'complete'});
     this.answers = answers.error ? null : answers;
-    this.map = new CityMap(at('map'), {...this.city, camera: recall('camera') ?? undefined, answers: this.answers});
+    this.map = new CityMap(at('map'), {...this.city, ids: this.ids, camera: recall('camera') ?? undefined, answers: this.answers});
     this.map.whenDrawn(() => (this.timings.first = performance.now()));
     const words = {takes: [], ...(await vocabulary)};
     this.createEditor(words, examples);
     this.connect(examples);
     this.drawPanels();
     await this.refresh();
+    if (files.style || files.mapping) this.follow();
     const {takes} = await this.ask({method: 'takes'});
     if (takes) words.takes = takes;
   }
 
-  // What was typed last, the style of the link, or an example.
-  async startPage() {
+  // The style of the link, the file of the server, what was typed last, or an example.
+  async startPage(file) {
     const linked = await readLink();
+    if (file) this.disk = this.diskFile(file);
+    if (file && !linked) {
+      this.file = {name: file.name};
+      return this.disk.first;
+    }
+    if (this.disk) this.disk.isOpen = false;
     const kept = recall('style');
     if (linked) {
       if (kept && kept.text !== linked.text) remember('style-before-link', kept);
@@ -78,11 +88,14 @@ class Studio {
       onChange: () => this.changed(),
       onCursor: (rule) => this.cursorAt(rule),
       onFormat: () => this.format(),
+      onSave: () => this.save(),
       describe: (rule) => this.describe(rule),
     });
     this.firstText = this.text;
     this.editor.set(this.text);
-    this.say(`${this.file.name} is open`);
+    if (!at('notice').textContent) this.say(`${this.file.name} is open`);
+    this.showFile();
+    this.showConflict();
   }
 
   get style() {
@@ -92,7 +105,9 @@ class Studio {
   changed() {
     if (this.editor.text === this.text) return;
     this.text = this.editor.text;
-    remember('style', {name: this.file.name, text: this.text});
+    if (this.onDisk) this.disk.keepDraft();
+    else remember('style', {name: this.file.name, text: this.text});
+    this.showFile();
     this.typedAt = performance.now();
     clearTimeout(this.timer);
     this.timer = setTimeout(() => this.refresh(), kPause);
@@ -166,6 +181,97 @@ class Studio {
     return this.editor.replace(from, to, '');
   }
 
+  // ---- The file on the disk, and the mapping of the server -----------------------------------------------------------------
+
+  /** Whether the editor shows the file that the server edits. */
+  get onDisk() {
+    return Boolean(this.disk?.isOpen);
+  }
+
+  diskFile(file) {
+    const disk = new DiskFile(file, {text: () => this.text, take: (text) => this.editor.update(text), say: (text) => this.say(text)});
+    disk.addEventListener('conflict', () => this.showConflict());
+    return disk;
+  }
+
+  follow() {
+    followServer({
+      style: async (file) => {
+        await this.disk?.changed(file);
+        this.showFile();
+      },
+      mapping: async (file) => {
+        if (file.text === this.mappingText || !await this.takeMapping(file)) return;
+        for (const map of [this.map, this.before]) if (map) map.ids = this.ids;
+        this.say('the mapping has changed on the disk, and is used');
+        await this.refresh();
+      },
+      lost: () => this.say('the server does not answer; what you type stays in this browser'),
+      back: () => this.say('the server answers again'),
+    });
+  }
+
+  /** @returns {Promise<boolean>} whether the component takes the mapping */
+  async takeMapping({name, text, problem}) {
+    const mapping = {path: name, text: text ?? ''};
+    const ask = () => this.component.setMapping(mapping);
+    const {error} = problem ? {error: problem} : await ask().catch(ask);
+    if (error) this.say(`the mapping before stays: ${error}`);
+    if (error) return false;
+    this.mappingText = text;
+    this.mapping = JSON.parse(text);
+    this.ids = new CityIds(this.city.mapping, this.mapping);
+    return true;
+  }
+
+  showFile() {
+    const isChanged = this.onDisk && this.disk.isChanged;
+    at('file').textContent = `${this.file.name}${isChanged ? ' (not saved)' : ''}`;
+    document.title = `${isChanged ? '• ' : ''}${this.file.name} – Customstyle studio`;
+  }
+
+  showConflict() {
+    const theirs = this.onDisk ? this.disk.theirs : null;
+    at('conflict').hidden = !theirs;
+    if (!theirs) return;
+    const isReadable = theirs.text !== null;
+    at('conflict-text').textContent = isReadable ? `${this.file.name} was changed on the disk, and here. Which text shall stay?`
+      : `${theirs.problem ?? `${this.file.name} is gone from the disk`}. Your text is here as it was.`;
+    at('take-theirs').hidden = at('show-difference').hidden = !isReadable;
+  }
+
+  async showDifference() {
+    const theirs = this.disk.theirs.text.replace(/\r\n?/g, '\n');
+    showDifference(at('difference'), theirs, this.text);
+    const answer = await this.ask({method: 'diff', before: {path: this.file.name, text: theirs}, after: this.style});
+    const count = answer.changes?.length;
+    at('difference-text').textContent = answer.error ?? (count === 0 ? 'The map is the same with both.'
+      : `On the map ${count === 1 ? 'one value differs' : `${count} values differ`}.`);
+  }
+
+  settleConflict(choose) {
+    at('difference').close();
+    choose();
+    this.showFile();
+    this.editor.view.focus();
+  }
+
+  async save() {
+    if (this.onDisk) await this.disk.save();
+    else this.say(await saveFile(this.file.name, this.text));
+    this.showFile();
+  }
+
+  /** Goes back to the file of the server, as it was left. */
+  async openDisk() {
+    const {style} = await filesOfServer();
+    if (!style) return this.say('the server does not answer');
+    this.disk.isOpen = true;
+    this.disk.open(style);
+    await this.load(style.name, this.disk.first, true);
+    return this.showConflict();
+  }
+
   async format() {
     const answer = await this.ask({method: 'format', style: this.style});
     if (answer.error) this.say(answer.error);
@@ -215,7 +321,7 @@ class Studio {
     const features = this.map.featuresAt(point);
     const known = new Set();
     const distinct = features.filter(({id, type}) => id !== undefined && !known.has(`${type}${id}`) && known.add(`${type}${id}`));
-    this.picked = {features: distinct.length > 0 ? distinct : [{type: 'land', id: this.mapping.land[0], name: ''}], index: 0};
+    this.picked = {features: distinct.length > 0 ? distinct : [{type: 'land', id: this.mapping.land?.[0], name: ''}], index: 0};
     this.selectPanel('explain');
     await this.explainAgain();
   }
@@ -274,16 +380,16 @@ class Studio {
     if (!isOn) return;
     if (!this.before) {
       const {map} = this.map;
-      this.before = new CityMap(at('map-before'), {...this.city, camera: {center: map.getCenter(), zoom: map.getZoom()}});
-      this.follow();
-      map.on('move', () => this.follow());
+      this.before = new CityMap(at('map-before'), {...this.city, ids: this.ids, camera: {center: map.getCenter(), zoom: map.getZoom()}});
+      this.followMap();
+      map.on('move', () => this.followMap());
     }
     this.before.map.resize();
     this.swipe();
     await this.showBefore();
   }
 
-  follow() {
+  followMap() {
     const {map} = this.map;
     if (!this.compared) return;
     this.before.map.jumpTo({center: map.getCenter(), zoom: map.getZoom(), pitch: map.getPitch(), bearing: map.getBearing()});
@@ -350,27 +456,42 @@ class Studio {
     this.drawPanel(['levels', 'specimens']);
   }
 
-  async load(name, text) {
+  /** Opens another style; the file on the disk stays as it is. */
+  async load(name, text, isOnDisk = false) {
+    if (this.disk) this.disk.isOpen = isOnDisk;
     this.file = {name};
-    at('file').textContent = name;
     this.firstText = text;
     this.editor.set(text);
-    remember('style', {name, text});
+    if (!isOnDisk) remember('style', {name, text});
+    this.showFile();
+    this.showConflict();
     this.say(`${name} is open`);
   }
 
   connect(examples) {
     document.body.dataset.view = 'map';
-    at('file').textContent = this.file.name;
+    if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on the disk`));
     at('examples').append(...examples.map((name) => element('option', {value: name}, name)));
     at('cameras').append(...cameras.map(({name}, i) => element('option', {value: i}, name)));
     const listen = (id, event, act) => at(id).addEventListener(event, act);
     listen('examples', 'change', async ({target}) => {
-      if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
+      if (target.value === kDisk) await this.openDisk();
+      else if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
       target.value = '';
     });
     listen('open', 'click', () => openFile(at('file-input'), (file) => this.load(file.name, file.text)));
-    listen('save', 'click', async () => this.say(await saveFile(this.file.name, this.text)));
+    listen('save', 'click', () => this.save());
+    listen('keep-mine', 'click', () => this.settleConflict(() => this.disk.keepMine()));
+    listen('take-theirs', 'click', () => this.settleConflict(() => this.disk.takeTheirs()));
+    listen('show-difference', 'click', () => this.showDifference());
+    listen('difference-mine', 'click', () => this.settleConflict(() => this.disk.keepMine()));
+    listen('difference-theirs', 'click', () => this.settleConflict(() => this.disk.takeTheirs()));
+    listen('difference-close', 'click', () => at('difference').close());
+    document.addEventListener('keydown', (event) => {
+      if (event.key !== 's' || !(event.ctrlKey || event.metaKey) || event.defaultPrevented) return;
+      event.preventDefault();
+      this.save();
+    });
     listen('format', 'click', () => this.format());
     listen('share', 'click', async () => {
       history.replaceState(null, '', await linkOf(this.text));

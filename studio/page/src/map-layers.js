@@ -84,12 +84,12 @@ const withBase = (faces, base) => Object.fromEntries(Object.entries(faces).map((
 /**
  * The values of all layers at a level: {layer: {property: value}}.
  * @param {object} answers the component's answers
- * @param {Record<string, number[]>} mapping style ids by feature type
+ * @param {import('./city-ids.js').CityIds} ids
  * @param {{level: number, is3d: boolean}} view
  */
-export function valuesAt(answers, mapping, {level, is3d}) {
+export function valuesAt(answers, ids, {level, is3d}) {
   const at = classOfLevel(level);
-  const recordsOf = recordLists(answers, mapping, at);
+  const recordsOf = recordLists(answers, ids, at);
   const values = {
     grid: {'background-color': answers.grid[at] ? cssColor(answers.grid[at]) : '#e4e2dd'},
     land: {'fill-color': answers.land[at] ? cssColor(answers.land[at]) : '#f3f1ec'},
@@ -98,19 +98,19 @@ export function valuesAt(answers, mapping, {level, is3d}) {
   return values;
 }
 
-// The records of a type with the style ids that have them.
-function recordLists(answers, mapping, at) {
+const kEmptyRecord = {type: null, icon_hidden: false, style: {}};
+
+// The records of a type with the ids in the tiles that have them.
+function recordLists(answers, ids, at) {
   return (type) => {
     const groups = new Map();
-    for (const id of mapping[type] ?? []) {
-      const index = answers.styles[id][at];
-      groups.set(index, [...(groups.get(index) ?? []), id]);
+    for (const id of ids.inCity(type)) {
+      const record = answers.records[answers.styles[ids.of(type, id)]?.[at]] ?? kEmptyRecord;
+      groups.set(record, [...(groups.get(record) ?? []), id]);
     }
-    return [...groups].map(([index, ids]) => ({record: answers.records[index], ids}));
+    return [...groups].map(([record, inCity]) => ({record, ids: inCity}));
   };
 }
-
-const kEmptyRecord = {type: null, icon_hidden: false, style: {}};
 
 // One value where all style ids agree, else a choice by the style id of the feature.
 function chosen(groups, idProperty, valueOf) {

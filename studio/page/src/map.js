@@ -38,9 +38,9 @@ const levelOfZoom = (zoom) => Math.max(0, Math.floor(zoom + 1e-6) + 1);
 
 /** One map whose layers look as the component answers. Tells of its level with an event "level". */
 export class CityMap extends EventTarget {
-  constructor(container, {tiles, faces, mapping, camera = kStart, answers = null}) {
+  constructor(container, {tiles, faces, ids, camera = kStart, answers = null}) {
     super();
-    this.mapping = mapping;
+    this.ids = ids;
     this.answers = answers;
     this.pinnedLevel = null;
     this.is3d = false;
@@ -64,7 +64,7 @@ export class CityMap extends EventTarget {
   firstStyle(tiles, faces, {zoom}) {
     const style = emptyStyle(tiles, faces, base);
     if (!this.answers) return style;
-    const values = valuesAt(this.answers, this.mapping, {level: levelOfZoom(zoom), is3d: false});
+    const values = valuesAt(this.answers, this.ids, {level: levelOfZoom(zoom), is3d: false});
     for (const layer of style.layers) {
       const known = (this.applied[layer.id] = {});
       for (const [property, value] of Object.entries(values[layer.id])) {
@@ -118,7 +118,7 @@ export class CityMap extends EventTarget {
     const view = `${this.level} ${this.is3d}`;
     if (!this.answers || !this.isLoaded || this.shownView === view) return;
     this.shownView = view;
-    const values = valuesAt(this.answers, this.mapping, {level: this.level, is3d: this.is3d});
+    const values = valuesAt(this.answers, this.ids, {level: this.level, is3d: this.is3d});
     for (const [layer, properties] of Object.entries(values)) this.apply(layer, properties);
     this.dispatchEvent(new CustomEvent('level', {detail: this.level}));
   }
@@ -141,17 +141,20 @@ export class CityMap extends EventTarget {
       .map((feature) => {
         const along = feature.layer.id.endsWith('-along');
         const {t, s, l, lt, n} = feature.properties;
-        return {type: along ? lt : t, id: along ? l : s, name: n ?? '', layer: feature.layer.id};
+        const [type, inCity] = along ? [lt, l] : [t, s];
+        return {type, id: this.ids.of(type, inCity), name: n ?? '', layer: feature.layer.id};
       });
   }
 
   /** Lights the features of some style ids up. */
-  light(ids) {
-    const has = (property) => ['in', ['get', property], ['literal', ids]];
+  light(styleIds) {
+    const worn = this.ids.wearing(styleIds);
+    const has = (type, id) => ['match', ['get', type],
+      ...worn.flatMap((each) => [each.type, ['in', ['get', id], ['literal', each.ids]]]), false];
     if (!this.isLoaded) return;
     for (const {id, ...layer} of litLayers) {
       if (!this.map.getLayer(id)) this.map.addLayer({id, source: 'city', ...layer, filter: false});
-      this.map.setFilter(id, ids.length === 0 ? false : ['any', has('s'), has('l')]);
+      this.map.setFilter(id, worn.length === 0 ? false : ['any', has('t', 's'), has('lt', 'l')]);
     }
   }
 }

@@ -20,6 +20,14 @@ export function remember(name, value) {
   }
 }
 
+export function forget(name) {
+  try {
+    localStorage.removeItem(kPrefix + name);
+  } catch {
+    // There was nothing to forget.
+  }
+}
+
 const throughStream = async (bytes, stream) =>
   new Uint8Array(await new Response(new Blob([bytes]).stream().pipeThrough(stream)).arrayBuffer());
 

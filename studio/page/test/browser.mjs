@@ -1,26 +1,42 @@
 // A browser on the built page, for tests and for pictures.
+import {spawn} from 'node:child_process';
 import {existsSync} from 'node:fs';
 import {dirname, join} from 'node:path';
+import {createInterface} from 'node:readline';
 import {fileURLToPath} from 'node:url';
 import {chromium} from 'playwright-core';
-import {pageServer} from '../serve.mjs';
 
-export const builtPage = process.env.CUSTOMSTYLE_STUDIO ?? join(dirname(fileURLToPath(import.meta.url)), '../../../build/studio');
+const build = join(dirname(fileURLToPath(import.meta.url)), '../../../build');
+export const builtPage = process.env.CUSTOMSTYLE_STUDIO ?? join(build, 'studio');
+export const tool = process.env.CUSTOMSTYLE_TOOL ?? join(build, 'release/customstyle');
 const kPatience = 60_000; // milliseconds; software rendering on a busy machine takes its time
 
-/** Starts a server and a browser; `close` ends both. */
-export async function startBrowser() {
+/** Starts a program that says in its first line at which address it listens. */
+export async function startServer(program, words, stderr = 'inherit') {
+  const server = spawn(program, words, {stdio: ['ignore', 'pipe', stderr]});
+  const ended = new Promise((resolve) => server.once('exit', resolve));
+  const lines = createInterface(server.stdout)[Symbol.asyncIterator]();
+  const first = await Promise.race([lines.next(), ended.then(() => ({}))]);
+  const address = /http:\/\/[\d.:]+\//.exec(first.value ?? '')?.[0];
+  if (!address) throw new Error(`${program} ${words.join(' ')}: does not listen`);
+  return {address, close: () => (server.kill('SIGINT'), ended)};
+}
+
+/** The studio's own server, with these words more. */
+export const startStudio = (...words) => startServer(tool, ['studio', '--port', '0', '--page', builtPage, ...words]);
+
+/** Starts a server and a browser; `close` ends both. @param {string[]} words for the server */
+export async function startBrowser(words = []) {
   if (!existsSync(join(builtPage, 'page.js'))) throw new Error(`${builtPage}: no page; run script/studio --build`);
-  const server = pageServer(builtPage).listen(0, '127.0.0.1');
-  await new Promise((resolve) => server.once('listening', resolve));
+  if (!existsSync(tool)) throw new Error(`${tool}: no such tool; build it, or name it in CUSTOMSTYLE_TOOL`);
+  const server = await startStudio(...words);
   const browser = await chromium.launch({executablePath: '/usr/bin/chromium',
     args: ['--enable-unsafe-swiftshader', '--no-sandbox', '--disable-dev-shm-usage']});
-  const address = `http://127.0.0.1:${server.address().port}/`;
   const close = async () => {
     await browser.close();
-    server.close();
+    await server.close();
   };
-  return {browser, address, close};
+  return {browser, address: server.address, close};
 }
 
 /** Opens the page in a fresh profile and waits for its first picture. Complaints of the page are collected. */
