@@ -238,6 +238,7 @@ class Studio {
     at('conflict-text').textContent = isReadable ? `${this.file.name} was changed on the disk, and here. Which text shall stay?`
       : `${theirs.problem ?? `${this.file.name} is gone from the disk`}. Your text is here as it was.`;
     at('take-theirs').hidden = at('show-difference').hidden = !isReadable;
+    this.say('a question waits below the editor');
   }
 
   async showDifference() {

@@ -1,5 +1,7 @@
 // The page in a real browser: what an author sees, types and clicks.
 import assert from 'node:assert/strict';
+import {readFileSync} from 'node:fs';
+import {createRequire} from 'node:module';
 import {after, before, describe, test} from 'node:test';
 import {whenDrawn, openStudio, pixelsOf, startBrowser, typeStyle} from './browser.mjs';
 
@@ -261,6 +263,25 @@ describe('the page', () => {
       assert.ok(reached.has(id), `${id} in ${[...reached]}`);
     }
   });
+
+  for (const theme of ['light', 'dark']) {
+    test(`meets the rules for everybody, in the ${theme} theme`, async () => {
+      const {page} = studio;
+      await page.evaluate((name) => window.studio.setTheme(name), theme);
+      await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: 'red'}), rule('lake', 'all', {weight: '3'}),
+        rule('highway', 'geometry.fill', {color: '#ff0000'}), rule('green', 'labels.icon', {visibility: 'off', color: 'x'})));
+      await page.evaluate(readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8'));
+      for (const panel of ['findings', 'explain', 'effects', 'levels', 'specimens']) {
+        await page.locator(`[data-panel="${panel}"]`).click();
+        if (panel === 'explain') await page.evaluate(() => window.studio.explainAt({x: 200, y: 200}));
+        const broken = await page.evaluate(async () => {
+          const {violations} = await window.axe.run(document, {resultTypes: ['violations']});
+          return violations.flatMap(({id, nodes}) => nodes.map(({target, failureSummary}) => `${id}: ${target} ${failureSummary}`));
+        });
+        assert.deepEqual(broken, [], panel);
+      }
+    });
+  }
 
   test('fits a phone: no part is wider than the screen', async () => {
     const other = await openStudio(started, {size: {width: 390, height: 720}, scheme: 'dark'});
