@@ -1,17 +1,11 @@
 // Pictures of the example styles and of the studio itself: node pictures.mjs FOLDER [NAME...]
 import {writeFileSync} from 'node:fs';
 import {join} from 'node:path';
+import {compressed, kLargest, views} from './shots.mjs';
 import {openStudio, startBrowser, whenDrawn} from './test/browser.mjs';
 
 const [folder, ...wanted] = process.argv.slice(2);
-const kLargest = 200_000; // bytes
 const styles = ['night', 'pale', 'transit', 'main-roads', 'no-labels'];
-const views = {
-  region: {center: [71.44, 51.15], zoom: 10.6},
-  city: {center: [71.4305, 51.1285], zoom: 13.2},
-  streets: {center: [71.427, 51.1295], zoom: 15.6},
-  walls: {center: [71.4305, 51.1262], zoom: 15.1, pitch: 58, bearing: -20, is3d: true},
-};
 const pictures = [
   ...styles.map((style) => ({name: `${style}-city`, style, view: 'city'})),
   {name: 'night-region', style: 'night', view: 'region'}, {name: 'night-streets', style: 'night', view: 'streets'},
@@ -19,23 +13,6 @@ const pictures = [
   {name: 'studio', style: 'night', view: 'city', isWhole: true}, {name: 'studio-dark', style: 'pale', view: 'city', isWhole: true, isDark: true},
   {name: 'compare', style: 'night', view: 'city', isWhole: true, isCompared: true},
 ];
-
-// The largest quality at which the picture is small enough; null where there is none.
-async function compressed(page, png) {
-  for (const quality of [0.9, 0.8, 0.7, 0.5, 0.3]) {
-    const url = await page.evaluate(async ([text, q]) => {
-      const image = new Image();
-      image.src = `data:image/png;base64,${text}`;
-      await image.decode();
-      const canvas = Object.assign(document.createElement('canvas'), {width: image.width, height: image.height});
-      canvas.getContext('2d').drawImage(image, 0, 0);
-      return canvas.toDataURL('image/webp', q);
-    }, [png.toString('base64'), quality]);
-    const bytes = Buffer.from(url.split(',')[1], 'base64');
-    if (bytes.length <= kLargest) return bytes;
-  }
-  return null;
-}
 
 async function prepare(page, {style, view, isCompared, isDark}) {
   await page.evaluate(async ([name, camera, dark]) => {

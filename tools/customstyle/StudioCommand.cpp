@@ -22,6 +22,7 @@
 #include "tools/host/Files.h"
 #include "tools/host/LoadedMap.h"
 #include "tools/server/StudioService.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -143,7 +144,8 @@ int serve(const StudioArguments& arguments, PageFolder page) {
     const Started started = start(files, arguments.port);
     if (const int* error = std::get_if<int>(&started)) return complainOfPort(arguments, *error);
     StudioService& service = *std::get<0>(started);
-    print(fmt::format("{} shows {}; Ctrl+C ends it\n", service.address(), arguments.style.value_or("the studio")));
+    const std::string shown = arguments.style ? escapedText(*arguments.style) : "the studio";
+    print(fmt::format("{} shows {}; Ctrl+C ends it\n", service.address(), shown));
     std::fflush(stdout);
     if (arguments.open) openBrowser(service.address());
     serveUntilEnded(service, signals);

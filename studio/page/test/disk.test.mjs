@@ -260,6 +260,24 @@ describe('the server', () => {
     await again.close();
   });
 
+  test('may give a file of any name: it is text in the page', async () => {
+    const name = '"><img src=x onerror="window.hit=1">\u202e\n.json';
+    writeFileSync(join(folder, name), roads('#445566'));
+    const own = await startStudio(join(folder, name));
+    const {page, profile, heard} = await openStudio({...started, address: own.address});
+    assert.ok((await page.locator('#file').textContent()).startsWith(name));
+    await type(page, roads('#aaaaaa'));
+    writeFileSync(join(folder, name), roads('#bbbbbb'));
+    await conflict(page).waitFor();
+    await page.locator('#show-difference').click();
+    await page.locator('#difference-theirs').click();
+    assert.deepEqual(await page.evaluate(() => [window.hit ?? null, document.querySelectorAll('body img').length]), [null, 0]);
+    assert.deepEqual(heard.errors, []);
+    await profile.close();
+    await own.close();
+    rmSync(join(folder, name));
+  });
+
   test('gives the mapping, too, and the page follows it', async () => {
     const mapping = join(folder, 'CustomIndex');
     const types = Object.keys(JSON.parse(readFileSync(join(builtPage, 'examples/CustomIndex'), 'utf8')));
