@@ -47,8 +47,26 @@ TEST(WhatCanGo, IsOneOfTwoRulesThatSayTheSame) {
     const CheckedFile file =
         checked({{"water", "geometry", R"({"color": "#3366cc"})"}, {"water", "geometry", R"({"color": "#3366cc"})"}});
     EXPECT_THAT(saidOf(file),
-                ElementsAre("1 no-effect: the rule has no effect on the map: it says the same as rule 2"));
+                ElementsAre("2 no-effect: the rule has no effect on the map: it says the same as rule 1"));
     EXPECT_TRUE(file.findings[0].canGo);
+}
+
+// Without the third rule the second shows, and so the third can only go after it.
+TEST(WhatCanGo, CanGoByItself) {
+    EXPECT_THAT(saidOf(checked({{"city", "geometry", R"({"color": "#445566"})"},
+                                {"city", "geometry.stroke", R"({"color": "#112233", "level": "10"})"},
+                                {"city", "geometry", R"({"color": "#445566", "level": "10"})"}})),
+                ElementsAre("2 no-effect: the rule has no effect on the map: rule 3 overwrites all that it writes"));
+}
+
+// Each of the last two rules hides the second, so one of them has to stay.
+TEST(WhatCanGo, CanGoTogether) {
+    EXPECT_THAT(saidOf(checked({{"city", "geometry", R"({"color": "#445566"})"},
+                                {"city", "geometry.stroke", R"({"color": "#112233", "level": "10"})"},
+                                {"city", "geometry", R"({"color": "#445566", "level": "10"})"},
+                                {"city", "geometry", R"({"color": "#445566", "level": "10"})"}})),
+                ElementsAre("2 no-effect: the rule has no effect on the map: rule 3 overwrites all that it writes",
+                            "4 no-effect: the rule has no effect on the map: it says the same as rule 3"));
 }
 
 TEST(WhatCanGo, IsNoRuleThatHidesEveryIconOfAMapWithoutStyleIds) {

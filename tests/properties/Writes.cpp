@@ -13,7 +13,7 @@ bool isStyler(const std::string& name) {
 }
 
 // A value of 0 shows by its flag. Icons have none: an icon shown again only shows where it was hidden.
-void addWrites(std::set<Write>& writes, const Rule& rule, bool iconsHidden) {
+void addWrites(Written& writes, const Rule& rule, bool iconsHidden) {
     model::StyleModel model;
     for (int type = 0; type <= 72; ++type) {
         model.base[type][1] = {};
@@ -22,26 +22,36 @@ void addWrites(std::set<Write>& writes, const Rule& rule, bool iconsHidden) {
     model.apply(rule);
     for (const auto& [key, records] : model.slots) {
         const model::Record& record = records.at(1);
-        for (const auto& [field, value] : record) {
-            if (field.ends_with("Set")) writes.emplace(key, field.substr(0, field.size() - 3));
+        for (const auto& [flag, set] : record) {
+            if (!flag.ends_with("Set")) continue;
+            const std::string field = flag.substr(0, flag.size() - 3);
+            const auto value = record.find(field);
+            writes[{key, field}] = value == record.end() ? 0 : value->second;
         }
-        if (record.contains("iconHidden") != iconsHidden) writes.emplace(key, "iconHidden");
+        const bool isHidden = record.contains("iconHidden");
+        if (isHidden != iconsHidden) writes[{key, "iconHidden"}] = isHidden ? 1 : 0;
     }
-    if (model.gridColour) writes.emplace("grid", "colour");
-    if (model.everyIconHidden) writes.emplace("all", "icon");
+    if (model.gridColour) writes[{"grid", "colour"}] = *model.gridColour;
+    if (model.everyIconHidden) writes[{"all", "icon"}] = 1;
 }
 
 }  // namespace
 
-std::set<Write> writesOf(const Rule& rule, const std::string& styler) {
+Written valuesOf(const Rule& rule, const std::string& styler) {
     Rule alone = rule;
     if (alone.stylers && !styler.empty()) {
         std::erase_if(*alone.stylers,
                       [&](const auto& member) { return isStyler(member.first) && member.first != styler; });
     }
-    std::set<Write> writes;
+    Written writes;
     addWrites(writes, alone, false);
     addWrites(writes, alone, true);
+    return writes;
+}
+
+std::set<Write> writesOf(const Rule& rule, const std::string& styler) {
+    std::set<Write> writes;
+    for (const auto& [write, value] : valuesOf(rule, styler)) writes.insert(write);
     return writes;
 }
 

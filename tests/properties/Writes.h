@@ -1,6 +1,8 @@
 // What a styler writes, by the model of the component.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -12,8 +14,12 @@ namespace customstyle_test::properties {
 /// A style key, "13" or "13:15", and a field of its records; "grid" and "all" for what has no record.
 using Write = std::pair<std::string, std::string>;
 
+/// What was written, and the value; a flag's is 1 or 0.
+using Written = std::map<Write, std::uint64_t>;
+
 /// Everything that one styler of a rule writes where nothing stands in its way.
 /// @param styler  its name; empty for all
+Written valuesOf(const Rule& rule, const std::string& styler);
 std::set<Write> writesOf(const Rule& rule, const std::string& styler);
 
 /// The place of a styler in the order in which the component applies those of a rule.

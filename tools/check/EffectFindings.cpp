@@ -202,6 +202,7 @@ private:
     }
 
     void addPartial(const ProvenEffect& proven) {
+        if (!proven.effect.any()) return;  // idle, were it not for others that are
         const bool isForOneLevel = m_found.rules()[proven.rule].textMember(kLevelMember).has_value();
         const std::string text = partialText(proven.effect, isForOneLevel);
         if (!text.empty())

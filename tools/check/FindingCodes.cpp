@@ -320,8 +320,8 @@ constexpr CodeInfo kInfos[] = {
  {"featureType": "arterial", "elementType": "geometry.fill", "stylers": {<<"color": "#3366cc">>}}])"},
     {Code::NoEffect, "no-effect", Warning, Style, "no effect, proven",
      "The file was loaded again without this rule or styler, and every answer of the component stayed the same: all "
-     "style ids, all levels, all four questions; without --mapping, on every map. All that is found to have no effect can "
-     "be taken out together: each was proven without those found before it.",
+     "style ids, all levels, all four questions; without --mapping, on every map. Whatever is found to have no effect can "
+     "be taken out by itself, and all of it together.",
      "take it out",
      R"([{"featureType": "country", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
  {"featureType": "country", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366"}}])"},

@@ -41,34 +41,40 @@ State iconState(bool isHidden) {
     return style;
 }
 
-bool isSame(const State& left, const State& right) {
-    return left.has_value() == right.has_value() && (!left || sameFields(*left, *right));
+bool isSame(const State& state, const tagCustomStyle* style) {
+    return state.has_value() == (style != nullptr) && (!state || sameFields(*state, *style));
 }
 
-// A key with what a step left in its record.
-struct KeyState {
-    std::string key;
-    State state;
+// The settings of the whole map that a step leaves behind, as if they were records.
+struct Settings {
+    State grid;
+    State icons;
+
+    explicit Settings(const ReplayStep& step) {
+        if (step.gridColor) grid = gridState(true, *step.gridColor);
+        if (step.hidesEveryIcon) icons = iconState(true);
+    }
 };
 
-// A step, and what it leaves behind in the style without what has been found idle so far.
+// Calls `visit(key, style)` for all that a step left behind where nothing was left out; the style of a key without a
+// slot is null.
+template <typename Visit>
+void forEachStateAfter(const ReplayStep& step, Visit visit) {
+    for (const RecordTouch& touch : step.touches) visit(touch.key, &touch.after);
+    for (const std::string& key : step.refused) visit(key, nullptr);
+    const Settings settings(step);
+    if (settings.grid) visit(kGridKey, &*settings.grid);
+    if (settings.icons) visit(kIconKey, &*settings.icons);
+}
+
+// A step, and what it leaves behind otherwise once what has been found idle so far is left out.
 struct Work {
-    std::size_t step;
+    const ReplayStep* step;
+    std::size_t place;
     const cJSON* document;
-    std::vector<std::string> keys;
-    std::vector<KeyState> after;
+    std::map<std::string, State> adopted{};
     bool isLeftOut = false;
 };
-
-Work workOf(const StyleStudy& study, std::size_t place) {
-    const ReplayStep& step = study.steps()[place];
-    Work work{place, study.singles()[place].document.get(), step.keys, {}};
-    for (const RecordTouch& touch : step.touches) work.after.push_back({touch.key, touch.after});
-    for (const std::string& key : step.refused) work.after.push_back({key, {}});
-    if (step.gridColor) work.after.push_back({kGridKey, gridState(true, *step.gridColor)});
-    if (step.hidesEveryIcon) work.after.push_back({kIconKey, iconState(true)});
-    return work;
-}
 
 // ---- A store that takes steps back ----------------------------------------------------------------------------------
 
@@ -78,9 +84,17 @@ public:
 
     void apply(const Work& work) {
         if (m_isMarked) {
-            for (const std::string& key : work.keys) note(key);
+            for (const std::string& key : work.step->keys) note(key);
         }
         m_config.ParseCustomConfig(work.document);
+    }
+
+    /// Takes back the last of the steps, where none was left out.
+    /// @param grid, icons  the settings before the step
+    void stepBack(const ReplayStep& step, const State& grid, const State& icons) {
+        for (const RecordTouch& touch : step.touches) write(touch.key, touch.before);
+        forgetKeys(m_config, step.newKeys, m_config.m_usedLevelSlots - static_cast<int>(step.newKeys.size()));
+        set(grid, icons);
     }
 
     State stateOf(const std::string& key) const {
@@ -105,9 +119,7 @@ public:
         std::vector<std::string> added;
         for (const auto& [key, before] : m_before) before ? write(key, *before) : void(added.push_back(key));
         forgetKeys(m_config, added, m_slots);
-        m_config.m_gridColorSet = m_grid->m_custom;
-        m_config.m_gridColor = m_grid->m_fillColor;
-        m_config.m_allIconsHidden = m_icons->m_iconHidden;
+        set(m_grid, m_icons);
         m_before.clear();
         m_isMarked = false;
     }
@@ -119,6 +131,12 @@ private:
 
     void write(const std::string& key, const tagCustomStyle& style) {
         forEachSlotRecord(*slotOf(m_config, key), [&](int, tagCustomStyle& record) { record = style; });
+    }
+
+    void set(const State& grid, const State& icons) {
+        m_config.m_gridColorSet = grid->m_custom;
+        m_config.m_gridColor = grid->m_fillColor;
+        m_config.m_allIconsHidden = icons->m_iconHidden;
     }
 
     CustomConfig m_config;
@@ -205,33 +223,40 @@ struct Proof {
     }
 };
 
+// What is left out beside the works in question.
+enum class Without : std::uint8_t { Nothing, AllIdle };
+
 class PartProof {
 public:
     PartProof(Proof& proof, const std::vector<std::size_t>& steps, PatchedStore& patched, std::size_t lane)
         : m_proof(proof), m_patched(patched), m_lane(lane), m_store(proof.mapping.get()) {
-        for (const std::size_t step : steps) m_works.push_back(workOf(proof.study, step));
+        const StyleStudy& study = proof.study;
+        for (const std::size_t step : steps) {
+            m_works.push_back({&study.steps()[step], step, study.singles()[step].document.get()});
+        }
     }
 
+    // From the last rule to the first: what hides others comes after them, and they are all there when it is its turn.
     Proofs run() {
-        for (std::size_t begin = 0; begin < m_works.size();) {
-            std::size_t end = begin;
-            while (end < m_works.size() && ruleOf(end) == ruleOf(begin)) ++end;
+        for (std::size_t end = m_works.size(); end > 0;) {
+            std::size_t begin = end - 1;
+            while (begin > 0 && ruleOf(begin - 1) == ruleOf(begin)) --begin;
             proveRule(begin, end);
-            begin = end;
+            end = begin;
         }
         return std::move(m_proofs);
     }
 
 private:
-    std::size_t ruleOf(std::size_t place) const { return m_proof.study.steps()[m_works[place].step].rule; }
-    bool isKept(std::size_t place) const { return m_proof.isKept(m_works[place].step); }
+    std::size_t ruleOf(std::size_t place) const { return m_works[place].step->rule; }
+    bool isKept(std::size_t place) const { return m_proof.isKept(m_works[place].place); }
 
     void proveRule(std::size_t begin, std::size_t end) {
         bool isAnyKept = false;
         for (std::size_t i = begin; i < end; ++i) isAnyKept |= isKept(i);
         if (!isAnyKept && end - begin > 1 && prove(begin, end, {})) return;
-        for (std::size_t i = begin; i < end; ++i) {
-            if (isKept(i) || !prove(i, i + 1, m_works[i].step)) m_store.apply(m_works[i]);
+        for (std::size_t i = end; i-- > begin;) {
+            if (!isKept(i)) prove(i, i + 1, m_works[i].place);
         }
     }
 
@@ -242,50 +267,78 @@ private:
             return false;
         }
         Effect effect;
-        const bool isIdle = isIdleWithout(begin, end, effect);
+        const bool isIdle = isIdleInEachWay(begin, end, effect);
+        if (isIdle) adopt();
         m_proofs.effects.push_back({ruleOf(begin), step, isIdle, effect});
         for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = isIdle;
         m_proof.tick(m_lane);
         return isIdle;
     }
 
+    bool isIdleInEachWay(std::size_t begin, std::size_t end, Effect& effect) {
+        moveTo(begin);
+        m_differsByOthers = false;
+        effect = effectWithout(begin, end, Without::Nothing);
+        return !effect.any() && (!m_differsByOthers || !effectWithout(begin, end, Without::AllIdle).any());
+    }
+
+    // Has the store as it is before a work, with all works before it.
+    void moveTo(std::size_t place) {
+        for (; m_position < place; ++m_position) {
+            const Settings settings(*m_works[m_position].step);
+            if (settings.grid) m_grids.push_back(*settings.grid);
+            m_hidingIcons += settings.icons ? 1 : 0;
+            m_store.apply(m_works[m_position]);
+        }
+        for (; m_position > place; --m_position) {
+            const ReplayStep& step = *m_works[m_position - 1].step;
+            const Settings settings(step);
+            if (settings.grid) m_grids.pop_back();
+            m_hidingIcons -= settings.icons ? 1 : 0;
+            m_store.stepBack(step, m_grids.empty() ? gridState(false, 0) : m_grids.back(),
+                             iconState(m_hidingIcons > 0));
+        }
+    }
+
     // Goes on from where the store stands without the works, until all is as it is with them, or to the end.
-    bool isIdleWithout(std::size_t begin, std::size_t end, Effect& effect) {
+    Effect effectWithout(std::size_t begin, std::size_t end, Without without) {
         m_different.clear();
         m_changed.clear();
-        for (std::size_t i = begin; i < end; ++i) compare(i);
+        for (std::size_t i = begin; i < end; ++i) compare(i, without);
         m_changed.clear();  // the works themselves have gone
-        if (m_different.empty()) return true;
+        if (m_different.empty()) return {};
         m_store.mark();
         for (std::size_t i = end; i < m_works.size() && !m_different.empty(); ++i) {
-            if (m_works[i].isLeftOut) continue;
+            m_differsByOthers |= m_works[i].isLeftOut;
+            if (m_works[i].isLeftOut && without == Without::AllIdle) continue;
             m_store.apply(m_works[i]);
-            compare(i);
+            compare(i, without);
         }
-        if (!m_different.empty()) effect = effectOfDifference();
-        const bool isIdle = !effect.any();
-        if (isIdle) adopt();
+        const Effect effect = m_different.empty() ? Effect() : effectOfDifference(without);
         m_store.takeBack();
-        return isIdle;
+        return effect;
     }
 
     // Looks where the records of a work's keys differ from what they are with the works that are being left out.
-    void compare(std::size_t place) {
+    void compare(std::size_t place, Without without) {
         Work& work = m_works[place];
-        for (std::size_t i = 0; i < work.after.size(); ++i) {
-            State now = m_store.stateOf(work.after[i].key);
-            if (isSame(now, work.after[i].state)) {
-                m_different.erase(work.after[i].key);
+        forEachStateAfter(*work.step, [&](const std::string& key, const tagCustomStyle* style) {
+            const auto adopted = without == Without::Nothing ? work.adopted.end() : work.adopted.find(key);
+            if (adopted != work.adopted.end()) style = adopted->second ? &*adopted->second : nullptr;
+            State now = m_store.stateOf(key);
+            if (isSame(now, style)) {
+                m_different.erase(key);
             } else {
-                m_different.insert(work.after[i].key);
-                m_changed.push_back({&work.after[i], std::move(now)});
+                m_different.insert(key);
+                m_changed.push_back({&work, key, std::move(now)});
             }
-        }
+        });
     }
 
-    Effect effectOfDifference() {
+    Effect effectOfDifference(Without without) {
         std::set<std::string> keys = m_different;
-        keys.insert(m_adopted.begin(), m_adopted.end());
+        m_differsByOthers |= !m_adopted.empty();
+        if (without == Without::AllIdle) keys.insert(m_adopted.begin(), m_adopted.end());
         LevelsByType types;
         for (const std::string& key : keys) patch(key, types);
         const Effect effect = m_proof.questions.compare(m_patched.config(), types, m_proof.options.details);
@@ -303,12 +356,13 @@ private:
     }
 
     void adopt() {
-        for (auto& [where, state] : m_changed) where->state = std::move(state);
+        for (Changed& changed : m_changed) changed.work->adopted[changed.key] = std::move(changed.state);
         m_adopted.insert(m_different.begin(), m_different.end());
     }
 
     struct Changed {
-        KeyState* where;
+        Work* work;
+        std::string key;
         State state;
     };
 
@@ -316,10 +370,14 @@ private:
     PatchedStore& m_patched;
     std::size_t m_lane;
     UndoableStore m_store;
+    std::size_t m_position = 0;           // of the work before which the store stands
+    std::vector<tagCustomStyle> m_grids;  // that were written one after the other up to there
+    std::size_t m_hidingIcons = 0;        // works up to there that hide every icon
     std::vector<Work> m_works;
     Proofs m_proofs;
     std::set<std::string> m_different;  // keys that differ at the moment
     std::vector<Changed> m_changed;
+    bool m_differsByOthers = false;   // whether works that are left out could make a difference to the one in question
     std::set<std::string> m_adopted;  // keys that differ at the end from the whole style, without changing an answer
 };
 
@@ -339,15 +397,11 @@ std::vector<std::vector<std::size_t>> partsOf(const StyleStudy& study) {
     return parts;
 }
 
-bool isIdleStep(const std::vector<bool>& idle, std::size_t step) {
-    return idle[step];
-}
-
 std::unique_ptr<CustomConfig> storeWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
     auto config = std::make_unique<CustomConfig>();
     config->ParseMappingConfig(componentTree(study.mapping().speakersText()).get());
     for (std::size_t i = 0; i < study.singles().size(); ++i) {
-        if (!isIdleStep(leftOut, i)) config->ParseCustomConfig(study.singles()[i].document.get());
+        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document.get());
     }
     return config;
 }
@@ -370,12 +424,12 @@ void keepOnlyJoint(const StyleStudy& study, std::vector<ProvenEffect>& effects) 
     };
     if (changesNothing(leftOut)) return;
     leftOut.assign(leftOut.size(), false);
-    for (ProvenEffect& effect : effects) {
-        if (!effect.isIdle) continue;
+    for (auto effect = effects.rbegin(); effect != effects.rend(); ++effect) {
+        if (!effect->isIdle) continue;
         std::vector<bool> tried = leftOut;
-        leaveOut(tried, study, effect);
-        effect.isIdle = changesNothing(tried);
-        if (effect.isIdle) leftOut = std::move(tried);
+        leaveOut(tried, study, *effect);
+        effect->isIdle = changesNothing(tried);
+        if (effect->isIdle) leftOut = std::move(tried);
     }
 }
 

@@ -16,10 +16,10 @@ namespace customstyle_tool {
 struct ProvenEffect {
     std::size_t rule;                 ///< place among the rules, from 0
     std::optional<std::size_t> step;  ///< the styler; none for the whole of a rule with several
-    /// Whether no answer changes without it, all idle rules and stylers before it being left out as well. So all that
-    /// are idle can be left out together.
+    /// Whether no answer changes without it: without it alone, and without all that are idle after it as well. So any
+    /// one that is idle can be left out, and all of them can.
     bool isIdle;
-    Effect effect;  ///< of one that is not idle, if it was asked for
+    Effect effect;  ///< what changes without it alone; whole only where details were asked for
 };
 
 struct ProofOptions {

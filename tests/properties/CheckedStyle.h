@@ -1,0 +1,52 @@
+// A trial's style with what check finds in it.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+#include "tests/properties/Answers.h"
+#include "tests/properties/Properties.h"
+
+namespace customstyle_test::properties {
+
+/// A rule, or one of its stylers by index.
+struct Part {
+    std::size_t rule;
+    std::optional<std::size_t> styler;
+
+    auto operator<=>(const Part&) const = default;
+};
+
+class CheckedStyle {
+public:
+    /// @param trial  has to outlive this
+    explicit CheckedStyle(const Trial& trial);
+
+    const Trial& trial() const { return m_trial; }
+    const Rules& rules() const { return m_trial.rules; }
+    const Map& map() const { return m_map; }
+    const Answers& answers() const { return m_answers; }
+    const nlohmann::json& findings() const { return m_findings; }
+
+    /// What a finding, or what it names beside, is about.
+    Part partAt(const nlohmann::json& place) const;
+
+    /// The name of a styler; empty for a rule.
+    std::string stylerOf(const Part& part) const;
+
+    /// "rule 2 color"
+    std::string textOf(const Part& part) const;
+
+private:
+    const Trial& m_trial;
+    WrittenStyle m_style;
+    Map m_map;
+    Answers m_answers;
+    nlohmann::json m_findings = nlohmann::json::array();
+};
+
+/// Whether those who are blamed are to blame, and name whom they harm.
+std::optional<Failure> blameFails(const CheckedStyle& style);
+
+}  // namespace customstyle_test::properties
