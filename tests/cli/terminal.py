@@ -1,14 +1,17 @@
 #!/usr/bin/env python3
-"""terminal.py TOOL: what the tool shows in a terminal, and only there: how far the proofs of a long check have come, and
-colours in explanations and differences, unless the user wants none.
+"""terminal.py TOOL: what the tool shows in a terminal, and only there: for how long the user has been waiting, how far
+the proofs of a long check have come, and colours in explanations and differences, unless the user wants none.
 """
 import json
 import os
 import pathlib
 import pty
+import re
 import subprocess
 import sys
 import tempfile
+
+LONG = 20000  # rules
 
 failures = []
 
@@ -43,13 +46,16 @@ def style_with(directory, count):
     return style
 
 
-def try_progress(tool, style):
-    check = [tool, "check", style]
+def try_progress(tool, style, quick_style):
+    check = [tool, "check", "--proof-time", "2", style]
     shown = in_terminal(check)
-    expect(f"\r{style}: " in shown and " of 1500 proofs" in shown, "no progress is shown", shown)
-    expect("\r\x1b[K" in shown[shown.rindex(" proofs"):], "the line of the progress stays", shown[-200:])
+    expect(re.search(rf"\r{style}: \d+ s", shown), "no progress is shown", shown)
+    expect(re.search(r" s, \d+ of \d+ proofs", shown), "no proofs are counted", shown)
+    expect(" proofs\x1b[K\r\x1b[K" in shown, "the line of the progress stays", shown[-200:])
     piped = subprocess.run(check, capture_output=True, text=True)
     expect(piped.stderr == "", "progress is shown in a pipe", piped.stderr)
+    shown = in_terminal([tool, "check", quick_style])
+    expect("\r\x1b[K" not in shown, "progress of what takes no time is shown", shown)
 
 
 def try_colours_of_diff(tool, style, other):
@@ -76,7 +82,7 @@ def try_colours(tool, style):
 
 def main(tool):
     with tempfile.TemporaryDirectory() as directory:
-        try_progress(tool, style_with(directory, 1500))
+        try_progress(tool, style_with(directory, LONG), style_with(directory, 2))
         try_colours(tool, style_with(directory, 2))
         try_colours_of_diff(tool, style_with(directory, 2), style_with(directory, 1))
     print(f"{len(failures)} failures")

@@ -1,6 +1,5 @@
 // customstyle check: what the component refuses, drops or changes in style files, and what has no effect.
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
@@ -23,6 +22,7 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/FindingFilter.h"
 #include "tools/customstyle/Loading.h"
+#include "tools/customstyle/ProgressLine.h"
 #include "tools/customstyle/UnifiedDiff.h"
 #include "tools/host/AtomicFile.h"
 #include "tools/host/LoadLog.h"
@@ -64,34 +64,6 @@ std::optional<unsigned int> secondsIn(const std::string& text) {
 std::string problemOfSeconds(const std::string& text) {
     return secondsIn(text) ? "" : fmt::format("\"{}\" is no number of seconds", text);
 }
-
-// A line on the terminal that shows how far the proofs have come.
-class ProgressLine {
-public:
-    explicit ProgressLine(std::string path) : m_path(std::move(path)) {}
-    ~ProgressLine() {
-        if (m_isShown) fmt::print(stderr, "\r\x1b[K");
-    }
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
-
-    void show(std::size_t done, std::size_t all) {
-        const auto now = Clock::now();
-        if (::isatty(STDERR_FILENO) == 0 || now - m_shown < kInterval) return;
-        m_shown = now;
-        fmt::print(stderr, "\r{}: {} of {} proofs", m_path, done, all);
-        std::fflush(stderr);
-        m_isShown = true;
-    }
-
-private:
-    using Clock = std::chrono::steady_clock;
-    static constexpr std::chrono::milliseconds kInterval{50};
-
-    std::string m_path;
-    Clock::time_point m_shown{};
-    bool m_isShown = false;
-};
 
 // Prints findings in a format, those of one file after the other where the format allows it.
 class Reporter {

@@ -4,6 +4,7 @@
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
+#include "tools/customstyle/ProgressLine.h"
 #include "tools/diff/DiffText.h"
 
 namespace customstyle_tool {
@@ -16,13 +17,18 @@ struct DiffArguments : MappingArguments {
     std::string color = "auto";
 };
 
+std::vector<JoinedChange> differenceWithProgress(const StyleStudy& before, const StyleStudy& after) {
+    const ProgressLine line(after.source().file().path());
+    return differenceOf(before, after);
+}
+
 int diff(DiffArguments arguments) {
     if (!findMapping(arguments, {arguments.before, arguments.after})) return kMisuse;
     const auto before = loadOrComplain(arguments.before, arguments.mappingDirectory, Mapping::everyMap());
     const auto after =
         before == nullptr ? nullptr : loadOrComplain(arguments.after, arguments.mappingDirectory, Mapping::everyMap());
     if (after == nullptr) return kMisuse;
-    const std::vector<JoinedChange> changes = differenceOf(*before, *after);
+    const std::vector<JoinedChange> changes = differenceWithProgress(*before, *after);
     const Swatches swatches = isColored(arguments.color) ? Swatches::Shown : Swatches::None;
     print(arguments.format == "json"
               ? diffJson(changes, before->mapping()) + "\n"

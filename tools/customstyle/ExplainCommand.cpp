@@ -8,6 +8,7 @@
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
+#include "tools/customstyle/ProgressLine.h"
 #include "tools/customstyle/Selection.h"
 #include "tools/explain/ExplanationText.h"
 #include "tools/vocabulary/Levels.h"
@@ -119,12 +120,18 @@ private:
     Swatches m_swatches;
 };
 
+void traceWithProgress(const StyleStudy& style) {
+    const ProgressLine line(style.source().file().path());
+    style.steps();
+}
+
 int explain(const ExplainArguments& arguments) {
     if (!isSelected(arguments, "explain")) return kMisuse;
     const auto style = loadOrComplain(arguments);
     if (style == nullptr) return kMisuse;
     const std::vector<unsigned int> styleIds = selectedStyleIds(arguments, *style);
     if (styleIds.empty()) return kMisuse;
+    traceWithProgress(*style);
     Explaining explaining(*style, arguments, styleIds);
     if (arguments.format == "json")
         explaining.printJson();

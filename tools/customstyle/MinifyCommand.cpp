@@ -9,6 +9,7 @@
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
+#include "tools/customstyle/ProgressLine.h"
 #include "tools/host/AtomicFile.h"
 #include "tools/host/LoadedMap.h"
 #include "tools/layout/StyleText.h"
@@ -32,6 +33,11 @@ void report(const StyleSource& style, const Minified& result, const MinifyArgume
     fmt::print(stderr, "{}: not everything was tried, because of the number of rules\n", style.file().path());
 }
 
+Minified minifiedWithProgress(const StyleSource& style, const std::optional<std::string>& mapping) {
+    const ProgressLine line(style.file().path());
+    return minified(style, mapping, hostSurroundings().spread);
+}
+
 int minify(MinifyArguments arguments) {
     if (arguments.toStandardOutput && arguments.output != "-")
         return complain("--stdout and --output exclude each other");
@@ -48,7 +54,7 @@ int minify(MinifyArguments arguments) {
         mapping = loaded->text();
     }
     const StyleSource source(*file, document);
-    Minified result = minified(source, mapping, hostSurroundings().spread);
+    Minified result = minifiedWithProgress(source, mapping);
     if (file->text().ends_with('\n')) result.text += '\n';
     const int status = writeResult(arguments.output, result.text);
     if (status == kGood && !arguments.quiet) report(source, result, arguments);
