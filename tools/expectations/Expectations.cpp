@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <variant>
 
 #include "tools/json/LineIndex.h"
 #include "tools/support/PlainText.h"
@@ -14,7 +15,6 @@ namespace customstyle_tool {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
-constexpr int kLargestSize = 255;
 
 struct Word {
     std::size_t offset;
@@ -55,100 +55,105 @@ bool isColor(const TopicName& topic) {
     return topic.topic != Topic::Field || styleFields()[topic.field].kind == FieldKind::Color;
 }
 
-// Reads the words of one line. What is wrong is thrown as an ExpectationProblem and caught by the reader of the file.
+using ParsedLine = std::variant<Expectation, ExpectationProblem>;
+
+// Reads the words of one line. What reads a part of it answers whether that went well, and nothing is read after a
+// problem.
 class LineParser {
 public:
-    LineParser(std::vector<Word> words, std::size_t end, const Mapping& mapping)
-        : m_words(std::move(words)), m_end(end), m_mapping(mapping) {}
+    LineParser(std::vector<Word> words, const Mapping& mapping) : m_words(std::move(words)), m_mapping(mapping) {}
 
-    Expectation parse() {
+    ParsedLine parse() {
         m_result.offset = m_words.front().offset;
         const char* const first = m_words.front().text.data();
         m_result.text.assign(first, m_words.back().text.data() + m_words.back().text.size());
-        parseSubject();
-        parseLevels(next("levels: all, or a list like 4-9,12"));
-        parseWhat(next("a field and its value, or none"));
-        if (m_place < m_words.size()) fail(m_words[m_place], "nothing more is expected here; a comment begins with //");
+        const bool isGood = parseSubject() &&
+                            parseNext("levels: all, or a list like 4-9,12", &LineParser::parseLevels) &&
+                            parseNext("a field and its value, or none", &LineParser::parseWhat) && parseEnd();
+        if (!isGood) return std::move(m_problem);
         return std::move(m_result);
     }
 
 private:
-    [[noreturn]] static void fail(const Word& word, std::string_view what) {
-        throw ExpectationProblem{word.offset, fmt::format("{}: {}", escapedText(inQuotes(word.text)), what)};
+    bool fail(const Word& word, std::string_view what) {
+        m_problem = {word.offset, fmt::format("{}: {}", escapedText(inQuotes(word.text)), what)};
+        return false;
     }
 
-    const Word& next(const char* what) {
-        if (m_place == m_words.size()) throw ExpectationProblem{m_end, fmt::format("missing {}", what)};
-        return m_words[m_place++];
+    bool parseNext(const char* what, bool (LineParser::*read)(const Word&)) {
+        if (m_place < m_words.size()) return (this->*read)(m_words[m_place++]);
+        m_problem = {m_words.back().offset + m_words.back().text.size(), fmt::format("missing {}", what)};
+        return false;
     }
 
-    void parseSubject() {
-        const Word& word = next("a subject");
-        if (word.text == "id") return parseStyleId(next("a style id"));
+    bool parseEnd() {
+        return m_place == m_words.size() ||
+               fail(m_words[m_place], "nothing more is expected here; a comment begins with //");
+    }
+
+    bool parseSubject() {
+        const Word& word = m_words[m_place++];
+        if (word.text == "id") return parseNext("a style id", &LineParser::parseStyleId);
         m_result.featureType = featureTypeOf(word.text);
-        if (!m_result.featureType) {
-            fail(word, "unknown feature type" + didYouMean(nearestType(word.text)) +
-                           (nearestType(word.text) ? "" : "; write a name like highway, or id and a number"));
-        }
+        return m_result.featureType ||
+               fail(word, "unknown feature type" + didYouMean(nearestType(word.text)) +
+                              (nearestType(word.text) ? "" : "; write a name like highway, or id and a number"));
     }
 
-    void parseStyleId(const Word& word) {
+    bool parseStyleId(const Word& word) {
         const auto styleId = numberIn<unsigned int>(word.text);
-        if (!styleId) fail(word, "is no style id; write a number from 0 to 4294967295");
-        m_result.styleId = *styleId;
+        m_result.styleId = styleId.value_or(0);
+        return styleId || fail(word, "is no style id; write a number from 0 to 4294967295");
     }
 
-    void parseLevels(const Word& word) {
-        if (word.text == "all") {
-            m_result.levels.set();
-            return;
-        }
-        for (std::size_t begin = 0; begin <= word.text.size();) {
+    bool parseLevels(const Word& word) {
+        if (word.text == "all") m_result.levels.set();
+        if (word.text == "all") return true;
+        bool isGood = true;
+        for (std::size_t begin = 0; isGood && begin <= word.text.size();) {
             const std::size_t end = std::min(word.text.find(',', begin), word.text.size());
-            parseRange({word.offset + begin, word.text.substr(begin, end - begin)});
+            isGood = parseRange({word.offset + begin, word.text.substr(begin, end - begin)});
             begin = end + 1;
         }
+        return isGood;
     }
 
-    void parseRange(const Word& word) {
+    bool parseRange(const Word& word) {
         if (word.text == "other") {
             m_result.levels.set(kOtherLevels);
-            return;
+            return true;
         }
         const std::size_t dash = word.text.find('-');
         const auto first = numberIn<int>(word.text.substr(0, dash));
         const auto last = dash == std::string_view::npos ? first : numberIn<int>(word.text.substr(dash + 1));
         if (!first || !last || *first < kLowestLevel || *last > kHighestLevel || *first > *last) {
-            fail(word, "not a list of levels; write all, other, a level from 4 to 21, or a range like 4-9");
+            return fail(word, "not a list of levels; write all, other, a level from 4 to 21, or a range like 4-9");
         }
         for (int level = *first; level <= *last; ++level) m_result.levels.set(classOfLevel(level));
+        return true;
     }
 
-    void parseWhat(const Word& word) {
-        if (word.text == "none" || word.text == "type") {
-            m_result.aspect = Aspect::FeatureType;
-            if (word.text == "type") parseType(next("the feature type that answers"));
-        } else if (word.text == "as-in") {
-            m_result.aspect = Aspect::AsIn;
-            m_result.otherStyle = next("the path of a style").text;
-        } else if (word.text == "background") {
-            parseBackground(word);
-        } else {
-            parseField(word);
-        }
-        if (!isBackground()) checkStyleIds();
+    bool parseWhat(const Word& word) { return parseAspect(word) && (isBackground() || checkStyleIds()); }
+
+    bool parseAspect(const Word& word) {
+        if (word.text == "background") return parseBackground(word);
+        if (word.text == "as-in") return parseNext("the path of a style", &LineParser::parseOtherStyle);
+        if (word.text != "none" && word.text != "type") return parseField(word);
+        m_result.aspect = Aspect::FeatureType;
+        return word.text == "none" || parseNext("the feature type that answers", &LineParser::parseType);
     }
 
     // Of a style id that the mapping does not list, only the icon can be other than expected: where every icon is
     // hidden.
-    void checkStyleIds() {
+    bool checkStyleIds() {
         if (m_result.featureType) {
-            if (!m_mapping.questionIdsOf(*m_result.featureType).empty()) return;
-            fail(m_words.front(), "the mapping lists no style id under this feature type, so nothing would be tested");
+            return !m_mapping.questionIdsOf(*m_result.featureType).empty() ||
+                   fail(m_words.front(),
+                        "the mapping lists no style id under this feature type, so nothing would be tested");
         }
         const bool isIcon = m_result.topic != nullptr && m_result.topic->topic == Topic::Icon;
-        if (isIcon || !m_mapping.typesOf(m_result.styleId).empty()) return;
-        fail(m_words[1], "the mapping does not list this style id, so nothing would be tested");
+        return isIcon || !m_mapping.typesOf(m_result.styleId).empty() ||
+               fail(m_words[1], "the mapping does not list this style id, so nothing would be tested");
     }
 
     bool isBackground() const {
@@ -156,54 +161,61 @@ private:
                (m_result.topic->topic == Topic::Land || m_result.topic->topic == Topic::Grid);
     }
 
-    void parseType(const Word& word) {
-        const auto type = featureTypeOf(word.text);
-        if (!type) fail(word, "unknown feature type" + didYouMean(nearestType(word.text)));
-        m_result.value = static_cast<std::uint64_t>(*type);
+    bool parseOtherStyle(const Word& word) {
+        m_result.aspect = Aspect::AsIn;
+        m_result.otherStyle = word.text;
+        return true;
     }
 
-    void parseBackground(const Word& word) {
+    bool parseType(const Word& word) {
+        const auto type = featureTypeOf(word.text);
+        if (!type) return fail(word, "unknown feature type" + didYouMean(nearestType(word.text)));
+        m_result.value = static_cast<std::uint64_t>(*type);
+        return true;
+    }
+
+    bool parseBackground(const Word& word) {
         const bool isLand = m_result.featureType == _orvik_framework::EMAPCUSTOMSTYLE_LAND;
         const bool isGrid = m_result.featureType == _orvik_framework::EMAPCUSTOMSTYLE_GRID;
-        if (!isLand && !isGrid) fail(word, "only land and grid have one");
+        if (!isLand && !isGrid) return fail(word, "only land and grid have one");
         m_result.topic = findTopic(isLand ? "land background" : "grid background");
-        parseValue(next("a colour or none"));
+        return parseNext("a colour or none", &LineParser::parseValue);
     }
 
-    void parseField(const Word& word) {
+    bool parseField(const Word& word) {
         m_result.topic = findTopic(word.text);
         if (m_result.topic == nullptr || isBackground()) {
-            fail(word, "unknown field" + didYouMean(nearestTopic(word.text)));
+            return fail(word, "unknown field" + didYouMean(nearestTopic(word.text)));
         }
-        m_result.topic->topic == Topic::Icon ? parseIcon(next("hidden or shown")) : parseValue(next("a value or none"));
+        return m_result.topic->topic == Topic::Icon ? parseNext("hidden or shown", &LineParser::parseIcon)
+                                                    : parseNext("a value or none", &LineParser::parseValue);
     }
 
-    void parseIcon(const Word& word) {
-        if (word.text != "hidden" && word.text != "shown") fail(word, "an icon is hidden or shown");
+    bool parseIcon(const Word& word) {
         m_result.value = word.text == "hidden" ? 1 : 0;
+        return word.text == "hidden" || word.text == "shown" || fail(word, "an icon is hidden or shown");
     }
 
-    void parseValue(const Word& word) {
-        if (word.text == "none") return;
-        isColor(*m_result.topic) ? parseColor(word) : parseSize(word);
+    bool parseValue(const Word& word) {
+        if (word.text == "none") return true;
+        return isColor(*m_result.topic) ? parseColor(word) : parseSize(word);
     }
 
-    void parseColor(const Word& word) {
+    bool parseColor(const Word& word) {
         m_result.value = colorIn(word.text);
-        if (!m_result.value) fail(word, "is no colour; write #rrggbb, #rrggbbaa or none");
+        return m_result.value || fail(word, "is no colour; write #rrggbb, #rrggbbaa or none");
     }
 
-    void parseSize(const Word& word) {
-        const auto size = numberIn<int>(word.text);
-        if (!size || *size < 0 || *size > kLargestSize) fail(word, "write a whole number from 0 to 255, or none");
-        m_result.value = static_cast<std::uint64_t>(*size);
+    bool parseSize(const Word& word) {
+        m_result.value = numberIn<std::uint8_t>(word.text);
+        return m_result.value || fail(word, "write a whole number from 0 to 255, or none");
     }
 
     std::vector<Word> m_words;
-    std::size_t m_end;
     const Mapping& m_mapping;
     std::size_t m_place = 0;
     Expectation m_result;
+    ExpectationProblem m_problem{};
 };
 
 std::vector<Word> wordsOf(std::string_view line, std::size_t offset) {
@@ -218,15 +230,6 @@ std::vector<Word> wordsOf(std::string_view line, std::size_t offset) {
     return words;
 }
 
-void parseLine(ExpectationFile& result, std::vector<Word> words, const Mapping& mapping) {
-    const std::size_t end = words.back().offset + words.back().text.size();
-    try {
-        result.expectations.push_back(LineParser(std::move(words), end, mapping).parse());
-    } catch (const ExpectationProblem& problem) {
-        result.problems.push_back(problem);
-    }
-}
-
 }  // namespace
 
 ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping) {
@@ -236,8 +239,13 @@ ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping
          begin < text.size() && result.problems.size() < kMostProblems;) {
         const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
         auto words = wordsOf(text.substr(begin, end - begin), begin);
-        if (!words.empty()) parseLine(result, std::move(words), mapping);
         begin = end + 1;
+        if (words.empty()) continue;
+        ParsedLine line = LineParser(std::move(words), mapping).parse();
+        if (auto* const expectation = std::get_if<Expectation>(&line))
+            result.expectations.push_back(std::move(*expectation));
+        else
+            result.problems.push_back(std::get<ExpectationProblem>(std::move(line)));
     }
     return result;
 }
