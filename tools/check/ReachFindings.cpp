@@ -2,7 +2,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <set>
 #include <vector>
@@ -21,19 +20,11 @@ using _orvik_framework::applies;
 using _orvik_framework::FeatureTypeRow;
 using _orvik_framework::isParentFeatureType;
 
-enum Part : std::size_t { kGeometry, kText, kIcon, kPartCount };
-
-Part partOf(const StyleField& field) {
-    const std::string_view name = field.name;
-    if (field.kind == FieldKind::IconFlag) return kIcon;
-    return name.starts_with("text") || name.starts_with("font") ? kText : kGeometry;
-}
-
 /// What a step did, in short.
 struct Reach {
-    std::set<int> types;                   // that it touched
-    std::array<bool, kPartCount> wrote{};  // by Part
-    bool leavesUncustomised = false;       // some record without anything written in it
+    std::set<int> types;  // that it touched
+    std::set<FieldPart> wrote;
+    bool leavesUncustomised = false;  // some record without anything written in it
 };
 
 Reach reachOf(const ReplayStep& step) {
@@ -42,7 +33,7 @@ Reach reachOf(const ReplayStep& step) {
         reach.types.insert(touch.featureType);
         reach.leavesUncustomised |= touch.after.m_custom == 0;
         for (std::size_t field = 0; field < kMarkField; ++field) {
-            if (touch.origins[field] == Origin::Written) reach.wrote[partOf(styleFields()[field])] = true;
+            if (touch.origins[field] == Origin::Written) reach.wrote.insert(styleFields()[field].part);
         }
     }
     return reach;
@@ -171,15 +162,15 @@ private:
     void checkParts() {
         const std::string& last = m_rule.words.back();
         const bool isLabelsPath = m_rule.words.front() == "labels";
-        if (isLabelsPath && m_reach.wrote[kGeometry] && drawsGeometry(m_rule.typeId)) addGeometryChanged();
-        if (m_step.styler == "color" && last == "all" && !m_reach.wrote[kGeometry] && drawsGeometry(m_rule.typeId)) {
+        if (isLabelsPath && wrote(FieldPart::Geometry) && drawsGeometry(m_rule.typeId)) addGeometryChanged();
+        if (m_step.styler == "color" && last == "all" && !wrote(FieldPart::Geometry) && drawsGeometry(m_rule.typeId)) {
             add(Code::AllColorsNamesOnly,
                 fmt::format("only the names of \"{}\" get the colour; the geometry stays as it is", m_rule.typeName));
         }
         const bool keepsLabels = catalogue().UpdateFeatureTypeId(m_rule.typeId) == m_rule.typeId;
         const bool hides = m_step.styler == "visibility" && !isOn();
         const bool hasLabels = catalogue().IsFeatureTypeIncludeLabels(m_rule.typeId) != 0;
-        if (hides && m_rule.names("geometry") && m_reach.wrote[kText] && keepsLabels && hasLabels &&
+        if (hides && m_rule.names("geometry") && wrote(FieldPart::Text) && keepsLabels && hasLabels &&
             drawsGeometry(m_rule.typeId)) {
             add(Code::GeometryHidesNames,
                 fmt::format("names that stand under \"{}\" are hidden with the geometry", m_rule.typeName));
@@ -188,7 +179,7 @@ private:
 
     void addGeometryChanged() {
         add(Code::LabelsChangeGeometry,
-            m_reach.wrote[kText]
+            wrote(FieldPart::Text)
                 ? fmt::format("the {} of the geometry of \"{}\" changes as well as that of the labels", m_step.styler,
                               m_rule.typeName)
                 : fmt::format("\"{}\" has no labels; the {} of its geometry changes", m_rule.typeName, m_step.styler));
@@ -224,7 +215,7 @@ private:
 
     void checkNamesake() {
         const int namesake = catalogue().GetFeatureTypeId(m_rule.typeName + "label");
-        const bool isLabels = m_rule.names("labels") && m_reach.wrote[kText];
+        const bool isLabels = m_rule.names("labels") && wrote(FieldPart::Text);
         const bool isParent = catalogue().IsParentFeatureType(namesake) != 0;
         if (!isLabels || namesake == -1 || isParent || m_reach.types.contains(namesake)) return;
         m_check
@@ -244,6 +235,7 @@ private:
                                 family.front().name, family.back().name));
     }
 
+    bool wrote(FieldPart part) const { return m_reach.wrote.contains(part); }
     bool isOn() const { return m_step.styler == "visibility" && m_visibility == "on"; }
 
     StyleFindings& m_check;

@@ -9,18 +9,18 @@ namespace {
 using Style = tagCustomStyle;
 
 constexpr StyleField kFields[] = {
-    {"fill", FieldKind::Color, &Style::m_fillColor, &Style::m_fillColorSet},
-    {"stroke", FieldKind::Color, &Style::m_borderColor, &Style::m_borderColorSet},
-    {"top surface", FieldKind::Color, &Style::m_topSurfaceColor, &Style::m_topSurfaceColorSet},
-    {"text fill", FieldKind::Color, &Style::m_textFillColor, &Style::m_textFillColorSet},
-    {"text stroke", FieldKind::Color, &Style::m_textStrokeColor, &Style::m_textStrokeColorSet},
-    {"fill weight", FieldKind::Size, &Style::m_fillWeight, &Style::m_fillWeightSet},
-    {"stroke weight", FieldKind::Size, &Style::m_borderWeight, &Style::m_borderWeightSet},
-    {"text fill weight", FieldKind::Size, &Style::m_textFillWeight, &Style::m_textFillWeightSet},
-    {"text stroke weight", FieldKind::Size, &Style::m_textStrokeWeight, &Style::m_textStrokeWeightSet},
-    {"font size", FieldKind::Size, &Style::m_fontSize, &Style::m_fontSizeSet},
-    {"icon", FieldKind::IconFlag, &Style::m_iconHidden, nullptr},
-    {"customised", FieldKind::Mark, &Style::m_custom, nullptr},
+    {"fill", FieldKind::Color, FieldPart::Geometry, &Style::m_fillColor, &Style::m_fillColorSet},
+    {"stroke", FieldKind::Color, FieldPart::Geometry, &Style::m_borderColor, &Style::m_borderColorSet},
+    {"top surface", FieldKind::Color, FieldPart::Geometry, &Style::m_topSurfaceColor, &Style::m_topSurfaceColorSet},
+    {"text fill", FieldKind::Color, FieldPart::Text, &Style::m_textFillColor, &Style::m_textFillColorSet},
+    {"text stroke", FieldKind::Color, FieldPart::Text, &Style::m_textStrokeColor, &Style::m_textStrokeColorSet},
+    {"fill weight", FieldKind::Size, FieldPart::Geometry, &Style::m_fillWeight, &Style::m_fillWeightSet},
+    {"stroke weight", FieldKind::Size, FieldPart::Geometry, &Style::m_borderWeight, &Style::m_borderWeightSet},
+    {"text fill weight", FieldKind::Size, FieldPart::Text, &Style::m_textFillWeight, &Style::m_textFillWeightSet},
+    {"text stroke weight", FieldKind::Size, FieldPart::Text, &Style::m_textStrokeWeight, &Style::m_textStrokeWeightSet},
+    {"font size", FieldKind::Size, FieldPart::Text, &Style::m_fontSize, &Style::m_fontSizeSet},
+    {"icon", FieldKind::IconFlag, FieldPart::Icon, &Style::m_iconHidden, nullptr},
+    {"customised", FieldKind::Mark, FieldPart::None, &Style::m_custom, nullptr},
 };
 static_assert(std::size(kFields) == kStyleFieldCount);
 static_assert(kFields[kIconField].kind == FieldKind::IconFlag && kFields[kMarkField].kind == FieldKind::Mark);

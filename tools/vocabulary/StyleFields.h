@@ -16,11 +16,15 @@ using _orvik_framework::tagCustomStyle;
 /// How a field is written and read by people.
 enum class FieldKind { Color, Size, IconFlag, Mark };
 
+/// What of a feature a field styles.
+enum class FieldPart { Geometry, Text, Icon, None };
+
 /// One field of a style record: a value with the flag that says whether it applies, the icon flag, or the customised
 /// mark.
 struct StyleField {
     const char* name;  ///< "fill", "text stroke weight", "icon", "customised"
     FieldKind kind;
+    FieldPart part;
     std::variant<std::uint64_t tagCustomStyle::*, std::uint8_t tagCustomStyle::*, int tagCustomStyle::*> value;
     int tagCustomStyle::*applies;  ///< null for the icon flag and the mark, which always apply
 };
