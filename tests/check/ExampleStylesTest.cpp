@@ -100,8 +100,7 @@ TEST_F(Mistakes, HaveOneFindingEach) {
     }
 }
 
-// What concerns the file as a whole cannot stand beside all the rest, the backgrounds are those of the whole file, and
-// the example map has style ids for each type.
+// What concerns the file as a whole cannot stand beside all the rest, and the example map has style ids for each type.
 TEST_F(Mistakes, AreOfEveryKindThatOneFileCanHold) {
     std::set<std::string> missing;
     for (const CodeInfo& info : codeInfos()) {
@@ -110,9 +109,8 @@ TEST_F(Mistakes, AreOfEveryKindThatOneFileCanHold) {
     for (const Finding& finding : m_checked.findings) missing.erase(infoOf(finding.code).name);
     EXPECT_THAT(missing, testing::UnorderedElementsAre("json-syntax", "json-comment", "json-too-deep", "json-encoding",
                                                        "json-empty", "json-lenient", "text-after-end", "not-a-list",
-                                                       "no-rules", "grid-unchanged", "land-invisible", "land-hidden",
-                                                       "type-without-ids", "effects-unproven", "slots-nearly-full",
-                                                       "slots-exceeded", "other-log-line"));
+                                                       "no-rules", "type-without-ids", "effects-unproven",
+                                                       "slots-nearly-full", "slots-exceeded", "other-log-line"));
 }
 
 }  // namespace

@@ -1,0 +1,96 @@
+// What is lost to a later rule for the same level stays where the remedy is followed.
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/check/CheckedText.h"
+#include "tools/study/Answers.h"
+#include "tools/study/ComponentGuard.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/StyleFields.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr int kLevel = 12;
+
+struct ResetCase {
+    const char* name;
+    const char* featureType;
+    const char* lostField;
+    std::vector<std::pair<const char*, const char*>> rules;   // element and stylers; some value is lost at the level
+    std::vector<std::pair<const char*, const char*>> mended;  // by the remedy
+};
+
+void PrintTo(const ResetCase& reset, std::ostream* out) {
+    *out << reset.name;
+}
+
+class LevelReset : public testing::TestWithParam<ResetCase> {
+protected:
+    static CheckedFile checked(const std::vector<std::pair<const char*, const char*>>& rules) {
+        std::vector<std::string> texts;
+        for (const auto& [element, stylers] : rules) {
+            texts.push_back(ruleText(GetParam().featureType, element, stylers));
+        }
+        return checkedStyle(fmt::format("[{}]", fmt::join(texts, ",\n")));
+    }
+
+    // Whether the renderer receives the value at the level.
+    static bool hasValue(const CheckedFile& file) {
+        const ComponentGuard guard;
+        const int type = catalogue().GetFeatureTypeId(GetParam().featureType);
+        const unsigned int styleId = file.study->mapping().questionIdsOf(type).front();
+        return fieldIn(ask(file.study->config(), styleId, kLevel), fieldIndex(GetParam().lostField)).has_value();
+    }
+};
+
+TEST_P(LevelReset, IsTold) {
+    const CheckedFile file = checked(GetParam().rules);
+    EXPECT_FALSE(hasValue(file));
+    EXPECT_THAT(messagesOf(file, Code::LevelReset), Contains(HasSubstr(GetParam().lostField)));
+}
+
+TEST_P(LevelReset, IsGoneWhereTheRemedyIsFollowed) {
+    const CheckedFile file = checked(GetParam().mended);
+    EXPECT_TRUE(hasValue(file));
+    EXPECT_THAT(messagesOf(file, Code::LevelReset), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Remedies, LevelReset,
+                         testing::Values(ResetCase{"TheOthersForAllLevels",
+                                                   "nationalway",
+                                                   "stroke",
+                                                   {{"geometry.fill", R"({"color": "#3366cc"})"},
+                                                    {"geometry.stroke", R"({"color": "#cc3366", "level": "12"})"},
+                                                    {"geometry.fill", R"({"weight": "6", "level": "12"})"}},
+                                                   {{"geometry.fill", R"({"color": "#3366cc"})"},
+                                                    {"geometry.stroke", R"({"color": "#cc3366"})"},
+                                                    {"geometry.fill", R"({"weight": "6", "level": "12"})"}}},
+                                         ResetCase{"NoStyleForAllLevels",
+                                                   "nationalway",
+                                                   "stroke",
+                                                   {{"geometry.fill", R"({"color": "#3366cc"})"},
+                                                    {"geometry.stroke", R"({"color": "#cc3366", "level": "12"})"},
+                                                    {"geometry.fill", R"({"weight": "6", "level": "12"})"}},
+                                                   {{"geometry.fill", R"({"color": "#3366cc", "level": "12"})"},
+                                                    {"geometry.stroke", R"({"color": "#cc3366", "level": "12"})"},
+                                                    {"geometry.fill", R"({"weight": "6", "level": "12"})"}}},
+                                         ResetCase{"TheOtherStylerForAllLevels",
+                                                   "town",
+                                                   "text fill",
+                                                   {{"labels.text.stroke", R"({"color": "#3366cc"})"},
+                                                    {"labels.text.fill",
+                                                     R"({"color": "#cc3366", "fontsize": "12", "level": "12"})"}},
+                                                   {{"labels.text.stroke", R"({"color": "#3366cc"})"},
+                                                    {"labels.text.fill", R"({"color": "#cc3366"})"},
+                                                    {"labels.text.fill", R"({"fontsize": "12", "level": "12"})"}}}),
+                         [](const testing::TestParamInfo<ResetCase>& reset) { return std::string(reset.param.name); });
+
+}  // namespace
+}  // namespace customstyle_test
