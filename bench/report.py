@@ -189,6 +189,10 @@ def tool_rows(table, results):
         table.row(f"peak memory of check, {files}",
                   [KILOBYTE * peak for peak in results.tool("check", files, "peak_kb")], 200_000 * KILOBYTE,
                   kilobyte_text)
+    table.row("minify --mapping, rules_5000", results.tool("minify", "rules_5000", "seconds"), 5, seconds)
+    table.row("minify / dump, rules_5000",
+              [long / short for long, short in zip(results.tool("minify", "rules_5000", "seconds"),
+                                                   results.tool("dump", "rules_5000", "seconds"))])
     for what in ("check", "check_broken"):
         times = [1 / run[f"{what}/200"]["items_per_second"] for run in results.runs["StudyBench"]]
         table.row(f"{what} after an edit, 200 rules", times, 0.03, lambda value: f"{1000 * value:.1f} ms")
