@@ -1,6 +1,7 @@
 // Whom check blames: who overwrites a value, who says the same, who hides what others have set.
 #include <algorithm>
 #include <set>
+#include <span>
 
 #include "tests/model_check/ModelTables.h"
 #include "tests/properties/CheckedStyle.h"
@@ -103,7 +104,8 @@ private:
 
     // What a part writes for types that the map has style ids for.
     Written written(const Part& part) const {
-        Written all = valuesOf(m_style.rules()[part.rule], m_style.stylerOf(part));
+        Written all =
+            valuesOf(m_style.rules()[part.rule], m_style.stylerOf(part), std::span(m_style.rules()).first(part.rule));
         std::erase_if(all, [&](const auto& each) {
             const auto type = std::strtoul(each.first.first.c_str(), nullptr, 10);
             return isRecord(each.first) && isUnmapped(type);

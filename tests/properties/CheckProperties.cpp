@@ -12,6 +12,12 @@ namespace {
 
 using Json = nlohmann::json;
 
+std::string inSmallLetters(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char each) { return each >= 'A' && each <= 'Z' ? each + 32 : each; });
+    return text;
+}
+
+// A styler goes each time that it is there: where the first of two is gone, the second counts.
 Rules without(Rules rules, std::vector<Part> parts) {
     std::ranges::sort(parts, std::greater<>());
     parts.erase(std::unique(parts.begin(), parts.end()), parts.end());
@@ -19,8 +25,9 @@ Rules without(Rules rules, std::vector<Part> parts) {
         const auto at = rules.begin() + static_cast<std::ptrdiff_t>(rule);
         if (!styler) {
             at->stylers.reset();
-        } else if (at->stylers) {
-            at->stylers->erase(at->stylers->begin() + static_cast<std::ptrdiff_t>(*styler));
+        } else if (at->stylers && *styler < at->stylers->size()) {
+            const std::string name = inSmallLetters((*at->stylers)[*styler].first);
+            std::erase_if(*at->stylers, [&](const auto& each) { return inSmallLetters(each.first) == name; });
         }
     }
     return rules;

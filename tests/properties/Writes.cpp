@@ -13,12 +13,14 @@ bool isStyler(const std::string& name) {
 }
 
 // A value of 0 shows by its flag. Icons have none: an icon shown again only shows where it was hidden.
-void addWrites(Written& writes, const Rule& rule, bool iconsHidden) {
+void addWrites(Written& writes, const Rule& rule, std::span<const Rule> before, bool iconsHidden) {
     model::StyleModel model;
-    for (int type = 0; type <= 72; ++type) {
-        model.base[type][1] = {};
-        if (iconsHidden) model.base[type][1] = {{"iconHidden", 1}};
-    }
+    const model::Record empty = iconsHidden ? model::Record{{"iconHidden", 1}} : model::Record();
+    for (int type = 0; type <= 72; ++type) model.base[type][1] = empty;
+    for (const Rule& each : before) model.apply(each);
+    for (auto& [key, records] : model.slots) records[1] = empty;
+    model.gridColour.reset();
+    model.everyIconHidden = false;
     model.apply(rule);
     for (const auto& [key, records] : model.slots) {
         const model::Record& record = records.at(1);
@@ -37,15 +39,15 @@ void addWrites(Written& writes, const Rule& rule, bool iconsHidden) {
 
 }  // namespace
 
-Written valuesOf(const Rule& rule, const std::string& styler) {
+Written valuesOf(const Rule& rule, const std::string& styler, std::span<const Rule> before) {
     Rule alone = rule;
     if (alone.stylers && !styler.empty()) {
         std::erase_if(*alone.stylers,
                       [&](const auto& member) { return isStyler(member.first) && member.first != styler; });
     }
     Written writes;
-    addWrites(writes, alone, false);
-    addWrites(writes, alone, true);
+    addWrites(writes, alone, before, false);
+    addWrites(writes, alone, before, true);
     return writes;
 }
 

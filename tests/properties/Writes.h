@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -19,7 +20,9 @@ using Written = std::map<Write, std::uint64_t>;
 
 /// Everything that one styler of a rule writes where nothing stands in its way.
 /// @param styler  its name; empty for all
-Written valuesOf(const Rule& rule, const std::string& styler);
+/// @param before  the rules before it: where they have made a style for all levels, a rule that writes to a level
+///                several times undoes its own work
+Written valuesOf(const Rule& rule, const std::string& styler, std::span<const Rule> before = {});
 std::set<Write> writesOf(const Rule& rule, const std::string& styler);
 
 /// The place of a styler in the order in which the component applies those of a rule.

@@ -23,17 +23,12 @@ TextRange wholeRange(JsonValue value) {
     return {value.isMember() ? value.nameRange().begin : value.range().begin, value.range().end};
 }
 
-// The place of a styler among the members.
-std::optional<std::size_t> placeOf(const std::string& styler, JsonValue stylers) {
-    const auto member = stylers.firstMemberIgnoringCase(styler);
-    return member ? std::optional(member->position()) : std::nullopt;
-}
-
-// The styler that a finding is about, or the whole rule.
-TakenOut takenOutBy(const Finding& finding, const StyleStudy& study) {
-    const auto stylers = stylersOf(study.source().rules()[*finding.rule]);
-    if (!finding.step || !stylers) return {*finding.rule, {}};
-    return {*finding.rule, placeOf(study.steps()[*finding.step].styler, *stylers)};
+// Notes the styler that a finding is about, each time that it is there, or the whole rule.
+void takeOut(std::set<TakenOut>& takenOut, const Finding& finding, const StyleStudy& study) {
+    if (!finding.step) return void(takenOut.insert({*finding.rule, {}}));
+    const std::vector<JsonValue> members = study.rules()[*finding.rule].members(study.steps()[*finding.step].styler);
+    if (members.empty()) takenOut.insert({*finding.rule, {}});
+    for (const JsonValue member : members) takenOut.insert({*finding.rule, member.position()});
 }
 
 // The edits that take some children out of a list or object, with the commas that go with them.
@@ -115,7 +110,7 @@ std::vector<Edit> jointEdits(std::span<const Finding> findings, const StyleStudy
         if (finding.replacement)
             edits.push_back({finding.range, *finding.replacement});
         else if (finding.canGo && finding.rule)
-            takenOut.insert(takenOutBy(finding, study));
+            takeOut(takenOut, finding, study);
     }
     return inOrder(edits.empty() ? removals(takenOut, study.source()) : std::move(edits));
 }

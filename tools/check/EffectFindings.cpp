@@ -51,6 +51,7 @@ public:
     /// Adds the reason, and the place of it, to a finding.
     void addTo(Finding& finding) const {
         const Culprits culprits = overwriters();
+        if (hidesEveryIcon()) return addOtherHider(finding);
         if (isNeverAskedFor()) {
             finding.message += ": no question of the renderer finds its style ids";
         } else if (!ownsAnything() && !culprits.steps.empty()) {
@@ -119,7 +120,7 @@ private:
     }
 
     static std::size_t writtenFields(const ReplayStep& step) {
-        std::size_t count = 0;
+        std::size_t count = step.gridColor ? 1 : 0;
         for (const RecordTouch& touch : step.touches) {
             count += static_cast<std::size_t>(
                 std::count(touch.origins.begin(), touch.origins.begin() + kMarkField, Origin::Written));
@@ -128,9 +129,9 @@ private:
     }
 
     bool isNeverAskedFor() const {
-        return allTouches([&](const RecordTouch& touch) {
-            return m_found.study().mapping().questionIdsOf(touch.featureType).empty();
-        });
+        return isInRecordsOnly() && allTouches([&](const RecordTouch& touch) {
+                   return m_found.study().mapping().questionIdsOf(touch.featureType).empty();
+               });
     }
 
     bool ownsAnything() const {
@@ -141,24 +142,58 @@ private:
     }
 
     template <typename Test>
+    bool allSteps(Test test) const {
+        for (std::size_t step = m_begin; step < m_end; ++step) {
+            if (!test(step)) return false;
+        }
+        return true;
+    }
+
+    template <typename Test>
     bool allTouches(Test test) const {
-        return std::all_of(m_found.steps().begin() + static_cast<std::ptrdiff_t>(m_begin),
-                           m_found.steps().begin() + static_cast<std::ptrdiff_t>(m_end),
-                           [&](const ReplayStep& step) { return std::ranges::all_of(step.touches, test); });
+        return allSteps([&](std::size_t step) { return std::ranges::all_of(m_found.steps()[step].touches, test); });
     }
 
     bool changesNothing() const {
-        return allTouches([](const RecordTouch& touch) { return sameFields(touch.before, touch.after); });
+        return allTouches([](const RecordTouch& touch) { return sameFields(touch.before, touch.after); }) &&
+               allSteps([&](std::size_t step) { return !m_found.steps()[step].gridColor || isSameGrid(step); });
+    }
+
+    bool isSameGrid(std::size_t step) const {
+        return std::ranges::any_of(m_history.lossesBy(step), [&](std::size_t place) {
+            const LostWork& loss = m_history.losses()[place];
+            return loss.field == kGridField && !loss.isChanged;
+        });
+    }
+
+    // Whether all that the steps do is in records.
+    bool isInRecordsOnly() const {
+        return allSteps([&](std::size_t step) {
+            const ReplayStep& each = m_found.steps()[step];
+            return !each.gridColor && !each.hidesEveryIcon;
+        });
+    }
+
+    bool hidesEveryIcon() const {
+        return !allSteps([&](std::size_t step) { return !m_found.steps()[step].hidesEveryIcon; });
+    }
+
+    void addOtherHider(Finding& finding) const {
+        const auto& steps = m_found.steps();
+        for (std::size_t step = 0; step < steps.size() && m_end - m_begin == 1; ++step) {
+            if (isOwn(step) || !steps[step].hidesEveryIcon) continue;
+            return addCulprits(finding, {{step}, true, true}, "", "hidden here");
+        }
     }
 
     bool isAnsweredByOthers() const {
-        return allTouches([&](const RecordTouch& touch) {
-            bool areOthers = true;
-            forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
-                areOthers = areOthers && otherAnswering(m_found.study(), speaker, touch, false).has_value();
-            });
-            return areOthers;
-        });
+        return isInRecordsOnly() && allTouches([&](const RecordTouch& touch) {
+                   bool areOthers = true;
+                   forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
+                       areOthers = areOthers && otherAnswering(m_found.study(), speaker, touch, false).has_value();
+                   });
+                   return areOthers;
+               });
     }
 
     const StyleFindings& m_found;
@@ -198,7 +233,15 @@ private:
         Finding& finding = addAt(Code::NoEffect, proven);
         finding.message = fmt::format("{} no effect on the map", subjectOf(proven));
         finding.canGo = true;
+        if (isDoubled(proven)) finding.remedy = "take it out, each time that it is there";
         Reason(m_found, begin, end).addTo(finding);
+    }
+
+    // Of members that the component takes for the same, the next one counts where the first is gone.
+    bool isDoubled(const ProvenEffect& proven) const {
+        if (!proven.step) return false;
+        const ReplayStep& step = m_found.steps()[*proven.step];
+        return m_found.ruleOf(step).members(step.styler).size() > 1;
     }
 
     void addPartial(const ProvenEffect& proven) {

@@ -229,27 +229,68 @@ enum class Without : std::uint8_t { Nothing, AllIdle };
 class PartProof {
 public:
     PartProof(Proof& proof, const std::vector<std::size_t>& steps, PatchedStore& patched, std::size_t lane)
-        : m_proof(proof), m_patched(patched), m_lane(lane), m_store(proof.mapping.get()) {
+        : m_proof(proof), m_patched(patched), m_lane(lane) {
         const StyleStudy& study = proof.study;
         for (const std::size_t step : steps) {
             m_works.push_back({&study.steps()[step], step, study.singles()[step].document.get()});
         }
     }
 
-    // From the last rule to the first: what hides others comes after them, and they are all there when it is its turn.
+    // What is idle has to be so from the last rule to the first, and from the first to the last.
     Proofs run() {
-        for (std::size_t end = m_works.size(); end > 0;) {
-            std::size_t begin = end - 1;
-            while (begin > 0 && ruleOf(begin - 1) == ruleOf(begin)) --begin;
-            proveRule(begin, end);
-            end = begin;
-        }
+        proveBackwards();
+        while (!holdsForwards()) proveBackwards();
         return std::move(m_proofs);
     }
 
 private:
     std::size_t ruleOf(std::size_t place) const { return m_works[place].step->rule; }
     bool isKept(std::size_t place) const { return m_proof.isKept(m_works[place].place); }
+
+    // What hides others comes after them, and they are all there when it is its turn.
+    void proveBackwards() {
+        startAgain();
+        m_proofs = {};
+        m_idle.clear();
+        for (std::size_t end = m_works.size(); end > 0;) {
+            std::size_t begin = end - 1;
+            while (begin > 0 && ruleOf(begin - 1) == ruleOf(begin)) --begin;
+            proveRule(begin, end);
+            end = begin;
+        }
+    }
+
+    // Leaves out one after the other what is idle, the first rule first; the one that changes an answer then is not
+    // taken for idle again.
+    bool holdsForwards() {
+        if (m_idle.size() < 3) return true;  // one alone, and both, have been left out already
+        startAgain();
+        std::ranges::sort(m_idle);
+        for (const auto& [begin, end] : m_idle) {
+            for (; m_position < begin; ++m_position) {
+                if (!m_works[m_position].isLeftOut) m_store->apply(m_works[m_position]);
+            }
+            if (effectWithout(begin, end, Without::AllIdle).any()) {
+                m_neverIdle.insert({begin, end});
+                return false;
+            }
+            adopt();
+            for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = true;
+        }
+        return true;
+    }
+
+    void startAgain() {
+        m_store.emplace(m_proof.mapping.get());
+        m_position = 0;
+        m_grids.clear();
+        m_hidingIcons = 0;
+        m_adopted.clear();
+        for (Work& work : m_works) {
+            work.adopted.clear();
+            work.isLeftOut = false;
+        }
+    }
 
     void proveRule(std::size_t begin, std::size_t end) {
         bool isAnyKept = false;
@@ -269,6 +310,7 @@ private:
         Effect effect;
         const bool isIdle = isIdleInEachWay(begin, end, effect);
         if (isIdle) adopt();
+        if (isIdle) m_idle.emplace_back(begin, end);
         m_proofs.effects.push_back({ruleOf(begin), step, isIdle, effect});
         for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = isIdle;
         m_proof.tick(m_lane);
@@ -279,7 +321,8 @@ private:
         moveTo(begin);
         m_differsByOthers = false;
         effect = effectWithout(begin, end, Without::Nothing);
-        return !effect.any() && (!m_differsByOthers || !effectWithout(begin, end, Without::AllIdle).any());
+        if (effect.any() || m_neverIdle.contains({begin, end})) return false;
+        return !m_differsByOthers || !effectWithout(begin, end, Without::AllIdle).any();
     }
 
     // Has the store as it is before a work, with all works before it.
@@ -288,15 +331,15 @@ private:
             const Settings settings(*m_works[m_position].step);
             if (settings.grid) m_grids.push_back(*settings.grid);
             m_hidingIcons += settings.icons ? 1 : 0;
-            m_store.apply(m_works[m_position]);
+            m_store->apply(m_works[m_position]);
         }
         for (; m_position > place; --m_position) {
             const ReplayStep& step = *m_works[m_position - 1].step;
             const Settings settings(step);
             if (settings.grid) m_grids.pop_back();
             m_hidingIcons -= settings.icons ? 1 : 0;
-            m_store.stepBack(step, m_grids.empty() ? gridState(false, 0) : m_grids.back(),
-                             iconState(m_hidingIcons > 0));
+            m_store->stepBack(step, m_grids.empty() ? gridState(false, 0) : m_grids.back(),
+                              iconState(m_hidingIcons > 0));
         }
     }
 
@@ -307,15 +350,15 @@ private:
         for (std::size_t i = begin; i < end; ++i) compare(i, without);
         m_changed.clear();  // the works themselves have gone
         if (m_different.empty()) return {};
-        m_store.mark();
+        m_store->mark();
         for (std::size_t i = end; i < m_works.size() && !m_different.empty(); ++i) {
             m_differsByOthers |= m_works[i].isLeftOut;
             if (m_works[i].isLeftOut && without == Without::AllIdle) continue;
-            m_store.apply(m_works[i]);
+            m_store->apply(m_works[i]);
             compare(i, without);
         }
         const Effect effect = m_different.empty() ? Effect() : effectOfDifference(without);
-        m_store.takeBack();
+        m_store->takeBack();
         return effect;
     }
 
@@ -325,7 +368,7 @@ private:
         forEachStateAfter(*work.step, [&](const std::string& key, const tagCustomStyle* style) {
             const auto adopted = without == Without::Nothing ? work.adopted.end() : work.adopted.find(key);
             if (adopted != work.adopted.end()) style = adopted->second ? &*adopted->second : nullptr;
-            State now = m_store.stateOf(key);
+            State now = m_store->stateOf(key);
             if (isSame(now, style)) {
                 m_different.erase(key);
             } else {
@@ -347,7 +390,7 @@ private:
     }
 
     void patch(const std::string& key, LevelsByType& types) {
-        const State state = m_store.stateOf(key);
+        const State state = m_store->stateOf(key);
         if (key == kGridKey) return m_patched.setGridColor(state->m_custom != 0, state->m_fillColor);
         if (key == kIconKey) return m_patched.hideEveryIcon(state->m_iconHidden != 0);
         m_patched.set(key, state);
@@ -369,12 +412,15 @@ private:
     Proof& m_proof;
     PatchedStore& m_patched;
     std::size_t m_lane;
-    UndoableStore m_store;
+    std::optional<UndoableStore> m_store;
     std::size_t m_position = 0;           // of the work before which the store stands
     std::vector<tagCustomStyle> m_grids;  // that were written one after the other up to there
     std::size_t m_hidingIcons = 0;        // works up to there that hide every icon
     std::vector<Work> m_works;
     Proofs m_proofs;
+    using Places = std::pair<std::size_t, std::size_t>;  // of works: the first, and behind the last
+    std::vector<Places> m_idle;
+    std::set<Places> m_neverIdle;
     std::set<std::string> m_different;  // keys that differ at the moment
     std::vector<Changed> m_changed;
     bool m_differsByOthers = false;   // whether works that are left out could make a difference to the one in question

@@ -16,8 +16,9 @@ namespace customstyle_tool {
 struct ProvenEffect {
     std::size_t rule;                 ///< place among the rules, from 0
     std::optional<std::size_t> step;  ///< the styler; none for the whole of a rule with several
-    /// Whether no answer changes without it: without it alone, and without all that are idle after it as well. So any
-    /// one that is idle can be left out, and all of them can.
+    /// Whether no answer changes without it: without it alone, without all that are idle after it as well, and without
+    /// all that are idle before it. So any one that is idle can be left out, and all of them, in the order of the rules
+    /// or against it.
     bool isIdle;
     Effect effect;  ///< what changes without it alone; whole only where details were asked for
 };

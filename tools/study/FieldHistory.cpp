@@ -16,6 +16,7 @@ FieldHistory::FieldHistory(const std::vector<ReplayStep>& steps)
     : m_byVictim(steps.size()), m_byCulprit(steps.size()), m_isOwner(steps.size()) {
     for (std::size_t step = 0; step < steps.size(); ++step) {
         for (const RecordTouch& touch : steps[step].touches) follow(step, touch);
+        if (steps[step].gridColor) followGrid(steps, step);
     }
     for (std::size_t i = 0; i < m_losses.size(); ++i) {
         m_byVictim[m_losses[i].victim].push_back(i);
@@ -26,6 +27,7 @@ FieldHistory::FieldHistory(const std::vector<ReplayStep>& steps)
             if (owners[field].step) m_isOwner[*owners[field].step] = true;
         }
     }
+    if (m_gridOwner) m_isOwner[*m_gridOwner] = true;
 }
 
 const RecordOwners& FieldHistory::ownersOf(const std::string& key, int styleId) const {
@@ -36,6 +38,20 @@ const RecordOwners& FieldHistory::ownersOf(const std::string& key, int styleId) 
 void FieldHistory::follow(std::size_t step, const RecordTouch& touch) {
     RecordOwners& owners = m_owners[{touch.key, touch.styleId}];
     for (std::size_t field = 0; field < kStyleFieldCount; ++field) followField(step, touch, field, owners[field]);
+}
+
+void FieldHistory::followGrid(const std::vector<ReplayStep>& steps, std::size_t step) {
+    if (m_gridOwner) {
+        const bool isChanged = steps[*m_gridOwner].gridColor != steps[step].gridColor;
+        m_losses.push_back({*m_gridOwner,
+                            step,
+                            LostHow::Overwritten,
+                            _orvik_framework::EMAPCUSTOMSTYLE_GRID,
+                            {},
+                            kGridField,
+                            isChanged});
+    }
+    m_gridOwner = step;
 }
 
 void FieldHistory::followField(std::size_t step, const RecordTouch& touch, std::size_t field, Owner& owner) {

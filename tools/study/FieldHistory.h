@@ -28,6 +28,9 @@ enum class LostHow : std::uint8_t {
     Reset,        ///< by a step that copied the style for all levels over it
 };
 
+/// The colour of the grid, which is in no record, as a field.
+inline constexpr std::size_t kGridField = kStyleFieldCount;
+
 /// A value that a step wrote and that a later one did away with. The customised mark is no value.
 struct LostWork {
     std::size_t victim;   ///< index in the steps
@@ -35,7 +38,7 @@ struct LostWork {
     LostHow kind;
     int featureType;
     std::optional<int> level;
-    std::size_t field;  ///< place in styleFields()
+    std::size_t field;  ///< place in styleFields(), or kGridField
     bool isChanged;     ///< whether the value became another one
 };
 
@@ -61,9 +64,11 @@ public:
 
 private:
     void follow(std::size_t step, const RecordTouch& touch);
+    void followGrid(const std::vector<ReplayStep>& steps, std::size_t step);
     void followField(std::size_t step, const RecordTouch& touch, std::size_t field, Owner& owner);
 
     std::map<std::pair<std::string, int>, RecordOwners> m_owners;
+    std::optional<std::size_t> m_gridOwner;
     std::vector<LostWork> m_losses;
     std::vector<std::vector<std::size_t>> m_byVictim;   // by step
     std::vector<std::vector<std::size_t>> m_byCulprit;  // by step

@@ -50,6 +50,15 @@ std::optional<JsonValue> RuleView::member(std::string_view name) const {
     return stylers ? stylers->firstMemberIgnoringCase(name) : std::nullopt;
 }
 
+std::vector<JsonValue> RuleView::members(std::string_view name) const {
+    std::vector<JsonValue> found;
+    if (!stylers) return found;
+    for (const JsonValue child : stylers->children()) {
+        if (equalIgnoringCase(child.name(), name)) found.push_back(child);
+    }
+    return found;
+}
+
 std::optional<JsonValue> RuleView::textMember(std::string_view name) const {
     const std::optional<JsonValue> found = member(name);
     return isText(found) ? found : std::nullopt;

@@ -26,6 +26,9 @@ struct RuleView {
     /// A member of the stylers, of whatever kind.
     std::optional<JsonValue> member(std::string_view name) const;
 
+    /// All members of the stylers that the component takes for it once those before are gone.
+    std::vector<JsonValue> members(std::string_view name) const;
+
     /// A member of the stylers if it is a text, the only kind that counts.
     std::optional<JsonValue> textMember(std::string_view name) const;
 
