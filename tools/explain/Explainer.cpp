@@ -48,14 +48,15 @@ Loss answeredBy(const CustomConfig& config, int silentType, int answeringType) {
 
 Explainer::Explainer(const StyleStudy& style)
     : m_style(style), m_probe(style), m_intended(style.mapping().tracedText(), style.singles()) {
-    indexTouches();
+    indexSteps();
 }
 
-void Explainer::indexTouches() {
-    for (std::size_t step = 0; step < m_style.steps().size(); ++step) {
-        for (const RecordTouch& touch : m_style.steps()[step].touches) {
-            m_visits[touch.featureType].push_back({step, &touch});
-        }
+void Explainer::indexSteps() {
+    for (std::size_t place = 0; place < m_style.steps().size(); ++place) {
+        const ReplayStep& step = m_style.steps()[place];
+        for (const RecordTouch& touch : step.touches) m_visits[touch.featureType].push_back({place, &touch});
+        if (step.gridColor) m_gridSteps.push_back(place);
+        if (step.hidesEveryIcon && !m_hidesEveryIcon) m_hidesEveryIcon = place;
     }
     for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) {
         for (const int styleId : m_style.mapping().idsOf(type)) m_featureTypes[styleId].push_back(type);
@@ -137,13 +138,7 @@ void Explainer::explainType(Explanation& explanation, int featureType) {
 
 void Explainer::explainIcon(Explanation& explanation) {
     explanation.icon.applies = true;
-    const auto& steps = m_style.steps();
-    const auto hidesAll = std::ranges::find_if(steps, &ReplayStep::hidesEveryIcon);
-    if (hidesAll == steps.end()) {
-        explainOneIcon(explanation);
-    } else {
-        explainHiddenIcons(explanation, static_cast<std::size_t>(hidesAll - steps.begin()));
-    }
+    m_hidesEveryIcon ? explainHiddenIcons(explanation, *m_hidesEveryIcon) : explainOneIcon(explanation);
     sortLosses(explanation.icon);
 }
 
@@ -208,9 +203,8 @@ void Explainer::explainLand(Explanation& explanation) {
 
 void Explainer::explainGrid(Explanation& explanation) const {
     History& grid = explanation.grid;
-    for (std::size_t step = 0; step < m_style.steps().size(); ++step) {
+    for (const std::size_t step : m_gridSteps) {
         const auto color = m_style.steps()[step].gridColor;
-        if (!color) continue;
         if (grid.winner) grid.losses.push_back({*grid.winner, LossKind::Overwritten, step, -1});
         grid.winner = Write{step, _orvik_framework::EMAPCUSTOMSTYLE_GRID, {}, *color};
         grid.value = *color;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <vector>
 
 #include "tools/study/Explanation.h"
@@ -27,7 +28,7 @@ public:
     const ReplayStep& step(std::size_t place) const { return m_style.steps()[place]; }
 
 private:
-    void indexTouches();
+    void indexSteps();
     std::vector<int> featureTypesOf(int styleId) const;
     RecordVisits visitsTo(int featureType, int level) const;
     History historyOf(const RecordVisits& record, std::size_t field);
@@ -46,6 +47,8 @@ private:
     StoreProbe m_probe;
     IntendedWrites m_intended;
     std::map<int, std::vector<Visit>> m_visits;      // by feature type
+    std::vector<std::size_t> m_gridSteps;            // that write the colour of the grid
+    std::optional<std::size_t> m_hidesEveryIcon;     // the first step that does
     std::map<int, std::vector<int>> m_featureTypes;  // by style id
 };
 

@@ -493,7 +493,8 @@ Proofs proveEffects(const StyleStudy& study, const ProofOptions& options) {
     const Spread& spread = study.surroundings().spread;
     std::vector<std::unique_ptr<PatchedStore>> patched(spread.lanes);
     for (auto& each : patched) {
-        each = std::make_unique<PatchedStore>(storeOf(study.mapping().speakersText(), study.source().text()));
+        // From the single rules: the tree of a whole text would take as much memory again.
+        each = std::make_unique<PatchedStore>(storeWithout(study, std::vector<bool>(study.steps().size())));
     }
     std::vector<Proofs> found(parts.size());
     spread.run(parts.size(), [&](std::size_t part, std::size_t lane) {
