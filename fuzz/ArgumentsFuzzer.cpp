@@ -85,7 +85,8 @@ private:
     void askValues() {
         const int weight = m_config.CalculateWeightValue(text().c_str());
         require(weight >= 0 && weight <= 255, "weights are 0 to 255");
-        m_config.CalculateColorValue(text().c_str(), number());
+        const std::string colour = text();
+        m_config.CalculateColorValue(colour.c_str(), number());
         m_config.IsValueAllDigit(text());
         m_config.CustomMapPrintLog(text().c_str());
     }
@@ -115,8 +116,9 @@ private:
     }
 
     customstyle_test::Tree stylers() {
-        const std::string json = "{" + styler("color") + styler("visibility") + styler("weight") + styler("fontsize") +
-                                 styler("level") + "\"end\":0}";
+        std::string json = "{";
+        for (const char* name : {"color", "visibility", "weight", "fontsize", "level"}) json += styler(name);
+        json += "\"end\":0}";
         return customstyle_test::Tree(_orvik_vi::cJSON_Parse(json, 1));
     }
 
@@ -151,7 +153,9 @@ private:
     void update() {
         // Sixteen characters, and the heap's guard behind them.
         const auto key = std::make_unique<char[]>(16);
-        m_config.UpdateCustomStyleMap(key.get(), number(), number(), number());
+        const int type = number();
+        const int allLevels = number();
+        m_config.UpdateCustomStyleMap(key.get(), type, allLevels, number());
     }
 
     FuzzInput& m_input;

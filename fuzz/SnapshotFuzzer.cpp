@@ -1,5 +1,6 @@
 // Stores as no rule makes them, written through the record writers and by hand: a snapshot has to answer like the
 // class.
+#include <algorithm>
 #include <string>
 
 #include "customstyle/StoredRecords.h"
@@ -26,7 +27,8 @@ constexpr const char* kElements[] = {"all", "labels", "geometry", "stroke", "fil
 // Maps number their styles in clusters, with gaps.
 int styleId(FuzzInput& input) {
     if (input.below(2) == 0) return input.oneOf(kIds);
-    return input.oneOf(kClusters) + static_cast<int>(input.below(100));
+    const int cluster = input.oneOf(kClusters);
+    return cluster + static_cast<int>(input.below(100));
 }
 
 void addBase(CustomConfig& config, FuzzInput& input) {
@@ -67,8 +69,8 @@ void write(CustomConfig& config, FuzzInput& input) {
 // What only a host does that reaches into the store.
 void changeByHand(CustomConfig& config, FuzzInput& input) {
     if (config.m_usedLevelSlots == 0) return;
-    CVMapPtrToPtr& slot =
-        config.m_levelStyleMaps[input.below(static_cast<std::size_t>(config.m_usedLevelSlots) % 256 + 1)];
+    const auto used = static_cast<std::size_t>(config.m_usedLevelSlots);
+    CVMapPtrToPtr& slot = config.m_levelStyleMaps[input.below(std::min<std::size_t>(used + 1, 256))];
     const std::string key = std::to_string(input.oneOf(kTypes));
     switch (input.below(4)) {
         case 0:

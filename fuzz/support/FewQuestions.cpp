@@ -13,15 +13,9 @@ namespace {
 constexpr unsigned kIds[] = {1, customstyle_test::firstStyleId(13), 0xffffffff};
 constexpr int kLevels[] = {0, 12};
 
-// Questions are off unless a test turns them on.
-struct QuestionsOn {
-    QuestionsOn() { g_zrsdk_custom_style_enable = 1; }
-    ~QuestionsOn() { g_zrsdk_custom_style_enable = 0; }
-};
-
 template <typename Ask>
 void forFewQuestions(Ask ask) {
-    const QuestionsOn on;
+    const customstyle_test::QueriesEnabled on;
     for (const unsigned id : kIds)
         for (const int level : kLevels) ask(id, level);
 }

@@ -8,7 +8,8 @@
 
 namespace customstyle_fuzz {
 
-/// Hands out the bytes of an input one after another; behind the end they are all 0.
+/// Hands out the bytes of an input one after another; after the end all are 0. Read one value a statement: compilers
+/// differ in the order of arguments and operands.
 class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}

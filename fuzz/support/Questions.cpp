@@ -97,9 +97,8 @@ void requireSameAnswers(const CustomConfig& config) {
     const StyleSnapshot snapshot(config);
     requireSwitchedOff(config, config);
     requireSwitchedOff(snapshot, config);
-    g_zrsdk_custom_style_enable = 1;
+    const customstyle_test::QueriesEnabled on;
     requireSame(config, snapshot);
-    g_zrsdk_custom_style_enable = 0;
 }
 
 void requireSoundStore(const CustomConfig& config) {

@@ -17,7 +17,7 @@ constexpr const char* kNumbers[] = {"0", "7", "254", "255", "256", "00099", "100
 constexpr const char* kLevels[] = {"4", "5", "12", "13", "20", "21", "3", "22", "x", ""};
 constexpr const char* kColours[] = {"#112233", "#aabbccdd", "#00000000", "#FFFFFFFF", "#gg00zz1"};
 
-// Both members of a pair of companions are as likely as all other types together.
+// Half of the time a type that some table treats on its own, or one of two pairs of companions.
 int featureType(FuzzInput& input) {
     constexpr int kFrequent[] = {0, 4, 45, 46, 53, 71, 72, 13, 28, 25, 26};
     return input.below(2) == 0 ? input.oneOf(kFrequent) : static_cast<int>(input.below(73));
@@ -30,8 +30,8 @@ Value text(const std::string& text) {
 Rule ruleFrom(FuzzInput& input) {
     Rule rule;
     const auto type = static_cast<std::size_t>(featureType(input));
-    rule.frame = {{"featureType", text(kNames[type])},
-                  {"elementType", text(std::string(input.oneOf(kPrefixes)) + input.oneOf(kWords))}};
+    const std::string prefix = input.oneOf(kPrefixes);
+    rule.frame = {{"featureType", text(kNames[type])}, {"elementType", text(prefix + input.oneOf(kWords))}};
     const std::size_t stylers = input.byte();
     rule.stylers.emplace();
     if (stylers & 1) rule.stylers->emplace_back("color", text(input.oneOf(kColours)));
@@ -69,8 +69,10 @@ std::vector<std::vector<int>> styleIdsFrom(FuzzInput& input) {
 void rulesFrom(FuzzInput& input, Slots slots, const Apply& apply) {
     for (int rules = 0; rules < 200 && !input.isEmpty(); ++rules) {
         const std::size_t action = input.below(64);
-        if (action == 63 && slots == Slots::MayRunOut && input.below(8) == 0)
-            applyToLevels(featureType(input), input.below(73), apply);
+        if (action == 63 && slots == Slots::MayRunOut && input.below(8) == 0) {
+            const int first = featureType(input);
+            applyToLevels(first, input.below(73), apply);
+        }
         if (action < 63) apply(ruleFrom(input));
     }
 }
