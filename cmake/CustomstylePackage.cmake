@@ -6,6 +6,7 @@ set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/customstyle)
 install(TARGETS customstyle customstyle_stylesnapshot orvik_vi EXPORT customstyle
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 if(CUSTOMSTYLE_BUILD_TOOLS)
+  install(DIRECTORY tools/export/legends DESTINATION ${CMAKE_INSTALL_DATADIR}/customstyle)
   install(TARGETS customstyle_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   if(TARGET customstyle_share)
     install(DIRECTORY ${PROJECT_BINARY_DIR}/share/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})

@@ -1,18 +1,19 @@
 #!/usr/bin/env python3
-"""output_schemas.py TOOL ROOT: whether every JSON that the tool prints meets its schema in docs/schemas, and whether the
-schemas refuse what they should.
+"""output_schemas.py TOOL ROOT: whether every JSON that the tool prints, and each legend that comes along, meets its schema
+in docs/schemas, and whether the schemas refuse what they should.
 """
 import json
 import pathlib
 import subprocess
 import sys
+import tempfile
 
 import jsonschema
 
 STYLES = ["night", "pale", "transit", "mistakes", "no-labels", "main-roads"]
 
 
-def calls(root):
+def calls(scratch):
     """Each call with the schema of its output and whether that is a document a line."""
     for name in STYLES:
         style = f"examples/styles/{name}.json"
@@ -23,11 +24,23 @@ def calls(root):
             yield "explain", False, ["explain", style, *mapping, "--type", "town", "--level", "4,12,other", "--format",
                                      "json"]
             yield "diff", False, ["diff", style, "examples/styles/night.json", *mapping, "--format", "json"]
+        yield "export", False, ["export", style, "--report", "-", "-o", scratch / "style.json"]
         yield "check", False, ["check", style, "--effects", "--format", "json"]
         yield "check-line", True, ["check", style, "--effects", "--format", "jsonl"]
     yield "check", False, ["check", "no/such/style.json", "--format", "json"]
     for what in ("types", "elements", "stylers", "codes"):
         yield "list", False, ["list", what, "--format", "json"]
+
+
+def legends(root):
+    """Each legend with the schema of legends; the tool reads them."""
+    for path in sorted((root / "tools/export/legends").iterdir()):
+        yield "legend", path.name, [json.loads(path.read_text())]
+
+
+def outputs(tool, root, scratch):
+    for name, by_line, arguments in calls(scratch):
+        yield name, " ".join(map(str, arguments)), documents(tool, root, arguments, by_line)
 
 
 def documents(tool, root, arguments, by_line):
@@ -41,20 +54,24 @@ def misread(document):
     yield document | {"version": 0}
 
 
+def failures_of(root, name, call, found):
+    schema = json.loads((root / f"docs/schemas/{name}.schema.json").read_text())
+    jsonschema.Draft202012Validator.check_schema(schema)
+    validator = jsonschema.Draft202012Validator(schema)
+    for document in found:
+        yield from [f"{call}: {error.json_path}: {error.message[:200]}" for error in validator.iter_errors(document)][:3]
+    if found and any(validator.is_valid(wrong) for wrong in misread(found[0])):
+        yield f"{name}: the schema takes anything"
+
+
 def main(tool, root):
+    root = pathlib.Path(root)
     failures = []
     count = 0
-    for name, by_line, arguments in calls(root):
-        schema = json.loads((pathlib.Path(root) / f"docs/schemas/{name}.schema.json").read_text())
-        jsonschema.Draft202012Validator.check_schema(schema)
-        validator = jsonschema.Draft202012Validator(schema)
-        found = documents(tool, root, arguments, by_line)
-        count += len(found)
-        for document in found:
-            failures += [f"{' '.join(arguments)}: {error.json_path}: {error.message[:200]}"
-                         for error in validator.iter_errors(document)][:3]
-        if found and any(validator.is_valid(wrong) for wrong in misread(found[0])):
-            failures.append(f"{name}: the schema takes anything")
+    with tempfile.TemporaryDirectory() as scratch:
+        for name, call, found in (*outputs(tool, root, pathlib.Path(scratch)), *legends(root)):
+            count += len(found)
+            failures += failures_of(root, name, call, found)
     print(f"{count} documents, {len(failures)} failures")
     print("\n".join(failures[:30]))
     return 1 if failures or count < 50 else 0

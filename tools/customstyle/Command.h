@@ -44,6 +44,17 @@ struct ExitStatus {
     std::string meaning;
 };
 
+/// Words that a subcommand prints, and what they mean.
+struct Glossary {
+    struct Term {
+        std::string name;
+        std::string meaning;
+    };
+
+    std::string title{};  ///< "The losses are"
+    std::vector<Term> terms{};
+};
+
 struct ExampleCall {
     std::string what;
     std::string call;
@@ -58,6 +69,7 @@ struct Command {
     std::string summary{};                   ///< one line, an imperative without full stop
     std::vector<std::string> description{};  ///< paragraphs; one that begins with a blank keeps its lines
     std::vector<Option> options{};
+    Glossary glossary{};
     std::vector<ExitStatus> statuses{};
     std::vector<ExampleCall> examples{};
     std::function<int()> run = {};  ///< prints what there is to print and answers the exit status

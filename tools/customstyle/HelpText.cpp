@@ -61,6 +61,13 @@ std::string rowsOf(const Command& command, bool arguments) {
     return rows;
 }
 
+std::string glossaryRows(const Glossary& glossary) {
+    if (glossary.terms.empty()) return {};
+    std::string rows = "\n" + glossary.title + ":\n";
+    for (const Glossary::Term& term : glossary.terms) rows += row(term.name, term.meaning);
+    return rows;
+}
+
 std::string statusRows(const Command& command) {
     std::string rows = "\nExit status:\n";
     for (const ExitStatus& each : command.statuses) rows += row(std::to_string(each.status), each.meaning);
@@ -119,7 +126,7 @@ std::string commandHelp(const Command& command) {
     const std::string arguments = rowsOf(command, true);
     if (!arguments.empty()) text += "\nArguments:\n" + arguments;
     text += "\nOptions:\n" + rowsOf(command, false) + row("-h, --help", "Print this help");
-    return text + statusRows(command) + exampleRows(command);
+    return text + glossaryRows(command.glossary) + statusRows(command) + exampleRows(command);
 }
 
 }  // namespace customstyle_tool

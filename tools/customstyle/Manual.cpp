@@ -128,6 +128,15 @@ std::string optionsOf(const Command& command) {
     return text + ".It Fl h , Fl -help\nPrint a help.\n.El\n";
 }
 
+std::string glossaryOf(const Glossary& glossary) {
+    if (glossary.terms.empty()) return {};
+    std::string text = ".Pp\n" + glossary.title + ":\n.Bl -tag -width Ds\n";
+    for (const Glossary::Term& term : glossary.terms) {
+        text += fmt::format(".It {}\n{}.\n", escaped(term.name), escaped(term.meaning));
+    }
+    return text + ".El\n";
+}
+
 std::string statusesOf(const Command& command) {
     std::string text = ".Sh EXIT STATUS\n.Bl -tag -width Ds\n";
     for (const ExitStatus& each : command.statuses) {
@@ -201,7 +210,8 @@ std::string commandManual(const Command& command) {
     synopsis.replace(0, std::string_view(".Nm\n").size(), ".Nm customstyle\n");
     text += synopsis + fmt::format(".Sh DESCRIPTION\n{}.\n", escaped(command.summary));
     for (const std::string& each : command.description) text += paragraph(each);
-    text += ".Pp\nThe arguments and options are:\n" + optionsOf(command) + statusesOf(command) + examplesOf(command);
+    text += ".Pp\nThe arguments and options are:\n" + optionsOf(command) + glossaryOf(command.glossary);
+    text += statusesOf(command) + examplesOf(command);
     return text + ".Sh SEE ALSO\n.Xr customstyle 1\n";
 }
 

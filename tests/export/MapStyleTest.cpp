@@ -1,0 +1,213 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "tests/study/LoadedText.h"
+#include "tests/support/StyleBuilder.h"
+#include "tools/export/LegendReader.h"
+#include "tools/export/MapStyle.h"
+#include "tools/vocabulary/FeatureTypes.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::UnorderedElementsAre;
+using Json = nlohmann::ordered_json;
+
+Legend legendWith(const std::string& layers) {
+    const SourceFile file("legend.json", R"({"version": 1, "name": "test", "source": {"type": "vector"},
+        "fonts": {"regular": ["Sans"], "bold": ["Sans Bold"]}, "text": ["get", "name"],
+        "backgrounds": {"land": "#ffffff", "grid": "#eeeeee"}, "layers": [)" +
+                                             layers + "]}");
+    return std::get<Legend>(readLegend(file));
+}
+
+// Over one style id for each type.
+ExportedStyle exported(std::initializer_list<RuleBuilder> rules, const std::string& layers,
+                       ExportOptions options = {}) {
+    return exportedStyle(*loadedText(Mapping::standard(), styleOf(rules)), legendWith(layers), options);
+}
+
+std::vector<std::string> layerIds(const Json& style) {
+    std::vector<std::string> ids;
+    for (const Json& layer : style["layers"]) ids.push_back(layer["id"]);
+    return ids;
+}
+
+// A property, of whichever group.
+Json valueIn(const Json& style, const std::string& id, const std::string& property) {
+    for (const Json& layer : style["layers"]) {
+        if (layer["id"] != id) continue;
+        for (const char* group : {"paint", "layout"}) {
+            if (layer.contains(group) && layer[group].contains(property)) return layer[group][property];
+        }
+    }
+    return nullptr;
+}
+
+std::vector<LossCode> codesOf(const Losses& losses) {
+    std::vector<LossCode> codes;
+    for (const auto& [code, places] : losses.all()) {
+        if (code != LossCode::TilesMissing && code != LossCode::GlyphsMissing) codes.push_back(code);
+    }
+    return codes;
+}
+
+const std::string kWater = R"({"type": "water", "kind": "area", "source_layer": "water"})";
+const std::string kHighway = R"({"type": "highway", "kind": "line", "source_layer": "roads", "look": {"width": 2}})";
+const std::string kLocal = R"({"type": "local", "kind": "line", "source_layer": "roads", "look": {"width": 1}})";
+const std::string kCity = R"({"type": "city", "kind": "label", "source_layer": "places", "icon": "dot"})";
+const std::string kBuilding =
+    R"({"type": "building", "kind": "building", "source_layer": "b", "id": "s", "height": ["get", "h"]})";
+
+TEST(ExportedValue, IsOneWhereAllLevelsAgree) {
+    const Json style = exported({rule("water", "fill").color("#112233")}, kWater).style;
+    EXPECT_EQ(valueIn(style, "water-fill", "fill-color"), "#112233");
+}
+
+TEST(ExportedValue, HasAStepForEachLevelThatChangesIt) {
+    const Json style =
+        exported({rule("water", "fill").color("#112233"), rule("water", "fill").color("#44556680").level("9"),
+                  rule("water", "fill").color("#44556680").level("10")},
+                 kWater)
+            .style;
+    EXPECT_EQ(valueIn(style, "water-fill", "fill-color"),
+              Json::parse(R"json(["step", ["zoom"], "#112233", 8, "rgba(68,85,102,0.502)", 10, "#112233"])json"));
+}
+
+TEST(ExportedValue, ChangesAtTheZoomOfTheOffset) {
+    const Json style = exported({rule("water", "fill").color("#112233").level("9")}, kWater, {.zoomOffset = 0}).style;
+    EXPECT_EQ(valueIn(style, "water-fill", "fill-color"),
+              Json::parse(R"(["step", ["zoom"], "#e8e4dc", 9, "#112233", 10, "#e8e4dc"])"));
+}
+
+// The style ids 7 and 8 are highways, 8 is water as well and looks so.
+ExportedStyle exportedShared(const std::string& layer) {
+    const std::string mapping = mappingText([](int type) {
+        if (type == 13) return std::vector<int>{7, 8, 9};
+        return type == 2 ? std::vector<int>{8} : std::vector<int>{};
+    });
+    const std::string style =
+        styleOf({rule("highway", "fill").color("#111111"), rule("water", "fill").color("#222222").level("9")});
+    return exportedStyle(*loadedText(mapping, style), legendWith(layer), {});
+}
+
+TEST(ExportedValue, IsAChoiceByStyleIdWhereFeaturesTellTheirs) {
+    const ExportedStyle result =
+        exportedShared(R"({"type": "highway", "kind": "line", "source_layer": "roads", "id": "s"})");
+    EXPECT_EQ(valueIn(result.style, "highway-line", "line-color"),
+              Json::parse(R"(["step", ["zoom"], "#111111", 8, ["match", ["get", "s"], [8], "#222222", "#111111"],
+                              9, "#111111"])"));
+    EXPECT_THAT(codesOf(result.losses), Not(Contains(LossCode::IdsNotToldApart)));
+}
+
+TEST(ExportedValue, IsThatOfMostStyleIdsWhereFeaturesDoNotTellTheirs) {
+    const ExportedStyle result = exportedShared(R"({"type": "highway", "kind": "line", "source_layer": "roads"})");
+    EXPECT_EQ(valueIn(result.style, "highway-line", "line-color"), "#111111");
+    ASSERT_THAT(codesOf(result.losses), Contains(LossCode::IdsNotToldApart));
+    EXPECT_EQ(result.losses.all().at(LossCode::IdsNotToldApart).at(13), LevelSet().set(classOfLevel(9)));
+}
+
+TEST(ExportedValue, IsThatOfTheStyleIdsWhichALayerNames) {
+    const ExportedStyle result =
+        exportedShared(R"({"type": "highway", "kind": "line", "source_layer": "a", "ids": [8]})");
+    EXPECT_EQ(valueIn(result.style, "highway-line", "line-color"),
+              Json::parse(R"(["step", ["zoom"], "#111111", 8, "#222222", 9, "#111111"])"));
+}
+
+TEST(ExportedLayers, HaveTheCasingsOfNeighbouringLinesBelowAllOfThem) {
+    const auto stroke = [](const char* type) { return rule(type, "stroke").color("#101010"); };
+    const Json style =
+        exported({stroke("highway"), stroke("local"), stroke("water")}, kWater + "," + kLocal + "," + kHighway).style;
+    EXPECT_THAT(layerIds(style), ElementsAre("grid", "land", "water-fill", "water-outline", "local-casing",
+                                             "highway-casing", "local-line", "highway-line"));
+    EXPECT_EQ(valueIn(style, "highway-casing", "line-gap-width"), 2);
+    EXPECT_EQ(valueIn(style, "highway-casing", "line-width"), 0.6);
+}
+
+TEST(ExportedLayers, AreLeftOutWhereNothingCanBeSeen) {
+    const Json style = exported({rule("water", "geometry").visibility("off"), rule("city", "all").visibility("off")},
+                                kWater + "," + kCity)
+                           .style;
+    EXPECT_THAT(layerIds(style), ElementsAre("grid", "land"));
+}
+
+TEST(ExportedLayers, AreDrawnAtTheirLevelsOnly) {
+    const Json style =
+        exported({}, R"({"type": "water", "kind": "area", "source_layer": "water", "from": 9, "to": 12})").style;
+    EXPECT_EQ(style["layers"][2]["minzoom"], 8);
+    EXPECT_EQ(style["layers"][2]["maxzoom"], 12);
+}
+
+TEST(ExportedLabel, HasNoTextWhereTheStyleHidesIt) {
+    const ExportedStyle result = exported({rule("city", "labels.text.fill").visibility("off").level("9")}, kCity);
+    EXPECT_EQ(valueIn(result.style, "city-label", "text-field"),
+              Json::parse(R"(["step", ["zoom"], ["get", "name"], 8, "", 9, ["get", "name"]])"));
+    EXPECT_THAT(codesOf(result.losses), ElementsAre(LossCode::HiddenText, LossCode::SpriteMissing));
+}
+
+TEST(ExportedLabel, LosesWeightAndTheWidthOfItsHalo) {
+    const ExportedStyle result =
+        exported({rule("city", "labels.text.fill").weight("3"), rule("city", "labels.text.stroke").weight("9")}, kCity);
+    EXPECT_EQ(valueIn(result.style, "city-label", "text-font"), Json::array({"Sans Bold"}));
+    EXPECT_EQ(valueIn(result.style, "city-label", "text-halo-width"), 3);
+    EXPECT_THAT(codesOf(result.losses),
+                ElementsAre(LossCode::Units, LossCode::TextWeight, LossCode::HaloCapped, LossCode::SpriteMissing));
+}
+
+TEST(ExportedBuilding, IsFlatAndLosesItsTopSurface) {
+    const ExportedStyle result = exported({rule("building", "topsurface").color("#123456")}, kBuilding);
+    EXPECT_THAT(layerIds(result.style), ElementsAre("grid", "land", "building-fill"));
+    EXPECT_THAT(codesOf(result.losses), ElementsAre(LossCode::TopSurface));
+}
+
+TEST(ExportedBuilding, HasUnlitWallsAndARoofWhenRaised) {
+    const ExportedStyle result =
+        exported({rule("building", "fill").color("#11223380"), rule("building", "topsurface").color("#123456")},
+                 kBuilding, {.isRaised = true});
+    EXPECT_THAT(layerIds(result.style), ElementsAre("grid", "land", "building-walls", "building-roof"));
+    EXPECT_EQ(valueIn(result.style, "building-walls", "fill-extrusion-color"), "#112233");
+    EXPECT_EQ(valueIn(result.style, "building-walls", "fill-extrusion-opacity"), 0.502);
+    EXPECT_EQ(valueIn(result.style, "building-roof", "fill-extrusion-base"), Json::parse(R"(["get", "h"])"));
+    EXPECT_EQ(result.style["light"]["intensity"], 0);
+    EXPECT_THAT(codesOf(result.losses), ElementsAre(LossCode::UnlitWalls));
+}
+
+TEST(ExportLosses, NameTypesThatTheLegendLacks) {
+    const ExportedStyle result =
+        exported({rule("highway", "fill").color("#111111"), rule("water", "labels.text.fill").color("#111111"),
+                  rule("city", "geometry").color("#111111"), rule("local", "all").visibility("off")},
+                 kWater + "," + kCity);
+    EXPECT_THAT(codesOf(result.losses),
+                ElementsAre(LossCode::NotInLegend, LossCode::NoLabels, LossCode::NoShape, LossCode::SpriteMissing));
+    EXPECT_EQ(result.losses.all().at(LossCode::NotInLegend).size(), 1U);
+}
+
+TEST(ExportOptions, ReplaceWhatTheLegendNames) {
+    const Json byTemplate = exported({}, kCity, {.tiles = "https://example.org/{z}/{x}/{y}"}).style;
+    EXPECT_EQ(byTemplate["sources"]["map"]["tiles"], Json::array({"https://example.org/{z}/{x}/{y}"}));
+    const ExportedStyle result = exported({}, kCity, {.tiles = "tiles.json", .glyphs = "glyphs", .sprite = "sprite"});
+    EXPECT_EQ(result.style["sources"]["map"]["url"], "tiles.json");
+    EXPECT_EQ(result.style["glyphs"], "glyphs");
+    EXPECT_EQ(result.style["sprite"], "sprite");
+    EXPECT_THAT(result.losses.all(), IsEmpty());
+}
+
+TEST(ExportOptions, MissUrlsThatNobodyNames) {
+    const ExportedStyle result = exported({}, kCity);
+    std::vector<LossCode> codes;
+    for (const auto& [code, places] : result.losses.all()) codes.push_back(code);
+    EXPECT_THAT(codes, UnorderedElementsAre(LossCode::TilesMissing, LossCode::GlyphsMissing, LossCode::SpriteMissing));
+}
+
+}  // namespace
+}  // namespace customstyle_test

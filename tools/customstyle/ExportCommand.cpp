@@ -1,0 +1,152 @@
+// customstyle export: a style for other renderers, made of the component's answers.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/customstyle/Loading.h"
+#include "tools/export/JsonLines.h"
+#include "tools/export/LegendReader.h"
+#include "tools/export/MapStyle.h"
+#include "tools/host/Files.h"
+
+namespace customstyle_tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr int kReportVersion = 1;
+constexpr char kStandardOutput[] = "-";
+
+struct ExportArguments : StyleArguments {
+    std::string target = "maplibre";
+    std::string legend = "openmaptiles";
+    std::string output = kStandardOutput;
+    std::optional<std::string> report;
+    std::string zoomOffset = "1";
+    ExportOptions options;
+    bool quiet = false;
+};
+
+std::variant<std::unique_ptr<SourceFile>, ReadFailure> legendFile(const std::string& name) {
+    if (const auto text = builtInLegendText(name)) {
+        return std::make_unique<SourceFile>("legend " + name, std::string(*text));
+    }
+    return readSource(name, fmt::format("legend, or write {}", eitherOf(builtInLegendNames())).c_str());
+}
+
+std::optional<Legend> legendOrComplain(const std::string& name) {
+    const auto file = legendFile(name);
+    if (const auto* failure = std::get_if<ReadFailure>(&file)) {
+        complainOf(*failure);
+        return {};
+    }
+    auto legend = readLegend(*std::get<0>(file));
+    if (Legend* const read = std::get_if<Legend>(&legend)) return std::move(*read);
+    for (const std::string& problem : std::get<LegendProblems>(legend)) complain(problem);
+    return {};
+}
+
+std::string reportText(const ExportArguments& arguments, const Losses& losses) {
+    const Json report = {{"version", kReportVersion},
+                         {"style", arguments.style},
+                         {"target", arguments.target},
+                         {"legend", arguments.legend},
+                         {"losses", lossesJson(losses)}};
+    return jsonLines(report);
+}
+
+int exportStyle(const ExportArguments& arguments) {
+    if (arguments.report == arguments.output) return complain("--report and --output name the same file");
+    const std::optional<Legend> legend = legendOrComplain(arguments.legend);
+    if (!legend) return kMisuse;
+    const auto study = loadOrComplain(arguments);
+    if (study == nullptr) return kMisuse;
+    ExportOptions options = arguments.options;
+    options.zoomOffset = arguments.zoomOffset.front() - '0';
+    const ExportedStyle exported = exportedStyle(*study, *legend, options);
+    if (const int status = writeResult(arguments.output, jsonLines(exported.style)); status != kGood) return status;
+    if (!arguments.quiet) fmt::print(stderr, "{}", lossesText(exported.losses, study->source().file().path()));
+    return arguments.report ? writeResult(*arguments.report, reportText(arguments, exported.losses)) : kGood;
+}
+
+std::vector<std::string> description() {
+    return {
+        "Writes a style for MapLibre renderers. Its values are what the component answers for each style id at each "
+        "level; "
+        "what a style does not set has the look of the legend.",
+        "A legend says which features of the tiles belong to which feature type. Two come along: openmaptiles, for "
+        "tiles "
+        "with the OpenMapTiles schema, and studio, for the studio's tiles. docs/export.md describes legend files.",
+        "What MapLibre cannot show is listed on standard error, in the style's metadata and in the file that --report "
+        "names."};
+}
+
+Glossary lossCodes() {
+    Glossary codes{.title = "The losses are"};
+    for (const LossRow& row : lossRows()) codes.terms.push_back({std::string(row.code), std::string(row.text)});
+    return codes;
+}
+
+Option urlOption(std::string names, std::string help, std::optional<std::string>& url) {
+    return {.names = std::move(names), .value = "URL", .help = std::move(help), .target = &url};
+}
+
+Command exportCommand() {
+    const auto arguments = std::make_shared<ExportArguments>();
+    Command command{
+        .name = "export",
+        .purpose = Purpose::Write,
+        .summary = "Write the style for another renderer, with a list of what is lost",
+        .description = description(),
+        .glossary = lossCodes(),
+        .statuses = {{0, "The style is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},
+        .examples = {{"a style for your own tiles with the OpenMapTiles schema",
+                      "customstyle export night.json --tiles https://example.org/tiles.json -o night-map.json"},
+                     {"the same with walls and roofs, for tiles of your own",
+                      "customstyle export night.json --mapping map --legend mine.json --raised -o night-map.json"}},
+        .run = [arguments] { return exportStyle(*arguments); }};
+    addStyleArguments(command.options, *arguments);
+    std::vector<Option>& options = command.options;
+    options.push_back(choiceOption("--to", "TARGET", "The renderer: maplibre", &arguments->target, {"maplibre"}));
+    options.push_back({.names = "--legend",
+                       .value = "LEGEND",
+                       .help = "What the tiles hold: openmaptiles, studio, or a legend file",
+                       .target = &arguments->legend,
+                       .offer = Offer::Files});
+    options.push_back({.names = "-o,--output",
+                       .value = "OUT",
+                       .help = "Write the style to this file; - is standard output",
+                       .target = &arguments->output,
+                       .offer = Offer::Files});
+    options.push_back({.names = "--report",
+                       .value = "FILE",
+                       .help = "Write what is lost to this file, as JSON",
+                       .target = &arguments->report,
+                       .offer = Offer::Files});
+    options.push_back(
+        {.names = "--raised", .help = "Draw buildings with walls and roofs", .target = &arguments->options.isRaised});
+    options.push_back(
+        choiceOption("--zoom-offset", "N",
+                     "Draw level L from zoom L - N on; 1 (the default) for renderers that count tiles of 512 "
+                     "pixels, as MapLibre does",
+                     &arguments->zoomOffset, {"0", "1", "2"}));
+    options.push_back(urlOption("--tiles", "Take the tiles from a TileJSON, or from a template with {z}, {x} and {y}",
+                                arguments->options.tiles));
+    options.push_back(urlOption("--glyphs", "Take the glyphs of texts from here", arguments->options.glyphs));
+    options.push_back(urlOption("--sprite", "Take the icons from here", arguments->options.sprite));
+    options.push_back({.names = "-q,--quiet", .help = "Do not report what is lost", .target = &arguments->quiet});
+    return command;
+}
+
+const Registration exportRegistration(exportCommand);
+
+}  // namespace
+}  // namespace customstyle_tool

@@ -1,0 +1,93 @@
+#include "tools/export/Losses.h"
+
+#include <fmt/format.h>
+
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/JsonParts.h"
+
+namespace customstyle_tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kMostPlaces = 4;
+
+constexpr LossRow kLossRows[] = {
+    {"units", "weights and font sizes have no unit; they are written as pixels"},
+    {"text-weight", "MapLibre has no weight of text; from 2 on the bold font is used, below the regular one"},
+    {"halo-capped",
+     "MapLibre draws a halo of at most a quarter of the font size; wider text strokes are narrowed to that"},
+    {"hidden-text", "hidden text is left out and keeps no place free, so other labels may appear there"},
+    {"label-spacing", "MapLibre spaces labels by the font size of the next level"},
+    {"top-surface", "flat buildings have no top surface; write --raised for walls and roofs"},
+    {"unlit-walls",
+     "walls have exactly the style's colour, because the light is turned off; a renderer may shade them"},
+    {"wall-opacity", "MapLibre has one opacity for all walls or roofs of a layer; it is that of most style ids"},
+    {"area-weight", "areas have no weight of their fill"},
+    {"grid-under-land", "MapLibre has no grid; its colour lies under the land and shows where the land is transparent"},
+    {"ids-not-told-apart", "these tiles do not tell the style ids of a type apart; all have the style of most of them"},
+    {"not-in-legend", "the legend has no features of these types; add layers for them to a legend of your own"},
+    {"no-labels", "the legend has no labels of these types, so that their text is not drawn"},
+    {"no-shape", "the legend has only labels of these types, so that their fill and stroke are not drawn"},
+    {"tiles-missing", "the legend names no tiles; write --tiles URL"},
+    {"glyphs-missing", "the legend names no glyphs for text; write --glyphs URL"},
+    {"sprite-missing", "the legend names icons but no sprite that holds them; write --sprite URL"},
+};
+static_assert(std::size(kLossRows) == static_cast<std::size_t>(LossCode::SpriteMissing) + 1);
+
+// Where something is lost, at most so many places.
+std::string placesText(const Losses::Places& places, std::size_t most) {
+    std::vector<std::string> parts;
+    for (const auto& [featureType, levels] : places) {
+        if (parts.size() == most) {
+            parts.push_back(fmt::format("{} more", places.size() - most));
+            break;
+        }
+        parts.push_back(fmt::format("{} at {}", catalogue().GetFeatureTypeName(featureType), levelsText(levels)));
+    }
+    return parts.empty() ? "" : fmt::format(" ({})", fmt::join(parts, "; "));
+}
+
+}  // namespace
+
+std::span<const LossRow> lossRows() {
+    return kLossRows;
+}
+
+std::string lossesText(const Losses& losses, std::string_view file) {
+    std::string text;
+    for (const auto& [code, places] : losses.all()) {
+        const LossRow& row = kLossRows[static_cast<std::size_t>(code)];
+        text += fmt::format("{}: {}: {}{}\n", file, row.code, row.text, placesText(places, kMostPlaces));
+    }
+    return text;
+}
+
+Json lossTexts(const Losses& losses) {
+    Json texts = Json::object();
+    for (const auto& [code, places] : losses.all()) {
+        const LossRow& row = kLossRows[static_cast<std::size_t>(code)];
+        texts[std::string(row.code)] = fmt::format("{}{}", row.text, placesText(places, places.size()));
+    }
+    return texts;
+}
+
+Json lossesJson(const Losses& losses) {
+    Json list = Json::array();
+    for (const auto& [code, places] : losses.all()) {
+        const LossRow& row = kLossRows[static_cast<std::size_t>(code)];
+        Json where = Json::array();
+        for (const auto& [featureType, levels] : places) {
+            where.push_back(
+                {{"feature_type", catalogue().GetFeatureTypeName(featureType)}, {"levels", levelsJson(levels)}});
+        }
+        list.push_back({{"code", row.code}, {"text", row.text}, {"places", where}});
+    }
+    return list;
+}
+
+}  // namespace customstyle_tool
