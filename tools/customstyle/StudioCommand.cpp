@@ -213,7 +213,7 @@ Command studioCommand() {
             .run = [arguments] { return studio(*arguments); }};
 }
 
-const Registration registration(studioCommand);
+const Registration studioRegistration(studioCommand);
 
 }  // namespace
 }  // namespace customstyle_tool
