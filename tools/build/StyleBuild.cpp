@@ -120,7 +120,7 @@ public:
         if (setting == nullptr) return {};
         const auto text = textOf(*setting, {name});
         if (!text) return {};
-        return BuiltText::Value{*text, {name, setting->file.get(), setting->entry.range}};
+        return BuiltText::Value{*text, {name, {setting->file.get(), setting->entry.range}}};
     }
 
     // Names that nothing uses, where they look like a name that is used.
