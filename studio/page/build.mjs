@@ -6,7 +6,6 @@ import {createRequire} from 'node:module';
 import {dirname, join, resolve} from 'node:path';
 import {fileURLToPath} from 'node:url';
 import {build} from 'esbuild';
-import {iconOf} from './src/legend.js';
 
 const here = dirname(fileURLToPath(import.meta.url));
 const root = join(here, '../..');
@@ -17,7 +16,8 @@ const folderOf = (name, file) => dirname(require.resolve(`${name}/${file}`));
 function copyIcons() {
   const icons = join(folderOf('@mapbox/maki', 'package.json'), 'icons');
   mkdirSync(join(output, 'icons'), {recursive: true});
-  for (const name of new Set(Object.values(iconOf))) {
+  const legend = JSON.parse(readFileSync(join(root, 'tools/export/legends/studio.json'), 'utf8'));
+  for (const name of new Set(legend.layers.map(({icon}) => icon).filter(Boolean))) {
     copyFileSync(join(icons, `${name}.svg`), join(output, 'icons', `${name}.svg`));
   }
 }

@@ -1,13 +1,5 @@
-// Which features of the tiles belong to which feature type, and how each type is drawn.
-// What the studio's tiles and its map share; the names are those of the mapping file.
-
-/** Types drawn as areas, in the order of drawing. */
-export const areaTypes = ['land', 'estate', 'green', 'water', 'scenicspots', 'education', 'medical', 'shopping',
-  'entertainment', 'transportation', 'manmade', 'subwaystation'];
-
-/** Types drawn as lines, in the order of drawing: what is more important lies above. */
-export const lineTypes = ['boundary', 'subway', 'railway', 'vacationway', 'scenicspotsway', 'universityway', 'local',
-  'fourlevelway', 'tertiaryway', 'arterial', 'provincialway', 'nationalway', 'cityhighway', 'highway'];
+// Which features of the city belong to which feature type; the names are those of the mapping file. How each type is
+// drawn stands in the legend of the tiles, tools/export/legends/studio.json.
 
 /** Label types of lines, by type of the line. */
 export const labelOfLine = {
@@ -15,25 +7,6 @@ export const labelOfLine = {
   universityway: 'universitywaylabel', local: 'locallabel', fourlevelway: 'fourlevelwaylabel',
   tertiaryway: 'tertiarywaylabel', arterial: 'arteriallabel', provincialway: 'provincialwaylabel',
   nationalway: 'nationalwaylabel', cityhighway: 'cityhighwaylabel', highway: 'highwaylabel',
-};
-
-/** Types of signs and entrances, drawn at points. */
-export const signTypes = ['highwaysign', 'nationalwaysign', 'provincialwaysign', 'tertiarywaysign', 'highwayentrance',
-  'arterialentrance'];
-
-/** Types drawn as labels with an icon at points, the least important first. */
-export const pointTypes = ['otherlabel', 'poilabel', 'lifeservicelabel', 'carservicelabel', 'financelabel',
-  'companylabel', 'businesstowerlabel', 'estatelabel', 'shoppinglabel', 'restaurantlabel', 'hotellabel',
-  'entertainmentlabel', 'medicallabel', 'educationlabel', 'governmentlabel', 'transportationlabel',
-  'scenicspotslabel', 'airportlabel', 'districtlabel', 'town', 'district', 'city', 'province', 'country', 'continent'];
-
-/** Icons of the label types, as the package of icons names them. */
-export const iconOf = {
-  otherlabel: 'circle', poilabel: 'marker', lifeservicelabel: 'post', carservicelabel: 'parking', financelabel: 'bank',
-  companylabel: 'commercial', businesstowerlabel: 'building-alt1', estatelabel: 'residential-community',
-  shoppinglabel: 'shop', restaurantlabel: 'restaurant', hotellabel: 'lodging', entertainmentlabel: 'theatre',
-  medicallabel: 'hospital', educationlabel: 'school', governmentlabel: 'town-hall', transportationlabel: 'bus',
-  scenicspotslabel: 'attraction', airportlabel: 'airport', subwaystation: 'rail-metro',
 };
 
 const POINT = 1;

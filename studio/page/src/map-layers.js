@@ -1,6 +1,6 @@
 // The layers of the map, and what they look like by the component's answers at one level.
-import {areaTypes, iconOf, labelOfLine, lineTypes, pointTypes, signTypes} from './legend.js';
-import {areaLook, buildingLook, classOfLevel, cssColor, isShownFrom, labelLook, lineLook} from './look.js';
+import {areaLook, areaTypes, buildingLook, classOfLevel, cssColor, iconOf, isShownFrom, labelLook, labelTypes, lineLabelTypes,
+  lineLook, lineTypes} from './look.js';
 
 const typeIs = (type) => ['==', ['get', 't'], type];
 const rivers = {id: 'water-river', type: 'line', kind: 'lines', of: 'water', part: 'line'};
@@ -18,15 +18,13 @@ const buildings = [
   layer('building-stroke', 'building', 'stroke', 'line', 'buildings'),
   layer('building-walls', 'building', 'walls', 'fill-extrusion', 'buildings'),
   layer('building-roof', 'building', 'roof', 'fill-extrusion', 'buildings')];
-const lineLabels = lineTypes.filter((type) => labelOfLine[type]).map((type) =>
-  layer(`${labelOfLine[type]}-along`, labelOfLine[type], 'label', 'symbol', 'lines',
-    {filter: ['==', ['get', 'lt'], labelOfLine[type]], id_of: 'l'}));
-const pointLabels = [...pointTypes, 'subwaystation', ...signTypes].map((type) =>
-  layer(`${type}-label`, type, 'label', 'symbol', 'points'));
+const lineLabels = lineLabelTypes.map((type) =>
+  layer(`${type}-along`, type, 'label', 'symbol', 'lines', {filter: ['==', ['get', 'lt'], type], id_of: 'l'}));
+const pointLabels = labelTypes.map((type) => layer(`${type}-label`, type, 'label', 'symbol', 'points'));
 
 /** All layers that show a feature type, bottom to top. */
 export const typeLayers = [...areaLayers, {...rivers, filter: typeIs('water')}, ...casings, ...lines, ...buildings,
-  ...lineLabels.reverse(), ...pointLabels];
+  ...lineLabels, ...pointLabels];
 
 const lineJoin = {'line-cap': 'round', 'line-join': 'round'};
 const fixedLayout = {

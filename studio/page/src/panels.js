@@ -1,7 +1,6 @@
 // The panels below the map: findings, explanation, effects, levels, specimens.
 import {element, swatch} from './dom.js';
-import {areaTypes, lineTypes} from './legend.js';
-import {areaLook, buildingLook, cssColor, labelLook, lineLook} from './look.js';
+import {areaLook, areaTypes, buildingLook, cssColor, labelLook, lineLook, lineTypes} from './look.js';
 
 const kFields = ['fill', 'stroke', 'top_surface', 'text_fill', 'text_stroke', 'fill_weight', 'stroke_weight',
   'text_fill_weight', 'text_stroke_weight', 'font_size', 'icon', 'land_background', 'grid_background'];
