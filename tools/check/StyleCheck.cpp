@@ -14,12 +14,14 @@ constexpr std::vector<Finding> (*kFinders[])(const StyleStudy&) = {
     findInDocument, findMembers, findLogged, findValues, findReach, findHistory, findBackgrounds, findKeys};
 
 void append(std::vector<Finding>& findings, std::vector<Finding> more) {
+    findings.reserve(findings.size() + more.size());
     std::ranges::move(more, std::back_inserter(findings));
 }
 
 }  // namespace
 
 std::vector<Finding> checkStyle(const StyleStudy& study, const CheckOptions& options) {
+    study.spokenConfig();  // takes a tree of the whole text for a moment: before the steps take their memory
     std::vector<Finding> findings;
     for (const auto finder : kFinders) append(findings, finder(study));
     markIdle(study, findings);

@@ -18,6 +18,7 @@ FieldHistory::FieldHistory(const std::vector<ReplayStep>& steps)
         for (const RecordTouch& touch : steps[step].touches) follow(step, touch);
         if (steps[step].gridColor) followGrid(steps, step);
     }
+    m_losses.shrink_to_fit();
     for (std::size_t i = 0; i < m_losses.size(); ++i) {
         m_byVictim[m_losses[i].victim].push_back(i);
         m_byCulprit[m_losses[i].culprit].push_back(i);

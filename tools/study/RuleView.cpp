@@ -101,6 +101,7 @@ std::string RuleView::textWith(TextRange part, std::string_view replacement) con
 
 std::vector<RuleView> viewsOf(const StyleSource& style) {
     std::vector<RuleView> views;
+    views.reserve(style.rules().size());
     for (const JsonValue rule : style.rules()) views.push_back(viewOf(views.size(), rule));
     return views;
 }

@@ -125,6 +125,7 @@ private:
         m_trial.applyToMarked(document, false);
         if (m_trial.config().m_gridColorSet != 0) m_step.gridColor = m_trial.config().m_gridColor;
         m_step.hidesEveryIcon = m_trial.config().m_allIconsHidden != 0;
+        m_step.touches.reserve(m_step.keys.size());  // one record for each
         std::vector<Records> first;
         for (const std::string& key : m_step.keys) first.push_back(recordsOf(m_trial.config(), key));
         m_trial.applyToMarked(document, true);
