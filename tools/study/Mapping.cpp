@@ -35,6 +35,24 @@ std::string mappingOfAllPairs() {
     });
 }
 
+std::string textOfSpeakers(const Mapping& mapping) {
+    std::set<int> kept;
+    for (const Speaker& speaker : mapping.speakers()) {
+        if (!speaker.types.empty()) kept.insert(static_cast<int>(speaker.styleId));
+    }
+    return mappingText([&](int featureType) {
+        const std::vector<int>& all = mapping.idsOf(featureType);
+        std::vector<int> ids;
+        for (const int id : all) {
+            // The first record of the land speaks for its background, even if no question finds it.
+            if (kept.contains(id) || id == all.front()) ids.push_back(id);
+        }
+        // The component drops a 0 at the head of a list; after another id it stays. No renderer asks for the lowest.
+        if (!ids.empty() && ids.front() == 0) ids.insert(ids.begin(), std::numeric_limits<int>::min());
+        return ids;
+    });
+}
+
 // A store with one record of the land, to see whether the renderer can be answered about a style id.
 class LookupProbe {
 public:
@@ -132,20 +150,10 @@ std::vector<int> Mapping::typesOf(unsigned int styleId) const {
 }
 
 std::string Mapping::speakersText() const {
-    std::set<int> kept;
-    for (const Speaker& speaker : speakers()) {
-        if (!speaker.types.empty()) kept.insert(static_cast<int>(speaker.styleId));
-    }
-    return mappingText([&](int featureType) {
-        std::vector<int> ids;
-        for (const int id : idsOf(featureType)) {
-            // The first record of the land speaks for its background, be it one that no question finds.
-            if (kept.contains(id) || id == idsOf(featureType).front()) ids.push_back(id);
-        }
-        // The component drops a 0 at the head of a list; behind another id it stays. No renderer asks for the lowest.
-        if (!ids.empty() && ids.front() == 0) ids.insert(ids.begin(), std::numeric_limits<int>::min());
-        return ids;
-    });
+    if (m_kind != Kind::EveryMap) return textOfSpeakers(*this);
+    // Thousands of small styles in one run ask for the same long text.
+    static const std::string text = textOfSpeakers(*this);
+    return text;
 }
 
 std::string Mapping::tracedText() const {
