@@ -480,7 +480,7 @@ class Calls(unittest.TestCase):
     def test_that_cannot_work_say_why(self):
         place = Place()
         self.addCleanup(place.remove)
-        for words, reason in [(["no/such.json"], "no/such.json: there is no such file; give the path of a style file"),
+        for words, reason in [(["no/such.json"], "no/such.json: no such file; give the path of a style file"),
                               (["-"], "standard input cannot be watched"), ([str(place.page / "pipe")], "is not a regular file"),
                               ([str(place.style), "--mapping", str(place.page)], "CustomIndex"),
                               (["--port", "70000"], "is not a port"), (["--port", "x"], "is not a port"),

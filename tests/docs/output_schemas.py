@@ -27,6 +27,11 @@ def calls(scratch):
         yield "export", False, ["export", style, "--report", "-", "-o", scratch / "style.json"]
         yield "check", False, ["check", style, "--effects", "--format", "json"]
         yield "check-line", True, ["check", style, "--effects", "--format", "jsonl"]
+    for variant in ("night", "winter", "brand"):
+        path = f"examples/variants/{variant}.toml"
+        yield "check", False, ["check", path, "--effects", "--mapping", "examples/map", "--format", "json"]
+        yield "explain", False, ["explain", path, "--type", "highway", "--level", "all", "--format", "json"]
+        yield "diff", False, ["diff", "examples/variants/day.toml", path, "--format", "json"]
     yield "check", False, ["check", "no/such/style.json", "--format", "json"]
     for what in ("types", "elements", "stylers", "codes"):
         yield "list", False, ["list", what, "--format", "json"]

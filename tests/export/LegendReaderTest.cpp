@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Case{"NothingAtAll", "", "legend.json: is empty; a legend holds JSON"},
         Case{"NotJson", "{\"version\": 1,}",
-             "legend.json:1:14: is not JSON: a trailing comma: the last member has no comma behind it"},
+             "legend.json:1:14: is not JSON: a trailing comma: the last member has no comma after it"},
         Case{"AList", "[]", "legend.json:1:1: a legend is an object {...}"},
         Case{"TextAfterTheEnd", waterWith("\"from\": 4") + "\nmore",
              "legend.json:5:1: text after the end of the legend; remove it"},

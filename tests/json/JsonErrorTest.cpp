@@ -39,10 +39,11 @@ std::string caseName(const testing::TestParamInfo<ErrorCase>& info) {
 constexpr auto kNoValue = "the text holds no JSON value"sv;
 constexpr auto kUtf16 = "the text is UTF-16; it has to be saved as UTF-8"sv;
 constexpr auto kNul = "a NUL byte ends the text here"sv;
-constexpr auto kMarkAlone = "a byte order mark needs at least two bytes behind it"sv;
+constexpr auto kMarkAlone = "a byte order mark needs at least two bytes after it"sv;
 constexpr auto kComment = "a comment is not JSON"sv;
-constexpr auto kInvisible = "an invisible character stands here; between values only blanks, tabs and line ends may"sv;
-constexpr auto kUnknown = "no JSON value begins with this character"sv;
+constexpr auto kInvisible =
+    "an invisible character is here; only blanks, tabs and line ends may stand between values"sv;
+constexpr auto kUnknown = "no JSON value starts with this character"sv;
 
 INSTANTIATE_TEST_SUITE_P(WholeText, Refusal,
                          testing::Values(ErrorCase{"Empty", "^", kNoValue}, ErrorCase{"OnlyBlanks", "^ \r\n", kNoValue},
@@ -83,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Lists, Refusal,
                                          ErrorCase{"TwoCommas", "[1,^, 2]", "a value is missing here"},
                                          ErrorCase{"ACommaFirst", "[^, 2]", "a value is missing here"},
                                          ErrorCase{"TrailingComma", "[1^, ]",
-                                                   "a trailing comma: the last element has no comma behind it"},
+                                                   "a trailing comma: the last element has no comma after it"},
                                          ErrorCase{"NeverClosed", "[1, ^[2, 3", "the ] of this list is missing"},
                                          ErrorCase{"NeverClosedBehindAComma", "^[1, ", "the ] of this list is missing"},
                                          ErrorCase{"ClosedAsAnObject", "[1^}", "a list ends with ], not with }"},
@@ -101,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ErrorCase{"NoValue", R"({"a": ^})", "a value is missing here"},
                     ErrorCase{"NoMember", R"({"a": 1,^, "b": 2})", "a member is missing here"},
                     ErrorCase{"TrailingComma", R"({"a": 1^,})",
-                              "a trailing comma: the last member has no comma behind it"},
+                              "a trailing comma: the last member has no comma after it"},
                     ErrorCase{"NeverClosed", R"([^{"a": 1)", "the } of this object is missing"},
                     ErrorCase{"NeverClosedBehindAName", R"(^{"a")", "the } of this object is missing"},
                     ErrorCase{"ClosedAsAList", R"({"a": 1^])", "an object ends with }, not with ]"},
@@ -116,24 +117,23 @@ constexpr auto kLoneSurrogate = "half of a surrogate pair; both halves have to s
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, Refusal,
-    testing::Values(
-        ErrorCase{"NeverClosed", "[\"a\", ^\"b]", kUnterminated},
-        ErrorCase{"ClosedInTheNextLineOnly", "{\"a\": ^\"b,\n\"c\": 1}", kUnterminated},
-        ErrorCase{"ANameClosedInTheNextLineOnly", "{^\"a: 1,\n\"c\": 1}", kUnterminated},
-        ErrorCase{"SingleQuotes", "[^'a']", "a text needs straight double quotes"},
-        ErrorCase{"TypographicQuotes",
-                  "[^\xE2\x80\x9C"
-                  "a\xE2\x80\x9D]",
-                  "a text needs straight double quotes"},
-        ErrorCase{"NoQuotes", "[^red]", "a text needs double quotes"},
-        ErrorCase{"AColorWithoutQuotes", "[^#ff0000]", "a text needs double quotes"},
-        ErrorCase{"MoreThanAWord", "[^nullable]", "a text needs double quotes"},
-        ErrorCase{"AWordInCapitals", "[^True]", "true, false and null are written in small letters"},
-        ErrorCase{"AnUnknownEscape", R"(["C:^\maps"])", "there is no such escape; a backslash itself is written twice"},
-        ErrorCase{"TooFewDigits", R"(["^\u00e"])", "\\u needs four hexadecimal digits"},
-        ErrorCase{"AHighSurrogateAlone", R"(["a^\ud83d"])", kLoneSurrogate},
-        ErrorCase{"ALowSurrogateAlone", R"(["^\ude00"])", kLoneSurrogate},
-        ErrorCase{"AnErrorInAName", R"({"a^\q": 1})", "there is no such escape; a backslash itself is written twice"}),
+    testing::Values(ErrorCase{"NeverClosed", "[\"a\", ^\"b]", kUnterminated},
+                    ErrorCase{"ClosedInTheNextLineOnly", "{\"a\": ^\"b,\n\"c\": 1}", kUnterminated},
+                    ErrorCase{"ANameClosedInTheNextLineOnly", "{^\"a: 1,\n\"c\": 1}", kUnterminated},
+                    ErrorCase{"SingleQuotes", "[^'a']", "a text needs straight double quotes"},
+                    ErrorCase{"TypographicQuotes",
+                              "[^\xE2\x80\x9C"
+                              "a\xE2\x80\x9D]",
+                              "a text needs straight double quotes"},
+                    ErrorCase{"NoQuotes", "[^red]", "a text needs double quotes"},
+                    ErrorCase{"AColorWithoutQuotes", "[^#ff0000]", "a text needs double quotes"},
+                    ErrorCase{"MoreThanAWord", "[^nullable]", "a text needs double quotes"},
+                    ErrorCase{"AWordInCapitals", "[^True]", "true, false and null are written in small letters"},
+                    ErrorCase{"AnUnknownEscape", R"(["C:^\maps"])", "unknown escape; write a backslash as two"},
+                    ErrorCase{"TooFewDigits", R"(["^\u00e"])", "\\u needs four hexadecimal digits"},
+                    ErrorCase{"AHighSurrogateAlone", R"(["a^\ud83d"])", kLoneSurrogate},
+                    ErrorCase{"ALowSurrogateAlone", R"(["^\ude00"])", kLoneSurrogate},
+                    ErrorCase{"AnErrorInAName", R"({"a^\q": 1})", "unknown escape; write a backslash as two"}),
     caseName);
 
 constexpr auto kMalformed = "not a number as JSON writes it"sv;

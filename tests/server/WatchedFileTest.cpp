@@ -121,7 +121,7 @@ TEST_P(FileWithoutText, SaysWhy) {
 }
 
 INSTANTIATE_TEST_SUITE_P(WatchedFiles, FileWithoutText,
-                         testing::Values(NoText{"Missing", "there is no such file", [](const std::string&) {}},
+                         testing::Values(NoText{"Missing", "no such file", [](const std::string&) {}},
                                          NoText{
                                              "Directory", "is not a regular file",
                                              [](const std::string& path) { std::filesystem::create_directory(path); }},

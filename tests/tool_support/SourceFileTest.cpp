@@ -26,9 +26,9 @@ TEST(ProblemOfFile, TellsWhatStandsUnderThePathAndWhatIsMissing) {
     const TemporaryDirectory directory;
     const std::string there = directory.path().string();
     EXPECT_EQ(reasonOf(there), there + ": is a directory; give the path of a style file");
-    EXPECT_EQ(reasonOf(there + "/no"), there + "/no: there is no such file; give the path of a style file");
+    EXPECT_EQ(reasonOf(there + "/no"), there + "/no: no such file; give the path of a style file");
     EXPECT_EQ(reasonOf("/dev/null"), "/dev/null: is not a regular file; give the path of a style file");
-    EXPECT_EQ(reasonOf(""), "\"\": there is no such file; give the path of a style file");
+    EXPECT_EQ(reasonOf(""), "\"\": no such file; give the path of a style file");
 }
 
 TEST(ProblemOfFile, IsNoneForTheDashThatMeansStandardInput) {

@@ -72,7 +72,7 @@ private:
         auto& [file, document] = std::get<StyleText>(style);
         if (document.root().kind() != JsonKind::Array) {
             return problems.push_back(
-                fmt::format("{}: {} is no list of rules; put [ and ] around them", reference.place(), file->path()));
+                fmt::format("{}: {} is not a list of rules; put [ and ] around them", reference.place(), file->path()));
         }
         std::vector<RuleNode> rules = rulesOf(document);
         files.emplace_back(std::move(file));

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kLineWidth = 96;
 
-// The words of a text on lines of a readable width, each behind the margin.
+// The words of a text on lines of a readable width, each after the margin.
 std::string wrapped(std::string_view text, std::string_view margin) {
     std::string lines;
     std::string line;
@@ -81,8 +81,8 @@ std::string codesMarkdown() {
     std::string text =
         "# What `customstyle check` finds\n\n"
         "Made from the tool's own table by `customstyle check --codes-markdown`; a test compares the two.\n\n"
-        "An error is something that the component drops or draws otherwise for certain, a warning something that does "
-        "not do what its author can have meant, a note something to know. Examples are whole files; what they name "
+        "An error is dropped or drawn differently for certain; a warning is about something that cannot do what its "
+        "author meant; a note is something to know. Examples are whole files; what they name "
         "in parentheses is too long to be written here.\n\n";
     text += sectionMarkdown(Trait::Style, "Style files");
     text += sectionMarkdown(Trait::Mapping, "Mapping files");

@@ -131,7 +131,7 @@ std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument&
     std::size_t end = file.text().size();
     while (isBlank(file.text()[end - 1])) --end;
     return findingAt(file, Code::TextAfterEnd, {*begin, end}, "$",
-                     "the component stops reading before this; nothing from here on counts");
+                     "the component stops reading before this; everything from here on is ignored");
 }
 
 std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document) {

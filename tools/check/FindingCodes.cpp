@@ -19,7 +19,7 @@ constexpr CodeInfo kInfos[] = {
     // ---- The text of a file -----------------------------------------------------------------------------------------
     {Code::JsonSyntax, "json-syntax", Error, Style | Refusal, "the file is not JSON",
      "The component reads a file whole or not at all: one wrong character and no rule of it applies.",
-     "correct the text at this place",
+     "correct the text at this position",
      R"([{"featureType": "water"<< >>"elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
     {Code::JsonComment, "json-comment", Error, Style | Refusal, "a comment",
      "JSON has no comments. The component refuses the whole file.",
@@ -39,32 +39,32 @@ constexpr CodeInfo kInfos[] = {
      "write at least the empty list []",
      "<<>>"},
     {Code::JsonLenient, "json-lenient", Warning, Style, "text that other programs refuse as JSON",
-     "The component reads numbers such as 007, 1. and -.5, line breaks inside a text, and bytes that are no UTF-8. Strict "
+     "The component reads numbers such as 007, 1. and -.5, line breaks inside a text, and bytes that are not UTF-8. Strict "
      "readers, among them most editors and build tools, refuse the whole file.",
      "write it as JSON has it",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}, "note": <<007>>}])"},
-    {Code::TextAfterEnd, "text-after-end", Warning, Style, "text behind the end",
-     "The component stops reading behind the first complete value, so rules that stand there do not exist for it. "
+    {Code::TextAfterEnd, "text-after-end", Warning, Style, "text after the end",
+     "The component stops reading after the first complete value, so rules after it are ignored. "
      "Zero bytes count as blanks.",
      "move the text into the list, or delete it",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}]
 <<[{"featureType": "green", "elementType": "geometry", "stylers": {"color": "#33cc66"}}]>>)"},
     {Code::TextCutAtNul, "text-cut-at-nul", Warning, Style, "a text with a zero character",
-     "The component reads a text up to the first \\u0000; what stands behind it is lost.",
+     "The component reads a text up to the first \\u0000; what follows is lost.",
      "take the \\u0000 out",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#3366cc\u000080">>}}])"},
-    {Code::NotAList, "not-a-list", Warning, Style, "the outermost value is no list",
-     "A style file is a list of rules. Of an object the component takes the members' values as rules, of anything else "
-     "it takes nothing.",
+    {Code::NotAList, "not-a-list", Warning, Style, "the outermost value is not a list",
+     "A style file is a list of rules. In an object the component takes the members' values for rules, in anything "
+     "else it finds none.",
      "put the rules between [ and ]",
      R"(<<{>>"first": {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}})"},
     {Code::NoRules, "no-rules", Note, Style, "a style without rules",
      "The list is empty: the map is drawn as without a style.",
-     "add a rule, or leave the style away",
+     "add a rule, or do without the style",
      "<<[]>>"},
 
     // ---- The frame of a rule ----------------------------------------------------------------------------------------
-    {Code::RuleNotObject, "rule-not-object", Error, Style, "a rule that is no object",
+    {Code::RuleNotObject, "rule-not-object", Error, Style, "a rule that is not an object",
      "Each element of the list has to be an object. Any other value counts as a rule without a feature type and is "
      "skipped.",
      "write an object with \"featureType\", \"elementType\" and \"stylers\"",
@@ -73,11 +73,11 @@ constexpr CodeInfo kInfos[] = {
      "A rule that does not name a feature type is skipped.",
      "add \"featureType\" with the name of a feature type",
      R"([<<{>>"elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
-    {Code::TypeNotText, "type-not-text", Error, Style, "featureType is no text",
+    {Code::TypeNotText, "type-not-text", Error, Style, "featureType is not a text",
      "A feature type is named by a text. With a number, null or anything else the rule is skipped.",
      "write the name of a feature type in double quotes",
      R"([{"featureType": <<2>>, "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
-    {Code::TypeUnknown, "type-unknown", Error, Style, "no such feature type",
+    {Code::TypeUnknown, "type-unknown", Error, Style, "an unknown feature type",
      "The name is not one of the 73 feature types, letter by letter and in lower case; the rule is skipped.",
      "use one of the names of the feature types",
      R"([{"featureType": <<"lake">>, "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
@@ -85,7 +85,7 @@ constexpr CodeInfo kInfos[] = {
      "A rule that does not say which element it means is skipped.",
      "add \"elementType\", for instance \"geometry.fill\"",
      R"([<<{>>"featureType": "water", "stylers": {"color": "#3366cc"}}])"},
-    {Code::ElementNotText, "element-not-text", Error, Style, "elementType is no text",
+    {Code::ElementNotText, "element-not-text", Error, Style, "elementType is not a text",
      "An element is named by a text. With anything else the rule is skipped.",
      "write an element in double quotes, for instance \"geometry.fill\"",
      R"([{"featureType": "water", "elementType": <<["geometry"]>>, "stylers": {"color": "#3366cc"}}])"},
@@ -93,25 +93,25 @@ constexpr CodeInfo kInfos[] = {
      "A rule without stylers is skipped.",
      "add \"stylers\" with an object, for instance {\"color\": \"#3366cc\"}",
      R"([<<{>>"featureType": "water", "elementType": "geometry"}])"},
-    {Code::StylersNotObject, "stylers-not-object", Error, Style, "stylers is no object",
+    {Code::StylersNotObject, "stylers-not-object", Error, Style, "stylers is not an object",
      "The stylers of a rule are the members of one object. A rule with a list, a text or anything else is skipped.",
      "write the stylers between { and }",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": <<[{"color": "#3366cc"}]>>}])"},
     {Code::NoStyler, "no-styler", Error, Style, "stylers without a styler",
-     "None of \"color\", \"visibility\", \"weight\" and \"fontsize\" is there, so the rule is skipped. A level alone "
+     "\"color\", \"visibility\", \"weight\" and \"fontsize\" are all missing, so the rule is skipped. A level alone "
      "styles nothing.",
      "add a styler, or take the rule out",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": <<{"level": "12"}>>}])"},
 
     // ---- Members ----------------------------------------------------------------------------------------------------
     {Code::MemberUnknown, "member-unknown", Warning, Style, "an unknown member",
-     "The component looks only at the members that it knows; any other is passed over in silence. Members called "
-     "\"note\", \"comment\" and the like, or beginning with _, $, # or //, are taken for notes.",
+     "The component looks only at the members that it knows; any other is ignored without a message. Members called "
+     "\"note\", \"comment\" and the like, or that start with _, $, # or //, are taken for notes.",
      "take it out, or call it \"note\" when it is one",
      R"([{"featureType": "water", "elementType": "geometry", <<"minLevel">>: "12", "stylers": {"color": "#3366cc"}}])"},
     {Code::MemberMisplaced, "member-misplaced", Warning, Style, "a member in the wrong object",
-     "Stylers and the level stand inside \"stylers\", \"featureType\" and \"elementType\" beside it. In the other place "
-     "they are passed over in silence.",
+     "Stylers and the level belong inside \"stylers\", \"featureType\" and \"elementType\" beside it. In the other place "
+     "they are ignored without a message.",
      "move it to where the component looks for it",
      R"([{"featureType": "water", "elementType": "geometry", <<"level">>: "12", "stylers": {"color": "#3366cc"}}])"},
     {Code::MemberDoubled, "member-doubled", Warning, Style, "a member twice",
@@ -127,7 +127,7 @@ constexpr CodeInfo kInfos[] = {
      "The component finds this member in any letter case, but other programs do not.",
      "write the name as the component spells it",
      R"([{<<"featuretype">>: "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}])"},
-    {Code::ValueNotText, "value-not-text", Error, Style, "a styler that is no text",
+    {Code::ValueNotText, "value-not-text", Error, Style, "a styler that is not a text",
      "Every styler is a text, numbers too. A styler with a number, true, false or null is left out; with such a "
      "\"level\" the rule applies at all levels.",
      "put the value in double quotes",
@@ -176,21 +176,21 @@ constexpr CodeInfo kInfos[] = {
      "write the colour as #RRGGBB",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"red">>}}])"},
     {Code::ColorWithoutSign, "color-without-sign", Error, Style, "a colour without #",
-     "The first character is passed over unseen. Without the # that is a digit, and all others move one place: another "
+     "The first character is skipped, whatever it is. Without the # that is a digit, and all others move one place: another "
      "colour is drawn.",
      "write a # in front",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"ff0000">>}}])"},
     {Code::ColorBadDigit, "color-bad-digit", Error, Style, "a colour with a wrong digit",
-     "A character that is no hexadecimal digit counts 0: another colour is drawn.",
+     "A character that is not a hexadecimal digit counts as 0: another colour is drawn.",
      "use the digits 0 to 9 and a to f",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#gg0000">>}}])"},
     {Code::ColorLength, "color-length", Error, Style, "a colour of the wrong length",
-     "A colour is # and six digits, or eight with alpha. Missing digits count 0, further ones are not read.",
+     "A colour is # and six digits, or eight with alpha. Missing digits count as 0, further ones are not read.",
      "write #RRGGBB or #RRGGBBAA",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#ff00008">>}}])"},
     {Code::ColorInvisible, "color-invisible", Warning, Style, "a colour that cannot be seen",
      "The last two of eight digits are alpha, and 00 is fully transparent. Some tools write alpha first.",
-     "write alpha behind the colour; to hide something use \"visibility\": \"off\"",
+     "write alpha after the colour; to hide something use \"visibility\": \"off\"",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": <<"#80ff0000">>}}])"},
     {Code::ColorAlphaIgnored, "color-alpha-ignored", Warning, Style, "alpha that is ignored",
      "A boundary is always drawn opaque.",
@@ -209,8 +209,8 @@ constexpr CodeInfo kInfos[] = {
      "Weights and font sizes end at 255; larger ones are drawn with 255.",
      "write a number from 0 to 255",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"weight": <<"300">>}}])"},
-    {Code::LevelMalformed, "level-malformed", Error, Style, "a level that is no whole number",
-     "A level is read up to the first character that is no digit, and without a digit it is 0; then it is moved into 4 "
+    {Code::LevelMalformed, "level-malformed", Error, Style, "a level that is not a whole number",
+     "A level is read up to the first character that is not a digit, and without a digit it is 0; then it is moved into 4 "
      "to 21. There are no ranges of levels.",
      "write one level from 4 to 21, and a rule for each level",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc", "level": <<"12-14">>}}])"},
@@ -221,11 +221,11 @@ constexpr CodeInfo kInfos[] = {
 
     // ---- What a rule reaches ----------------------------------------------------------------------------------------
     {Code::WeightOnBoundary, "weight-on-boundary", Warning, Style, "a weight on boundary",
-     "Boundaries are drawn in the renderer's own width; the weight is dropped in silence.",
+     "Boundaries are drawn in the renderer's own width; the weight is dropped without a message.",
      "take the weight out",
      R"([{"featureType": "boundary", "elementType": "geometry.stroke", "stylers": {<<"weight": "3">>}}])"},
     {Code::StrokeOnLand, "stroke-on-land", Warning, Style, "a stroke on land",
-     "The land has no stroke; the colour is dropped in silence.",
+     "The land has no stroke; the colour is dropped without a message.",
      "use \"geometry.fill\" for the colour of the land",
      R"([{"featureType": "land", "elementType": "geometry.stroke", "stylers": {<<"color": "#3366cc">>}}])"},
     {Code::AllReachesNothing, "all-reaches-nothing", Warning, Style, "the type all",
@@ -280,8 +280,8 @@ constexpr CodeInfo kInfos[] = {
      "say \"labels.text.fill\" or \"labels.text.stroke\" for the text, \"geometry\" for the rest",
      R"([{"featureType": "highway", "elementType": "labels", "stylers": {<<"weight": "6">>}}])"},
     {Code::GeometryHidesNames, "geometry-hides-names", Note, Style, "hiding geometry hides names",
-     "Hiding the geometry of a type whose names stand under the same type makes the names transparent too.",
-     "give the names a colour again behind this rule if they are to stay",
+     "Hiding the geometry of a type whose names belong to the same type makes the names transparent too.",
+     "give the names a colour again after this rule if they are to stay",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {<<"visibility": "off">>}}])"},
     {Code::NamesakeNotReached, "namesake-not-reached", Warning, Style, "names under another type",
      "The names of this type belong to the type of the same name with \"label\", and a rule for the one does not reach "
@@ -292,7 +292,7 @@ constexpr CodeInfo kInfos[] = {
      "With \"labels.icon\" a type that has a label type of its own changes the icons of that label type only.",
      "write \"icon\" for the type's own icons",
      R"([{"featureType": "highway", "elementType": "labels.icon", "stylers": {<<"visibility": "off">>}}])"},
-    {Code::ParentAnswersLast, "parent-answers-last", Note, Style, "a type that is no group",
+    {Code::ParentAnswersLast, "parent-answers-last", Note, Style, "a type that is not a group",
      "\"manmade\", \"districtlabel\" and \"poilabel\" do not stand for the types that belong to them. They speak for "
      "their own style ids, and only where no other type customises those.",
      "write a rule for each type that you mean",
@@ -313,7 +313,7 @@ constexpr CodeInfo kInfos[] = {
      R"([{"featureType": "town", "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}},
  {"featureType": "town", "elementType": "labels", "stylers": {<<"visibility": "off">>, "level": "9"}}])"},
     {Code::ShutOutByLevel, "shut-out-by-level", Warning, Style, "shut out by a style for a level",
-     "A style for one level shuts the style for all levels out completely, and it starts from that style as it stood "
+     "A style for one level shuts the style for all levels out completely, and it starts from that style as it was "
      "when the rule for the level came. What comes later does not reach the level.",
      "write rules for all levels before rules for one level",
      R"([{"featureType": "arterial", "elementType": "geometry.fill", "stylers": {"weight": "6", "level": "14"}},
@@ -344,13 +344,13 @@ constexpr CodeInfo kInfos[] = {
      "give more time, or \"--proof-time 0\" for as long as it takes",
      ""},
     {Code::SlotsNearlyFull, "slots-nearly-full", Warning, Style, "nearly too many style keys",
-     "Each type, and each type at each level, for which a rule writes takes one of 1,241 places of the store. The file "
+     "Each type, and each type at each level, for which a rule writes takes one of the 1,241 slots of the store. The file "
      "takes more than four fifths of them.",
      "write rules for all levels instead of rules for each level",
      R"((70 types at levels 4 to 18))"},
     {Code::SlotsExceeded, "slots-exceeded", Error, Style, "too many style keys",
-     "The store has 1,241 places for types and for types at one level. All are taken, and this styler and those behind "
-     "it that need a new one are dropped in silence.",
+     "The store has 1,241 slots for types and for types at one level. All are taken; this styler and later ones that "
+     "need a new slot are dropped without a message.",
      "write rules for all levels instead of rules for each level",
      R"((1,242 rules for as many types and levels))"},
     {Code::OtherLogLine, "other-log-line", Warning, Style, "a log line",
@@ -359,7 +359,7 @@ constexpr CodeInfo kInfos[] = {
      ""},
 
     // ---- The mapping file -------------------------------------------------------------------------------------------
-    {Code::MappingNotObject, "mapping-not-object", Error, Mapping | Refusal, "the mapping is no object",
+    {Code::MappingNotObject, "mapping-not-object", Error, Mapping | Refusal, "the mapping is not an object",
      "The mapping file is one object with a list of style ids for each feature type. The component refuses it, and no "
      "style is loaded.",
      "write an object with a member for each feature type",
@@ -369,20 +369,20 @@ constexpr CodeInfo kInfos[] = {
      "missing, and no style is loaded.",
      "add the missing types, with an empty list [] where there are no style ids",
      R"(<<{>>(every type but "water")})"},
-    {Code::MappingNotList, "mapping-not-list", Error, Mapping | Refusal, "a feature type that is no list",
-     "The style ids of a type stand in a list. The component stops at a value that is none, and no style is loaded.",
+    {Code::MappingNotList, "mapping-not-list", Error, Mapping | Refusal, "a feature type that is not a list",
+     "The style ids of a type are a list. The component stops at any other value, and no style is loaded.",
      "write the style ids between [ and ]",
      R"({"water": <<2101>>, (every type but "water")})"},
-    {Code::MappingNameUnknown, "mapping-name-unknown", Warning, Mapping, "a name that is no feature type",
-     "The component passes over members with other names.",
+    {Code::MappingNameUnknown, "mapping-name-unknown", Warning, Mapping, "an unknown name",
+     "The component ignores members with other names.",
      "use the name of a feature type, or take the member out",
      R"({<<"lake">>: [1], (every type)})"},
-    {Code::MappingNotNumber, "mapping-not-number", Error, Mapping, "a style id that is no number",
+    {Code::MappingNotNumber, "mapping-not-number", Error, Mapping, "a style id that is not a number",
      "A text, null or list among the style ids counts as the number 0, true as 1.",
      "write the style id without quotes",
      R"({"water": [2101, <<"2102">>], (every type but "water")})"},
     {Code::MappingIdZero, "mapping-id-zero", Warning, Mapping, "the style id 0",
-     "A style id 0 is dropped at the begin of a list and behind another 0, and kept elsewhere.",
+     "A style id 0 is dropped at the start of a list and after another 0, and kept elsewhere.",
      "take the 0 out",
      R"({"water": [<<0>>, 2101], (every type but "water")})"},
     {Code::MappingIdRepeated, "mapping-id-repeated", Warning, Mapping, "a style id twice in one list",
@@ -390,7 +390,7 @@ constexpr CodeInfo kInfos[] = {
      "take one of the two out",
      R"({"water": [2101, 2102, <<2101>>], (every type but "water")})"},
     {Code::MappingIdFraction, "mapping-id-fraction", Warning, Mapping, "a style id with a fraction",
-     "Style ids are whole numbers; what stands behind the point is cut off.",
+     "Style ids are whole numbers; what follows the point is cut off.",
      "write a whole number",
      R"({"water": [<<2101.5>>], (every type but "water")})"},
     {Code::MappingIdOutOfRange, "mapping-id-out-of-range", Warning, Mapping, "a style id beyond the range",

@@ -147,10 +147,10 @@ std::string atSomeLevels(const LevelSet& levels) {
 
 void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
     for (const auto& [victim, fields] : out.victims) {
-        Finding& finding = found.add(
-            Code::HiddenByRule, found.steps()[victim],
-            fmt::format("the {} that it gives \"{}\" is not drawn{}: {} takes it out of use", fieldNames(fields),
-                        catalogue().GetFeatureTypeName(out.featureType), atSomeLevels(out.levels), found.nameOf(culprit)));
+        Finding& finding = found.add(Code::HiddenByRule, found.steps()[victim],
+                                     fmt::format("the {} that it gives \"{}\" is not drawn{}: {} takes it out of use",
+                                                 fieldNames(fields), catalogue().GetFeatureTypeName(out.featureType),
+                                                 atSomeLevels(out.levels), found.nameOf(culprit)));
         finding.remedy = fmt::format("correct the element of {}", found.nameOf(culprit));
         finding.related.push_back(found.placeOf(culprit, "taken out of use here"));
     }
@@ -241,7 +241,7 @@ void findShutOut(StyleFindings& found) {
             fmt::format("it does not reach {} {}: the style for {} was made before, by {}{}",
                         isOne ? "level" : "levels", levelsText(shutOut.levels), isOne ? "that level" : "those levels",
                         found.nameOf(*shutOut.culprit), isOne ? "" : " and others"));
-        finding.related.push_back(found.placeOf(*shutOut.culprit, "the style for the level begins here"));
+        finding.related.push_back(found.placeOf(*shutOut.culprit, "the style for the level starts here"));
     }
 }
 

@@ -42,8 +42,8 @@ void addRefused(StyleFindings& found, std::size_t keys) {
     for (const ReplayStep& step : found.steps()) {
         if (step.refused.empty()) continue;
         found.add(Code::SlotsExceeded, step,
-                  fmt::format("dropped: the file needs {} style keys, {} more than the store holds, and there is none "
-                              "left for {}",
+                  fmt::format("dropped: the file needs {} style keys, {} more than the store holds, and none is left "
+                              "for {}",
                               keys, keys - kStyleSlotCount, keyText(step.refused.front())));
     }
 }

@@ -87,7 +87,7 @@ void stylersEmpty(const LoggedLine& logged) {
     const bool hasLevel = logged.rule.member("level").has_value();
     logged.add(
         Code::NoStyler, *logged.rule.stylers,
-        hasLevel ? "a level alone styles nothing; the rule is skipped" : "there is no styler; the rule is skipped");
+        hasLevel ? "a level alone styles nothing; the rule is skipped" : "the rule has no styler and is skipped");
 }
 
 // ---- Elements -------------------------------------------------------------------------------------------------------

@@ -89,9 +89,9 @@ private:
     void checkMember(JsonValue member) {
         const JsonValue first = m_firsts.at(inLowerCase(member.name()));
         if (first != member) {
-            Finding& finding = add(
-                Code::MemberDoubled, member.nameRange(), member,
-                fmt::format("{} stands here once more; the component takes the first one", inQuotes(member.name())));
+            Finding& finding =
+                add(Code::MemberDoubled, member.nameRange(), member,
+                    fmt::format("{} is repeated here; the component takes the first one", inQuotes(member.name())));
             finding.related.push_back({first.nameRange(), "the first one"});
         } else if (!isTypeName(inLowerCase(member.name()))) {
             addUnknown(member);
@@ -103,9 +103,9 @@ private:
     }
 
     void addUnknown(JsonValue member) {
-        Finding& finding = add(Code::MappingNameUnknown, member.nameRange(), member,
-                               fmt::format("there is no feature type {} to map; the component passes over the list",
-                                           inQuotes(member.name())));
+        Finding& finding =
+            add(Code::MappingNameUnknown, member.nameRange(), member,
+                fmt::format("unknown feature type {}; the component ignores the list", inQuotes(member.name())));
         const auto nearest = likelyName(member.name(), mappedTypeNames());
         if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
     }
@@ -145,7 +145,7 @@ private:
         const int read = element.integer();
         if (element.kind() != JsonKind::Number) {
             add(Code::MappingNotNumber, element,
-                fmt::format("{} is no style id; it counts as the style id {}", kindName(element.kind()), read));
+                fmt::format("{} is not a style id; it counts as the style id {}", kindName(element.kind()), read));
         } else if (element.number() != std::floor(element.number())) {
             add(Code::MappingIdFraction, element,
                 fmt::format("the fraction is cut off; this is the style id {}", read));
@@ -154,7 +154,7 @@ private:
                 fmt::format("the number is out of range; this is the style id {}", read));
         } else if (read == 0) {
             add(Code::MappingIdZero, element,
-                "0 is dropped at the begin of a list and behind another 0, and is no style id elsewhere");
+                "0 is dropped at the start of a list and after another 0, and is not meant as a style id elsewhere");
         } else if (!canBeAskedFor(read)) {
             add(Code::MappingIdNeverFound, element, "no question of the renderer finds a negative style id");
         } else {
@@ -168,7 +168,7 @@ private:
         if (isNew) return;
         Finding& finding =
             add(Code::MappingIdRepeated, element,
-                fmt::format("the style id {} stands in this list already; nothing changes", element.integer()));
+                fmt::format("the style id {} is in this list already; nothing changes", element.integer()));
         finding.related.push_back({first->second.range(), "the first one"});
     }
 

@@ -60,7 +60,7 @@ private:
     void addDoubled(JsonValue member, JsonValue first) {
         if (isRemark(member.name())) return;
         Finding& finding = add(Code::MemberDoubled, member,
-                               fmt::format("{} stands here once more; the component takes the first one, {}",
+                               fmt::format("{} is repeated here; the component takes the first one, {}",
                                            inQuotes(member.name()), quotedSource(first)));
         finding.related.push_back({first.nameRange(), "the first one"});
     }
@@ -74,7 +74,7 @@ private:
             if (*known != member.name()) checkLetterCase(member, *known);
         } else if (const std::string* other = find(m_place.elsewhere, member.name())) {
             add(Code::MemberMisplaced, member,
-                fmt::format("{} has no member {}; the component does not see it here", m_place.name, inQuotes(*other)))
+                fmt::format("{} has no member {}; the component ignores it here", m_place.name, inQuotes(*other)))
                 .remedy = m_place.moveTo;
         } else if (!isRemark(member.name())) {
             addUnknown(member);
@@ -82,9 +82,9 @@ private:
     }
 
     void addUnknown(JsonValue member) {
-        Finding& finding = add(Code::MemberUnknown, member,
-                               fmt::format("{} has no member {}; the component does not look at it", m_place.name,
-                                           inQuotes(member.name())));
+        Finding& finding =
+            add(Code::MemberUnknown, member,
+                fmt::format("{} has no member {}; the component ignores it", m_place.name, inQuotes(member.name())));
         const auto nearest = likelyName(member.name(), m_place.members);
         if (nearest) return proposeName(finding, *nearest);
         const auto meant = &m_place == &kInStylers ? meantStyler(member.name()) : std::nullopt;

@@ -122,7 +122,7 @@ private:
                         fmt::format("unknown element {}; nothing happens, and nothing is logged with \"on\"",
                                     inQuotes(m_rule.path)));
         } else if (off.front().keys.empty()) {
-            add(Code::NothingReached, fmt::format("nothing happens: there is nothing to show on {} of {}",
+            add(Code::NothingReached, fmt::format("nothing happens: {} of {} has nothing to show",
                                                   inQuotes(m_rule.path), inQuotes(m_rule.typeName)));
         } else {
             add(Code::OnRestoresNoColor,
@@ -151,7 +151,7 @@ private:
         Finding& finding =
             m_check.add(Code::ElementUnusual, m_rule, element,
                         same == elements().end()
-                            ? fmt::format("{} is no usual element; only its last word counts", inQuotes(m_rule.path))
+                            ? fmt::format("{} is not a usual element; only its last word counts", inQuotes(m_rule.path))
                             : fmt::format("{} has the effect of \"{}\"", inQuotes(m_rule.path), same->path));
         if (same != elements().end())
             finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", same->path);

@@ -67,7 +67,7 @@ std::optional<ColorFault> faultWithoutSign(std::string_view text) {
     const std::string name = inLowerCase(std::string(text));
     const auto* const known = std::ranges::find(kNamedColors, name, &NamedColor::name);
     const bool isName = !text.empty() && std::ranges::all_of(text, isLetter);
-    if (!isName) return ColorFault{Code::ColorWithoutSign, "does not begin with #", infoOf(Code::ColorLength).remedy};
+    if (!isName) return ColorFault{Code::ColorWithoutSign, "does not start with #", infoOf(Code::ColorLength).remedy};
     ColorFault fault{Code::ColorName, "is a word, and colours have no names", infoOf(Code::ColorName).remedy};
     if (known != std::end(kNamedColors)) fault.replacement = fmt::format("\"{}\"", known->text);
     return fault;
@@ -90,7 +90,7 @@ std::optional<ColorFault> faultOf(std::string_view text) {
     const std::string_view digits = text.substr(1);
     if (!isHexadecimal(digits)) {
         const char wrong = *std::ranges::find_if_not(digits, isHexDigit);
-        return ColorFault{Code::ColorBadDigit, fmt::format("has a {:?}, which is no hexadecimal digit", wrong),
+        return ColorFault{Code::ColorBadDigit, fmt::format("has a {:?}, which is not a hexadecimal digit", wrong),
                           infoOf(Code::ColorBadDigit).remedy};
     }
     if (isWholeColor(digits.size())) return {};
@@ -119,7 +119,7 @@ void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value
         Finding& finding = check.add(Code::ColorInvisible, rule, value,
                                      fmt::format("{} is drawn in {}", inQuotes(text), colorText(read)));
         finding.remedy = fmt::format(
-            "alpha stands last: \"#{}{}\" is what alpha first would mean; to hide something use "
+            "alpha comes last: \"#{}{}\" is what alpha first would mean; to hide something use "
             "\"visibility\": \"off\"",
             text.substr(3), text.substr(1, 2));
     }
@@ -152,7 +152,7 @@ void checkLevel(StyleFindings& check, const RuleView& rule, JsonValue value) {
     const long written = std::strtol(text.c_str(), &end, 10);  // takes what the component takes
     if (text.empty() || end == text.c_str() || *end != '\0') {
         check.add(Code::LevelMalformed, rule, value,
-                  fmt::format("{} is no whole number; the rule applies at level {} only", inQuotes(text), read));
+                  fmt::format("{} is not a whole number; the rule applies at level {} only", inQuotes(text), read));
         return;
     }
     if (written == read) return;

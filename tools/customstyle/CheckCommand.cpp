@@ -62,7 +62,7 @@ std::optional<unsigned int> secondsIn(const std::string& text) {
 }
 
 std::string problemOfSeconds(const std::string& text) {
-    return secondsIn(text) ? "" : fmt::format("\"{}\" is no number of seconds", text);
+    return secondsIn(text) ? "" : fmt::format("\"{}\" is not a number of seconds", text);
 }
 
 // Prints findings in a format, those of one file after the other where the format allows it.

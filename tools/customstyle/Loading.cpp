@@ -38,7 +38,7 @@ std::string addFilesIn(const std::string& folder, std::vector<std::string>& foun
         }
     }
     if (error) return fmt::format("{}: {}", folder, error.message());
-    if (inside.empty()) return fmt::format("{}: the folder holds no style file (*.json)", folder);
+    if (inside.empty()) return fmt::format("{}: the folder has no style file (*.json)", folder);
     std::ranges::sort(inside);
     found.insert(found.end(), inside.begin(), inside.end());
     return {};
@@ -120,6 +120,8 @@ int writeResult(const std::string& target, const std::string& text) {
         if (std::fflush(stdout) != 0) throw std::system_error(errno, std::generic_category());
         return kGood;
     }
+    if (isBuildFile(target))
+        return complain(fmt::format("{}: .toml is for build files; give the style a name with .json", target));
     const std::optional<std::string> problem = writeWhole(target, text);
     return problem ? complain(*problem) : kGood;
 }

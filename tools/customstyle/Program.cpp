@@ -19,7 +19,7 @@ int runToTheEnd(const std::function<int()>& run) {
     try {
         return withOutputWritten(run());
     } catch (const std::bad_alloc&) {
-        return complain("there is not enough memory for this");
+        return complain("not enough memory");
     } catch (const std::system_error& error) {
         const char* const what = std::ferror(stdout) != 0 ? "standard output cannot be written: " : "";
         return complain(what + error.code().message());

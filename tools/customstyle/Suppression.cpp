@@ -21,7 +21,7 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-// The words behind the mark, up to one that no comma follows.
+// The words after the mark, up to one that no comma follows.
 void addCodes(std::vector<Silencing>& silencings, std::size_t rule, std::size_t offset, std::string_view text) {
     for (bool more = true; more;) {
         while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);

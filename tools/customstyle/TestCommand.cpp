@@ -51,12 +51,12 @@ private:
 
     int judge() {
         if (m_file->text().find('\0') != std::string_view::npos) {
-            return complain(fmt::format("{}: holds NUL bytes; a file of expectations is a text", m_file->path()));
+            return complain(fmt::format("{}: has NUL bytes; a file of expectations is a text", m_file->path()));
         }
         ExpectationFile parsed = parseExpectations(*m_file, m_style->mapping());
         if (!parsed.problems.empty()) return complainOfProblems(parsed.problems);
         if (parsed.expectations.empty()) {
-            return complain(fmt::format("{}: holds no expectation; \"customstyle test --help\" shows how to write them",
+            return complain(fmt::format("{}: has no expectation; \"customstyle test --help\" shows how to write them",
                                         m_file->path()));
         }
         std::vector<Expectation> all;
@@ -71,7 +71,7 @@ private:
             complain(fmt::format("{}: {}", m_file->place(problem.offset), problem.text));
         }
         if (problems.size() < kMostProblems) return kMisuse;
-        return complain(fmt::format("{}: has not been read further, with so many problems", m_file->path()));
+        return complain(fmt::format("{}: not read further after so many problems", m_file->path()));
     }
 
     // What an expectation means: itself, or all answers of another style.

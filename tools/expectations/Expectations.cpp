@@ -88,7 +88,7 @@ private:
 
     bool parseEnd() {
         return m_place == m_words.size() ||
-               fail(m_words[m_place], "nothing more is expected here; a comment begins with //");
+               fail(m_words[m_place], "nothing more is expected here; a comment starts with //");
     }
 
     bool parseSubject() {
@@ -103,7 +103,7 @@ private:
     bool parseStyleId(const Word& word) {
         const auto styleId = numberIn<unsigned int>(word.text);
         m_result.styleId = styleId.value_or(0);
-        return styleId || fail(word, "is no style id; write a number from 0 to 4294967295");
+        return styleId || fail(word, "is not a style id; write a number from 0 to 4294967295");
     }
 
     bool parseLevels(const Word& word) {
@@ -203,7 +203,7 @@ private:
 
     bool parseColor(const Word& word) {
         m_result.value = colorIn(word.text);
-        return m_result.value || fail(word, "is no colour; write #rrggbb, #rrggbbaa or none");
+        return m_result.value || fail(word, "is not a colour; write #rrggbb, #rrggbbaa or none");
     }
 
     bool parseSize(const Word& word) {

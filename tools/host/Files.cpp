@@ -18,7 +18,7 @@ constexpr char kStandardInput[] = "-";
 std::string reasonAgainst(const fs::path& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
-    if (status.type() == fs::file_type::not_found) return "there is no such file";
+    if (status.type() == fs::file_type::not_found) return "no such file";
     if (error) return error.message();
     if (fs::is_directory(status)) return "is a directory";
     return fs::is_regular_file(status) || fs::is_fifo(status) ? "" : "is not a regular file";

@@ -31,18 +31,17 @@ Problem problemOfMapping(const std::string& path, JsonValue root) {
         if (!list || list->kind() != JsonKind::Array) absent.push_back(name);
     }
     if (absent.empty()) return {};
-    return ReadFailure{
-        fmt::format("{}: has no list of style ids for {}; add a member with an array for each, empty if need be", path,
-                    fmt::join(absent, ", "))};
+    return ReadFailure{fmt::format("{}: has no list of style ids for {}; add a list for each; it may be empty", path,
+                                   fmt::join(absent, ", "))};
 }
 
 std::string reasonAgainstDirectory(const std::string& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
-    if (!fs::exists(status)) return "there is no such directory";
+    if (!fs::exists(status)) return "no such directory";
     if (!fs::is_directory(status)) return "is not a directory";
     const bool isMissing = fs::status(mappingFileIn(path), error).type() == fs::file_type::not_found;
-    return isMissing ? "holds no file CustomIndex" : "";
+    return isMissing ? "has no file CustomIndex" : "";
 }
 
 using Judge = Problem (*)(const std::string& path, JsonValue root);

@@ -32,7 +32,7 @@ struct Slot {
     TextRange name;
 };
 
-// Each read function begins at a byte that is not blank and ends behind what it has read. It answers false when it
+// Each read function starts at a byte that is not blank and ends after what it has read. It answers false when it
 // cannot read, and the reason is in m_error.
 class Parser {
 public:
@@ -104,7 +104,7 @@ bool Parser::isBeginOfElement(std::size_t at) const {
     return at > 0 && std::string_view("[,}").find(m_text[at - 1]) != std::string_view::npos;
 }
 
-// Forgets the element that cannot be read, and finds one that begins at `next` or behind it.
+// Forgets the element that cannot be read, and finds one that starts at `next` or after it.
 bool Parser::goOn(Index container, std::size_t nodes, std::size_t next) {
     const bool isOutermost = container == 0 && m_tree->nodes.front().kind == JsonKind::Array;
     if (!m_isTolerant || !isOutermost || m_errors.size() >= kMostErrors) return false;
@@ -186,7 +186,7 @@ bool Parser::readElements(Index container, bool named, char closing) {
     for (Index position = 0; !isAt(closing); ++position) {
         const std::size_t nodes = m_tree->nodes.size();
         const bool hasComma = isFirst || readComma(trailing, closing);
-        const std::size_t next = hasComma ? m_at + 1 : m_at;  // behind the begin of what cannot be read
+        const std::size_t next = hasComma ? m_at + 1 : m_at;  // after the start of what cannot be read
         isFirst = !hasComma || !readElement(container, position, named);
         if (!isFirst) {
             skipBlanks();

@@ -101,7 +101,7 @@ std::vector<std::optional<Row>> alignedRows(std::string_view text, JsonValue roo
     return rows;
 }
 
-// Whether an author's blank line stands before, or behind, the comma in the text between two rules.
+// Whether an author's blank line is before, or after, the comma in the text between two rules.
 bool hasBlankLine(std::string_view between) {
     const std::string_view beforeComma = between.substr(0, between.find(','));
     const std::string_view behindComma = between.substr(beforeComma.size());

@@ -75,7 +75,7 @@ Json featureTypeSchema(SchemaWords words) {
     return schema;
 }
 
-// A schema that any value meets, behind one that editors take their proposals from.
+// A schema that any value meets, after one that editors take their proposals from.
 Json proposals(const Json& schema) {
     return Json::array({schema, Json::object()});
 }

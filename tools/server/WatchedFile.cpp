@@ -65,7 +65,7 @@ std::string versionOf(std::string_view text) {
 FileState readState(const std::string& path) {
     const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0 && errno == ENOENT) {
-        return {.version = kNoVersion, .text = {}, .problem = path + ": there is no such file", .isThere = false};
+        return {.version = kNoVersion, .text = {}, .problem = path + ": no such file", .isThere = false};
     }
     if (descriptor < 0) return withoutText(path, lastError());
     FileState state = readRegular(path, descriptor);
