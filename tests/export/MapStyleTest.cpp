@@ -192,6 +192,10 @@ TEST(ExportLosses, NameTypesThatTheLegendLacks) {
     EXPECT_EQ(result.losses.all().at(LossCode::NotInLegend).size(), 1U);
 }
 
+TEST(ExportedStyle, HasTheNameOfItsFile) {
+    EXPECT_EQ(exported({}, kWater).style["name"], "style");
+}
+
 TEST(ExportOptions, ReplaceWhatTheLegendNames) {
     const Json byTemplate = exported({}, kCity, {.tiles = "https://example.org/{z}/{x}/{y}"}).style;
     EXPECT_EQ(byTemplate["sources"]["map"]["tiles"], Json::array({"https://example.org/{z}/{x}/{y}"}));

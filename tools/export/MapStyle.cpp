@@ -21,8 +21,7 @@ constexpr int kStyleVersion = 8;
 // "night" of "styles/night.json".
 std::string nameOf(std::string_view path) {
     path.remove_prefix(path.find_last_of("/\\") + 1);
-    if (path.ends_with(".json")) path.remove_suffix(5);
-    return std::string(path);
+    return std::string(path.substr(0, path.find_last_of('.')));
 }
 
 class StyleMaker {
