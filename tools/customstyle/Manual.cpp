@@ -89,7 +89,7 @@ std::string literal(const std::string& text) {
     return lines + ".Ed\n";
 }
 
-std::string paragraph(const std::string& text) {
+std::string troffParagraph(const std::string& text) {
     const bool keepsLines = text.starts_with(' ') || text.find('\n') != std::string::npos;
     return keepsLines ? literal(text) : ".Pp\n" + sentences(text);
 }
@@ -209,7 +209,7 @@ std::string commandManual(const Command& command) {
     std::string synopsis = synopsisOf(command);
     synopsis.replace(0, std::string_view(".Nm\n").size(), ".Nm customstyle\n");
     text += synopsis + fmt::format(".Sh DESCRIPTION\n{}.\n", escaped(command.summary));
-    for (const std::string& each : command.description) text += paragraph(each);
+    for (const std::string& each : command.description) text += troffParagraph(each);
     text += ".Pp\nThe arguments and options are:\n" + optionsOf(command) + glossaryOf(command.glossary);
     text += statusesOf(command) + examplesOf(command);
     return text + ".Sh SEE ALSO\n.Xr customstyle 1\n";
