@@ -33,8 +33,10 @@ bool PerfectIdIndex::placeAll(std::span<const Entry> entries) {
 }
 
 bool PerfectIdIndex::placeBucket(std::size_t bucket, std::span<const Entry> entries, std::vector<bool>& taken) {
+    // After as many displacements as there are cells the same cells come again.
+    const std::uint32_t last = std::min<std::uint32_t>(m_cellMask, std::numeric_limits<std::uint16_t>::max());
     std::vector<std::size_t> cells;
-    for (std::uint32_t displacement = 0; displacement <= std::numeric_limits<std::uint16_t>::max(); ++displacement) {
+    for (std::uint32_t displacement = 0; displacement <= last; ++displacement) {
         cells.clear();
         for (const Entry& entry : entries) {
             const std::size_t cell = cellOf(hashOf(entry.id), static_cast<std::uint16_t>(displacement));
