@@ -1,6 +1,6 @@
 // The editor of the style: JSON with the component's findings, completion, and colours as chips.
 import {autocompletion, closeBrackets, closeBracketsKeymap, completionKeymap, startCompletion} from '@codemirror/autocomplete';
-import {defaultKeymap, history, historyKeymap, indentWithTab} from '@codemirror/commands';
+import {defaultKeymap, history, historyKeymap, indentWithTab, isolateHistory} from '@codemirror/commands';
 import {json} from '@codemirror/lang-json';
 import {bracketMatching, foldGutter, HighlightStyle, syntaxHighlighting, syntaxTree} from '@codemirror/language';
 import {lintGutter, lintKeymap, setDiagnostics} from '@codemirror/lint';
@@ -246,7 +246,8 @@ export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, on
       while (from < shorter && now[from] === text[from]) ++from;
       let kept = 0;
       while (kept < shorter - from && now.at(-1 - kept) === text.at(-1 - kept)) ++kept;
-      view.dispatch({changes: {from, to: now.length - kept, insert: text.slice(from, text.length - kept)}});
+      view.dispatch({changes: {from, to: now.length - kept, insert: text.slice(from, text.length - kept)},
+        annotations: isolateHistory.of('full')}); // a step of its own for "undo"
     },
     /** Replaces a part; the cursor goes there. */
     replace(from, to, insert) {
