@@ -1,6 +1,7 @@
 // Asks the component in its worker, and starts another when one does not come back.
 
 const kPatience = 20_000; // milliseconds
+const kMostRestarts = 3; // without an answer
 
 export class ComponentClient {
   /** @param {string} workerUrl */
@@ -9,6 +10,7 @@ export class ComponentClient {
     this.patience = kPatience;
     this.waiting = new Map();
     this.number = 0;
+    this.restarts = 0;
     this.start();
   }
 
@@ -19,9 +21,10 @@ export class ComponentClient {
 
   /**
    * @param {object} request see studio/wasm/README.md
-   * @returns {Promise<any>} the answer; rejected where the component stopped, or took too long
+   * @returns {Promise<any>} the answer; rejected where the component stopped, took too long, or does not start
    */
   ask(request) {
+    if (this.lost) return Promise.reject(new Error(this.lost));
     const number = ++this.number;
     return new Promise((resolve, reject) => {
       const timer = setTimeout(() => this.restart(`no answer within ${this.patience / 1000} seconds`), this.patience);
@@ -41,19 +44,23 @@ export class ComponentClient {
     if (stopped !== undefined) return this.restart(stopped);
     const asked = this.waiting.get(number);
     if (!asked) return undefined;
+    this.restarts = 0;
     this.waiting.delete(number);
     clearTimeout(asked.timer);
     return asked.resolve(JSON.parse(text));
   }
 
-  // What was asked is given up: the next request finds a fresh component with the same mapping.
+  // What was asked is given up: the next request finds a fresh component with the same mapping. A component that never
+  // answers, as where it cannot be loaded, is not started again for ever.
   restart(why) {
     this.worker.terminate();
+    if (++this.restarts > kMostRestarts) this.lost = `the component does not start: ${why}; load the page again`;
     for (const {reject, timer} of this.waiting.values()) {
       clearTimeout(timer);
-      reject(new Error(`the component was started again: ${why}`));
+      reject(new Error(this.lost ?? `the component was started again: ${why}`));
     }
     this.waiting.clear();
+    if (this.lost) return;
     this.start();
     if (this.mapping) this.ask({method: 'mapping', mapping: this.mapping}).catch(() => {});
   }

@@ -4,25 +4,35 @@ const kKind = {description: 'Style file', accept: {'application/json': ['.json']
 const kLongest = 16 * 1024 * 1024; // bytes
 let handle = null; // of the file that is open
 
+/** Save asks for a file again: another style is in the editor. */
+export const forgetFile = () => (handle = null);
+
 async function read(file, use) {
   if (file.size > kLongest) throw new Error(`${file.name} is larger than 16 MB`);
   use({name: file.name, text: await file.text()});
 }
 
-/** Lets the user choose a file. @param {(file: {name: string, text: string}) => void} use */
+/**
+ * Lets the user choose a file; Save writes to it from then on, where the browser can.
+ * @param {(file: {name: string, text: string}) => void} use
+ */
 export async function openFile(input, use) {
   if (window.showOpenFilePicker) {
     try {
       const [chosen] = await window.showOpenFilePicker({types: [kKind]});
-      handle = chosen;
       await read(await chosen.getFile(), use);
+      handle = chosen;
     } catch (error) {
       if (error.name !== 'AbortError') throw error;
     }
     return;
   }
-  input.onchange = () => input.files[0] && read(input.files[0], use);
-  input.click();
+  await new Promise((resolve) => {
+    input.value = ''; // so that the same file can be chosen again
+    input.onchange = resolve;
+    input.click();
+  });
+  if (input.files[0]) await read(input.files[0], use);
 }
 
 /** @returns {Promise<string>} what happened, in words */

@@ -9,12 +9,14 @@ import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} f
 import {CityIds} from './city-ids.js';
 import {showDifference} from './difference.js';
 import {DiskFile, filesOfServer, followServer} from './disk.js';
-import {openFile, saveFile} from './files.js';
+import {forgetFile, openFile, saveFile} from './files.js';
 import {element} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
 const kPause = 70; // milliseconds without a keystroke before the component is asked
-const kDisk = 'on the disk'; // no example has a name with blanks
+// No example has a name with blanks.
+const kDisk = 'on the disk';
+const kBeforeLink = 'before the link';
 const at = (id) => document.getElementById(id);
 const fetchJson = async (path) => (await fetch(path)).json();
 const fetchText = async (path) => (await fetch(path)).text();
@@ -120,11 +122,12 @@ class Studio {
     const typedAt = this.typedAt;
     const answers = this.component.ask({method: 'answers', style}).catch((error) => ({error: error.message}));
     const report = this.component.ask({method: 'check', style}).catch((error) => ({error: error.message}));
+    const isOld = () => number !== this.asked || this.text !== style.text;
     const answered = await answers;
-    if (number !== this.asked) return;
+    if (isOld()) return;
     this.showAnswers(answered, typedAt);
     const checked = await report;
-    if (number !== this.asked) return;
+    if (isOld()) return;
     if (checked.error) this.say(checked.error);
     this.showFindings(checked.error ? [] : checked.files[0].findings);
     if (typedAt) this.timings.findings = performance.now() - typedAt;
@@ -462,6 +465,7 @@ class Studio {
     if (this.disk) this.disk.isOpen = isOnDisk;
     this.file = {name};
     this.firstText = text;
+    forgetFile();
     this.editor.set(text);
     if (!isOnDisk) remember('style', {name, text});
     this.showFile();
@@ -472,15 +476,19 @@ class Studio {
   connect(examples) {
     document.body.dataset.view = 'map';
     if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on the disk`));
+    const beforeLink = recall('style-before-link');
+    if (beforeLink) at('examples').append(element('option', {value: kBeforeLink}, 'your style before the link'));
     at('examples').append(...examples.map((name) => element('option', {value: name}, name)));
     at('cameras').append(...cameras.map(({name}, i) => element('option', {value: i}, name)));
     const listen = (id, event, act) => at(id).addEventListener(event, act);
     listen('examples', 'change', async ({target}) => {
       if (target.value === kDisk) await this.openDisk();
+      else if (target.value === kBeforeLink) await this.load(beforeLink.name, beforeLink.text);
       else if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
       target.value = '';
     });
-    listen('open', 'click', () => openFile(at('file-input'), (file) => this.load(file.name, file.text)));
+    listen('open', 'click', () => openFile(at('file-input'), (file) => this.load(file.name, file.text))
+      .catch((error) => this.say(`not opened: ${error.message}`)));
     listen('save', 'click', () => this.save());
     listen('keep-mine', 'click', () => this.settleConflict(() => this.disk.keepMine()));
     listen('take-theirs', 'click', () => this.settleConflict(() => this.disk.takeTheirs()));

@@ -61,7 +61,7 @@ export function effectsPanel(page) {
   if (!effect) return element('p', {}, 'Put the cursor on a rule to see what it does, or compare two styles.');
   if (effect.error) return element('p', {class: 'error'}, effect.error);
   const {changes} = effect.difference;
-  return element('div', {}, element('p', {}, effect.title, changes.length === 0 ? ': no effect on this map, proven for every style id at every level.' : ` (${changes.length})`),
+  return element('div', {}, element('p', {}, effect.title, changes.length === 0 ? ': nothing changes on this map, proven for every style id at every level.' : ` (${changes.length})`),
     element('ul', {}, ...changes.slice(0, 200).map((change) => element('li', {},
       element('strong', {}, `${change.feature_type ?? 'every type'} ${change.field}`), ` ${levelsText(change.levels)}: `,
       ...shown(change.a), ' → ', ...shown(change.b), ' ', change.b_from && jump(page, change.b_from.rule)))));

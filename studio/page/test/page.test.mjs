@@ -192,6 +192,37 @@ describe('what was typed', () => {
     assert.equal(await other.page.evaluate(() => window.studio.editor.text), text);
     await other.profile.close();
   });
+
+  test('is offered again after a link was opened', async () => {
+    const {page} = studio;
+    const text = styleOf(rule('green', 'geometry.fill', {color: '#123abc'}));
+    await typeStyle(page, text);
+    await page.locator('#share').click();
+    await page.waitForFunction(() => location.hash.startsWith('#style='));
+    const fragment = await page.evaluate(() => location.hash);
+    const init = () => sessionStorage.getItem('once') ?? (sessionStorage.setItem('once', '1'),
+      localStorage.setItem('customstyle-studio-style', JSON.stringify({name: 'mine.json', text: '[]'})));
+    const other = await openStudio(started, {fragment, init});
+    assert.equal(await other.page.evaluate(() => window.studio.editor.text), text);
+    await other.page.locator('#examples').selectOption({label: 'your style before the link'});
+    await other.page.waitForFunction(() => window.studio.editor.text === '[]' && window.studio.file.name === 'mine.json');
+    await other.profile.close();
+  });
+
+  test('is not laid over with answers about an older text', async () => {
+    const {page} = studio;
+    await typeStyle(page, magentaRoads);
+    const shown = await page.evaluate(async () => {
+      const {studio} = window;
+      const before = studio.answers;
+      const refreshed = studio.refresh();
+      studio.text = '[]'; // typed, and not asked about yet
+      await refreshed;
+      return studio.answers !== before;
+    });
+    assert.equal(shown, false);
+    await typeStyle(page, '[ ]');
+  });
 });
 
 describe('a style of a stranger', () => {
