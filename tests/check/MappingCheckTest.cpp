@@ -3,15 +3,21 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <string_view>
 #include <variant>
+#include <vector>
 
 #include "tests/check/CheckedText.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/check/MappingCheck.h"
 #include "tools/host/Files.h"
 #include "tools/host/LoadLog.h"
+#include "tools/study/Answers.h"
 #include "tools/study/DefaultMapping.h"
 #include "tools/study/Mapping.h"
+#include "tools/study/StyleStudy.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_test {
 namespace {
@@ -21,9 +27,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// The default mapping with the list of one type replaced.
-std::string mappingWith(const std::string& type, const std::string& value) {
-    std::string mapping = defaultMapping();
+// A mapping with the list of one type replaced.
+std::string mappingWith(const std::string& type, const std::string& value, std::string mapping = defaultMapping()) {
     const std::size_t begin = mapping.find("\"" + type + "\":") + type.size() + 3;
     return mapping.replace(begin, mapping.find(']', begin) + 1 - begin, value);
 }
@@ -68,6 +73,63 @@ TEST(MappingCheck, NamesTheTypeThatAnswersForASharedStyleId) {
 TEST(MappingCheck, LetsAParentAnswerLastWhateverItsPlace) {
     const CheckedFile checked = checkedMapping(mappingWith("education", "[1004]"));
     EXPECT_THAT(messagesOf(checked, Code::MappingIdShared), ElementsAre(HasSubstr(R"(one, "education" answers)")));
+}
+
+TEST(MappingCheck, LetsTheFirstOfTwoParentsAnswer) {
+    const CheckedFile checked = checkedMapping(mappingWith("districtlabel", "[1004]"));
+    EXPECT_THAT(messagesOf(checked, Code::MappingIdShared), ElementsAre(HasSubstr(R"(one, "manmade" answers)")));
+}
+
+// Rules that customise a type, whatever it has.
+std::string rulesFor(const std::string& type) {
+    return ruleText(type, "geometry.fill", R"({"color": "#112233"})") + "," +
+           ruleText(type, "labels.text.fill", R"({"color": "#112233"})");
+}
+
+TEST(MappingCheck, NamesTheTypeThatAnswersInTheComponent) {
+    for (const char* const first : {"land", "manmade", "districtlabel", "poilabel"}) {
+        for (const char* const second : {"water", "manmade", "districtlabel", "poilabel", "otherlabel"}) {
+            if (std::string_view(first) == second) continue;
+            const std::string mapping = mappingWith(second, "[77]", mappingWith(first, "[77]"));
+            const auto store = storeOf(mapping, "[" + rulesFor(first) + "," + rulesFor(second) + "]");
+            const std::string answering = catalogue().GetFeatureTypeName(ask(*store, 77, 10).featureType);
+            EXPECT_THAT(messagesOf(checkedMapping(mapping), Code::MappingIdShared),
+                        ElementsAre(HasSubstr(fmt::format("one, \"{}\" answers", answering))));
+        }
+    }
+}
+
+// A 0 that the component drops, and a style id that no question finds, are shared by nobody.
+TEST(MappingCheck, CallsOnlySharedWhatAQuestionFindsUnderBothTypes) {
+    const auto sharedOf = [](const char* green, const char* water) {
+        const CheckedFile checked = checkedMapping(mappingWith("water", water, mappingWith("green", green)));
+        return messagesOf(checked, Code::MappingIdShared).size();
+    };
+    EXPECT_EQ(sharedOf("[0, 5]", "[0, 6]"), 0U);
+    EXPECT_EQ(sharedOf(R"(["a", 5])", "[null, 6]"), 0U);
+    EXPECT_EQ(sharedOf("[5, -1]", "[6, -1]"), 0U);
+    EXPECT_EQ(sharedOf("[5, 0]", "[0, 6]"), 0U);
+    EXPECT_EQ(sharedOf("[5, 0]", "[6, 0]"), 1U);
+}
+
+struct ZeroCase {
+    const char* list;
+    std::vector<int> kept;
+    std::vector<const char*> messages;
+};
+
+constexpr char kDroppedZero[] = "0 is dropped at the start of a list and after another 0";
+constexpr char kKeptZero[] = "0 is a style id here; it is dropped only at the start of a list and after another 0";
+
+TEST(MappingCheck, TellsWhichZerosTheComponentDrops) {
+    for (const auto& [list, kept, messages] :
+         {ZeroCase{"[0, 5]", {5}, {kDroppedZero}}, ZeroCase{"[0, 0, 5]", {5}, {kDroppedZero, kDroppedZero}},
+          ZeroCase{"[5, 0]", {5, 0}, {kKeptZero}}, ZeroCase{"[5, 0, 0]", {5, 0}, {kKeptZero, kDroppedZero}}}) {
+        const std::string mapping = mappingWith("water", list);
+        EXPECT_THAT(messagesOf(checkedMapping(mapping), Code::MappingIdZero), testing::ElementsAreArray(messages));
+        EXPECT_THAT(Mapping::given(mapping).idsOf(catalogue().GetFeatureTypeId("water")),
+                    testing::UnorderedElementsAreArray(kept));
+    }
 }
 
 TEST(MappingCheck, KnowsNamesAsTheComponentFindsThem) {

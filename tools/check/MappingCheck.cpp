@@ -134,18 +134,25 @@ private:
             return;
         }
         std::map<int, JsonValue> seen;
+        int previous = 0;
         for (const JsonValue element : list->children()) {
-            if (checkId(element)) checkRepeated(seen, element);
-            noteId(name, element);
+            const int read = element.integer();
+            const bool isDropped = read == 0 && previous == 0;
+            if (checkId(element, isDropped)) checkRepeated(seen, element);
+            if (!isDropped && canBeAskedFor(read)) noteId(name, element);
+            previous = read;
         }
     }
 
     // Whether the style id is worth comparing with others.
-    bool checkId(JsonValue element) {
+    // @param isDropped  whether the component leaves the element out: a 0 at the start or after another 0
+    bool checkId(JsonValue element, bool isDropped) {
         const int read = element.integer();
         if (element.kind() != JsonKind::Number) {
             add(Code::MappingNotNumber, element,
-                fmt::format("{} is not a style id; it counts as the style id {}", kindName(element.kind()), read));
+                fmt::format(
+                    "{} is not a style id; it {}", kindName(element.kind()),
+                    isDropped ? "counts as 0, and is dropped" : fmt::format("counts as the style id {}", read)));
         } else if (element.number() != std::floor(element.number())) {
             add(Code::MappingIdFraction, element,
                 fmt::format("the fraction is cut off; this is the style id {}", read));
@@ -154,7 +161,8 @@ private:
                 fmt::format("the number is out of range; this is the style id {}", read));
         } else if (read == 0) {
             add(Code::MappingIdZero, element,
-                "0 is dropped at the start of a list and after another 0, and is not meant as a style id elsewhere");
+                isDropped ? "0 is dropped at the start of a list and after another 0"
+                          : "0 is a style id here; it is dropped only at the start of a list and after another 0");
         } else if (!canBeAskedFor(read)) {
             add(Code::MappingIdNeverFound, element, "no question of the renderer finds a negative style id");
         } else {
@@ -204,10 +212,15 @@ private:
     }
 
     void addShared(const std::string& first, const std::string& second, JsonValue place, const std::vector<int>& ids) {
-        const bool isParent = catalogue().IsParentFeatureType(catalogue().GetFeatureTypeId(first)) != 0;
+        // Parents answer last, in the order of their ids.
+        const bool yields = isParent(first) && !isParent(second);
         add(Code::MappingIdShared, place,
             fmt::format("\"{}\" and \"{}\" share {} style id{} ({}); where both customise one, \"{}\" answers", first,
-                        second, ids.size(), ids.size() == 1 ? "" : "s", idsText(ids), isParent ? second : first));
+                        second, ids.size(), ids.size() == 1 ? "" : "s", idsText(ids), yields ? second : first));
+    }
+
+    static bool isParent(const std::string& type) {
+        return catalogue().IsParentFeatureType(catalogue().GetFeatureTypeId(type)) != 0;
     }
 
     const SourceFile& m_file;
