@@ -235,9 +235,10 @@ std::string format(const Json& request) {
 std::string minify(const Json& request) {
     return rewritten(request, [](const StyleText& text) {
         const customstyle_tool::StyleSource style(*text.file, text.document);
-        auto [shorter, rules, isComplete] = customstyle_tool::minified(style, desk().mapping().text());
+        auto [shorter, rules, thoroughness] = customstyle_tool::minified(style, desk().mapping().text());
         if (text.file->text().ends_with('\n')) shorter += '\n';
-        return dumped({{"text", shorter}, {"rules", rules}, {"complete", isComplete}});
+        return dumped(
+            {{"text", shorter}, {"rules", rules}, {"complete", thoroughness == customstyle_tool::Thoroughness::Full}});
     });
 }
 

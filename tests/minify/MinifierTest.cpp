@@ -36,7 +36,7 @@ std::string caseName(const testing::TestParamInfo<Case>& info) {
 TEST_P(MinifiedStyle, IsTheShortestWithTheSameEffect) {
     const Minified result = minifiedText(GetParam().style);
     EXPECT_EQ(result.text, GetParam().minified);
-    EXPECT_TRUE(result.isComplete);
+    EXPECT_EQ(result.thoroughness, Thoroughness::Full);
 }
 
 const auto kFill = rule("water", "fill").color("#3366cc");
@@ -154,6 +154,7 @@ TEST(Minifier, KeepsTheEffectOfAStyleThatFillsEverySlot) {
     const Minified result = minifiedText(style + "]");
     EXPECT_LE(result.text.size(), style.size() + 1);
     EXPECT_GE(result.rules, 1241U);
+    EXPECT_EQ(result.thoroughness, Thoroughness::EachRule);
 }
 
 TEST(Minifier, LeavesTheSwitchAsItWas) {

@@ -1,9 +1,10 @@
-// customstyle minify: the smallest style with the same effect.
+// customstyle minify: a smaller style with the same effect.
 #include <fmt/format.h>
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "tools/customstyle/Arguments.h"
@@ -14,6 +15,7 @@
 #include "tools/host/LoadedMap.h"
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -24,13 +26,21 @@ struct MinifyArguments : StyleArguments {
     bool quiet = false;
 };
 
+// What is said of each Thoroughness.
+constexpr std::string_view kSentences[] = {
+    "", "not everything was tried, because of the number of rules",
+    "each rule is shortened by itself; nothing shorter was proven to have the same effect",
+    "only blanks are taken out; nothing shorter was proven to have the same effect",
+    "the style stays as it is; nothing shorter was proven to have the same effect"};
+
 void report(const StyleSource& style, const Minified& result, const MinifyArguments& arguments) {
     const std::string where = arguments.mappingDirectory ? mappingFileIn(*arguments.mappingDirectory) : "every map";
-    fmt::print(stderr, "{}: {} to {}, {} to {}; every answer is the same on {}\n", style.file().path(),
+    const std::string path = escapedText(style.file().path());
+    fmt::print(stderr, "{}: {} to {}, {} to {}; every answer is the same on {}\n", path,
                counted(style.file().text().size(), "byte"), result.text.size(), counted(style.rules().size(), "rule"),
-               result.rules, where);
-    if (result.isComplete) return;
-    fmt::print(stderr, "{}: not everything was tried, because of the number of rules\n", style.file().path());
+               result.rules, escapedText(where));
+    const std::string_view sentence = kSentences[static_cast<std::size_t>(result.thoroughness)];
+    if (!sentence.empty()) fmt::print(stderr, "{}: {}\n", path, sentence);
 }
 
 Minified minifiedWithProgress(const StyleSource& style, const std::optional<std::string>& mapping) {
@@ -84,10 +94,11 @@ Command minifyCommand() {
     const auto arguments = std::make_shared<MinifyArguments>();
     return {.name = "minify",
             .purpose = Purpose::Write,
-            .summary = "Print the smallest style with the same effect, proven",
+            .summary = "Print a smaller style, proven to have the same effect",
             .description = {"Takes out rules, stylers and members without effect, joins rules for the same element and "
                             "shortens texts. Before anything is written, every answer to the renderer is compared: all "
-                            "style ids, all levels, both backgrounds. The sizes are reported on standard error."},
+                            "style ids at all levels, icons, both backgrounds. The sizes are reported on standard "
+                            "error."},
             .options = optionsOf(*arguments),
             .statuses = {{0, "The result is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},
             .examples = {{"make a style ready for delivery",

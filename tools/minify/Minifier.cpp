@@ -27,7 +27,7 @@ Minified firstProven(const StyleSource& style, const std::string& mapping,
         if (result.text.size() > longest) continue;
         if (!differenceBetween(*wanted, *storeOf(mapping, result.text)).any()) return result;
     }
-    return {std::string(style.file().text()), style.rules().size(), false};
+    return {std::string(style.file().text()), style.rules().size(), Thoroughness::Nothing};
 }
 
 }  // namespace
@@ -38,10 +38,13 @@ Minified minified(const StyleSource& style, const std::optional<std::string>& ma
     const auto shrink = [&] {
         const ShrunkStyle shrunk =
             shrunkStyle(rules, mapping ? Mapping::given(*mapping).speakersText() : mappingFor(rules), spread);
-        return Minified{textOf(shrunk.rules), shrunk.rules.size(), shrunk.isComplete};
+        return Minified{textOf(shrunk.rules), shrunk.rules.size(),
+                        shrunk.isComplete ? Thoroughness::Full : Thoroughness::ManyRules};
     };
-    const auto clean = [&] { return Minified{textOf(rules), rules.size(), false}; };
-    const auto compact = [&] { return Minified{compactText(style.document()), style.rules().size(), false}; };
+    const auto clean = [&] { return Minified{textOf(rules), rules.size(), Thoroughness::EachRule}; };
+    const auto compact = [&] {
+        return Minified{compactText(style.document()), style.rules().size(), Thoroughness::Blanks};
+    };
     return firstProven(style, mapping.value_or(Mapping::everyMap().text()), {shrink, clean, compact});
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,11 +12,21 @@
 
 namespace customstyle_tool {
 
+/// How far a style was made small. What goes further than the form given out was not proven to have the same effect, or
+/// was longer.
+enum class Thoroughness : std::uint8_t {
+    Full,       ///< everything was tried
+    ManyRules,  ///< not everything was tried, because of the number of rules
+    EachRule,   ///< only each rule by itself
+    Blanks,     ///< only blanks are gone
+    Nothing,    ///< the style is as it was
+};
+
 /// A style made small.
 struct Minified {
     std::string text;
     std::size_t rules;
-    bool isComplete;  ///< false when the style was too long to look for everything that could go
+    Thoroughness thoroughness;
 };
 
 /// The shortest style found whose answers are those of `style`: all style ids, all 19 level classes, all four
