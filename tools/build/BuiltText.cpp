@@ -1,12 +1,22 @@
 #include "tools/build/BuiltText.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
 #include <variant>
 
 #include "tools/layout/Layout.h"
 
 namespace customstyle_tool {
+namespace {
+
+constexpr std::string_view kBegin = "[\n";
+constexpr std::string_view kEnd = "\n]\n";
+
+}  // namespace
 
 // Finds for a piece of the finished text where it was written. Laying a text out moves its values, but keeps them and
 // their order.
@@ -15,11 +25,8 @@ public:
     Places(std::vector<Written> written, const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files)
         : m_written(std::move(written)), m_build(&build), m_files(std::move(files)) {}
 
-    // The values of the text, without the outermost list.
-    void setText(std::string_view text) {
-        const auto document = parseJson(text);
-        addRanges(std::get<JsonDocument>(document).root());
-    }
+    // The values of a document, without the outermost list.
+    void setRanges(const JsonDocument& document) { addRanges(document.root()); }
 
     SourceOrigin originOf(TextRange range) const {
         auto next = std::ranges::upper_bound(m_ranges, range.begin, {}, &Ranges::begin);
@@ -64,6 +71,7 @@ private:
 
 void BuiltText::add(const SourceFile& file, const RuleNode& rule, bool isAfterBlankLine) {
     if (!m_text.empty()) m_text += isAfterBlankLine ? ",\n\n" : ",\n";
+    m_rules.push_back({kBegin.size() + m_text.size(), &file, rule.range});
     addNode(file, rule, false);
 }
 
@@ -88,13 +96,21 @@ void BuiltText::addChildren(const SourceFile& file, const RuleNode& node, bool i
     m_text += node.kind == JsonKind::Array ? ']' : '}';
 }
 
-std::unique_ptr<SourceFile> BuiltText::file(const SourceFile& build,
-                                            std::vector<std::shared_ptr<const SourceFile>> files) && {
-    const std::string unformatted = "[\n" + m_text + "\n]\n";
-    const auto document = parseJson(unformatted);
-    std::string text = laidOut(std::get<JsonDocument>(document));
+std::string BuiltText::problemOf(const JsonError& error) const {
+    const auto next = std::ranges::upper_bound(m_rules, error.offset, {}, &RuleStart::offset);
+    const RuleStart& rule = next == m_rules.begin() ? m_rules.front() : *std::prev(next);
+    return fmt::format("{}: the rule cannot stand in a style: {}", rule.file->place(rule.range.begin), error.reason());
+}
+
+std::variant<std::unique_ptr<SourceFile>, std::string> BuiltText::file(
+    const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files) && {
+    const std::string unformatted = fmt::format("{}{}{}", kBegin, m_text, kEnd);
+    const auto read = parseJson(unformatted);
+    if (const auto* const error = std::get_if<JsonError>(&read)) return problemOf(*error);
+    std::string text = laidOut(std::get<JsonDocument>(read));
     const auto places = std::make_shared<Places>(std::move(m_written), build, std::move(files));
-    places->setText(text);
+    const auto formatted = parseJson(text);  // nests as deep
+    places->setRanges(std::get<JsonDocument>(formatted));
     return std::make_unique<SourceFile>(build.path(), std::move(text),
                                         [places](TextRange range) { return places->originOf(range); });
 }

@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "tools/build/RuleNode.h"
+#include "tools/json/JsonError.h"
 #include "tools/json/SourceFile.h"
 
 namespace customstyle_tool {
@@ -32,7 +34,9 @@ public:
     /// The style as a file, whose places are those of what was added.
     /// @param build  the file that the style is built by, which gives it its path
     /// @param files  keeps what the rules are written in
-    std::unique_ptr<SourceFile> file(const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files) &&;
+    /// @return a file, or why there is none: TOML may nest values deeper than a style file
+    std::variant<std::unique_ptr<SourceFile>, std::string> file(
+        const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files) &&;
 
 private:
     // In the order of the text: a list or object stands before what it holds.
@@ -42,14 +46,21 @@ private:
         TextRange range;
         std::optional<SourceOrigin::Variable> variable;
     };
+    struct RuleStart {
+        std::size_t offset;  // in the text
+        const SourceFile* file;
+        TextRange range;
+    };
     class Places;
 
     void addNode(const SourceFile& file, const RuleNode& node, bool inStylers);
     void addChildren(const SourceFile& file, const RuleNode& node, bool inStylers);
+    std::string problemOf(const JsonError& error) const;
 
     Lookup m_lookup;
     std::string m_text;
     std::vector<Written> m_written;
+    std::vector<RuleStart> m_rules;
 };
 
 }  // namespace customstyle_tool

@@ -208,7 +208,9 @@ std::variant<BuiltStyle, BuildProblems> builtStyle(const std::string& path) {
     BuiltStyle built{{}, {}, variables.misspelt()};
     for (const File& file : sources.files) built.sources.push_back(file->path());
     const SourceFile& build = *sources.files.front();
-    built.file = std::move(text).file(build, std::move(sources.files));
+    auto file = std::move(text).file(build, std::move(sources.files));
+    if (const auto* const problem = std::get_if<std::string>(&file)) return BuildProblems{*problem};
+    built.file = std::get<0>(std::move(file));
     return built;
 }
 
