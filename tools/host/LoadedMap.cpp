@@ -17,7 +17,6 @@ namespace customstyle_tool {
 namespace {
 
 namespace fs = std::filesystem;
-using _orvik_framework::CustomConfig;
 using Problem = std::optional<ReadFailure>;
 
 constexpr char kMappingName[] = "CustomIndex";
@@ -44,21 +43,11 @@ std::string reasonAgainstDirectory(const std::string& path) {
     return isMissing ? "has no file CustomIndex" : "";
 }
 
-using Judge = Problem (*)(const std::string& path, JsonValue root);
-
-Problem problemOfContent(const std::string& path, const char* what, Judge judge) {
-    const auto source = readSource(path, what);
-    if (const auto* failure = std::get_if<ReadFailure>(&source)) return *failure;
-    const auto document = documentOf(*std::get<0>(source), what);
+// Why the component refuses a mapping file, where that is known.
+Problem problemOfContent(const SourceFile& file) {
+    const auto document = documentOf(file, kMapping);
     if (const auto* failure = std::get_if<ReadFailure>(&document)) return *failure;
-    return judge == nullptr ? Problem() : judge(path, std::get<JsonDocument>(document).root());
-}
-
-// The component has refused the files; find out why.
-ReadFailure explained(const std::string& mapping, const std::string& style) {
-    if (Problem problem = problemOfContent(mapping, kMapping, problemOfMapping)) return *problem;
-    if (Problem problem = problemOfContent(style, kStyle, nullptr)) return *problem;
-    return {fmt::format("{}, {}: cannot be loaded", mapping, style)};
+    return problemOfMapping(file.path(), std::get<JsonDocument>(document).root());
 }
 
 // Lanes that take one item after the other, the calling thread being the first.
@@ -89,19 +78,6 @@ Problem problemOfMappingDirectory(const std::string& path) {
         path.empty() ? "\"\"" : path, reason)};
 }
 
-LoadedMap loadMap(const std::string& mappingDirectory, const std::string& styleFile) {
-    const std::string mapping = mappingFileIn(mappingDirectory);
-    if (Problem problem = problemOfMappingDirectory(mappingDirectory)) return *problem;
-    if (Problem problem = problemOfFile(mapping, kMapping)) return *problem;
-    if (Problem problem = problemOfFile(styleFile, kStyle)) return *problem;
-
-    auto config = std::make_unique<CustomConfig>();
-    const std::string prefix = (fs::path(mappingDirectory) / "").string();
-    if (config->Init(prefix.c_str(), styleFile.c_str()) == 0) return explained(mapping, styleFile);
-    g_zrsdk_custom_style_enable = 1;
-    return config;
-}
-
 Surroundings hostSurroundings() {
     const std::size_t lanes = std::max(1U, std::thread::hardware_concurrency());
     const auto run = [lanes](std::size_t items, const WorkItem& work) { runInLanes(lanes, items, work); };
@@ -115,7 +91,7 @@ std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirecto
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
     const SourceFile& file = *std::get<0>(read);
     if (isAcceptedMapping(file.text())) return Mapping::given(std::string(file.text()));
-    if (Problem problem = problemOfContent(path, kMapping, problemOfMapping)) return *problem;
+    if (Problem problem = problemOfContent(file)) return *problem;
     return ReadFailure{fmt::format("{}: cannot be loaded", path)};
 }
 

@@ -1,4 +1,4 @@
-// Loading a map's two files with plain words for what goes wrong.
+// Loading a mapping and a style, with plain words for what goes wrong.
 #pragma once
 
 #include <memory>
@@ -6,7 +6,6 @@
 #include <string>
 #include <variant>
 
-#include "customstyle/CustomConfig.h"
 #include "tools/host/Files.h"
 #include "tools/study/StyleStudy.h"
 
@@ -17,13 +16,6 @@ std::string mappingFileIn(const std::string& mappingDirectory);
 
 /// Why there is no directory with a mapping file under a path, if so.
 std::optional<ReadFailure> problemOfMappingDirectory(const std::string& path);
-
-using LoadedMap = std::variant<std::unique_ptr<_orvik_framework::CustomConfig>, ReadFailure>;
-
-/// Loads the file "CustomIndex" of a directory and a style file, and turns the renderer's questions on. The component's
-/// log lines go where CVLog sends them. Where the component refuses the files, the failure tells what it does not.
-/// @param mappingDirectory  with or without a trailing separator
-LoadedMap loadMap(const std::string& mappingDirectory, const std::string& styleFile);
 
 /// With several lanes, one for each processor, and std::bad_alloc where memory runs out.
 Surroundings hostSurroundings();

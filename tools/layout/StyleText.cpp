@@ -8,8 +8,6 @@
 namespace customstyle_tool {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 std::optional<std::string> lossIn(const SourceFile& file, const JsonDocument& document) {
     if (file.text().starts_with(kByteOrderMark)) {
         return fmt::format("{}: the file starts with a byte order mark, which would be lost; save it without one",

@@ -1,7 +1,6 @@
 #include "tools/study/Mapping.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <memory>
 #include <set>
@@ -47,8 +46,6 @@ std::string textOfSpeakers(const Mapping& mapping) {
             // The first record of the land speaks for its background, even if no question finds it.
             if (kept.contains(id) || id == all.front()) ids.push_back(id);
         }
-        // The component drops a 0 at the head of a list; after another id it stays. No renderer asks for the lowest.
-        if (!ids.empty() && ids.front() == 0) ids.insert(ids.begin(), std::numeric_limits<int>::min());
         return ids;
     });
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tools/study/StyleKey.h"
 #include "tools/vocabulary/StyleFields.h"
 
 namespace customstyle_tool {
@@ -17,15 +16,6 @@ StoreImage::StoreImage(const CustomConfig& config)
       m_gridColorSet(config.m_gridColorSet != 0),
       m_allIconsHidden(config.m_allIconsHidden != 0) {
     for (const auto& [key, slot] : config.m_keyStyleMaps) addSlot(key, *slot);
-}
-
-StoreImage::StoreImage(const CustomConfig& config, const std::set<int>& featureTypes)
-    : m_gridColor(config.m_gridColor),
-      m_gridColorSet(config.m_gridColorSet != 0),
-      m_allIconsHidden(config.m_allIconsHidden != 0) {
-    for (const auto& [key, slot] : config.m_keyStyleMaps) {
-        if (featureTypes.contains(parsedKey(key).featureType)) addSlot(key, *slot);
-    }
 }
 
 void StoreImage::addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot) {
@@ -43,17 +33,6 @@ bool StoreImage::operator==(const StoreImage& other) const {
     return m_effectLevels == other.m_effectLevels && m_gridColor == other.m_gridColor &&
            m_gridColorSet == other.m_gridColorSet && m_allIconsHidden == other.m_allIconsHidden &&
            std::ranges::equal(m_slots, other.m_slots, sameSlot);
-}
-
-void StoreImage::restore(CustomConfig& config) const {
-    for (const auto& [key, records] : m_slots) {
-        auto saved = records.begin();
-        forEachSlotRecord(*config.m_keyStyleMaps.at(key),
-                          [&](int, tagCustomStyle& record) { record = (saved++)->style; });
-    }
-    config.m_gridColor = m_gridColor;
-    config.m_gridColorSet = m_gridColorSet ? 1 : 0;
-    config.m_allIconsHidden = m_allIconsHidden ? 1 : 0;
 }
 
 bool sameFields(const tagCustomStyle& left, const tagCustomStyle& right) {

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -24,22 +23,11 @@ class StoreImage {
 public:
     explicit StoreImage(const _orvik_framework::CustomConfig& config);
 
-    /// Holds the records of these feature types only, and no registered levels.
-    StoreImage(const _orvik_framework::CustomConfig& config, const std::set<int>& featureTypes);
-
     /// The records of each key that has a slot, in the slot's order.
     const std::map<std::string, std::vector<ImageRecord>>& slots() const { return m_slots; }
 
-    bool gridColorSet() const { return m_gridColorSet; }
-    std::uint64_t gridColor() const { return m_gridColor; }
-    bool allIconsHidden() const { return m_allIconsHidden; }
-
     /// Field by field; padding does not count.
     bool operator==(const StoreImage& other) const;
-
-    /// Writes the records that the image holds, the grid colour and the icon switch back into a store that has the same
-    /// keys and records.
-    void restore(_orvik_framework::CustomConfig& config) const;
 
 private:
     void addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot);
