@@ -124,7 +124,7 @@ std::string failuresText(std::span<const ExpectationFailure> failures, const Sou
     std::string text;
     for (const ExpectationFailure& failure : failures) {
         const Expectation& expectation = *failure.expectation;
-        text += fmt::format("{}: {}\n  expected {}\n  found    {} {}\n", file.place(expectation.offset),
+        text += fmt::format("{}: {}\n  expected {}\n  found    {} {}\n", escapedText(file.place(expectation.offset)),
                             escapedText(expectation.text), valueWords(expectation, expectation.value, style.config()),
                             valueWords(expectation, failure.value, style.config()), placeWords(failure));
         const Explanation explanation = explainer.explain(firstStyleId(failure), firstLevel(failure.levels));

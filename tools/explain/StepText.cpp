@@ -52,7 +52,7 @@ StylerNote noteOf(const StyleSource& style, const ReplayStep& step) {
 std::string stylerText(const StylerNote& note) {
     const std::string level = note.level ? fmt::format(" at level {}", *note.level) : "";
     const std::string variable = note.variable.empty() ? "" : fmt::format(" ({})", note.variable);
-    return fmt::format("rule {}, {}:{}:{}: {} {}{} on {} {}{}", note.rule, note.file, note.position.line,
+    return fmt::format("rule {}, {}:{}:{}: {} {}{} on {} {}{}", note.rule, escapedText(note.file), note.position.line,
                        note.position.column, note.styler, escapedText(note.value), escapedText(variable),
                        escapedText(note.featureType), escapedText(note.elementType), escapedText(level));
 }
