@@ -11,7 +11,8 @@
 
 namespace customstyle_tool {
 
-/// A JSON document with a "version" and a list of answers, a line each, built up one after the other.
+/// A JSON document with a "version" and a list of answers, a line each, built up one after the other. Whether an icon
+/// is hidden is the renderer's answer; the icon flag inside the record is not there.
 class AnswerList {
 public:
     /// @param name  of the list

@@ -10,7 +10,8 @@
 namespace customstyle_tool {
 
 /// Expectations that say all of a style's answers for a feature type, or a style id, at levels: those that hold for
-/// another style with the same answers, and for no other one.
+/// another style with the same answers, and for no other one. The icon flag inside the record, which no expectation
+/// can name, is left out; the answer about the icon is there.
 ///
 /// They are about the whole feature type where all of its style ids have the same answers, else about each style id.
 ///
