@@ -160,8 +160,9 @@ void sizeNotDigits(const LoggedLine& logged) {
     Finding& finding =
         logged.add(Code::SizeNotDigits, value,
                    fmt::format("{} is not only digits; the {} is dropped", inQuotes(text), logged.step.styler));
-    if (!digits.empty())
-        finding.remedy = fmt::format("write \"{}\", or another whole number up to 255", digits.substr(0, 9));
+    const bool isInRange = digits.size() < 3 || (digits.size() == 3 && digits <= "255");
+    if (!digits.empty() && isInRange)
+        finding.remedy = fmt::format("write \"{}\", or another whole number up to 255", digits);
 }
 
 // ---- The lines ------------------------------------------------------------------------------------------------------
@@ -189,7 +190,7 @@ constexpr LogRow kRows[] = {
 
 void otherLine(const LoggedLine& logged) {
     Finding& finding =
-        logged.check.add(Code::OtherLogLine, logged.step, "the component has something to say about this");
+        logged.check.add(Code::OtherLogLine, logged.step, "the component logs a line about this");
     finding.log = logged.line;
 }
 

@@ -27,6 +27,7 @@
 #include "tools/host/AtomicFile.h"
 #include "tools/host/LoadLog.h"
 #include "tools/host/LoadedMap.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -65,6 +66,41 @@ std::string problemOfSeconds(const std::string& text) {
     return secondsIn(text) ? "" : fmt::format("\"{}\" is not a number of seconds", text);
 }
 
+// What the proofs about the styles of a run were made for, and how far they came.
+class ProofScope {
+public:
+    void add(const CheckedStyle& checked) {
+        if (checked.study == nullptr || !checked.study->source().isWhole()) {
+            m_isAnyBroken = true;
+            return;
+        }
+        const bool isMapped = checked.study->mapping().kind() == Mapping::Kind::Given;
+        (isMapped ? m_isAnyMapped : m_isAnyForEveryMap) = true;
+        m_isAnyStopped |=
+            std::ranges::find(checked.findings, Code::EffectsUnproven, &Finding::code) != checked.findings.end();
+    }
+
+    std::string text() const {
+        return fmt::format("effects proven for {}{}{}", where(), m_isAnyBroken ? kBroken : "",
+                           m_isAnyStopped ? ", except where the time ran out" : "");
+    }
+
+private:
+    static constexpr const char* kBroken = ", except in files that are not JSON";
+
+    std::string where() const {
+        const std::string mapped = "every style id of the mapping at every level";
+        const std::string everyMap = "every map: give --mapping DIR to prove them for yours";
+        if (!m_isAnyMapped) return everyMap;
+        return m_isAnyForEveryMap ? fmt::format("{}; for styles without a mapping, for {}", mapped, everyMap) : mapped;
+    }
+
+    bool m_isAnyMapped = false;
+    bool m_isAnyForEveryMap = false;
+    bool m_isAnyBroken = false;
+    bool m_isAnyStopped = false;
+};
+
 // Prints findings in a format, those of one file after the other where the format allows it.
 class Reporter {
 public:
@@ -75,7 +111,6 @@ public:
         const auto [errors, warnings, notes] = countFindings(checked.findings);
         m_counts = {m_counts.errors + errors, m_counts.warnings + warnings, m_counts.notes + notes};
         ++m_fileCount;
-        m_isAnyBroken |= checked.study != nullptr && !checked.study->source().isWhole();
         if (m_arguments.quiet) {
             std::erase_if(checked.findings, [](const Finding& each) { return severityOf(each) != Severity::Error; });
         }
@@ -86,13 +121,12 @@ public:
         for (const Finding& finding : checked.findings) print(textOf(finding, checked.study.get()));
     }
 
-    /// @param isMapped    whether effects are proven for a mapping
     /// @param unreadable  why files could not be read
-    void finish(bool isMapped, const std::vector<std::string>& unreadable) {
+    void finish(const ProofScope& scope, const std::vector<std::string>& unreadable) {
         if (m_arguments.format == "json") print(reportJson(m_checked, unreadable));
         if (m_arguments.format == "sarif") print(reportSarif(m_checked, unreadable));
         const bool isQuiet = m_arguments.quiet || m_arguments.format != "text";
-        if (!isQuiet && m_counts.errors + m_counts.warnings + m_counts.notes > 0) printSummary(isMapped);
+        if (!isQuiet && m_counts.errors + m_counts.warnings + m_counts.notes > 0) printSummary(scope);
     }
 
     const FindingCounts& counts() const { return m_counts; }
@@ -111,19 +145,14 @@ private:
         return head + markdownReport(finding);
     }
 
-    void printSummary(bool isMapped) const {
-        fmt::print("{}: {}, {}, {}; effects proven for {}{}\n", counted(m_fileCount, "file"),
-                   counted(m_counts.errors, "error"), counted(m_counts.warnings, "warning"),
-                   counted(m_counts.notes, "note"),
-                   isMapped ? "every style id of the mapping at every level"
-                            : "every map: give --mapping DIR to prove them for yours",
-                   m_isAnyBroken ? ", except in files that are not JSON" : "");
+    void printSummary(const ProofScope& scope) const {
+        fmt::print("{}: {}, {}, {}; {}\n", counted(m_fileCount, "file"), counted(m_counts.errors, "error"),
+                   counted(m_counts.warnings, "warning"), counted(m_counts.notes, "note"), scope.text());
     }
 
     const CheckArguments& m_arguments;
     bool m_isColored;
     bool m_hasHead = false;
-    bool m_isAnyBroken = false;
     std::size_t m_fileCount = 0;
     FindingCounts m_counts;
     std::vector<CheckedFile> m_checked;
@@ -142,15 +171,17 @@ public:
         for (const std::string& problem : files.problems) report({problem});
         if (m_arguments.mappingDirectory) mappingIn(*m_arguments.mappingDirectory, {});
         for (const std::string& path : files.paths) checkFile(path);
-        m_reporter.finish(m_isMapped, m_unreadable);
+        m_reporter.finish(m_scope, m_unreadable);
         if (m_arguments.newBaseline && !writeBaseline()) return kMisuse;
         if (m_hasFailed) return kMisuse;
-        const FindingCounts& counts = m_reporter.counts();
-        if (m_hasChanges) return kFinding;
-        return counts.errors > 0 || (m_warningsAreErrors && counts.warnings > 0) ? kFinding : kGood;
+        return m_hasChanges || isFaulty(m_reporter.counts()) || isFaulty(m_unshown) ? kFinding : kGood;
     }
 
 private:
+    bool isFaulty(const FindingCounts& counts) const {
+        return counts.errors > 0 || (m_warningsAreErrors && counts.warnings > 0);
+    }
+
     void report(const ReadFailure& failure) {
         complainOf(failure);
         m_unreadable.push_back(failure.text);
@@ -211,10 +242,7 @@ private:
         }
         std::unique_ptr<SourceFile> file = read(mappingFileIn(directory), "mapping file");
         if (file == nullptr) return mapping;
-        if (isAcceptedMapping(file->text())) {
-            mapping = Mapping::given(std::string(file->text()));
-            m_isMapped = true;
-        }
+        if (isAcceptedMapping(file->text())) mapping = Mapping::given(std::string(file->text()));
         std::vector<Finding> findings = checkMapping(*file, m_arguments.effects || configuration.effects, logOfMapping);
         m_filter.apply(findings, configuration, nullptr);
         m_reporter.report({std::move(file), std::move(findings)});
@@ -237,12 +265,19 @@ private:
             const std::shared_ptr<const SourceFile> original = file;
             const std::size_t count = fixAll(file, checked, mapping, *configuration);
             deliver(path, *original, *file, count);
-            if (m_arguments.diff || path == "-") return judgeOnly(checked, *configuration);
         }
+        m_scope.add(checked);
         const StyleSource* const style = checked.study == nullptr ? nullptr : &checked.study->source();
         for (const std::string& problem : m_filter.apply(checked.findings, *configuration, style)) report({problem});
         m_warningsAreErrors |= m_arguments.warningsAreErrors || configuration->warningsAreErrors;
+        // Where a text has gone to standard output, findings would spoil it.
+        if (m_arguments.fix && (m_arguments.diff || path == "-")) return count(checked.findings);
         reportByFile(file, std::move(checked));
+    }
+
+    void count(const std::vector<Finding>& findings) {
+        const auto [errors, warnings, notes] = countFindings(findings);
+        m_unshown = {m_unshown.errors + errors, m_unshown.warnings + warnings, m_unshown.notes + notes};
     }
 
     std::shared_ptr<const SourceFile> readStyleFile(const std::string& path) {
@@ -315,15 +350,8 @@ private:
         } else if (before.text() != after.text()) {
             const std::optional<std::string> problem = writeWhole(path, after.text());
             if (problem) return report({*problem});
-            if (!m_arguments.quiet) fmt::print(stderr, "{}: {} made\n", path, counted(count, "edit"));
+            if (!m_arguments.quiet) fmt::print(stderr, "{}: {} made\n", escapedText(path), counted(count, "edit"));
         }
-    }
-
-    // Where a text has gone to standard output, findings would spoil it.
-    void judgeOnly(CheckedStyle& checked, const Configuration& configuration) {
-        const StyleSource* const style = checked.study == nullptr ? nullptr : &checked.study->source();
-        m_filter.apply(checked.findings, configuration, style);
-        m_hasChanges |= countFindings(checked.findings).errors > 0;
     }
 
     const CheckArguments& m_arguments;
@@ -335,10 +363,11 @@ private:
     std::set<std::string> m_brokenConfigurations;
     std::map<std::string, Mapping> m_mappings;
     std::vector<std::string> m_unreadable;
-    bool m_isMapped = false;
+    ProofScope m_scope;
     bool m_warningsAreErrors = false;
     bool m_hasFailed = false;
-    bool m_hasChanges = false;  ///< that are shown, or errors that are not
+    bool m_hasChanges = false;  ///< that are shown
+    FindingCounts m_unshown;
 };
 
 int check(const CheckArguments& arguments) {
@@ -386,7 +415,7 @@ std::vector<Option> reportOptions(CheckArguments& arguments) {
          .target = &arguments.effects},
         {.names = "--proof-time",
          .value = "SECONDS",
-         .help = "End the proofs after so many seconds and say how many are missing; 0 for as long as it takes",
+         .help = "Stop proving after this many seconds and report how many proofs are missing; 0 for no limit",
          .target = &arguments.proofTime,
          .problem = problemOfSeconds}};
 }
