@@ -189,8 +189,7 @@ constexpr LogRow kRows[] = {
 };
 
 void otherLine(const LoggedLine& logged) {
-    Finding& finding =
-        logged.check.add(Code::OtherLogLine, logged.step, "the component logs a line about this");
+    Finding& finding = logged.check.add(Code::OtherLogLine, logged.step, "the component logs a line about this");
     finding.log = logged.line;
 }
 
