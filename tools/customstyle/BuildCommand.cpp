@@ -78,7 +78,7 @@ Command buildCommand() {
         .run = [arguments] { return build(*arguments); }};
 }
 
-const Registration registration(buildCommand);
+const Registration buildRegistration(buildCommand);
 
 }  // namespace
 }  // namespace customstyle_tool

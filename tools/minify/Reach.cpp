@@ -46,7 +46,8 @@ std::vector<int> typesReachedFromType(int featureType) {
 
 std::vector<std::vector<int>> typesReachedFromAll() {
     std::vector<std::vector<int>> reached;
-    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) reached.push_back(typesReachedFromType(type));
+    for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type)
+        reached.push_back(typesReachedFromType(type));
     return reached;
 }
 
