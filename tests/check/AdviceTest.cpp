@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/check/CheckedText.h"
 #include "tests/study/Sources.h"
 #include "tests/support/RandomFiles.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/DefaultMapping.h"
 #include "tools/study/StoreDifference.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_test {
 namespace {
@@ -49,6 +52,27 @@ TEST(WhatCanGo, IsOneOfTwoRulesThatSayTheSame) {
     EXPECT_THAT(saidOf(file),
                 ElementsAre("2 no-effect: the rule has no effect on the map: it says the same as rule 1"));
     EXPECT_TRUE(file.findings[0].canGo);
+}
+
+// A rule for "all" takes a slot; where all are taken, that one would go to a rule that is refused.
+TEST(WhatCanGo, LeavesTheSlotsOfAFullStoreAsTheyAre) {
+    const auto isRemovable = [](const std::string& rules) {
+        const CheckedFile file =
+            checkedStyle("[" + ruleText("all", "geometry", R"({"color": "#112233"})") + rules + "]");
+        const auto found = std::ranges::find(file.findings, Code::AllReachesNothing, &Finding::code);
+        EXPECT_NE(found, file.findings.end());
+        return found != file.findings.end() && found->canGo;
+    };
+    std::string rules;
+    for (int level = 4; level <= 21; ++level) {
+        for (int type = 0; type < 72; ++type) {
+            rules +=
+                ",\n" + ruleText(catalogue().GetFeatureTypeName(type), "geometry.fill",
+                                 fmt::format(R"({{"color": "#{:06x}", "level": "{}"}})", 100 * type + level, level));
+        }
+    }
+    EXPECT_TRUE(isRemovable(""));
+    EXPECT_FALSE(isRemovable(rules));
 }
 
 // Without the third rule the second shows, and so the third can only go after it.

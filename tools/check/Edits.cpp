@@ -4,6 +4,8 @@
 #include <optional>
 #include <set>
 
+#include "tools/vocabulary/Stylers.h"
+
 namespace customstyle_tool {
 namespace {
 
@@ -63,8 +65,9 @@ std::set<std::size_t> goneMembers(const std::set<TakenOut>& takenOut, std::size_
     return gone;
 }
 
-bool isLevel(JsonValue member) {
-    return member.name() == "level";
+// What is left of a rule without a styler is a mistake of its own.
+bool isStyler(JsonValue member) {
+    return stylerNamed(member.name()) != nullptr;
 }
 
 std::vector<Edit> removals(const std::set<TakenOut>& takenOut, const StyleSource& style) {
@@ -76,7 +79,7 @@ std::vector<Edit> removals(const std::set<TakenOut>& takenOut, const StyleSource
         std::vector<JsonValue> members;
         if (stylers) members.assign(stylers->children().begin(), stylers->children().end());
         std::size_t left = 0;
-        for (std::size_t i = 0; i < members.size(); ++i) left += gone.contains(i) || isLevel(members[i]) ? 0 : 1;
+        for (std::size_t i = 0; i < members.size(); ++i) left += isStyler(members[i]) && !gone.contains(i) ? 1 : 0;
         if (takenOut.contains({rule, {}}) || (!gone.empty() && left == 0))
             goneRules.insert(rule);
         else

@@ -34,6 +34,17 @@ std::optional<int> otherAnswering(const StyleStudy& study, const Speaker& speake
     return {};
 }
 
+// Whether other types answer at each level at which the record can be in effect.
+bool othersAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch) {
+    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
+        const int level = levelOfClass(levelClass);
+        if (touch.level && *touch.level != level) continue;
+        const int featureType = ask(study.spokenConfig(), speaker.styleId, level).featureType;
+        if (featureType == -1 || featureType == touch.featureType) return false;
+    }
+    return true;
+}
+
 template <typename Visit>
 void forEachSpeakerOf(const StyleStudy& study, int featureType, Visit visit) {
     for (const Speaker& speaker : study.mapping().speakers()) {
@@ -190,7 +201,7 @@ private:
         return isInRecordsOnly() && allTouches([&](const RecordTouch& touch) {
                    bool areOthers = true;
                    forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
-                       areOthers = areOthers && otherAnswering(m_found.study(), speaker, touch, false).has_value();
+                       areOthers = areOthers && othersAnswer(m_found.study(), speaker, touch);
                    });
                    return areOthers;
                });
@@ -325,10 +336,14 @@ std::vector<Finding> findEffects(const StyleStudy& study, const std::vector<Find
 }
 
 void markIdle(const StyleStudy& study, std::vector<Finding>& findings) {
+    // In a full store, a slot less is a slot for a key that was refused.
+    const bool isFull =
+        std::ranges::any_of(study.steps(), [](const ReplayStep& step) { return !step.refused.empty(); });
     for (Finding& finding : findings) {
         if (!finding.step || infoOf(finding.code).severity == Severity::Error) continue;
         const ReplayStep& step = study.steps()[*finding.step];
-        finding.canGo |= doesNothing(step) && step.log.empty() && step.refused.empty();
+        const bool keepsSlots = step.newKeys.empty() || !isFull;
+        finding.canGo |= doesNothing(step) && step.log.empty() && step.refused.empty() && keepsSlots;
     }
 }
 
