@@ -20,29 +20,33 @@ bool doesNothing(const ReplayStep& step) {
     return step.touches.empty() && !step.gridColor && !step.hidesEveryIcon;
 }
 
-// Another type that answers for a record at one of the levels at which it can be in effect, if one does.
-// @param exceptSame  whether an answer with the same values does not count
-std::optional<int> otherAnswering(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch,
-                                  bool exceptSame) {
+// The first answer that passes the test, of those at the levels at which a record can be in effect.
+template <typename Test>
+std::optional<Answer> findAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch, Test test) {
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
         const int level = levelOfClass(levelClass);
         if (touch.level && *touch.level != level) continue;
         const Answer answer = ask(study.spokenConfig(), speaker.styleId, level);
-        const bool isOther = answer.featureType != -1 && answer.featureType != touch.featureType;
-        if (isOther && !(exceptSame && sameFields(answer.style, touch.after))) return answer.featureType;
+        if (test(answer)) return answer;
     }
     return {};
 }
 
-// Whether other types answer at each level at which the record can be in effect.
+bool isOfOtherType(const Answer& answer, const RecordTouch& touch) {
+    return answer.featureType != -1 && answer.featureType != touch.featureType;
+}
+
+// Another type that answers at one of these levels, and with other values, if one does.
+std::optional<int> otherAnswering(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch) {
+    const auto found = findAnswer(study, speaker, touch, [&](const Answer& answer) {
+        return isOfOtherType(answer, touch) && !sameFields(answer.style, touch.after);
+    });
+    return found ? std::optional(found->featureType) : std::nullopt;
+}
+
+// Whether other types answer at all of these levels.
 bool othersAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch) {
-    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
-        const int level = levelOfClass(levelClass);
-        if (touch.level && *touch.level != level) continue;
-        const int featureType = ask(study.spokenConfig(), speaker.styleId, level).featureType;
-        if (featureType == -1 || featureType == touch.featureType) return false;
-    }
-    return true;
+    return !findAnswer(study, speaker, touch, [&](const Answer& answer) { return !isOfOtherType(answer, touch); });
 }
 
 template <typename Visit>
@@ -276,8 +280,7 @@ private:
         if (m_found.study().mapping().kind() == Mapping::Kind::EveryMap) return false;
         bool isFound = false;
         forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
-            const std::optional<int> other =
-                isFound ? std::nullopt : otherAnswering(m_found.study(), speaker, touch, true);
+            const std::optional<int> other = isFound ? std::nullopt : otherAnswering(m_found.study(), speaker, touch);
             if (!other) return;
             isFound = true;
             m_found.add(Code::SharedIdsLost, step,
