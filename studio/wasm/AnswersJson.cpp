@@ -8,7 +8,6 @@
 #include "tools/study/Answers.h"
 #include "tools/vocabulary/JsonParts.h"
 #include "tools/vocabulary/Levels.h"
-#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_studio {
 namespace {
@@ -18,15 +17,10 @@ using Json = nlohmann::ordered_json;
 using _orvik_framework::CustomConfig;
 
 Json recordJson(const CustomConfig& config, const Answer& answer) {
-    Json style = Json::object();
-    for (const auto& field : customstyle_tool::applyingFields(answer.style)) {
-        style[customstyle_tool::memberName(field.name)] =
-            field.isColor ? customstyle_tool::colorJson(field.value) : Json(field.value);
-    }
     const int type = answer.featureType;
     return {{"type", type == -1 ? Json(nullptr) : Json(config.GetFeatureTypeName(type))},
             {"icon_hidden", answer.iconHidden},
-            {"style", style}};
+            {"style", customstyle_tool::styleJson(answer.style)}};
 }
 
 // Numbers the records in the order in which they are first seen.

@@ -19,12 +19,6 @@ namespace {
 using _orvik_framework::EMAPCUSTOMSTYLE_GRID;
 using _orvik_framework::EMAPCUSTOMSTYLE_LAND;
 
-std::string atLevels(const LevelSet& levels) {
-    if (levels.all()) return "at all levels";
-    const bool isOne = levels.count() == 1 && !levels[kOtherLevels];
-    return fmt::format("at {} {}", isOne ? "level" : "levels", levelsText(levels));
-}
-
 // The owners of the record of the land that is in effect at a level; null for none.
 const RecordOwners* landOwners(const StyleStudy& study, std::size_t levelClass) {
     const RecordOwners* ofAll = nullptr;
@@ -65,7 +59,7 @@ void findLand(StyleFindings& found) {
         const Styler* const styler = stylerNamed(step.styler);
         if (blame.wroteFill && styler->kind == StylerKind::Color) continue;  // a colour that its author chose
         found.add(blame.wroteFill ? Code::LandHidden : Code::LandInvisible, step,
-                  fmt::format("the land's background becomes {} {}{}", colorText(0), atLevels(levels),
+                  fmt::format("the land's background becomes {} at {}{}", colorText(0), levelsPhrase(levels),
                               blame.wroteFill ? "" : ": the land is customised, and no rule gives it a fill"));
     }
 }

@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/vocabulary/JsonParts.h"
-#include "tools/vocabulary/RecordText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -15,18 +14,10 @@ using Json = nlohmann::ordered_json;
 
 constexpr int kVersion = 1;
 
-Json styleOf(const Answer& answer) {
-    Json style = Json::object();
-    for (const FieldText& field : applyingFields(answer.style)) {
-        style[memberName(field.name)] = field.isColor ? colorJson(field.value) : Json(field.value);
-    }
-    return style;
-}
-
 std::string lineOf(Json head, const CustomConfig& config, const Answer& answer) {
     const int type = answer.featureType;
     head["feature_type"] = type == -1 ? Json(nullptr) : Json(config.GetFeatureTypeName(type));
-    head["style"] = styleOf(answer);
+    head["style"] = styleJson(answer.style);
     head["icon"] = answer.iconHidden ? "hidden" : "shown";
     return head.dump();
 }

@@ -18,6 +18,14 @@ Json colorJson(std::uint64_t packedColor) {
     return {{"rgb", rgbText(packedColor)}, {"alpha", alphaOf(packedColor)}};
 }
 
+Json styleJson(const _orvik_framework::tagCustomStyle& style) {
+    Json members = Json::object();
+    for (const FieldText& field : applyingFields(style)) {
+        members[memberName(field.name)] = field.isColor ? colorJson(field.value) : Json(field.value);
+    }
+    return members;
+}
+
 Json levelsJson(const LevelSet& levels) {
     Json list = Json::array();
     for (std::size_t levelClass = 0; levelClass < kOtherLevels; ++levelClass) {

@@ -5,6 +5,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 
+#include "customstyle/CustomConfig.h"
 #include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
@@ -14,6 +15,9 @@ std::string memberName(std::string fieldName);
 
 /// {"rgb": "#aadaff", "alpha": 255}
 nlohmann::ordered_json colorJson(std::uint64_t packedColor);
+
+/// The values that apply: {"fill": {"rgb": "#aadaff", "alpha": 255}, "font_size": 24}
+nlohmann::ordered_json styleJson(const _orvik_framework::tagCustomStyle& style);
 
 /// [4, 5, 12, "other"]
 nlohmann::ordered_json levelsJson(const LevelSet& levels);

@@ -37,4 +37,10 @@ std::string levelsText(const LevelSet& levels) {
     return fmt::format("{}", fmt::join(parts, ", "));
 }
 
+std::string levelsPhrase(const LevelSet& levels) {
+    if (levels.all()) return "all levels";
+    const bool isOne = levels.count() == 1 && !levels[kOtherLevels];
+    return fmt::format("{} {}", isOne ? "level" : "levels", levelsText(levels));
+}
+
 }  // namespace customstyle_tool

@@ -26,4 +26,7 @@ using LevelSet = std::bitset<kLevelClassCount>;
 /// Names a set of levels: "all levels", "4-9, 12, other".
 std::string levelsText(const LevelSet& levels);
 
+/// The same in a sentence: "all levels", "level 12", "levels 4-9, other".
+std::string levelsPhrase(const LevelSet& levels);
+
 }  // namespace customstyle_tool
