@@ -14,15 +14,25 @@ if (!after || unknown) {
   process.exit(2);
 }
 
-async function shot(page, style, view) {
-  const isRead = await page.evaluate(async ([name, text, camera]) => {
+function textOf(path) {
+  try {
+    return readFileSync(path, 'utf8');
+  } catch (error) {
+    console.error(`${path}: cannot be read: ${error.message}`);
+    process.exit(2);
+  }
+}
+const styles = {before: {name: basename(before), text: textOf(before)}, after: {name: basename(after), text: textOf(after)}};
+
+async function shot(page, {name: style, text: styleText}, view) {
+  const problem = await page.evaluate(async ([name, text, camera]) => {
     const {studio} = window;
     await studio.load(name, text);
     studio.goToCamera(camera);
     const answers = await studio.ask({method: 'answers', style: {path: name, text}});
     return answers.error ?? null;
-  }, [basename(style), readFileSync(style, 'utf8'), views[view]]);
-  if (isRead) throw new Error(isRead);
+  }, [style, styleText, views[view]]);
+  if (problem) throw new Error(problem);
   await page.waitForFunction(() => window.studio.settled === window.studio.editor.text);
   await whenDrawn(page);
   return page.locator('#map').screenshot();
@@ -51,13 +61,16 @@ const differenceOf = (page, ...pictures) => page.evaluate(async (texts) => {
   return {count, share: count / (first.data.length / 4), png: canvas.toDataURL('image/png').split(',')[1]};
 }, pictures.map((png) => png.toString('base64')));
 
-const started = await startBrowser();
+const started = await startBrowser().catch((error) => {
+  console.error(error.message);
+  process.exit(2);
+});
 let isEqual = true;
 try {
   const {page} = await openStudio(started, {size: {width: 1280, height: 800}});
-  mkdirSync(folder, {recursive: true});
   for (const view of names) {
-    const pictures = {before: await shot(page, before, view), after: await shot(page, after, view)};
+    const pictures = {before: await shot(page, styles.before, view), after: await shot(page, styles.after, view)};
+    mkdirSync(folder, {recursive: true});
     const {count, share, png} = await differenceOf(page, pictures.before, pictures.after);
     pictures.difference = Buffer.from(png, 'base64');
     for (const [kind, picture] of Object.entries(pictures)) {

@@ -9,6 +9,7 @@ import {chromium} from 'playwright-core';
 const build = join(dirname(fileURLToPath(import.meta.url)), '../../../build');
 export const builtPage = process.env.CUSTOMSTYLE_STUDIO ?? join(build, 'studio');
 export const tool = process.env.CUSTOMSTYLE_TOOL ?? join(build, 'release/customstyle');
+const kBrowser = '/usr/bin/chromium';
 const kPatience = 60_000; // milliseconds; software rendering on a busy machine takes its time
 
 /** Starts a program that says in its first line at which address it listens. */
@@ -29,8 +30,9 @@ export const startStudio = (...words) => startServer(tool, ['studio', '--port', 
 export async function startBrowser(words = []) {
   if (!existsSync(join(builtPage, 'page.js'))) throw new Error(`${builtPage}: no page; run script/studio --build`);
   if (!existsSync(tool)) throw new Error(`${tool}: no such tool; build it, or name it in CUSTOMSTYLE_TOOL`);
+  if (!existsSync(kBrowser)) throw new Error(`${kBrowser}: no such browser; run script/setup studio`);
   const server = await startStudio(...words);
-  const browser = await chromium.launch({executablePath: '/usr/bin/chromium',
+  const browser = await chromium.launch({executablePath: kBrowser,
     args: ['--enable-unsafe-swiftshader', '--no-sandbox', '--disable-dev-shm-usage']});
   const close = async () => {
     await browser.close();
