@@ -6,6 +6,7 @@ import {createRequire} from 'node:module';
 import {dirname, join, resolve} from 'node:path';
 import {fileURLToPath} from 'node:url';
 import {build} from 'esbuild';
+import {Component} from '../wasm/component.mjs';
 
 const here = dirname(fileURLToPath(import.meta.url));
 const root = join(here, '../..');
@@ -54,6 +55,13 @@ function makeTiles() {
   execFileSync(process.execPath, [join(here, 'tiles.mjs'), mapping, tiles], {stdio: 'inherit'});
 }
 
+// What rules can say is the module's to know; asking it takes a second, so that the page gets it as a file.
+async function writeVocabulary() {
+  const component = new Component(await WebAssembly.compile(readFileSync(join(output, 'customstyle.wasm'))));
+  const vocabulary = {...component.answer({method: 'complete'}), ...component.answer({method: 'takes'})};
+  writeFileSync(join(output, 'vocabulary.json'), JSON.stringify(vocabulary));
+}
+
 mkdirSync(output, {recursive: true});
 const maplibre = join(folderOf('maplibre-gl', 'package.json'), 'dist');
 for (const file of readdirSync(maplibre).filter((name) => /^maplibre-gl-(worker|shared)\.mjs$/.test(name))) {
@@ -68,6 +76,7 @@ copyIcons();
 copyFonts();
 copyExamples();
 makeTiles();
+await writeVocabulary();
 await build({
   entryPoints: {page: join(here, 'src/main.js'), 'component-worker': join(here, 'src/component-worker.js')},
   bundle: true, format: 'esm', minify: true, sourcemap: true, target: 'es2022', outdir: output, logLevel: 'warning',

@@ -28,6 +28,8 @@
 namespace customstyle_studio {
 namespace {
 
+using customstyle_tool::CheckedFile;
+using customstyle_tool::CheckOptions;
 using customstyle_tool::JsonDocument;
 using customstyle_tool::JsonValue;
 using customstyle_tool::Mapping;
@@ -38,6 +40,7 @@ using customstyle_tool::StyleText;
 using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kKeptStyles = 3;
+constexpr std::size_t kKeptText = 2'000'000;  // bytes; what is known of a style takes a hundred times as much memory
 
 struct File {
     std::string path;
@@ -81,6 +84,8 @@ std::string withoutRule(const StyleStudy& style, std::size_t left) {
     return "[" + text + "]";
 }
 
+using SharedStudy = std::shared_ptr<const StyleStudy>;
+
 /// The mapping that the page works with, and the styles that it asked about last.
 class Desk {
 public:
@@ -97,30 +102,41 @@ public:
         return R"({"accepted":true})";
     }
 
-    std::variant<const StyleStudy*, ReadFailure> style(const File& file) {
-        const auto isSame = [&](const auto& kept) {
-            return kept->source().file().path() == file.path && kept->source().file().text() == file.text;
+    std::variant<SharedStudy, ReadFailure> style(const File& file) {
+        const auto isSame = [&](const SharedStudy& kept) {
+            return fileOf(kept).path() == file.path && fileOf(kept).text() == file.text;
         };
         const auto known = std::ranges::find_if(m_styles, isSame);
         if (known == m_styles.end()) return study(file);
         m_styles.splice(m_styles.begin(), m_styles, known);
-        return m_styles.front().get();
+        return m_styles.front();
     }
 
 private:
-    std::variant<const StyleStudy*, ReadFailure> study(const File& file) {
+    static const SourceFile& fileOf(const SharedStudy& style) { return style->source().file(); }
+
+    std::variant<SharedStudy, ReadFailure> study(const File& file) {
         auto source = std::make_shared<const SourceFile>(file.path, file.text);
         auto document = customstyle_tool::documentOf(*source, "style file");
         if (const ReadFailure* failure = std::get_if<ReadFailure>(&document)) return *failure;
+        makeRoomFor(file);
         m_styles.push_front(
-            std::make_unique<StyleStudy>(std::move(source), std::get<JsonDocument>(std::move(document)), m_mapping));
-        if (m_styles.size() > kKeptStyles) m_styles.pop_back();
-        return m_styles.front().get();
+            std::make_shared<StyleStudy>(std::move(source), std::get<JsonDocument>(std::move(document)), m_mapping));
+        return m_styles.front();
+    }
+
+    void makeRoomFor(const File& file) {
+        std::size_t count = 1;
+        std::size_t size = file.text.size();
+        std::erase_if(m_styles, [&](const SharedStudy& kept) {
+            size += fileOf(kept).text().size();
+            return ++count > kKeptStyles || size > kKeptText;
+        });
     }
 
     File m_mappingFile;
     Mapping m_mapping = Mapping::standard();
-    std::list<std::unique_ptr<StyleStudy>> m_styles;
+    std::list<SharedStudy> m_styles;  // what was asked about last stands first
 };
 
 Desk& desk() {
@@ -135,7 +151,7 @@ std::string withStyle(const Json& request, const char* name, Use use) {
     if (!file) return failed(fmt::format(R"(the request needs "{}": {{"path", "text"}})", name));
     const auto style = desk().style(*file);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&style)) return failed(failure->text);
-    return use(*std::get<0>(style));
+    return use(*std::get<SharedStudy>(style));
 }
 
 std::string setMapping(const Json& request) {
@@ -164,20 +180,31 @@ bool isSet(const Json& request, const char* name) {
     return member != request.end() && *member == true;
 }
 
+// A text that is no style has findings, too.
+CheckedFile checkedStyle(const File& file, const CheckOptions& options) {
+    const auto style = desk().style(file);
+    if (const SharedStudy* study = std::get_if<SharedStudy>(&style)) {
+        const std::shared_ptr<const SourceFile> source(*study, &(*study)->source().file());
+        return {source, customstyle_tool::checkStyle(**study, options), *study};
+    }
+    const auto source = std::make_shared<const SourceFile>(file.path, file.text);
+    auto [study, findings] = customstyle_tool::checkStyle(source, desk().mapping(), options, {}, refusalOfStyle);
+    return {source, std::move(findings), std::move(study)};
+}
+
+CheckedFile checkedMapping(const CheckOptions& options) {
+    auto mapping = std::make_shared<const SourceFile>(desk().mappingFile().path, desk().mappingFile().text);
+    auto findings = customstyle_tool::checkMapping(*mapping, options.effects, refusalOfMapping);
+    return {std::move(mapping), std::move(findings)};
+}
+
 std::string check(const Json& request) {
     const auto file = fileIn(request, "style");
     if (!file) return failed(R"(the request needs "style": {"path", "text"})");
-    const bool effects = isSet(request, "effects");
-    std::vector<customstyle_tool::CheckedFile> checked;
-    if (isSet(request, "with_mapping")) {
-        auto mapping = std::make_shared<const SourceFile>(desk().mappingFile().path, desk().mappingFile().text);
-        auto findings = customstyle_tool::checkMapping(*mapping, effects, refusalOfMapping);
-        checked.push_back({std::move(mapping), std::move(findings)});
-    }
-    const auto style = std::make_shared<const SourceFile>(file->path, file->text);
-    auto [study, findings] =
-        customstyle_tool::checkStyle(style, desk().mapping(), {.effects = effects}, {}, refusalOfStyle);
-    checked.push_back({style, std::move(findings), std::move(study)});
+    const CheckOptions options{.effects = isSet(request, "effects")};
+    std::vector<CheckedFile> checked;
+    if (isSet(request, "with_mapping")) checked.push_back(checkedMapping(options));
+    checked.push_back(checkedStyle(*file, options));
     return customstyle_tool::reportJson(checked);
 }
 
@@ -210,7 +237,7 @@ std::string effect(const Json& request) {
         const File rest{"without", withoutRule(whole, static_cast<std::size_t>(*rule))};
         const auto without = desk().style(rest);
         if (const ReadFailure* failure = std::get_if<ReadFailure>(&without)) return failed(failure->text);
-        const auto changes = customstyle_tool::differenceOf(*std::get<0>(without), whole);
+        const auto changes = customstyle_tool::differenceOf(*std::get<SharedStudy>(without), whole);
         return fmt::format(R"({{"without":{},"difference":{}}})", dumped(rest.text),
                            customstyle_tool::diffJson(changes, desk().mapping()));
     });

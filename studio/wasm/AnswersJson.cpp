@@ -2,9 +2,11 @@
 
 #include <map>
 #include <nlohmann/json.hpp>
-#include <optional>
+#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "customstyle/StyleSnapshot.h"
 #include "tools/study/Answers.h"
 #include "tools/vocabulary/JsonParts.h"
 #include "tools/vocabulary/Levels.h"
@@ -12,15 +14,17 @@
 namespace customstyle_studio {
 namespace {
 
-using customstyle_tool::Answer;
 using Json = nlohmann::ordered_json;
+using _orvik_framework::BorrowedStyle;
 using _orvik_framework::CustomConfig;
+using _orvik_framework::StyleSnapshot;
+using _orvik_framework::tagCustomStyle;
 
-Json recordJson(const CustomConfig& config, const Answer& answer) {
-    const int type = answer.featureType;
-    return {{"type", type == -1 ? Json(nullptr) : Json(config.GetFeatureTypeName(type))},
-            {"icon_hidden", answer.iconHidden},
-            {"style", customstyle_tool::styleJson(answer.style)}};
+Json recordJson(const CustomConfig& config, const BorrowedStyle& found, bool isIconHidden) {
+    const bool hasStyle = found.style != nullptr;
+    return {{"type", hasStyle ? Json(config.GetFeatureTypeName(found.featureType)) : Json(nullptr)},
+            {"icon_hidden", isIconHidden},
+            {"style", customstyle_tool::styleJson(hasStyle ? *found.style : tagCustomStyle{})}};
 }
 
 // Numbers the records in the order in which they are first seen.
@@ -28,14 +32,11 @@ class RecordList {
 public:
     explicit RecordList(const CustomConfig& config) : m_config(config) {}
 
-    // Neighbouring levels mostly have the same answer, and comparing is cheaper than writing.
-    std::size_t indexOf(const Answer& answer) {
-        const bool isRepeated = m_last && m_last->iconHidden == answer.iconHidden && isSameStyle(*m_last, answer);
-        if (!isRepeated) {
-            m_lastIndex = newIndexOf(answer);
-            m_last = answer;
-        }
-        return m_lastIndex;
+    // Most questions find a record that another one has found: then nothing is written.
+    std::size_t indexOf(const BorrowedStyle& found, bool isIconHidden) {
+        const auto [known, isNew] = m_known.try_emplace({found.style, found.featureType, isIconHidden}, 0);
+        if (isNew) known->second = indexOf(recordJson(m_config, found, isIconHidden).dump());
+        return known->second;
     }
 
     std::string text() const {
@@ -45,19 +46,29 @@ public:
     }
 
 private:
-    std::size_t newIndexOf(const Answer& answer) {
-        std::string text = recordJson(m_config, answer).dump();
+    std::size_t indexOf(std::string text) {
         const auto [known, isNew] = m_indexes.try_emplace(std::move(text), m_texts.size());
         if (isNew) m_texts.push_back(&known->first);
         return known->second;
     }
 
     const CustomConfig& m_config;
+    std::map<std::tuple<const tagCustomStyle*, int, bool>, std::size_t> m_known;
     std::map<std::string, std::size_t> m_indexes;
     std::vector<const std::string*> m_texts;
-    std::optional<Answer> m_last;
-    std::size_t m_lastIndex = 0;
 };
+
+// The records of a style id as a list of numbers, one for each level class.
+std::string classesText(const StyleSnapshot& snapshot, unsigned int styleId, RecordList& records) {
+    std::string list;
+    for (std::size_t levelClass = 0; levelClass < customstyle_tool::kLevelClassCount; ++levelClass) {
+        const int level = customstyle_tool::levelOfClass(levelClass);
+        const bool isIconHidden = snapshot.IsCustomizedIconVisible(styleId, level) != 0;
+        const std::size_t index = records.indexOf(snapshot.FindStyle(styleId, level), isIconHidden);
+        list += (list.empty() ? "" : ",") + std::to_string(index);
+    }
+    return "[" + list + "]";
+}
 
 template <typename Ask>
 std::string backgroundText(const CustomConfig& config, Ask askColor) {
@@ -72,18 +83,16 @@ std::string backgroundText(const CustomConfig& config, Ask askColor) {
 }  // namespace
 
 std::string answersJson(const CustomConfig& config) {
+    const StyleSnapshot snapshot(config);
     RecordList records(config);
-    Json styles = Json::object();
+    std::string styles;
     for (const unsigned int styleId : customstyle_tool::mappedStyleIds(config)) {
-        Json& classes = styles[std::to_string(styleId)];
-        for (std::size_t levelClass = 0; levelClass < customstyle_tool::kLevelClassCount; ++levelClass) {
-            classes.push_back(
-                records.indexOf(customstyle_tool::ask(config, styleId, customstyle_tool::levelOfClass(levelClass))));
-        }
+        styles +=
+            (styles.empty() ? "\"" : ",\"") + std::to_string(styleId) + "\":" + classesText(snapshot, styleId, records);
     }
     return R"({"land":)" + backgroundText(config, customstyle_tool::landColor) + R"(,"grid":)" +
-           backgroundText(config, customstyle_tool::gridColor) + R"(,"records":)" + records.text() + R"(,"styles":)" +
-           styles.dump() + "}";
+           backgroundText(config, customstyle_tool::gridColor) + R"(,"records":)" + records.text() + R"(,"styles":{)" +
+           styles + "}}";
 }
 
 }  // namespace customstyle_studio

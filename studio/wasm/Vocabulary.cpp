@@ -6,12 +6,18 @@
 #include "tools/schema/RuleTable.h"
 #include "tools/vocabulary/Descriptions.h"
 #include "tools/vocabulary/Elements.h"
+#include "tools/vocabulary/JsonParts.h"
+#include "tools/vocabulary/Levels.h"
+#include "tools/vocabulary/StyleFields.h"
 #include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_studio {
 namespace {
 
 using customstyle_tool::ElementClass;
+using customstyle_tool::FieldKind;
+using customstyle_tool::StyleField;
+using customstyle_tool::StylerKind;
 using Json = nlohmann::ordered_json;
 
 Json typesJson() {
@@ -28,10 +34,39 @@ Json elementsJson() {
     return list;
 }
 
+const char* nameOf(StylerKind kind) {
+    switch (kind) {
+        case StylerKind::Color:
+            return "color";
+        case StylerKind::Visibility:
+            return "visibility";
+        case StylerKind::Size:
+            break;
+    }
+    return "size";
+}
+
 Json stylersJson() {
     Json list = Json::array();
-    for (const auto& each : customstyle_tool::stylers()) list.push_back({{"word", each.name}, {"title", each.title}});
-    list.push_back({{"word", customstyle_tool::kLevelMember}, {"title", customstyle_tool::kLevelTitle}});
+    for (const auto& each : customstyle_tool::stylers()) {
+        list.push_back(
+            {{"word", each.name}, {"title", each.title}, {"kind", nameOf(each.kind)}, {"example", each.example}});
+    }
+    list.push_back(
+        {{"word", customstyle_tool::kLevelMember}, {"title", customstyle_tool::kLevelTitle}, {"kind", "level"}});
+    return list;
+}
+
+// The fields of a record that hold a value, as the answers name them.
+Json fieldsJson() {
+    Json list = Json::array();
+    for (const StyleField& field : customstyle_tool::styleFields()) {
+        const bool isColor = field.kind == FieldKind::Color;
+        if (!isColor && field.kind != FieldKind::Size) continue;
+        list.push_back({{"word", customstyle_tool::memberName(field.name)},
+                        {"title", field.name},
+                        {"kind", isColor ? "color" : "size"}});
+    }
     return list;
 }
 
@@ -65,7 +100,12 @@ Json takesTable() {
 }  // namespace
 
 std::string vocabularyJson() {
-    const Json vocabulary{{"types", typesJson()}, {"elements", elementsJson()}, {"stylers", stylersJson()}};
+    const Json vocabulary{
+        {"types", typesJson()},
+        {"elements", elementsJson()},
+        {"stylers", stylersJson()},
+        {"fields", fieldsJson()},
+        {"levels", {{"lowest", customstyle_tool::kLowestLevel}, {"highest", customstyle_tool::kHighestLevel}}}};
     return vocabulary.dump();
 }
 

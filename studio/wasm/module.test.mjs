@@ -107,12 +107,36 @@ test('a rule has the effect of the difference without it', () => {
     [['water', 'fill', '#0000ff']]);
 });
 
-test('the words of the language are complete', () => {
-  const {types, elements, stylers} = component.answer({method: 'complete'});
-  const {takes} = component.answer({method: 'takes'});
-  assert.deepEqual([types.length, stylers.length], [73, 5]);
-  assert.ok(elements.some(({word}) => word === 'geometry.fill'));
-  assert.ok(takes.some((row) => row.types.includes('highway') && row.styler === 'weight' && row.elements.length > 0));
+describe('the words of the language', () => {
+  const listed = (what) => JSON.parse(native('list', what, '--format', 'json'))[what].map(({name, path}) => name ?? path);
+  for (const what of ['types', 'elements', 'stylers']) {
+    test(`${what} are those of the native tool`, () => {
+      const words = component.answer({method: 'complete'})[what].map(({word}) => word);
+      assert.deepEqual(words.filter((word) => word !== 'all' || what !== 'types'), listed(what));
+    });
+  }
+
+  test('name every field of every answer', () => {
+    const fields = new Set(component.answer({method: 'complete'}).fields.map(({word}) => word));
+    const seen = new Set(styles.flatMap((path) => component.answer({method: 'answers', style: fileAt(path)}).records)
+      .flatMap(({style}) => Object.keys(style)));
+    assert.ok(seen.size > 3);
+    assert.deepEqual([...seen].filter((field) => !fields.has(field)), []);
+  });
+
+  test('have the kind and an example of each styler, and the levels of the component', () => {
+    const {stylers, levels} = component.answer({method: 'complete'});
+    assert.deepEqual(levels, {lowest: 4, highest: 21});
+    for (const {word, kind, example} of stylers) {
+      assert.match(kind, /^(color|visibility|size|level)$/, word);
+      assert.equal(typeof example, kind === 'level' ? 'undefined' : 'string', word);
+    }
+  });
+
+  test('say which styler works on which element of which type', () => {
+    const {takes} = component.answer({method: 'takes'});
+    assert.ok(takes.some((row) => row.types.includes('highway') && row.styler === 'weight' && row.elements.length > 0));
+  });
 });
 
 test('the module has at most 700 KB, and 250 KB compressed', {skip: process.env.CUSTOMSTYLE_STUDIO_QUICK === '1'}, () => {

@@ -1,12 +1,13 @@
 // Runs the component beside the page, so that no style can hold the page up.
 import {Component} from '../../wasm/component.mjs';
 
-const module = fetch(new URL('customstyle.wasm', self.location.href)).then((answer) => WebAssembly.compileStreaming(answer));
-let component;
+const file = new URL('customstyle.wasm', self.location.href);
+// One for all requests, those that come before it is there included.
+const loading = WebAssembly.compileStreaming(fetch(file)).then((module) => new Component(module));
 
 self.onmessage = async ({data: {number, request}}) => {
   try {
-    component ??= new Component(await module);
+    const component = await loading;
     self.postMessage({number, text: component.answerText(request)});
   } catch (error) {
     self.postMessage({number, stopped: `${error.message}`});

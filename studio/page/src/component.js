@@ -26,8 +26,9 @@ export class ComponentClient {
   ask(request) {
     if (this.lost) return Promise.reject(new Error(this.lost));
     const number = ++this.number;
+    const {patience} = this;
     return new Promise((resolve, reject) => {
-      const timer = setTimeout(() => this.restart(`no answer within ${this.patience / 1000} seconds`), this.patience);
+      const timer = setTimeout(() => this.restart(`no answer within ${patience / 1000} seconds`), patience);
       this.waiting.set(number, {resolve, reject, timer});
       this.worker.postMessage({number, request});
     });

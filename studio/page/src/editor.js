@@ -2,7 +2,7 @@
 import {autocompletion, closeBrackets, closeBracketsKeymap, completionKeymap, startCompletion} from '@codemirror/autocomplete';
 import {defaultKeymap, history, historyKeymap, indentWithTab, isolateHistory} from '@codemirror/commands';
 import {json} from '@codemirror/lang-json';
-import {bracketMatching, foldGutter, HighlightStyle, syntaxHighlighting, syntaxTree} from '@codemirror/language';
+import {bracketMatching, ensureSyntaxTree, foldGutter, HighlightStyle, syntaxHighlighting, syntaxTree} from '@codemirror/language';
 import {lintGutter, lintKeymap, setDiagnostics} from '@codemirror/lint';
 import {highlightSelectionMatches, searchKeymap} from '@codemirror/search';
 import {EditorState, StateEffect, StateField} from '@codemirror/state';
@@ -105,9 +105,11 @@ const idleRules = StateField.define({
 
 // ---- What stands where --------------------------------------------------------------------------------------------------
 
+const kParsing = 200; // milliseconds for what is not in view
+
 /** The rules of a document: the range of each value in the outermost list or object. */
 export function rulesOf(state) {
-  const outer = syntaxTree(state).topNode.firstChild;
+  const outer = (ensureSyntaxTree(state, state.doc.length, kParsing) ?? syntaxTree(state)).topNode.firstChild;
   const rules = [];
   for (let node = outer?.firstChild; node; node = node.nextSibling) {
     const value = node.name === 'Property' ? node.lastChild : node;
@@ -126,20 +128,6 @@ function objectAt(state, position) {
   return node;
 }
 
-/** Where a rule's styler stands, its name included; null where there is none. */
-export function stylerRange(state, rule, name) {
-  const object = objectAt(state, rule.from);
-  const value = name && memberOf(state, memberOf(state, object, 'stylers'), name);
-  return value ? {from: value.parent.from, to: value.parent.to} : null;
-}
-
-/** The names of a rule's stylers, but for the level. */
-export function stylersIn(state, rule) {
-  const object = objectAt(state, rule.from);
-  const members = memberOf(state, object, 'stylers')?.getChildren('Property') ?? [];
-  return members.map((member) => textOf(state, member.firstChild)).filter((name) => name !== 'level');
-}
-
 const textOf = (state, node) => state.sliceDoc(node.from, node.to).replace(/^"|"$/g, '');
 
 function memberOf(state, object, name) {
@@ -151,7 +139,19 @@ function memberOf(state, object, name) {
 
 // ---- Completion -----------------------------------------------------------------------------------------------------------
 
-const kLevels = Array.from({length: 18}, (_, i) => ({label: `${i + 4}`, detail: 'level'}));
+// Values worth proposing, by the kind of a styler.
+const proposals = {
+  color: () => ['#ffffff', '#000000', '#d94f2b', '#2b6fd9', '#2f9e5b', '#f2c14e'].map((label) => ({label, detail: 'colour'})),
+  visibility: () => [{label: 'on'}, {label: 'off'}],
+  size: () => ['1', '2', '3', '5', '8', '10', '12', '14', '16', '20'].map((label) => ({label, detail: 'pixels'})),
+  level: ({levels: {lowest, highest}}) => Array.from({length: highest - lowest + 1}, (_, i) => ({label: `${lowest + i}`, detail: 'level'})),
+};
+
+// The styler's own example first.
+function valuesOf({kind, example}, vocabulary) {
+  const others = (proposals[kind]?.(vocabulary) ?? []).filter(({label}) => label !== example);
+  return [...(example ? [{label: example, detail: 'example', boost: 1}] : []), ...others];
+}
 
 function completions(vocabulary) {
   const words = (list, section) => list.map(({word, title}) => ({label: word, detail: title, section}));
@@ -168,11 +168,6 @@ function completions(vocabulary) {
       return words(vocabulary.elements).map((option) => ({...option, boost: !works || works.has(option.label) ? 1 : -50,
         detail: works && !works.has(option.label) ? `${option.detail} (no effect here)` : option.detail}));
     },
-    visibility: () => [{label: 'on'}, {label: 'off'}],
-    level: () => kLevels,
-    color: () => ['#ffffff', '#000000', '#d94f2b', '#2b6fd9', '#2f9e5b', '#f2c14e'].map((label) => ({label, detail: 'colour'})),
-    weight: () => ['1', '2', '3', '5', '8'].map((label) => ({label, detail: 'pixels'})),
-    fontsize: () => ['10', '12', '14', '16', '20'].map((label) => ({label, detail: 'pixels'})),
   };
   return (context) => {
     const node = syntaxTree(context.state).resolveInner(context.pos, -1);
@@ -185,7 +180,8 @@ function completions(vocabulary) {
     }
     if (node.parent?.name !== 'Property') return null;
     const name = textOf(context.state, node.parent.firstChild);
-    const list = values[name]?.(node.parent.parent, context.state);
+    const styler = vocabulary.stylers.find(({word}) => word === name);
+    const list = styler ? valuesOf(styler, vocabulary) : values[name]?.(node.parent.parent, context.state);
     return list ? {from, options: list, validFor: /^[\w.#]*$/} : null;
   };
 }
@@ -249,9 +245,9 @@ export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, on
       view.dispatch({changes: {from, to: now.length - kept, insert: text.slice(from, text.length - kept)},
         annotations: isolateHistory.of('full')}); // a step of its own for "undo"
     },
-    /** Replaces a part; the cursor goes there. */
-    replace(from, to, insert) {
-      view.dispatch({changes: {from, to, insert}, selection: {anchor: from}, scrollIntoView: true});
+    /** Carries out changes of separate parts; the cursor goes to the first. */
+    change(changes) {
+      view.dispatch({changes, selection: {anchor: Math.min(...changes.map(({from}) => from))}, scrollIntoView: true});
     },
     goTo(from, to = from) {
       view.dispatch({selection: {anchor: from, head: to}, effects: EditorView.scrollIntoView(from, {y: 'center'})});

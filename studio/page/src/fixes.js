@@ -1,32 +1,23 @@
-// What one click can mend: a replacement for the text of a finding, read from its remedy.
+// What one click can mend: the edits of a finding's report.
 
-const kNotMeantForItsPlace = new Set(['icons-of-companion', 'color-invisible', 'namesake-not-reached']);
+const kLongestLabel = 40;
+const shortened = (text) => (text.length > kLongestLabel ? `${text.slice(0, kLongestLabel)} …` : text);
+const contains = (outer, inner) => outer.from <= inner.from && outer.to >= inner.to;
 
 /**
- * @param {{code: string, remedy: string, path: string, can_go: boolean}} finding what is proven to change no answer
- *        when it is taken out says so in `can_go`
- * @param {string} text the text of the finding's range
- * @param {string[]} stylers the names of its rule's stylers
- * @returns {{label: string, replacement?: string, takesRuleOut?: boolean, takesStylerOut?: string} | null}
+ * @param {{path: string, edits: {range: object, text: string}[]}} finding as the report has it
+ * @param {(byte: number) => number} indexOf the index in the editor's text of a byte
+ * @param {{from: number, to: number} | undefined} rule where the finding's rule stands
+ * @returns {{label: string, changes: {from: number, to: number, insert: string}[], takesRuleOut: boolean} | null}
  */
-export function fixOf({code, remedy, path, can_go: canGo}, text, stylers) {
-  if (canGo) return removalOf(path, stylers);
-  if (kNotMeantForItsPlace.has(code)) return null;
-  const [, word] = /^(?:write|did you mean) ("[^"\\]*")(?! or ")/.exec(remedy) ?? [];
-  if (!word || word === text || text.includes(':')) return null;
-  return {label: `Write ${word}`, replacement: word};
+export function fixOf({path, edits}, indexOf, rule) {
+  if (edits.length === 0) return null;
+  const changes = edits.map(({range, text}) => ({from: indexOf(range.begin.offset), to: indexOf(range.end.offset), insert: text}));
+  const takesRuleOut = Boolean(rule) && changes.some((change) => change.insert === '' && contains(change, rule));
+  return {label: labelOf(path, changes, takesRuleOut), changes, takesRuleOut};
 }
 
-function removalOf(path, stylers) {
-  const [, name] = /\.stylers\.(\w+)$/.exec(path) ?? [];
-  if (stylers.length <= 1) return {label: 'Take the rule out', takesRuleOut: true};
-  return name ? {label: `Take the ${name} out`, takesStylerOut: name} : null;
-}
-
-/** The range to delete so that a list stays a list without one of its values. */
-export function rangeWithComma(text, {from, to}) {
-  const after = /^\s*,/.exec(text.slice(to));
-  if (after) return {from, to: to + after[0].length + (/^\s*/.exec(text.slice(to + after[0].length))[0].length)};
-  const before = /,\s*$/.exec(text.slice(0, from));
-  return before ? {from: from - before[0].length, to} : {from, to};
+function labelOf(path, [{insert}], takesRuleOut) {
+  if (insert !== '') return `Write ${shortened(insert)}`;
+  return takesRuleOut ? 'Take the rule out' : `Take the ${/\w+$/.exec(path)?.[0] ?? 'value'} out`;
 }

@@ -2,8 +2,10 @@
 import legend from '../../../tools/export/legends/studio.json';
 
 /** Level classes: levels 4 to 21, then all others. */
+const kLowest = 4;
 export const kOtherLevels = 18;
-export const classOfLevel = (level) => (level >= 4 && level <= 21 ? level - 4 : kOtherLevels);
+export const levelOfClass = (index) => (index === kOtherLevels ? kLowest - 1 : index + kLowest);
+export const classOfLevel = (level) => (level >= kLowest && level < kLowest + kOtherLevels ? level - kLowest : kOtherLevels);
 
 const rowsOf = (kind) => legend.layers.filter((layer) => layer.kind === kind);
 const typesOf = (kind) => rowsOf(kind).filter(({name}) => !name).map(({type}) => type);
@@ -43,7 +45,8 @@ export const cssColor = ({rgb, alpha}) => {
   return `rgba(${part(1)},${part(3)},${part(5)},${Math.round((alpha / 255) * 1000) / 1000})`;
 };
 
-const kNothing = 'rgba(0,0,0,0)';
+/** The colour of what is not drawn. */
+export const kNothing = 'rgba(0,0,0,0)';
 
 // A border that only the style colours has no width in the legend.
 const borderWidth = (style, width) => style.stroke_weight ?? (style.stroke && width === 0 ? legend.border : width);

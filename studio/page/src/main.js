@@ -1,9 +1,9 @@
 // The studio: an editor beside a map that the component styles.
 import {ComponentClient} from './component.js';
-import {createEditor, rulesOf, stylerRange, stylersIn} from './editor.js';
-import {fixOf, rangeWithComma} from './fixes.js';
-import {classOfLevel} from './look.js';
-import {cameras, CityMap} from './map.js';
+import {createEditor, rulesOf} from './editor.js';
+import {fixOf} from './fixes.js';
+import {classOfLevel, levelOfClass} from './look.js';
+import {cameras, CityMap, warmUp} from './map.js';
 import {indexOfByte} from './offsets.js';
 import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} from './panels.js';
 import {CityIds} from './city-ids.js';
@@ -13,7 +13,7 @@ import {forgetFile, openFile, saveFile} from './files.js';
 import {element} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
-const kPause = 70; // milliseconds without a keystroke before the component is asked
+const kLongestPause = 300; // milliseconds without a keystroke before long proofs begin
 // No example has a name with blanks.
 const kDisk = 'on the disk';
 const kBeforeLink = 'before the link';
@@ -37,36 +37,39 @@ class Studio {
   matrixType = 'highway';
   panel = 'findings';
   rule = -1;
-  asked = 0;
   timings = {};
 
   async start() {
     performance.mark('studio-start');
     this.component = new ComponentClient('component-worker.js');
-    const [cityMapping, tiles, faces, examples, files] = await Promise.all([
+    warmUp();
+    const example = recall('style') ? null : fetchText('examples/night.json');
+    const [cityMapping, tiles, faces, vocabulary, examples, files] = await Promise.all([
       fetchText('examples/CustomIndex'), fetchJson('tiles/tiles.json'), fetchJson('fonts/faces.json'),
-      fetchJson('examples/list.json'), filesOfServer()]);
+      fetchJson('vocabulary.json'), fetchJson('examples/list.json'), filesOfServer()]);
+    performance.mark('studio-files');
     this.city = {tiles, faces, mapping: JSON.parse(cityMapping)};
     const ownMapping = {name: 'CustomIndex', text: cityMapping};
     if (!await this.takeMapping(files.mapping ?? ownMapping)) await this.takeMapping(ownMapping);
-    this.text = await this.startPage(files.style);
+    performance.mark('studio-mapping');
+    this.text = await this.startPage(files.style, example);
     const answers = await this.ask({method: 'answers', style: this.style});
-    const vocabulary = this.component.ask({method: 'complete'});
+    performance.mark('studio-answers');
     this.answers = answers.error ? null : answers;
     this.map = new CityMap(at('map'), {...this.city, ids: this.ids, camera: recall('camera') ?? undefined, answers: this.answers});
+    performance.mark('studio-map');
     this.map.whenDrawn(() => (this.timings.first = performance.now()));
-    const words = {takes: [], ...(await vocabulary)};
-    this.createEditor(words, examples);
+    this.vocabulary = vocabulary;
+    this.createEditor();
     this.connect(examples);
     this.drawPanels();
+    performance.mark('studio-page');
     await this.refresh();
     if (files.style || files.mapping) this.follow();
-    const {takes} = await this.ask({method: 'takes'});
-    if (takes) words.takes = takes;
   }
 
   // The style of the link, the file of the server, what was typed last, or an example.
-  async startPage(file) {
+  async startPage(file, example) {
     const linked = await readLink();
     if (file) this.disk = this.diskFile(file);
     if (file && !linked) {
@@ -81,12 +84,12 @@ class Studio {
       return linked.text;
     }
     this.file = {name: kept?.name ?? 'night.json'};
-    return kept?.text ?? fetchText('examples/night.json');
+    return kept?.text ?? example;
   }
 
-  createEditor(vocabulary) {
+  createEditor() {
     this.editor = createEditor(at('editor'), {
-      vocabulary,
+      vocabulary: this.vocabulary,
       onChange: () => this.changed(),
       onCursor: (rule) => this.cursorAt(rule),
       onFormat: () => this.format(),
@@ -111,27 +114,54 @@ class Studio {
     else remember('style', {name: this.file.name, text: this.text});
     this.showFile();
     this.typedAt = performance.now();
-    clearTimeout(this.timer);
-    this.timer = setTimeout(() => this.refresh(), kPause);
+    this.refresh();
   }
 
-  /** Asks for findings and answers about the text as it stands, and shows them. Older answers are dropped. */
-  async refresh() {
-    const number = ++this.asked;
-    const style = this.style;
-    const typedAt = this.typedAt;
-    const answers = this.component.ask({method: 'answers', style}).catch((error) => ({error: error.message}));
-    const report = this.component.ask({method: 'check', style}).catch((error) => ({error: error.message}));
-    const isOld = () => number !== this.asked || this.text !== style.text;
-    const answered = await answers;
-    if (isOld()) return;
-    this.showAnswers(answered, typedAt);
-    const checked = await report;
-    if (isOld()) return;
-    if (checked.error) this.say(checked.error);
-    this.showFindings(checked.error ? [] : checked.files[0].findings);
+  /**
+   * Asks for answers and findings about the text as it stands, and shows them; while some are under way, afterwards.
+   * @returns {Promise<void>} when everything about the last text is shown
+   */
+  refresh() {
+    this.isStale = true;
+    this.endPause?.();
+    this.refreshing ??= this.askUntilFresh().finally(() => (this.refreshing = null));
+    return this.refreshing;
+  }
+
+  async askUntilFresh() {
+    while (this.isStale) {
+      this.isStale = false;
+      const {style, typedAt} = this;
+      const answers = await this.ask({method: 'answers', style});
+      if (this.isAbout(style)) this.showAnswers(answers, typedAt);
+      await this.pause();
+      if (this.isAbout(style)) await this.check(style, typedAt);
+    }
+  }
+
+  /** Whether nothing has been asked since about another text. */
+  isAbout(style) {
+    return !this.isStale && this.text === style.text;
+  }
+
+  async check(style, typedAt) {
+    const begin = performance.now();
+    const report = await this.ask({method: 'check', style});
+    this.checking = performance.now() - begin;
+    if (!this.isAbout(style)) return;
+    if (report.error) this.say(report.error);
+    this.showFindings(report.error ? [] : report.files[0].findings);
     if (typedAt) this.timings.findings = performance.now() - typedAt;
     this.settled = style.text;
+  }
+
+  // The longer the proofs take, the longer they wait for the author to stop: meanwhile the map would not follow.
+  pause() {
+    const time = Math.min(kLongestPause, (this.checking ?? 0) / 2);
+    return this.isStale ? undefined : new Promise((resolve) => {
+      this.endPause = resolve;
+      setTimeout(resolve, time);
+    });
   }
 
   showAnswers(answers, typedAt) {
@@ -152,12 +182,10 @@ class Studio {
   showFindings(list) {
     const indexOf = indexOfByte(this.text);
     const rules = this.editor ? rulesOf(this.editor.view.state) : [];
-    const stylersOf = (rule) => (rules[rule - 1] ? stylersIn(this.editor.view.state, rules[rule - 1]) : []);
     const rank = {error: 0, warning: 1, note: 2};
     this.findings = list.map((finding) => {
       const [from, to] = [indexOf(finding.range.begin.offset), indexOf(finding.range.end.offset)];
-      const fix = finding.rule === null ? null : fixOf(finding, this.text.slice(from, to), stylersOf(finding.rule));
-      return {...finding, from, to, line: finding.range.begin.line, fix};
+      return {...finding, from, to, line: finding.range.begin.line, fix: fixOf(finding, indexOf, rules[finding.rule - 1])};
     });
     this.findings.sort((a, b) => rank[a.severity] - rank[b.severity] || a.from - b.from);
     if (!this.editor) return;
@@ -176,12 +204,7 @@ class Studio {
   }
 
   applyFix(finding) {
-    if (finding.fix.replacement !== undefined) return this.editor.replace(finding.from, finding.to, finding.fix.replacement);
-    const rule = rulesOf(this.editor.view.state)[finding.rule - 1];
-    if (!rule) return undefined;
-    const {state} = this.editor.view;
-    const {from, to} = rangeWithComma(this.text, stylerRange(state, rule, finding.fix.takesStylerOut) ?? rule);
-    return this.editor.replace(from, to, '');
+    this.editor.change(finding.fix.changes);
   }
 
   // ---- The file on the disk, and the mapping of the server -----------------------------------------------------------------
@@ -351,7 +374,7 @@ class Studio {
 
   /** Goes to the rule that wrote a value of a style id at a level class. */
   async goToWriter(id, field, levelIndex) {
-    const explanation = await this.explain(id, levelIndex === 18 ? 3 : levelIndex + 4);
+    const explanation = await this.explain(id, levelOfClass(levelIndex));
     const from = explanation[field]?.from;
     if (from) this.goToRule(from.rule - 1);
     else this.say(`no rule sets ${field.replaceAll('_', ' ')} here`);

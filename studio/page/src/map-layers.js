@@ -1,5 +1,5 @@
 // The layers of the map, and what they look like by the component's answers at one level.
-import {areaLook, areaTypes, buildingLook, classOfLevel, cssColor, iconOf, isShownFrom, labelLook, labelTypes, lineLabelTypes,
+import {areaLook, areaTypes, buildingLook, classOfLevel, cssColor, iconOf, isShownFrom, kNothing, labelLook, labelTypes, lineLabelTypes,
   lineLook, lineTypes} from './look.js';
 
 const typeIs = (type) => ['==', ['get', 't'], type];
@@ -124,23 +124,32 @@ function chosen(groups, idProperty, valueOf) {
   return ['match', ['get', idProperty], ...others.flatMap(([key, ids]) => [[...new Set(ids)], JSON.parse(key)]), JSON.parse(common)];
 }
 
+// Borders that nobody would see are not laid out: those are many layers. A hidden fill can still be clicked.
+const isSeen = (color, width) => color !== kNothing && width !== 0;
+
 function layerValues({of, part, kind, id_of: idProperty = 's'}, groups, {level, is3d}) {
   const pick = (valueOf) => chosen(groups, idProperty, valueOf);
   const shown = (condition) => (condition ? 'visible' : 'none');
   const isShown = isShownFrom(of, level);
+  const isFlat = !(is3d && kind === 'buildings');
   switch (part) {
     case 'fill':
-      return {'fill-color': pick((r) => areaLook(of, r).fill), visibility: shown(isShown && !(is3d && kind === 'buildings'))};
-    case 'stroke':
-      return {'line-color': pick((r) => areaLook(of, r).stroke), 'line-width': pick((r) => areaLook(of, r).strokeWidth),
-        visibility: shown(isShown && !(is3d && kind === 'buildings'))};
+      return {'fill-color': pick((r) => areaLook(of, r).fill), visibility: shown(isShown && isFlat)};
+    case 'stroke': {
+      const color = pick((r) => areaLook(of, r).stroke);
+      const width = pick((r) => areaLook(of, r).strokeWidth);
+      return {'line-color': color, 'line-width': width, visibility: shown(isShown && isFlat && isSeen(color, width))};
+    }
     case 'walls':
       return {'fill-extrusion-color': pick((r) => buildingLook(r).walls), visibility: shown(is3d)};
     case 'roof':
       return {'fill-extrusion-color': pick((r) => buildingLook(r).roof), visibility: shown(is3d)};
-    case 'casing':
-      return {'line-color': pick((r) => lineLook(of, r, level).stroke), visibility: shown(isShown),
-        'line-gap-width': pick((r) => lineLook(of, r, level).width), 'line-width': pick((r) => lineLook(of, r, level).strokeWidth)};
+    case 'casing': {
+      const color = pick((r) => lineLook(of, r, level).stroke);
+      const width = pick((r) => lineLook(of, r, level).strokeWidth);
+      return {'line-color': color, 'line-gap-width': pick((r) => lineLook(of, r, level).width), 'line-width': width,
+        visibility: shown(isShown && isSeen(color, width))};
+    }
     case 'line':
       return {'line-color': pick((r) => lineLook(of, r, level).fill), visibility: shown(isShown),
         'line-width': pick((r) => lineLook(of, r, level).width)};

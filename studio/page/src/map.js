@@ -17,6 +17,9 @@ export const cameras = [
 const base = new URL('.', document.baseURI).href;
 maplibre.setWorkerUrl(`${base}maplibre-gl-worker.mjs`);
 
+/** Starts the map's workers, so that they are there when a map is made. */
+export const warmUp = () => maplibre.prewarm();
+
 async function readIcon(name) {
   const image = new Image(kIconSize * devicePixelRatio, kIconSize * devicePixelRatio);
   image.src = `${base}icons/${name}.svg`;

@@ -1,15 +1,13 @@
 // The panels below the map: findings, explanation, effects, levels, specimens.
 import {element, swatch} from './dom.js';
-import {areaLook, areaTypes, buildingLook, cssColor, labelLook, lineLook, lineTypes} from './look.js';
+import {areaLook, areaTypes, buildingLook, cssColor, kOtherLevels, labelLook, levelOfClass, lineLook, lineTypes} from './look.js';
 
-const kFields = ['fill', 'stroke', 'top_surface', 'text_fill', 'text_stroke', 'fill_weight', 'stroke_weight',
-  'text_fill_weight', 'text_stroke_weight', 'font_size', 'icon', 'land_background', 'grid_background'];
 const kHow = {overwritten: 'written again later'};
 const named = (field) => field.replaceAll('_', ' ');
 const isColor = (value) => value !== null && typeof value === 'object' && 'rgb' in value;
 const inWords = (value) => (isColor(value) ? `${value.rgb}${value.alpha === 255 ? '' : ` alpha ${value.alpha}`}` : `${value ?? 'not set'}`);
 const shown = (value) => (isColor(value) ? [swatch(cssColor(value)), inWords(value)] : [inWords(value)]);
-const levelName = (index) => (index === 18 ? 'other' : `${index + 4}`);
+const levelName = (index) => (index === kOtherLevels ? 'other' : `${levelOfClass(index)}`);
 
 function jump(page, rule, text = `rule ${rule}`) {
   return element('button', {type: 'button', class: 'plain', onclick: () => page.goToRule(rule - 1)}, text);
@@ -43,11 +41,10 @@ export function explainPanel(page) {
 }
 
 function explanationTable(page, explanation) {
-  const rows = kFields.filter((field) => explanation[field] && (explanation[field].value !== null && explanation[field].from || explanation[field].lost.length > 0));
+  const rows = Object.entries(explanation).filter(([, topic]) => topic?.lost && (topic.from && topic.value !== null || topic.lost.length > 0));
   if (rows.length === 0) return element('p', {}, 'No rule sets anything here: the look is the map’s own.');
   return element('table', {}, element('thead', {}, element('tr', {}, ...['Value', 'Is', 'By', 'Lost'].map((text) => element('th', {scope: 'col'}, text)))),
-    element('tbody', {}, ...rows.map((field) => {
-      const {value, from, lost} = explanation[field];
+    element('tbody', {}, ...rows.map(([field, {value, from, lost}]) => {
       return element('tr', {}, element('th', {scope: 'row'}, named(field)), element('td', {}, ...shown(value)),
         element('td', {}, from ? jump(page, from.rule, `rule ${from.rule}: ${from.rule_feature_type} ${from.rule_element_type}`) : ''),
         element('td', {}, ...lost.map((loss) => element('div', {}, ...shown(loss.value), ' ', jump(page, loss.rule), ` ${kHow[loss.how] ?? named(loss.how)}`))));
@@ -68,7 +65,7 @@ export function effectsPanel(page) {
 }
 
 function levelsText(levels) {
-  if (levels.length === 19) return 'at all levels';
+  if (levels.length === kOtherLevels + 1) return 'at all levels';
   const numbers = levels.filter((level) => level !== 'other');
   const parts = [];
   for (const level of numbers) {
@@ -83,13 +80,13 @@ function levelsText(levels) {
 // ---- Levels ---------------------------------------------------------------------------------------------------------------
 
 export function levelsPanel(page) {
-  const {answers, mapping, matrixType: type} = page;
+  const {answers, mapping, vocabulary, matrixType: type} = page;
   if (!answers) return element('p', {}, 'No style yet.');
   const select = element('select', {id: 'matrix-type', onchange: ({target}) => page.showLevelsOf(target.value)},
     ...Object.keys(mapping).map((name) => element('option', {value: name, selected: name === type}, name)));
   const id = (mapping[type] ?? [])[0];
   const records = id === undefined ? [] : answers.styles[id].map((index) => answers.records[index]);
-  const fields = kFields.slice(0, 10).filter((field) => records.some(({style}) => style[field] !== undefined));
+  const fields = vocabulary.fields.map(({word}) => word).filter((field) => records.some(({style}) => style[field] !== undefined));
   const head = element('tr', {}, element('th', {}, 'Level'), ...records.map((_, i) => element('th', {scope: 'col'}, levelName(i))));
   const rows = fields.map((field) => element('tr', {}, element('th', {scope: 'row'}, named(field)),
     ...records.map(({style}, i) => matrixCell(page, id, field, style[field], i))));

@@ -32,7 +32,7 @@ for (const count of [41, 200, 1000]) {
       const at = studio.text.indexOf('"#') + 2;
       delete studio.timings.findings;
       delete studio.timings.redraw;
-      studio.editor.replace(at, at + 1, `${digit}`);
+      studio.editor.change([{from: at, to: at + 1, insert: `${digit}`}]);
     }, run + 3);
     await page.waitForFunction(() => window.studio.timings.findings && window.studio.timings.redraw);
     const timings = await page.evaluate(() => window.studio.timings);
