@@ -18,6 +18,8 @@ export const look = EditorView.theme({
   '.cm-gutters': {backgroundColor: 'var(--raised)', color: 'var(--quiet)', borderRight: '1px solid var(--line)'},
   '.cm-activeLine': {backgroundColor: 'color-mix(in srgb, var(--accent) 8%, transparent)'},
   '.cm-activeLineGutter': {backgroundColor: 'transparent'},
+  '&.cm-focused > .cm-scroller > .cm-selectionLayer .cm-selectionBackground, .cm-selectionBackground':
+    {background: 'color-mix(in srgb, var(--accent) 28%, var(--ground))'},
   '.cm-cursor': {borderLeftColor: 'var(--text)'},
   '.cm-tooltip': {backgroundColor: 'var(--raised)', color: 'var(--text)', border: '1px solid var(--line)', maxWidth: '46em'},
   '.cm-tooltip-autocomplete ul li[aria-selected]': {backgroundColor: 'var(--accent)', color: 'var(--ground)'},

@@ -205,6 +205,7 @@ class Studio {
 
   applyFix(finding) {
     this.editor.change(finding.fix.changes);
+    this.say(`line ${finding.line} is mended; Ctrl+Z takes that back`);
   }
 
   // ---- The file on the disk, and the mapping of the server -----------------------------------------------------------------
@@ -350,6 +351,7 @@ class Studio {
     const distinct = features.filter(({id, type}) => id !== undefined && !known.has(`${type}${id}`) && known.add(`${type}${id}`));
     this.picked = {features: distinct.length > 0 ? distinct : [{type: 'land', id: this.mapping.land?.[0], name: ''}], index: 0};
     this.selectPanel('explain');
+    this.showView('panels');
     await this.explainAgain();
   }
 
@@ -359,6 +361,7 @@ class Studio {
     const explanation = await this.explain(picked.features[picked.index].id, level);
     if (this.picked !== picked) return;
     Object.assign(picked, {explanation, level});
+    this.matrixType = picked.features[picked.index].type;
     this.drawPanel(['explain']);
   }
 
@@ -380,9 +383,13 @@ class Studio {
     else this.say(`no rule sets ${field.replaceAll('_', ' ')} here`);
   }
 
+  goTo({from, to}) {
+    this.showView('editor');
+    this.editor.goTo(from, to);
+  }
+
   goToRule(rule) {
-    document.body.dataset.view = 'editor';
-    this.drawViews();
+    this.showView('editor');
     this.editor.goToRule(rule);
   }
 
@@ -403,7 +410,7 @@ class Studio {
 
   async compare(isOn) {
     this.compared = isOn;
-    for (const id of ['map-before', 'swipe']) at(id).hidden = !isOn;
+    for (const id of ['map-before', 'swipe', 'divide']) at(id).hidden = !isOn;
     if (!isOn) return;
     if (!this.before) {
       const {map} = this.map;
@@ -425,6 +432,7 @@ class Studio {
   swipe() {
     const share = Number(at('swipe').value);
     at('map-before').style.clipPath = `inset(0 ${100 - share}% 0 0)`;
+    at('divide').style.left = `${share}%`;
   }
 
   async showBefore() {
@@ -459,6 +467,7 @@ class Studio {
 
   drawTabs() {
     const focused = document.activeElement?.dataset?.panel;
+    at('count').textContent = this.findings.length > 0 ? `(${this.findings.length})` : '';
     at('tabs').replaceChildren(...kPanels.map(({id, title}) => element('button', {
       type: 'button', role: 'tab', 'aria-selected': `${id === this.panel}`, 'data-panel': id, tabIndex: id === this.panel ? 0 : -1,
       onclick: () => this.selectPanel(id)}, id === 'findings' ? `${title} (${this.findings.length})` : title)));
@@ -470,7 +479,9 @@ class Studio {
     at('panel').replaceChildren(kPanels.find(({id}) => id === this.panel).draw(this));
   }
 
-  drawViews() {
+  /** Shows one of the three parts where there is room for one only. */
+  showView(view) {
+    document.body.dataset.view = view;
     for (const button of document.querySelectorAll('#views button')) {
       button.setAttribute('aria-pressed', `${button.dataset.view === document.body.dataset.view}`);
     }
@@ -497,7 +508,7 @@ class Studio {
   }
 
   connect(examples) {
-    document.body.dataset.view = 'map';
+    this.showView('map');
     if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on the disk`));
     const beforeLink = recall('style-before-link');
     if (beforeLink) at('examples').append(element('option', {value: kBeforeLink}, 'your style before the link'));
@@ -543,10 +554,7 @@ class Studio {
     listen('swipe', 'input', () => this.swipe());
     listen('tabs', 'keydown', (event) => this.walkTabs(event));
     for (const button of document.querySelectorAll('#views button')) {
-      button.addEventListener('click', () => {
-        document.body.dataset.view = button.dataset.view;
-        this.drawViews();
-      });
+      button.addEventListener('click', () => this.showView(button.dataset.view));
     }
     this.map.addEventListener('level', () => this.showLevel());
     this.map.map.on('click', ({point}) => this.explainAt(point));

@@ -17,9 +17,9 @@ function jump(page, rule, text = `rule ${rule}`) {
 
 export function findingsPanel(page) {
   const {findings} = page;
-  if (findings.length === 0) return element('p', {}, 'No findings.');
+  if (findings.length === 0) return element('p', {}, 'No findings. Click something on the map to see which rule made its look.');
   return element('ul', {}, ...findings.map((finding) => element('li', {},
-    element('button', {type: 'button', class: 'plain', onclick: () => page.editor.goTo(finding.from, finding.to)},
+    element('button', {type: 'button', class: 'plain', onclick: () => page.goTo(finding)},
       `line ${finding.line}`), ' ',
     element('span', {class: finding.severity}, `${finding.severity}: `), finding.message,
     element('div', {class: 'quiet'}, `Remedy: ${finding.remedy} `,

@@ -99,6 +99,7 @@ describe('the map', () => {
     await page.locator('#compare-with').selectOption('plain');
     await page.locator('#compare').check();
     await page.locator('#map-before canvas').waitFor();
+    assert.ok(await page.locator('#divide', {hasText: 'before'}).isVisible());
     await page.locator('[data-panel="effects"]').click();
     await page.locator('#panel', {hasText: 'highway fill'}).waitFor();
     await page.locator('#compare').uncheck();
@@ -322,6 +323,22 @@ describe('the page', () => {
       assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth), view);
     }
     assert.equal(await page.evaluate(() => document.documentElement.dataset.theme), 'dark');
+    await other.profile.close();
+  });
+
+  test('leads a phone from the map to the reason, and on to the rule', async () => {
+    const other = await openStudio(started, {size: {width: 390, height: 720}});
+    const {page} = other;
+    await typeStyle(page, magentaRoads);
+    const found = await place(page, 'provincialway');
+    await page.locator('#map canvas').click({position: found});
+    await page.locator('#panel button', {hasText: 'rule 4: provincialway geometry.fill'}).click();
+    assert.ok(await page.locator('#editor').isVisible());
+    await typeStyle(page, magentaRoads.replace('highway', 'highways'));
+    await page.locator('#views button', {hasText: 'Panels (1)'}).click();
+    await page.locator('[data-panel="findings"]').click();
+    await page.locator('#panel button', {hasText: 'line 3'}).click();
+    assert.ok(await page.locator('#editor').isVisible());
     await other.profile.close();
   });
 });
