@@ -2,24 +2,28 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
+#include <string>
 
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
+#include "vi/vos/VFile.h"
 
 namespace customstyle_test {
 namespace {
 
 using _orvik_framework::CVString;
+using _orvik_vi::CVFile;
 
 std::string example(const std::string& path) {
     return std::string(CUSTOMSTYLE_EXAMPLES_DIR) + "/" + path;
 }
 
 Tree parsedExample(const std::string& path) {
-    std::ifstream file(example(path));
-    return parsed(std::string(std::istreambuf_iterator<char>(file), {}));
+    CVFile file;
+    EXPECT_EQ(file.Open(CVString(example(path).c_str()), CVFile::kReadExisting), 1);
+    std::string text(file.GetLength(), '\0');
+    EXPECT_EQ(file.Read(text.data(), text.size()), text.size());
+    return parsed(text);
 }
 
 int load(CustomConfig& config, const std::string& style) {

@@ -43,7 +43,7 @@ protected:
 
     /// Loads what stands in the directory. Nothing but a text that is no JSON may stay behind.
     int load() {
-        const std::ptrdiff_t filesBefore = openFiles();
+        const int filesBefore = openFiles();
         const MemoryAccounts accounts;
         int result = 0;
         {

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
+#include <string>
 #include <utility>
 
 #include "tests/support/FaultyMemory.h"
@@ -34,7 +34,7 @@ protected:
 TEST_F(InitWithFaults, WithoutMemoryForTheMappingFileItIsRefused) {
     m_directory.write("CustomIndex", testMapping());
     const std::string style = m_directory.write("style.json", "[]");
-    const std::ptrdiff_t filesBefore = openFiles();
+    const int filesBefore = openFiles();
     const MemoryAccounts accounts;
     const FaultyMemory memory(0);
     EXPECT_EQ(m_config.Init(m_directory.prefix().c_str(), style.c_str()), 0);
@@ -46,7 +46,7 @@ TEST_F(InitWithFaults, WithoutMemoryForTheMappingFileItIsRefused) {
 TEST_F(InitWithFaults, WithoutMemoryForTheStyleFileItIsRefusedAndTheMappingStays) {
     m_directory.write("CustomIndex", testMapping());
     const std::string style = m_directory.write("style.json", "[]");
-    const std::ptrdiff_t filesBefore = openFiles();
+    const int filesBefore = openFiles();
     const MemoryAccounts accounts;
     const FaultyMemory memory(1 + kRecords);
     EXPECT_EQ(m_config.Init(m_directory.prefix().c_str(), style.c_str()), 0);
@@ -75,12 +75,15 @@ TEST_F(InitWithFaults, AnyOneAllocationMayFailAndNothingIsLost) {
 // ---- A file that shrinks while it is read ---------------------------------------------------------------------------
 
 // The buffer is allocated between asking for the length and reading, so its allocation is the moment to cut the file.
-std::filesystem::path g_fileToCut;
-std::uintmax_t g_lengthAfterCut = 0;
+struct Cut {
+    const TemporaryDirectory& directory;
+    std::string content;
+};
+const Cut* g_cut = nullptr;
 
 // Gives memory that is full of closing braces.
 void* allocateAndCut(std::size_t size, const char*, int) {
-    if (!g_fileToCut.empty()) std::filesystem::resize_file(std::exchange(g_fileToCut, {}), g_lengthAfterCut);
+    if (const Cut* const cut = std::exchange(g_cut, nullptr)) cut->directory.write("CustomIndex", cut->content);
     void* block = std::malloc(size);
     std::memset(block, '}', size);
     return block;
@@ -92,9 +95,10 @@ void release(void* block) {
 
 class ShrinkingMapping : public testing::Test {
 protected:
-    int loadCut(const std::string& content, std::uintmax_t lengthAfterCut) {
-        g_fileToCut = m_directory.write("CustomIndex", content);
-        g_lengthAfterCut = lengthAfterCut;
+    int loadCut(const std::string& content, std::size_t lengthAfterCut) {
+        m_directory.write("CustomIndex", content);
+        const Cut cut{m_directory, content.substr(0, lengthAfterCut)};
+        g_cut = &cut;
         const std::string style = m_directory.write("style.json", "[]");
         _orvik_vi::CVMem::SetHostAllocator(allocateAndCut, release);
         const int result = CustomConfig().Init(m_directory.prefix().c_str(), style.c_str());

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <optional>
 
 #include "tests/support/FaultyMemory.h"
@@ -90,7 +89,7 @@ const FilesCase kFiles[] = {
 class Files : public testing::TestWithParam<FilesCase> {
 protected:
     std::string write(const char* name, const std::optional<std::string>& content) const {
-        return content ? m_directory.write(name, *content) : (m_directory.path() / name).string();
+        return content ? m_directory.write(name, *content) : m_directory.prefix() + name;
     }
 
     TemporaryDirectory m_directory;
@@ -112,7 +111,7 @@ TEST_P(Files, AreLoadedOrReported) {
 TEST_P(Files, LeaveBehindTheTextThatIsNotJsonAndNothingElse) {
     write("CustomIndex", GetParam().mapping);
     const std::string style = write("style.json", GetParam().style);
-    const std::ptrdiff_t filesBefore = openFiles();
+    const int filesBefore = openFiles();
     const MemoryAccounts accounts;
     CustomConfig().Init(m_directory.prefix().c_str(), style.c_str());
     m_log.take();
@@ -172,7 +171,7 @@ TEST_F(Init, TheStylePathStandsForItself) {
 }
 
 TEST_F(Init, ADirectoryIsNoMappingFile) {
-    std::filesystem::create_directory(m_directory.path() / "CustomIndex");
+    m_directory.makeDirectory("CustomIndex");
     EXPECT_EQ(load(m_directory.prefix(), m_directory.write("style.json", "[]")), 0);
     EXPECT_THAT(m_log.take(), ElementsAre("ZRX Custom Map: CustomIndex file open failed"));
 }
@@ -184,7 +183,7 @@ TEST_F(Init, ADirectoryIsNoStyleFile) {
 }
 
 TEST_F(Init, PathsAreUtf8) {
-    std::filesystem::create_directory(m_directory.path() / "地图");
+    m_directory.makeDirectory("地图");
     m_directory.write("地图/CustomIndex", testMapping());
     EXPECT_EQ(load(m_directory.prefix() + "地图/", m_directory.write("façade.json", "[]")), 1);
 }

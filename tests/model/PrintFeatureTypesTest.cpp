@@ -3,21 +3,10 @@
 
 #include "tests/model/BaseRecords.h"
 #include "tests/support/FaultyMemory.h"
-#include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
-
-TEST(PrintFeatureTypes, WritesNothingAnywhere) {
-    const auto config = loadedWith({rule("highway", "geometry.fill").color("#112233")});
-    const LogCapture log;  // objects to any line
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    config->PrintAllFeartureType();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-}
 
 TEST(PrintFeatureTypes, ChangesNothing) {
     const auto config = loadedWith({rule("highway", "geometry.fill").color("#112233")});

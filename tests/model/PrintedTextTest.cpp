@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "tests/model/BaseRecords.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestStore.h"
 
 namespace {
 
@@ -78,6 +80,16 @@ TEST(PrintedText, TellsTheKeyBesideTheRecordsId) {
     CustomConfig config;
     addBaseRecord(config, 0, 9).m_ID = 8;
     EXPECT_THAT(printedTexts(config), testing::Contains("key: 9,  m_ID 8, m_fillColor 0, m_borderColor 0, m_custom 0"));
+}
+
+TEST(PrintedText, IsWrittenNowhere) {
+    const auto config = loadedWith({rule("highway", "geometry.fill").color("#112233")});
+    const LogCapture log;  // objects to any line
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    config->PrintAllFeartureType();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 }  // namespace

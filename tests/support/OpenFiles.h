@@ -1,16 +1,15 @@
 // The files that the process has open.
 #pragma once
 
-#include <cstddef>
-#include <filesystem>
-#include <iterator>
+#include <fcntl.h>
 
 namespace customstyle_test {
 
-/// Their number, with one for the look at them.
-inline std::ptrdiff_t openFiles() {
-    const std::filesystem::directory_iterator descriptors("/proc/self/fd");
-    return std::distance(begin(descriptors), end(descriptors));
+/// Their number, among the first thousand descriptors.
+inline int openFiles() {
+    int count = 0;
+    for (int descriptor = 0; descriptor < 1000; ++descriptor) count += fcntl(descriptor, F_GETFL) != -1;
+    return count;
 }
 
 }  // namespace customstyle_test

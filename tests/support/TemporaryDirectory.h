@@ -15,16 +15,19 @@ public:
     TemporaryDirectory(const TemporaryDirectory&) = delete;
     TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
 
-    const std::filesystem::path& path() const { return m_path; }
+    std::filesystem::path path() const { return m_path; }
 
     /// The path with a trailing separator, as Init takes it.
-    std::string prefix() const { return m_path.string() + "/"; }
+    std::string prefix() const { return m_path + "/"; }
+
+    /// Makes a directory in it.
+    void makeDirectory(const std::string& name) const;
 
     /// Writes a file and returns its path.
     std::string write(const std::string& name, std::string_view content) const;
 
 private:
-    std::filesystem::path m_path;
+    std::string m_path;
 };
 
 }  // namespace customstyle_test

@@ -76,7 +76,7 @@ protected:
             fs::remove(m_path);
             make(m_path.c_str());
         };
-        const std::ptrdiff_t before = openFiles();
+        const int before = openFiles();
         const int answer = m_file.Open(m_path.c_str(), 257);
         EXPECT_FALSE(g_beforeOpen) << "nothing was opened";
         EXPECT_EQ(openFiles(), before);

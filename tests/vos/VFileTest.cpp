@@ -126,7 +126,7 @@ TEST_F(VFile, ClosingEndsReading) {
 }
 
 TEST_F(VFile, ClosingWithoutAnOpenFileDoesNothing) {
-    const std::ptrdiff_t before = openFiles();
+    const int before = openFiles();
     m_file.Close();
     m_file.Close();
     EXPECT_EQ(openFiles(), before);
@@ -151,7 +151,7 @@ TEST_F(VFile, OpeningAgainInVainLeavesNothingOpen) {
 
 TEST_F(VFile, GivesItsDescriptorBackOnOpeningAgainAndInTheEnd) {
     const std::string path = m_directory.write("text", "abc");
-    const std::ptrdiff_t before = openFiles();
+    const int before = openFiles();
     {
         CVFile file;
         EXPECT_EQ(file.Open(path.c_str(), 257), 1);

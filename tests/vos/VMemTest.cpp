@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <thread>
 #include <vector>
 
 #include "tests/support/FaultyMemory.h"
@@ -72,20 +71,6 @@ TEST(VMem, BlocksAreAlignedForAnyFundamentalType) {
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t), 0u) << size;
         CVMem::Deallocate(block);
     }
-}
-
-TEST(VMem, AllThreadsShareTheAccounts) {
-    const MemoryAccounts accounts;
-    const auto work = [] {
-        for (int i = 0; i < 2000; ++i) CVMem::Deallocate(allocated(8));
-    };
-    std::thread other(work);
-    std::thread another(work);
-    work();
-    other.join();
-    another.join();
-    EXPECT_EQ(accounts.blocks(), 0);
-    EXPECT_EQ(accounts.bytes(), 0);
 }
 
 TEST(VMem, TheHostAllocatorReceivesOriginAndLine) {

@@ -1,6 +1,7 @@
 // Arrays of another engine.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -10,9 +11,10 @@ namespace _orvik_vi {
 
 template <typename T>
 T* VNewArray(std::uint64_t count) {
-    void* block = CVMem::Allocate(sizeof(count) + count * sizeof(T), "", 0);
+    const auto size = static_cast<std::size_t>(sizeof(count) + count * sizeof(T));
+    void* block = CVMem::Allocate(size, "", 0);
     if (block == nullptr) return nullptr;
-    std::memset(block, 0, sizeof(count) + count * sizeof(T));
+    std::memset(block, 0, size);
     return reinterpret_cast<T*>(static_cast<std::uint64_t*>(block) + 1);
 }
 
