@@ -13,8 +13,7 @@ void CVMapPtrToPtr::GetNextAssoc(void*& position, void*& key, void*& value) cons
     const Entry* entry = static_cast<Entry*>(position);
     key = entry->first;
     value = entry->second;
-    ++entry;
-    position = entry == m_entries.data() + m_entries.size() ? nullptr : const_cast<Entry*>(entry);
+    position = entry == m_entries.data() ? nullptr : const_cast<Entry*>(entry - 1);
 }
 
 int CVMapPtrToPtr::Lookup(void* key, void*& value) const {

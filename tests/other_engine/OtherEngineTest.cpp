@@ -46,11 +46,11 @@ public:
             {{"featureType", text(featureType)}, {"elementType", text(elementType)}, {"stylers", object(stylers)}});
     }
 
-    /// Each feature type has the style id 1000 + its own id.
+    /// Each feature type has the style ids 1000 + its own id and 2000 + its own id.
     cJSON* mapping(const CustomConfig& config) {
         cJSON* const node = make({.kind = Kind::Object});
         for (int type = EMAPCUSTOMSTYLE_GRID; type >= 0; --type) {
-            cJSON* const ids = array({number(1000 + type)});
+            cJSON* const ids = array({number(1000 + type), number(2000 + type)});
             ids->string = m_names.emplace_back(config.GetFeatureTypeName(type)).c_str();
             ids->sibling = std::exchange(node->firstChild, ids);
         }
@@ -85,11 +85,15 @@ TEST(OtherEngine, LoadsAndAnswers) {
 
     g_zrsdk_custom_style_enable = 1;
     tagCustomStyle style{};
-    EXPECT_EQ(config->GetStyleFromConfig(style, 1013, 9), 13);
-    EXPECT_EQ(style.m_fillColor, 0xff332211U);
-    EXPECT_EQ(style.m_fillWeight, 7);
-    EXPECT_EQ(config->IsCustomizedIconVisible(1053, 12), 1);
-    EXPECT_EQ(config->IsCustomizedIconVisible(1053, 13), 0);
+    for (const unsigned int styleId : {1013U, 2013U}) {
+        EXPECT_EQ(config->GetStyleFromConfig(style, styleId, 9), 13);
+        EXPECT_EQ(style.m_fillColor, 0xff332211U);
+        EXPECT_EQ(style.m_fillWeight, 7);
+    }
+    for (const unsigned int styleId : {1053U, 2053U}) {
+        EXPECT_EQ(config->IsCustomizedIconVisible(styleId, 12), 1);
+        EXPECT_EQ(config->IsCustomizedIconVisible(styleId, 13), 0);
+    }
     g_zrsdk_custom_style_enable = 0;
 }
 

@@ -1,4 +1,5 @@
-// CVMapPtrToPtr of another engine: a sorted list. It wants its block size told, and notes what it is told.
+// CVMapPtrToPtr of another engine: a sorted list, walked from the largest key down. It wants its block size told, and
+// notes what it is told.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +16,7 @@ public:
 
     int blockSize() const { return m_blockSize; }
 
-    void* GetStartPosition() const { return m_entries.empty() ? nullptr : const_cast<Entry*>(m_entries.data()); }
+    void* GetStartPosition() const { return m_entries.empty() ? nullptr : const_cast<Entry*>(&m_entries.back()); }
     void GetNextAssoc(void*& position, void*& key, void*& value) const;
     int Lookup(void* key, void*& value) const;
     void*& operator[](void* key);
