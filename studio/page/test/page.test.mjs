@@ -174,6 +174,96 @@ describe('the editor', () => {
   });
 });
 
+describe('what the panels show', () => {
+  test('are findings with the gravest first', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'}), rule('water', 'geometry.fill', {color: '#ff0000'}),
+      rule('lake', 'geometry.fill', {color: '#ff0000'})));
+    await page.locator('[data-panel="findings"]').click();
+    const severities = await page.locator('#panel li > span').allTextContents();
+    assert.deepEqual(severities.map((text) => text.trim()), ['error:', 'warning:']);
+  });
+
+  test('is each feature type, also where the city has none', async () => {
+    const {page} = studio;
+    await page.locator('[data-panel="specimens"]').click();
+    const names = await page.locator('#panel .specimen canvas').evaluateAll((all) => all.map((each) => each.getAttribute('aria-label')));
+    const types = await page.evaluate(() => Object.keys(window.studio.mapping));
+    assert.equal(types.length, 72);
+    assert.deepEqual(names, types.map((type) => `${type} as the style draws it`));
+  });
+
+  test('are levels whose cells lead to their rules', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'}), rule('water', 'geometry.fill', {color: '#ff0000', level: '9'})));
+    await page.locator('[data-panel="levels"]').click();
+    await page.locator('#matrix-type').selectOption('water');
+    for (const [level, color, number] of [[8, '#0000ff', 0], [9, '#ff0000', 1]]) {
+      await page.locator(`#panel button[aria-label="fill at level ${level}: ${color}"]`).click();
+      await page.waitForFunction((text) => {
+        const {state} = window.studio.editor.view;
+        return state.sliceDoc(state.selection.main.from, state.selection.main.to).includes(text);
+      }, color);
+      assert.equal(await page.evaluate(() => window.studio.rule), number);
+    }
+  });
+});
+
+describe('the rule in question', () => {
+  test('is told on hover', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'})));
+    await page.locator('.cm-line', {hasText: '"water"'}).hover({position: {x: 60, y: 6}});
+    await page.locator('.cm-tooltip-hover', {hasText: 'Rule 1 changes water fill.'}).waitFor();
+    await page.mouse.move(0, 0);
+  });
+
+  test('is left out on the other side of the comparison', async () => {
+    const {page} = studio;
+    await typeStyle(page, magentaRoads);
+    await page.locator('#compare-with').selectOption('rule');
+    await page.locator('#compare').check();
+    await page.evaluate(() => window.studio.editor.goToRule(3));
+    await page.waitForFunction((text) => window.studio.without && !window.studio.without.includes('provincialway') &&
+      window.studio.before.answers && window.studio.text === text, magentaRoads);
+    await page.locator('#compare').uncheck();
+    await page.locator('#compare-with').selectOption('start');
+  });
+
+  test('gets another colour with the picker of its chip', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff80'})));
+    await page.evaluate(() => {
+      HTMLInputElement.prototype.click = function () {
+        delete HTMLInputElement.prototype.click;
+        this.value = '#12ab34';
+        this.dispatchEvent(new Event('input'));
+      };
+    });
+    await page.locator('.cm-chip').click();
+    await page.waitForFunction(() => window.studio.text.includes('"#12ab3480"'));
+  });
+});
+
+describe('where to begin', () => {
+  test('is an example', async () => {
+    const {page} = studio;
+    await page.locator('#examples').selectOption('pale.json');
+    await page.waitForFunction(() => window.studio.file.name === 'pale.json' && window.studio.settled === window.studio.editor.text);
+    assert.match(await page.evaluate(() => window.studio.text), /"featureType": "land"/);
+  });
+
+  test('is a view, also with walls and roofs', async () => {
+    const {page} = studio;
+    const walls = () => page.evaluate(() => [window.studio.map.map.getLayoutProperty('building-walls', 'visibility'), window.studio.map.map.getPitch() > 40]);
+    await page.locator('#cameras').selectOption({label: '3D'});
+    assert.deepEqual(await walls(), ['visible', true]);
+    await page.locator('#cameras').selectOption({label: 'City'});
+    assert.deepEqual(await walls(), ['none', false]);
+    await whenDrawn(page);
+  });
+});
+
 describe('what was typed', () => {
   test('survives a reload', async () => {
     const {page} = studio;
