@@ -88,7 +88,7 @@ TEST(BuiltStyle, HasTheRulesOfItsBaseItsOverlaysAndItsOwn) {
         directory, "base = \"base.json\"\noverlays = [\"first.json\", \"second.json\"]\nrules = [{note = 1}]\n");
     EXPECT_EQ(built.file->text(),
               laidOutText("[\n" + base + ",\n\n" + first + ",\n\n" + second + ",\n\n{\"note\": 1}]\n"));
-    EXPECT_EQ(built.sources.size(), 4U);
+    EXPECT_EQ(built.file->sources().size(), 4U);
 }
 
 struct WinnerCase {

@@ -66,8 +66,8 @@ TEST(MappingCheck, NamesTheTypeThatAnswersForASharedStyleId) {
     const CheckedFile checked = checkedMapping(mappingWith("water", "[1001, 1004, 1002]"));
     EXPECT_THAT(
         messagesOf(checked, Code::MappingIdShared),
-        ElementsAre(HasSubstr(R"("green" and "water" share 1 style id (1001); where both customise one, "green")"),
-                    HasSubstr(R"("water" and "manmade" share 1 style id (1004); where both customise one, "water")")));
+        ElementsAre(HasSubstr(R"("green" and "water" share 1 style id (1001); if both customise one, "green")"),
+                    HasSubstr(R"("water" and "manmade" share 1 style id (1004); if both customise one, "water")")));
 }
 
 TEST(MappingCheck, LetsAParentAnswerLastWhateverItsPlace) {

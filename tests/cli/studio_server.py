@@ -141,6 +141,29 @@ class StudioTest(unittest.TestCase):
         self.addCleanup(lambda: studio.process.poll() is None and studio.end(signal.SIGKILL))
         return studio
 
+    def settings(self, text):
+        (self.place.root / "customstyle.toml").write_text(text)
+
+    def mapping_with(self, *words):
+        """The mapping that a studio without --mapping serves, or None."""
+        studio = Studio(str(self.place.style), *words, page=self.place.page)
+        status, _, body = studio.ask(path="/api/mapping")
+        studio.end()
+        return json.loads(body)["text"] if status == 200 else None
+
+    def test_serves_the_mapping_of_the_settings_beside_the_style(self):
+        self.assertIsNone(self.mapping_with())
+        self.settings('mapping = "map"')
+        self.assertEqual(self.mapping_with(), '{"water": [7]}')
+        self.assertIsNone(self.mapping_with("--no-config"))
+
+    def test_refuses_broken_settings(self):
+        self.settings('maping = "map"')
+        words = [TOOL, "studio", "--page", self.place.page, str(self.place.style)]
+        done = subprocess.run(words, capture_output=True, text=True, check=False, timeout=PATIENCE)
+        self.assertEqual(done.returncode, 2)
+        self.assertIn('customstyle.toml:1:1: unknown setting "maping"; did you mean "mapping"?', done.stderr)
+
     def stream(self):
         stream = Stream(self.studio)
         self.addCleanup(stream.close)
@@ -484,7 +507,7 @@ class Calls(unittest.TestCase):
                               (["-"], "standard input cannot be watched"), ([str(place.page / "pipe")], "is not a regular file"),
                               ([str(place.style), "--mapping", str(place.page)], "CustomIndex"),
                               (["--port", "70000"], "is not a port"), (["--port", "x"], "is not a port"),
-                              (["--build-site", "site", "--open"], "--build-site writes the page alone")]:
+                              (["--build-site", "site", "--open"], "--build-site writes the page only")]:
             with self.subTest(words=words):
                 done = subprocess.run([TOOL, "studio", "--page", place.page, *words], capture_output=True, text=True, check=False,
                                       timeout=PATIENCE)

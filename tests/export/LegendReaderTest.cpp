@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"AnUnknownType", legendWith(R"({"type": "highwy", "kind": "line", "source_layer": "roads"})"),
              "legend.json:4:10: unknown feature type \"highwy\"; did you mean \"highway\"?"},
         Case{"TheWildcardAsType", legendWith(R"({"type": "all", "kind": "line", "source_layer": "roads"})"),
-             "legend.json:4:10: unknown feature type \"all\""},
+             "legend.json:4:10: unknown feature type \"all\"; all names: customstyle list types"},
         Case{"AnUnknownKind", legendWith(R"({"type": "water", "kind": "lines", "source_layer": "a"})"),
              "legend.json:4:27: unknown kind \"lines\"; did you mean \"line\"?"},
         Case{"ATypeThatIsNoText", legendWith(R"({"type": 2, "kind": "line", "source_layer": "a"})"),

@@ -37,12 +37,12 @@ std::string caseName(const testing::TestParamInfo<ErrorCase>& info) {
 }
 
 constexpr auto kNoValue = "the text holds no JSON value"sv;
-constexpr auto kUtf16 = "the text is UTF-16; it has to be saved as UTF-8"sv;
+constexpr auto kUtf16 = "the text is UTF-16; save it as UTF-8"sv;
 constexpr auto kNul = "a NUL byte ends the text here"sv;
 constexpr auto kMarkAlone = "a byte order mark needs at least two bytes after it"sv;
 constexpr auto kComment = "a comment is not JSON"sv;
 constexpr auto kInvisible =
-    "an invisible character is here; only blanks, tabs and line ends may stand between values"sv;
+    "an invisible character is here; only spaces, tabs and line ends may be between values"sv;
 constexpr auto kUnknown = "no JSON value starts with this character"sv;
 
 INSTANTIATE_TEST_SUITE_P(WholeText, Refusal,
@@ -109,26 +109,26 @@ INSTANTIATE_TEST_SUITE_P(
                     ErrorCase{"ClosedAsAListAtOnce", R"({^])", "an object ends with }, not with ]"},
                     ErrorCase{"ABareName", "{^color: 1}", "a member's name needs double quotes"},
                     ErrorCase{"ANumberForAName", "{^1: 1}", "a member's name needs double quotes"},
-                    ErrorCase{"ASingleQuotedName", "{^'a': 1}", "a text needs straight double quotes"}),
+                    ErrorCase{"ASingleQuotedName", "{^'a': 1}", "a string needs straight double quotes"}),
     caseName);
 
-constexpr auto kUnterminated = "an unterminated text: its closing double quote is missing"sv;
-constexpr auto kLoneSurrogate = "half of a surrogate pair; both halves have to stand side by side"sv;
+constexpr auto kUnterminated = "an unterminated string: its closing double quote is missing"sv;
+constexpr auto kLoneSurrogate = "half of a surrogate pair; both halves must be next to each other"sv;
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, Refusal,
     testing::Values(ErrorCase{"NeverClosed", "[\"a\", ^\"b]", kUnterminated},
                     ErrorCase{"ClosedInTheNextLineOnly", "{\"a\": ^\"b,\n\"c\": 1}", kUnterminated},
                     ErrorCase{"ANameClosedInTheNextLineOnly", "{^\"a: 1,\n\"c\": 1}", kUnterminated},
-                    ErrorCase{"SingleQuotes", "[^'a']", "a text needs straight double quotes"},
+                    ErrorCase{"SingleQuotes", "[^'a']", "a string needs straight double quotes"},
                     ErrorCase{"TypographicQuotes",
                               "[^\xE2\x80\x9C"
                               "a\xE2\x80\x9D]",
-                              "a text needs straight double quotes"},
-                    ErrorCase{"NoQuotes", "[^red]", "a text needs double quotes"},
-                    ErrorCase{"AColorWithoutQuotes", "[^#ff0000]", "a text needs double quotes"},
-                    ErrorCase{"MoreThanAWord", "[^nullable]", "a text needs double quotes"},
-                    ErrorCase{"AWordInCapitals", "[^True]", "true, false and null are written in small letters"},
+                              "a string needs straight double quotes"},
+                    ErrorCase{"NoQuotes", "[^red]", "a string needs double quotes"},
+                    ErrorCase{"AColorWithoutQuotes", "[^#ff0000]", "a string needs double quotes"},
+                    ErrorCase{"MoreThanAWord", "[^nullable]", "a string needs double quotes"},
+                    ErrorCase{"AWordInCapitals", "[^True]", "true, false and null are lower case"},
                     ErrorCase{"AnUnknownEscape", R"(["C:^\maps"])", "unknown escape; write a backslash as two"},
                     ErrorCase{"TooFewDigits", R"(["^\u00e"])", "\\u needs four hexadecimal digits"},
                     ErrorCase{"AHighSurrogateAlone", R"(["a^\ud83d"])", kLoneSurrogate},
@@ -136,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ErrorCase{"AnErrorInAName", R"({"a^\q": 1})", "unknown escape; write a backslash as two"}),
     caseName);
 
-constexpr auto kMalformed = "not a number as JSON writes it"sv;
+constexpr auto kMalformed = "not a valid JSON number"sv;
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, Refusal,

@@ -99,7 +99,7 @@ private:
             }
             const auto text = textIn(*each);
             if (!text) {
-                problem(*each, R"(write a text in quotes, as in road = "#a8772f", or a whole number)");
+                problem(*each, R"(write a string in quotes, as in road = "#a8772f", or a whole number)");
                 continue;
             }
             m_result.palette.push_back(
@@ -155,7 +155,7 @@ private:
             node.text = textIn(value).value_or("");
             node.json = jsonText(node.text);
         } else if (inStylers) {
-            problem(value, "write a text in quotes or a whole number");
+            problem(value, "write a string in quotes or a whole number");
         } else if (value.is_integer()) {
             node.kind = JsonKind::Number;
             node.json = std::to_string(*value.value_exact<std::int64_t>());
@@ -163,7 +163,7 @@ private:
             node.kind = *flag ? JsonKind::True : JsonKind::False;
             node.json = *flag ? "true" : "false";
         } else {
-            problem(value, "write a text in quotes; a style has neither times nor fractions");
+            problem(value, "write a string in quotes; a style has no times and no fractions");
         }
     }
 

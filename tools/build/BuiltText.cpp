@@ -99,7 +99,7 @@ void BuiltText::addChildren(const SourceFile& file, const RuleNode& node, bool i
 std::string BuiltText::problemOf(const JsonError& error) const {
     const auto next = std::ranges::upper_bound(m_rules, error.offset, {}, &RuleStart::offset);
     const RuleStart& rule = next == m_rules.begin() ? m_rules.front() : *std::prev(next);
-    return fmt::format("{}: the rule cannot stand in a style: {}", rule.file->place(rule.range.begin), error.reason());
+    return fmt::format("{}: a style cannot hold this rule: {}", rule.file->place(rule.range.begin), error.reason());
 }
 
 std::variant<std::unique_ptr<SourceFile>, std::string> BuiltText::file(
@@ -108,11 +108,13 @@ std::variant<std::unique_ptr<SourceFile>, std::string> BuiltText::file(
     const auto read = parseJson(unformatted);
     if (const auto* const error = std::get_if<JsonError>(&read)) return problemOf(*error);
     std::string text = laidOut(std::get<JsonDocument>(read));
+    std::vector<std::string> paths;
+    for (const auto& each : files) paths.push_back(each->path());
     const auto places = std::make_shared<Places>(std::move(m_written), build, std::move(files));
     const auto formatted = parseJson(text);  // nests as deep
     places->setRanges(std::get<JsonDocument>(formatted));
-    return std::make_unique<SourceFile>(build.path(), std::move(text),
-                                        [places](TextRange range) { return places->originOf(range); });
+    return std::make_unique<SourceFile>(
+        build.path(), std::move(text), [places](TextRange range) { return places->originOf(range); }, std::move(paths));
 }
 
 }  // namespace customstyle_tool

@@ -99,7 +99,7 @@ private:
         const auto first = std::ranges::find_if(m_open, isSame);
         if (first == m_open.end()) return add(path, &reference);
         const std::vector<std::string> circle(first, m_open.end());
-        problems.push_back(fmt::format("{}: this leads back to {}: {} -> {}; take it out", reference.place(), path,
+        problems.push_back(fmt::format("{}: this leads back to {}: {} -> {}; remove it", reference.place(), path,
                                        fmt::join(circle, " -> "), path));
     }
 
@@ -205,8 +205,7 @@ std::variant<BuiltStyle, BuildProblems> builtStyle(const std::string& path) {
     Variables variables(sources);
     BuiltText text = textOf(sources, variables);
     if (!sources.problems.empty()) return std::move(sources.problems);
-    BuiltStyle built{{}, {}, variables.misspelt()};
-    for (const File& file : sources.files) built.sources.push_back(file->path());
+    BuiltStyle built{{}, variables.misspelt()};
     const SourceFile& build = *sources.files.front();
     auto file = std::move(text).file(build, std::move(sources.files));
     if (const auto* const problem = std::get_if<std::string>(&file)) return BuildProblems{*problem};

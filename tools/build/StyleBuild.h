@@ -17,7 +17,6 @@ bool isBuildFile(std::string_view path);
 /// A style that was built.
 struct BuiltStyle {
     std::unique_ptr<SourceFile> file;   ///< a laid out style file with the path of the build file; its places lead back
-    std::vector<std::string> sources;   ///< the paths of all files that it is made of
     std::vector<std::string> warnings;  ///< names of the palette that nothing uses, and that look like one that is used
 };
 

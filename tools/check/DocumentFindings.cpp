@@ -68,7 +68,7 @@ void addCutTexts(std::vector<Finding>& findings, const SourceFile& file, JsonVal
     const auto add = [&](TextRange range, const std::string& read) {
         Finding& finding = findings.emplace_back(findingAt(
             file, Code::TextCutAtNul, range, value.path(),
-            fmt::format("the component reads only {}: a text ends at its first zero character", inQuotes(read))));
+            fmt::format("the component reads only {}: a string ends at its first zero character", inQuotes(read))));
         finding.rule = ruleOf(value);
     };
     if (value.wholeName().size() > value.name().size()) add(value.nameRange(), value.name());
@@ -80,9 +80,8 @@ void findOutermost(StyleFindings& found) {
     const JsonValue root = found.study().source().document().root();
     const TextRange start{root.range().begin, root.range().begin + 1};
     if (root.kind() == JsonKind::Object) {
-        found.addToFile(
-            Code::NotAList, start,
-            "the file is an object, not a list of rules; the component takes the values of its members for rules");
+        found.addToFile(Code::NotAList, start,
+                        "the file is an object, not a list of rules; the component reads its members as rules");
     } else if (root.kind() != JsonKind::Array) {
         found.addToFile(Code::NotAList, root.range(),
                         std::string("the file is ") + std::string(kindName(root.kind())) +
@@ -97,11 +96,11 @@ const char* leniency(const SourceFile& file, TextRange range) {
     const std::string_view text = file.text().substr(range.begin, range.size());
     if (text.starts_with('"')) {
         const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < ' '; };
-        if (std::ranges::any_of(text, isControl)) return "a line break or another control character inside a text";
-        return isUtf8(text) ? nullptr : "a text that is not UTF-8";
+        if (std::ranges::any_of(text, isControl)) return "a line break or another control character inside a string";
+        return isUtf8(text) ? nullptr : "a string that is not UTF-8";
     }
     const bool isNumber = !text.empty() && (text[0] == '-' || isDigit(text[0]));
-    return isNumber && !isStrictNumber(text) ? "a number that JSON writes in another way" : nullptr;
+    return isNumber && !isStrictNumber(text) ? "a number that is not valid JSON" : nullptr;
 }
 
 void addLeniencies(StyleFindings& found, JsonValue value) {
@@ -157,7 +156,7 @@ std::vector<Finding> findInDocument(const StyleStudy& study) {
 }
 
 std::string_view kindName(JsonKind kind) {
-    constexpr std::string_view kNames[] = {"null", "false", "true", "a number", "a text", "a list", "an object"};
+    constexpr std::string_view kNames[] = {"null", "false", "true", "a number", "a string", "a list", "an object"};
     return kNames[static_cast<std::size_t>(kind)];
 }
 

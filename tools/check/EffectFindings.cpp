@@ -68,12 +68,12 @@ public:
         const Culprits culprits = overwriters();
         if (hidesEveryIcon()) return addOtherHider(finding);
         if (isNeverAskedFor()) {
-            finding.message += ": no question of the renderer finds its style ids";
+            finding.message += ": the renderer never finds its style ids";
         } else if (!ownsAnything() && !culprits.steps.empty()) {
             addCulprits(finding, culprits, culprits.steps.size() > 1 ? "overwrite" : "overwrites", "overwritten here");
         } else if (changesNothing()) {
             const Culprits owners = ownersBefore();
-            if (!owners.isAll) return void(finding.message += ": it writes what is there already");
+            if (!owners.isAll) return void(finding.message += ": it writes what is already there");
             addCulprits(finding, owners, "", "written here before");
         } else if (isAnsweredByOthers()) {
             finding.message += ": other feature types answer for all its style ids";
@@ -248,7 +248,7 @@ private:
         Finding& finding = addAt(Code::NoEffect, proven);
         finding.message = fmt::format("{} no effect on the map", subjectOf(proven));
         finding.canGo = true;
-        if (isDoubled(proven)) finding.remedy = "take it out, each time that it is there";
+        if (isDoubled(proven)) finding.remedy = "remove every copy of it";
         Reason(m_found, begin, end).addTo(finding);
     }
 
@@ -332,7 +332,7 @@ std::vector<Finding> findEffects(const StyleStudy& study, const std::vector<Find
     if (proofs.unproven > 0) {
         const std::size_t begin = study.source().document().root().range().begin;
         found.addToFile(Code::EffectsUnproven, {begin, begin + 1},
-                        fmt::format("{} of {} proofs were not made; those without effect among them are not found",
+                        fmt::format("{} of {} proofs were not made; what has no effect among them is not reported",
                                     proofs.unproven, proofs.unproven + proofs.effects.size()));
     }
     return found.take();

@@ -42,9 +42,9 @@ void findResets(StyleFindings& found) {
         const auto& [victim, culprit, level] = each;
         Finding& finding =
             found.add(Code::LevelReset, found.steps()[victim],
-                      fmt::format("what it writes to {} is lost at {}: {} starts again from the style for all levels",
+                      fmt::format("what it writes to {} is lost at {}: {} starts over from the style for all levels",
                                   fieldNames(fields), levelText(level), found.nameOf(culprit)));
-        finding.related.push_back(found.placeOf(culprit, "starts again here"));
+        finding.related.push_back(found.placeOf(culprit, "starts over here"));
     }
 }
 
@@ -78,7 +78,7 @@ void checkOwnReset(StyleFindings& check, const ReplayStep& step) {
     if (lost.empty()) return;
     check.add(Code::LevelResetsItself, step,
               fmt::format("what it writes to {} does not stay at {}: the rule writes several times, and each time "
-                          "starts again from the style for all levels",
+                          "starts over from the style for all levels",
                           fieldNames(lost), levelText(level)));
 }
 
@@ -148,11 +148,11 @@ std::string atSomeLevels(const LevelSet& levels) {
 void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
     for (const auto& [victim, fields] : out.victims) {
         Finding& finding = found.add(Code::HiddenByRule, found.steps()[victim],
-                                     fmt::format("the {} that it gives \"{}\" is not drawn{}: {} takes it out of use",
+                                     fmt::format("the {} that it gives \"{}\" is not drawn{}: {} disables it",
                                                  fieldNames(fields), catalogue().GetFeatureTypeName(out.featureType),
                                                  atSomeLevels(out.levels), found.nameOf(culprit)));
         finding.remedy = fmt::format("correct the element of {}", found.nameOf(culprit));
-        finding.related.push_back(found.placeOf(culprit, "taken out of use here"));
+        finding.related.push_back(found.placeOf(culprit, "disabled here"));
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include "tools/check/DocumentFindings.h"
 #include "tools/check/StyleFindings.h"
+#include "tools/json/JsonScalars.h"
 #include "tools/study/Probe.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
@@ -60,10 +61,11 @@ void featureTypeUnknown(const LoggedLine& logged) {
     Finding& finding = logged.add(Code::TypeUnknown, *logged.rule.featureType,
                                   fmt::format("unknown feature type {}; the rule is skipped", inQuotes(name)));
     const auto nearest = likelyName(name, featureTypeNames());
-    if (nearest) return proposeName(finding, *nearest);
     const auto meant = meantFeatureType(name);
+    if (nearest && (!meant || spellingDistance(inLowerCase(name), *nearest) <= 1))
+        return proposeName(finding, *nearest);
     finding.remedy = meant ? fmt::format("did you mean \"{}\"? All names: customstyle list types", *meant)
-                           : "use one of the names that this lists: customstyle list types";
+                           : "use a name from: customstyle list types";
 }
 
 void elementTypeAbsent(const LoggedLine& logged) {
@@ -108,9 +110,10 @@ std::vector<std::string> relatedElements(const RuleView& rule, const std::vector
 
 std::string elementRemedy(const RuleView& rule, const std::string& styler) {
     const std::vector<std::string> elements = elementsTaking(rule.typeName, styler);
-    if (elements.empty()) return fmt::format("take the {} out: no element of \"{}\" takes one", styler, rule.typeName);
-    const auto likely = likelyName(rule.path, elements);
-    return fmt::format("{}\"{}\" takes a {} on {}", likely ? fmt::format("did you mean \"{}\"? ", *likely) : "",
+    if (elements.empty()) return fmt::format("remove the {}: no element of \"{}\" has one", styler, rule.typeName);
+    auto likely = likelyName(rule.path, elements);
+    if (!likely) likely = meantElement(rule.path, elements);
+    return fmt::format("{}\"{}\" has a {} on {}", likely ? fmt::format("did you mean \"{}\"? ", *likely) : "",
                        rule.typeName, styler, quotedList(relatedElements(rule, elements)));
 }
 
@@ -145,18 +148,27 @@ void visibilityIllegal(const LoggedLine& logged) {
     Finding& finding =
         logged.add(Code::VisibilityUnknown, value,
                    fmt::format("{} is neither \"on\" nor \"off\"; the styler is dropped", inQuotes(value.text())));
-    const std::vector<std::string> values{"on", "off"};
-    const auto nearest = likelyName(value.text(), values);
-    if (nearest) propose(finding, fmt::format("\"{}\"", *nearest));
+    if (const auto meant = meantVisibility(value.text())) {
+        finding.remedy = fmt::format("did you mean \"{}\"?", *meant);
+    } else if (const auto nearest = likelyName(value.text(), std::vector<std::string>{"on", "off"})) {
+        propose(finding, fmt::format("\"{}\"", *nearest));
+    }
+}
+
+// The whole number that a size begins with, where nothing but a fraction or a unit follows: "3" of "3px".
+std::string leadingNumber(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789";
+    text.remove_prefix(std::min(text.find_first_not_of(" +"), text.size()));
+    const std::string_view digits = text.substr(0, text.find_first_not_of(kDigits));
+    const std::string_view rest = text.substr(digits.size());
+    const bool isUnit = rest.find_first_of(kDigits) == std::string_view::npos;
+    return isUnit || rest.starts_with('.') ? std::string(digits) : "";
 }
 
 void sizeNotDigits(const LoggedLine& logged) {
     const JsonValue value = *logged.rule.member(logged.step.styler);
     const std::string text = value.text();
-    std::string digits;
-    for (const char byte : text.substr(0, text.find('.'))) {
-        if (byte >= '0' && byte <= '9') digits += byte;
-    }
+    const std::string digits = leadingNumber(text);
     Finding& finding =
         logged.add(Code::SizeNotDigits, value,
                    fmt::format("{} is not only digits; the {} is dropped", inQuotes(text), logged.step.styler));

@@ -16,15 +16,15 @@
 #include "tools/study/Answers.h"
 #include "tools/study/Mapping.h"
 #include "tools/study/SingleRules.h"
-#include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Synonyms.h"
 
 namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
 
-// So many style ids are named before a message says "and others".
+// The number of style ids that a message names before "and others".
 constexpr std::size_t kNamedIds = 5;
 
 std::string idsText(const std::vector<int>& ids) {
@@ -91,13 +91,13 @@ private:
         if (first != member) {
             Finding& finding =
                 add(Code::MemberDoubled, member.nameRange(), member,
-                    fmt::format("{} is repeated here; the component takes the first one", inQuotes(member.name())));
+                    fmt::format("{} is repeated here; the component uses the first one", inQuotes(member.name())));
             finding.related.push_back({first.nameRange(), "the first one"});
         } else if (!isTypeName(inLowerCase(member.name()))) {
             addUnknown(member);
         } else if (!isTypeName(member.name())) {
             add(Code::MemberCaseAccepted, member.nameRange(), member,
-                fmt::format("the component finds {} all the same, but feature types are spelt in lower case",
+                fmt::format("the component accepts {}, but feature types are spelt in lower case",
                             inQuotes(member.name())));
         }
     }
@@ -106,8 +106,7 @@ private:
         Finding& finding =
             add(Code::MappingNameUnknown, member.nameRange(), member,
                 fmt::format("unknown feature type {}; the component ignores the list", inQuotes(member.name())));
-        const auto nearest = likelyName(member.name(), mappedTypeNames());
-        if (nearest) finding.remedy = fmt::format("did you mean \"{}\"?", *nearest);
+        finding.remedy = featureTypeHint(member.name()).substr(2);
     }
 
     void addMissing() {
@@ -155,16 +154,16 @@ private:
                     isDropped ? "counts as 0, and is dropped" : fmt::format("counts as the style id {}", read)));
         } else if (element.number() != std::floor(element.number())) {
             add(Code::MappingIdFraction, element,
-                fmt::format("the fraction is cut off; this is the style id {}", read));
+                fmt::format("the fraction is cut off; it becomes the style id {}", read));
         } else if (element.number() != read) {
             add(Code::MappingIdOutOfRange, element,
-                fmt::format("the number is out of range; this is the style id {}", read));
+                fmt::format("the number is out of range; it becomes the style id {}", read));
         } else if (read == 0) {
             add(Code::MappingIdZero, element,
                 isDropped ? "0 is dropped at the start of a list and after another 0"
                           : "0 is a style id here; it is dropped only at the start of a list and after another 0");
         } else if (!canBeAskedFor(read)) {
-            add(Code::MappingIdNeverFound, element, "no question of the renderer finds a negative style id");
+            add(Code::MappingIdNeverFound, element, "the renderer never finds a negative style id");
         } else {
             return true;
         }
@@ -174,9 +173,9 @@ private:
     void checkRepeated(std::map<int, JsonValue>& seen, JsonValue element) {
         const auto [first, isNew] = seen.try_emplace(element.integer(), element);
         if (isNew) return;
-        Finding& finding =
-            add(Code::MappingIdRepeated, element,
-                fmt::format("the style id {} is in this list already; nothing changes", element.integer()));
+        Finding& finding = add(
+            Code::MappingIdRepeated, element,
+            fmt::format("the style id {} is already in this list; the repetition changes nothing", element.integer()));
         finding.related.push_back({first->second.range(), "the first one"});
     }
 
@@ -215,7 +214,7 @@ private:
         // Parents answer last, in the order of their ids.
         const bool yields = isParent(first) && !isParent(second);
         add(Code::MappingIdShared, place,
-            fmt::format("\"{}\" and \"{}\" share {} style id{} ({}); where both customise one, \"{}\" answers", first,
+            fmt::format("\"{}\" and \"{}\" share {} style id{} ({}); if both customise one, \"{}\" answers", first,
                         second, ids.size(), ids.size() == 1 ? "" : "s", idsText(ids), yields ? second : first));
     }
 

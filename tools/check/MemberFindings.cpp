@@ -60,13 +60,13 @@ private:
     void addDoubled(JsonValue member, JsonValue first) {
         if (isRemark(member.name())) return;
         Finding& finding = add(Code::MemberDoubled, member,
-                               fmt::format("{} is repeated here; the component takes the first one, {}",
+                               fmt::format("{} is repeated here; the component uses the first one, {}",
                                            inQuotes(member.name()), quotedSource(first)));
         finding.related.push_back({first.nameRange(), "the first one"});
     }
 
     static std::string quotedSource(JsonValue value) {
-        return value.source().size() > 40 ? "as it stands above" : std::string(value.source());
+        return value.source().size() > 40 ? "above" : std::string(value.source());
     }
 
     void checkMember(JsonValue member) {
@@ -87,16 +87,20 @@ private:
                 fmt::format("{} has no member {}; the component ignores it", m_place.name, inQuotes(member.name())));
         const auto nearest = likelyName(member.name(), m_place.members);
         if (nearest) return proposeName(finding, *nearest);
-        const auto meant = &m_place == &kInStylers ? meantStyler(member.name()) : std::nullopt;
-        if (meant) finding.remedy = fmt::format("did you mean \"{}\"? All names: customstyle list stylers", *meant);
+        if (&m_place == &kInStylers) {
+            if (const auto meant = meantStyler(member.name()))
+                finding.remedy = fmt::format("did you mean \"{}\"? All names: customstyle list stylers", *meant);
+        } else if (const auto meant = meantRuleMember(member.name())) {
+            finding.remedy = fmt::format("did you mean \"{}\"?", *meant);
+        }
     }
 
     void checkLetterCase(JsonValue member, const std::string& known) {
         const std::string corrected = m_rule.textWith(member.nameRange(), "\"" + known + "\"");
         const bool isRead = outcomeAlone(std::string(m_rule.value.source())) == outcomeAlone(corrected);
         const Code code = isRead ? Code::MemberCaseAccepted : Code::MemberLetterCase;
-        const char* const message = isRead ? "the component finds {} all the same, but it is spelt \"{}\""
-                                           : "{} is not applied; the styler is spelt \"{}\"";
+        const char* const message =
+            isRead ? "the component accepts {}, but it is spelt \"{}\"" : "{} is ignored; the styler is spelt \"{}\"";
         propose(add(code, member, fmt::format(fmt::runtime(message), inQuotes(member.name()), known)),
                 fmt::format("\"{}\"", known));
     }
@@ -123,10 +127,9 @@ void checkKind(StyleFindings& check, const RuleView& rule, const std::string& na
     const std::optional<JsonValue> value = rule.member(name);
     if (!value || value->kind() == JsonKind::String) return;
     const bool isLevel = name == "level";
-    Finding& finding =
-        check.add(Code::ValueNotText, rule, *value,
-                  fmt::format("\"{}\" is {}, not a text; {}", name, kindName(value->kind()),
-                              isLevel ? "the rule applies at all levels" : "the component leaves it out"));
+    Finding& finding = check.add(Code::ValueNotText, rule, *value,
+                                 fmt::format("\"{}\" is {}, not a string; {}", name, kindName(value->kind()),
+                                             isLevel ? "the rule applies at all levels" : "it is ignored"));
     const std::string text = asText(*value, name);
     if (!text.empty()) propose(finding, text);
 }

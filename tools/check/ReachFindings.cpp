@@ -106,7 +106,7 @@ private:
 
     void addWithoutRecords() {
         if (m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_ALL) {
-            return add(Code::AllReachesNothing, "\"all\" stands for no other type; nothing on the map changes");
+            return add(Code::AllReachesNothing, "\"all\" does not mean the other types; nothing on the map changes");
         }
         add(Code::TypeWithoutIds,
             fmt::format("the mapping lists no style id that the rule could reach for \"{}\"; nothing changes",
@@ -154,7 +154,7 @@ private:
                             ? fmt::format("{} is not a usual element; only its last word counts", inQuotes(m_rule.path))
                             : fmt::format("{} has the effect of \"{}\"", inQuotes(m_rule.path), same->path));
         if (same != elements().end())
-            finding.remedy = fmt::format("write \"{}\" if that is meant, or another element", same->path);
+            finding.remedy = fmt::format("write \"{}\" if you mean that, or another element", same->path);
     }
 
     // ---- Geometry, text and icons ----------------------------------------------------------------------------------
@@ -173,7 +173,7 @@ private:
         if (hides && m_rule.names("geometry") && wrote(FieldPart::Text) && keepsLabels && hasLabels &&
             drawsGeometry(m_rule.typeId)) {
             add(Code::GeometryHidesNames,
-                fmt::format("names that stand under \"{}\" are hidden with the geometry", m_rule.typeName));
+                fmt::format("the names of \"{}\" are hidden with the geometry", m_rule.typeName));
         }
     }
 
@@ -185,7 +185,7 @@ private:
                 : fmt::format("\"{}\" has no labels; the {} of its geometry changes", m_rule.typeName, m_step.styler));
     }
 
-    // "on" for something that is still painted in full transparency.
+    // "on" for something that is still fully transparent.
     void checkRestored() {
         if (m_step.styler != "visibility" || !isOn()) return;
         const bool isHidden = std::ranges::any_of(m_step.touches, [](const RecordTouch& touch) {
@@ -195,7 +195,7 @@ private:
             });
         });
         if (isHidden && m_rule.words.back() != "icon") {
-            add(Code::OnRestoresNoColor, "the icons show again; what \"off\" painted transparent stays so");
+            add(Code::OnRestoresNoColor, "the icons show again; what \"off\" made transparent stays transparent");
         }
     }
 
@@ -206,9 +206,8 @@ private:
         const bool isIcon = m_rule.words.back() == "icon" && m_step.styler == "visibility";
         if (isIcon && !m_reach.types.contains(m_rule.typeId)) {
             const int companion = *m_reach.types.begin();
-            add(Code::IconsOfCompanion,
-                fmt::format("this is about the icons of \"{}\"; those of \"{}\" stay as they are",
-                            catalogue().GetFeatureTypeName(companion), m_rule.typeName));
+            add(Code::IconsOfCompanion, fmt::format("this changes the icons of \"{}\"; those of \"{}\" do not change",
+                                                    catalogue().GetFeatureTypeName(companion), m_rule.typeName));
         }
         checkFamily();
     }
@@ -231,8 +230,8 @@ private:
             std::ranges::count_if(family, [&](const FeatureTypeRow& row) { return m_touchedTypes.contains(row.id); });
         if (2 * touched >= std::ssize(family)) return;
         m_check.add(Code::ParentAnswersLast, m_rule, *m_rule.featureType,
-                    fmt::format("\"{}\" speaks for its own style ids only, not for \"{}\" to \"{}\"", m_rule.typeName,
-                                family.front().name, family.back().name));
+                    fmt::format("the rule for \"{}\" applies to its own style ids only, not to \"{}\" to \"{}\"",
+                                m_rule.typeName, family.front().name, family.back().name));
     }
 
     bool wrote(FieldPart part) const { return m_reach.wrote.contains(part); }

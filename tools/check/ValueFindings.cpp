@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iterator>
 
+#include "tools/check/ColorFault.h"
 #include "tools/check/DocumentFindings.h"
 #include "tools/check/StyleFindings.h"
 #include "tools/json/JsonScalars.h"
@@ -17,90 +18,7 @@
 namespace customstyle_tool {
 namespace {
 
-constexpr std::size_t kShortDigits = 3;
 constexpr std::size_t kColorDigits = 6;
-constexpr std::size_t kColorDigitsWithAlpha = 8;
-
-struct NamedColor {
-    std::string_view name;
-    std::string_view text;
-};
-
-constexpr NamedColor kNamedColors[] = {
-    {"black", "#000000"}, {"white", "#ffffff"}, {"gray", "#808080"},    {"grey", "#808080"},    {"silver", "#c0c0c0"},
-    {"red", "#ff0000"},   {"green", "#008000"}, {"blue", "#0000ff"},    {"lime", "#00ff00"},    {"yellow", "#ffff00"},
-    {"aqua", "#00ffff"},  {"cyan", "#00ffff"},  {"fuchsia", "#ff00ff"}, {"magenta", "#ff00ff"}, {"maroon", "#800000"},
-    {"navy", "#000080"},  {"olive", "#808000"}, {"teal", "#008080"},    {"purple", "#800080"},  {"orange", "#ffa500"},
-};
-
-bool isHexadecimal(std::string_view text) {
-    return std::ranges::all_of(text, isHexDigit);
-}
-
-bool isWholeColor(std::size_t digits) {
-    return digits == kColorDigits || digits == kColorDigitsWithAlpha;
-}
-
-bool isShortColor(std::size_t digits) {
-    return digits == kShortDigits || digits == kShortDigits + 1;
-}
-
-std::string doubledDigits(std::string_view digits) {
-    std::string text = "#";
-    for (const char digit : digits) text.append(2, digit);
-    return text;
-}
-
-// Why a text is no colour, and what to write.
-struct ColorFault {
-    Code code;
-    std::string why;
-    std::string remedy;
-    std::string replacement{};
-};
-
-std::optional<ColorFault> faultWithoutSign(std::string_view text) {
-    if (isHexadecimal(text) && (isWholeColor(text.size()) || isShortColor(text.size()))) {
-        const std::string whole = isWholeColor(text.size()) ? fmt::format("#{}", text) : doubledDigits(text);
-        return ColorFault{Code::ColorWithoutSign, "has no #", "", fmt::format("\"{}\"", whole)};
-    }
-    const std::string name = inLowerCase(std::string(text));
-    const auto* const known = std::ranges::find(kNamedColors, name, &NamedColor::name);
-    const bool isName = !text.empty() && std::ranges::all_of(text, isLetter);
-    if (!isName) return ColorFault{Code::ColorWithoutSign, "does not start with #", infoOf(Code::ColorLength).remedy};
-    ColorFault fault{Code::ColorName, "is a word, and colours have no names", infoOf(Code::ColorName).remedy};
-    if (known != std::end(kNamedColors)) fault.replacement = fmt::format("\"{}\"", known->text);
-    return fault;
-}
-
-// What is left of a text without the blanks around it.
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
-std::optional<ColorFault> faultOf(std::string_view text) {
-    const std::string_view bare = trimmed(text);
-    if (bare.size() < text.size() && bare.starts_with('#') && isHexadecimal(bare.substr(1)) &&
-        isWholeColor(bare.size() - 1)) {
-        return ColorFault{Code::ColorBadDigit, "has blanks around the colour", "", fmt::format("\"{}\"", bare)};
-    }
-    if (!text.starts_with('#')) return faultWithoutSign(text);
-    const std::string_view digits = text.substr(1);
-    if (!isHexadecimal(digits)) {
-        const char wrong = *std::ranges::find_if_not(digits, isHexDigit);
-        return ColorFault{Code::ColorBadDigit, fmt::format("has a {:?}, which is not a hexadecimal digit", wrong),
-                          infoOf(Code::ColorBadDigit).remedy};
-    }
-    if (isWholeColor(digits.size())) return {};
-    if (isShortColor(digits.size())) {
-        return ColorFault{Code::ColorShort, "is the short form of a colour", "",
-                          fmt::format("\"{}\"", doubledDigits(digits))};
-    }
-    return ColorFault{Code::ColorLength, fmt::format("has {} digits instead of 6 or 8", digits.size()),
-                      infoOf(Code::ColorLength).remedy};
-}
 
 // The colour that the component makes of a text.
 std::uint64_t readColor(const std::string& text, int featureType) {
@@ -119,7 +37,7 @@ void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value
         Finding& finding = check.add(Code::ColorInvisible, rule, value,
                                      fmt::format("{} is drawn in {}", inQuotes(text), colorText(read)));
         finding.remedy = fmt::format(
-            "alpha comes last: \"#{}{}\" is what alpha first would mean; to hide something use "
+            "alpha comes last: \"#{}{}\" is the same with alpha last; to hide something, use "
             "\"visibility\": \"off\"",
             text.substr(3), text.substr(1, 2));
     }
@@ -127,7 +45,7 @@ void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value
 
 void checkColor(StyleFindings& check, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
-    const std::optional<ColorFault> fault = faultOf(text);
+    const std::optional<ColorFault> fault = colorFaultOf(text);
     if (!fault) return checkWholeColor(check, rule, value);
     Finding& finding = check.add(
         fault->code, rule, value,
@@ -151,8 +69,10 @@ void checkLevel(StyleFindings& check, const RuleView& rule, JsonValue value) {
     char* end = nullptr;
     const long written = std::strtol(text.c_str(), &end, 10);  // takes what the component takes
     if (text.empty() || end == text.c_str() || *end != '\0') {
-        check.add(Code::LevelMalformed, rule, value,
-                  fmt::format("{} is not a whole number; the rule applies at level {} only", inQuotes(text), read));
+        Finding& finding =
+            check.add(Code::LevelMalformed, rule, value,
+                      fmt::format("{} is not a whole number; the rule applies at level {} only", inQuotes(text), read));
+        if (text.empty() || text == "all") finding.remedy = "remove the level, and the rule applies at all levels";
         return;
     }
     if (written == read) return;
@@ -181,7 +101,7 @@ void checkSize(StyleFindings& check, const ReplayStep& step) {
     const std::size_t firstDigit = std::min(text.find_first_not_of('0'), text.size() - 1);
     if (text.substr(firstDigit) == fmt::format("{}", *written)) return;
     Finding& finding = check.add(Code::SizeClamped, check.ruleOf(step), value,
-                                 fmt::format("{} is beyond the range; {} is drawn", inQuotes(text), *written));
+                                 fmt::format("{} is out of range; {} is drawn", inQuotes(text), *written));
     finding.remedy = fmt::format("write \"{}\" or less", *written);
     finding.replacement = fmt::format("\"{}\"", *written);
 }

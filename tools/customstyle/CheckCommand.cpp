@@ -203,6 +203,7 @@ private:
         const std::string path =
             m_arguments.configuration ? *m_arguments.configuration : configurationFor(style).value_or("");
         if (path.empty() || m_configurations.contains(path)) return &m_configurations[path];
+        m_inputs.push_back(path);
         auto read = readConfiguration(path);
         if (const auto* problem = std::get_if<ConfigurationProblem>(&read)) {
             if (m_brokenConfigurations.insert(path).second) report({problem->text});
@@ -226,7 +227,8 @@ private:
 
     bool writeBaseline() {
         const std::string& path = *m_arguments.newBaseline;
-        const std::optional<std::string> problem = writeWhole(path, m_filter.baselineText(path));
+        std::optional<std::string> problem = problemOfTarget(path, m_inputs);
+        if (!problem) problem = writeWhole(path, m_filter.baselineText(path));
         if (problem) complain(*problem);
         return !problem;
     }
@@ -242,6 +244,7 @@ private:
         }
         std::unique_ptr<SourceFile> file = read(mappingFileIn(directory), "mapping file");
         if (file == nullptr) return mapping;
+        m_inputs.push_back(file->path());
         if (isAcceptedMapping(file->text())) mapping = Mapping::given(std::string(file->text()));
         std::vector<Finding> findings = checkMapping(*file, m_arguments.effects || configuration.effects, logOfMapping);
         m_filter.apply(findings, configuration, nullptr);
@@ -282,7 +285,7 @@ private:
 
     std::shared_ptr<const SourceFile> readStyleFile(const std::string& path) {
         if (m_arguments.fix && isBuildFile(path)) {
-            report({fmt::format("{}: --fix writes style files; the remedies for a build file are yours", path)});
+            report({fmt::format("{}: --fix writes style files only; edit the sources of a build file yourself", path)});
             return nullptr;
         }
         auto style = readStyle(path);
@@ -290,7 +293,9 @@ private:
             for (const std::string& problem : *problems) report({problem});
             return nullptr;
         }
-        return std::get<0>(std::move(style));
+        auto& file = std::get<0>(style);
+        std::ranges::copy(file->sources(), std::back_inserter(m_inputs));
+        return std::move(file);
     }
 
     // The findings about a style that was built are about the files that it is made of.
@@ -363,6 +368,7 @@ private:
     std::set<std::string> m_brokenConfigurations;
     std::map<std::string, Mapping> m_mappings;
     std::vector<std::string> m_unreadable;
+    std::vector<std::string> m_inputs;  // that a baseline must not replace
     ProofScope m_scope;
     bool m_warningsAreErrors = false;
     bool m_hasFailed = false;
@@ -397,27 +403,27 @@ Option fileOption(std::string names, std::string help, std::optional<std::string
 }
 
 std::vector<Option> reportOptions(CheckArguments& arguments) {
-    return {
-        formatOption(arguments.format, {{"text", "for people"},
-                                        {"line", "one line each, for editors"},
-                                        {"json", "for programs"},
-                                        {"jsonl", "an object a line"},
-                                        {"sarif", "for code scanning"},
-                                        {"github", "for its workflows"},
-                                        {"markdown", "a table"}}),
-        colorOption(arguments.color),
-        {.names = "-q,--quiet",
-         .help = "Print errors only: no warnings, notes and summary",
-         .target = &arguments.quiet},
-        {.names = "--werror", .help = "Exit with 1 for warnings, too", .target = &arguments.warningsAreErrors},
-        {.names = "--effects",
-         .help = "Also note rules with an effect at some levels or on icons only, and style ids under several types",
-         .target = &arguments.effects},
-        {.names = "--proof-time",
-         .value = "SECONDS",
-         .help = "Stop proving after this many seconds and report how many proofs are missing; 0 for no limit",
-         .target = &arguments.proofTime,
-         .problem = problemOfSeconds}};
+    return {formatOption(arguments.format, {{"text", "for people"},
+                                            {"line", "one line each, for editors"},
+                                            {"json", "for programs"},
+                                            {"jsonl", "one JSON object per line"},
+                                            {"sarif", "for code scanning"},
+                                            {"github", "for workflows on GitHub"},
+                                            {"markdown", "a table"}}),
+            colorOption(arguments.color),
+            {.names = "-q,--quiet",
+             .help = "Print errors only: no warnings, notes and summary",
+             .target = &arguments.quiet},
+            {.names = "--werror", .help = "Exit with 1 for warnings as well", .target = &arguments.warningsAreErrors},
+            {.names = "--effects",
+             .help = "Also report rules that have an effect only at some levels or only on icons, and style ids of "
+                     "several types",
+             .target = &arguments.effects},
+            {.names = "--proof-time",
+             .value = "SECONDS",
+             .help = "Stop proving after this many seconds and report how many proofs are missing; 0 for no limit",
+             .target = &arguments.proofTime,
+             .problem = problemOfSeconds}};
 }
 
 std::vector<Option> filterOptions(CheckArguments& arguments) {
@@ -430,18 +436,19 @@ std::vector<Option> filterOptions(CheckArguments& arguments) {
 std::vector<Option> optionsOf(CheckArguments& arguments) {
     std::vector<Option> options = {
         {.names = "STYLE",
-         .help = "Style file; a folder stands for all files *.json in it, and - for standard input",
+         .help = "Style file; a folder means all files *.json in it, and - means standard input",
          .target = &arguments.files,
          .offer = Offer::Files},
         {.names = "--mapping",
          .value = "DIR",
-         .help = "Directory of the mapping file CustomIndex: it is checked, too, and effects are proven for its style "
-                 "ids",
+         .help =
+             "Directory of the mapping file CustomIndex: it is checked as well, and effects are proven for its style "
+             "ids",
          .target = &arguments.mappingDirectory,
          .offer = Offer::Directories}};
     options.push_back({.names = "--fix",
-                       .help = "Carry out the remedies that are known: write values and names as they are meant, and "
-                               "take out what has no effect; what is left is reported",
+                       .help = "Apply the known remedies: correct values and names, and remove what has no effect; "
+                               "report the remaining findings",
                        .target = &arguments.fix});
     options.push_back({.names = "--diff",
                        .help = "With --fix: write nothing, print what would change, and exit with 1 if anything would",
@@ -469,11 +476,11 @@ Command checkCommand() {
     const auto arguments = std::make_shared<CheckArguments>();
     return {.name = "check",
             .purpose = Purpose::Judge,
-            .summary = "Find everything that is refused, dropped or changed in style files",
-            .description = {"Each finding has its position, a stable code, what happens at run time, and a remedy. For "
-                            "each rule and each styler it is proven whether it has an effect.",
-                            "Settings are in a file customstyle.toml beside the styles or in a folder above:",
-                            kSettings, "A rule silences codes for itself in a remark:",
+            .summary = "Find everything that is refused, ignored or changed in style files",
+            .description = {"Each finding has a position, a stable code, what happens at run time, and a remedy. For "
+                            "each rule and each styler, check proves whether it has an effect.",
+                            "Settings are in the file customstyle.toml beside the styles or in a folder above:",
+                            kSettings, "A rule can silence codes for itself:",
                             "  {\"note\": \"customstyle-ignore: no-effect\", \"featureType\": ...}"},
             .options = optionsOf(*arguments),
             .statuses = {{0, "No errors"},
@@ -484,7 +491,7 @@ Command checkCommand() {
                          {"thousands of files on all processors, with GNU parallel",
                           "find styles -name '*.json' | parallel -X customstyle check --format jsonl > findings.jsonl"},
                          {"what the known remedies would change", "customstyle check --fix --diff night.json"},
-                         {"from now on report only what is new",
+                         {"report only new findings from now on",
                           "customstyle check --write-baseline known-findings styles"}},
             .run = [arguments] { return check(*arguments); }};
 }

@@ -26,7 +26,7 @@ Command completionCommand() {
     return {.name = "completion",
             .purpose = Purpose::SetUp,
             .summary = "Print a script that completes calls in your shell",
-            .description = {"An installed customstyle has the scripts in place; this is for other ways to get it."},
+            .description = {"An installed customstyle has these scripts in place already."},
             .options = {option},
             .statuses = {{0, "The script is printed"}, {2, "Wrong usage"}},
             .examples = {{"in bash, in .bashrc", "eval \"$(customstyle completion bash)\""},

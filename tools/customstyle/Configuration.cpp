@@ -17,10 +17,12 @@ namespace fs = std::filesystem;
 
 constexpr char kName[] = "customstyle.toml";
 
-std::vector<std::string> codeNames() {
+std::string unknownCode(const std::string& name) {
     std::vector<std::string> names;
     for (const CodeInfo& info : codeInfos()) names.emplace_back(info.name);
-    return names;
+    const auto meant = likelyName(name, names);
+    return fmt::format("unknown code {}{}", inQuotes(name),
+                       meant ? didYouMean(meant) : "; all codes: customstyle list codes");
 }
 
 std::optional<Severity> severityNamed(std::string_view name) {
@@ -92,7 +94,7 @@ private:
 
     Code codeIn(const toml::source_region& place, const std::string& name) const {
         const auto code = codeNamed(name);
-        if (!code) fail(place, unknownWord("code", name, codeNames()));
+        if (!code) fail(place, unknownCode(name));
         return *code;
     }
 
@@ -174,7 +176,7 @@ std::vector<Code> codesIn(const std::vector<std::string>& words) {
 std::string problemOfCodes(const std::string& word) {
     std::string problem;
     forEachPiece(word, [&](const std::string& name) {
-        if (problem.empty() && !codeNamed(name)) problem = unknownWord("code", name, codeNames());
+        if (problem.empty() && !codeNamed(name)) problem = unknownCode(name);
     });
     return problem;
 }

@@ -43,7 +43,7 @@ std::vector<Option> optionsOf(DiffArguments& arguments) {
                                  .offer = Offer::Files,
                                  .isRequired = true},
                                 {.names = "B",
-                                 .help = "Style file after; one of both may be -, standard input",
+                                 .help = "Style file after; one of the two may be -, standard input",
                                  .target = &arguments.after,
                                  .offer = Offer::Files,
                                  .isRequired = true}};
@@ -55,21 +55,22 @@ std::vector<Option> optionsOf(DiffArguments& arguments) {
 
 Command diffCommand() {
     const auto arguments = std::make_shared<DiffArguments>();
-    return {.name = "diff",
-            .purpose = Purpose::Judge,
-            .summary = "Print what changes on the map between two style files",
-            .description =
-                {"The answers for every style id at every level are compared, not the texts. A change that holds "
-                 "for some style ids of a feature type only lists them. Settings beside A count, else those beside B."},
-            .options = optionsOf(*arguments),
-            .statuses = {{0, "Every answer is the same"},
-                         {1, "Some answers differ"},
-                         {2, "Wrong usage, or a file that cannot be read"}},
-            .examples = {{"whether a rewritten style is the same to the eye",
-                          "customstyle diff old.json new.json --mapping map"},
-                         {"what the uncommitted changes of a style mean",
-                          "git show HEAD:night.json | customstyle diff - night.json"}},
-            .run = [arguments] { return diff(*arguments); }};
+    return {
+        .name = "diff",
+        .purpose = Purpose::Judge,
+        .summary = "Print what changes on the map between two style files",
+        .description = {"Compares the answers for every style id at every level, not the texts. A change that affects "
+                        "only some style ids of a feature type lists them. The settings beside A apply, otherwise "
+                        "those beside B."},
+        .options = optionsOf(*arguments),
+        .statuses = {{0, "Every answer is the same"},
+                     {1, "Some answers differ"},
+                     {2, "Wrong usage, or a file that cannot be read"}},
+        .examples = {{"whether a rewritten style draws the same map",
+                      "customstyle diff old.json new.json --mapping map"},
+                     {"what the uncommitted changes of a style mean",
+                      "git show HEAD:night.json | customstyle diff - night.json"}},
+        .run = [arguments] { return diff(*arguments); }};
 }
 
 const Registration diffRegistration(diffCommand);

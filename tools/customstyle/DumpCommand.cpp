@@ -185,7 +185,7 @@ Command dumpCommand() {
         .name = "dump",
         .purpose = Purpose::Ask,
         .summary = "Print the styles of all style ids at all levels",
-        .description = {"Levels with equal answers are joined. The table leaves out what is not customised; CSV and "
+        .description = {"Joins levels with equal answers. The table leaves out what is not customised; CSV and "
                         "JSON have every answer."},
         .statuses = {{0, "The styles are printed"}, {2, "Wrong usage, or a file that cannot be read"}},
         .examples = {{"everything that a style customises", "customstyle dump night.json --mapping map"},

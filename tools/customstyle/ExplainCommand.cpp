@@ -158,8 +158,8 @@ Command explainCommand() {
         .name = "explain",
         .purpose = Purpose::Ask,
         .summary = "Explain which rules made each value of style ids at levels, and what was lost",
-        .description = {"Values are lost where a later rule writes them again, where a rule for one level starts over "
-                        "from the style for all levels, and where another feature type answers for the style id. Style "
+        .description = {"Values are lost if a later rule overwrites them, if a rule for one level starts over "
+                        "from the style for all levels, or if another feature type answers for the style id. Style "
                         "ids and levels with the same explanation are joined."},
         .statuses = {{0, "The explanation is printed"}, {2, "Wrong usage, or a file that cannot be read"}},
         .examples = {{"why motorways look as they do at level 12",

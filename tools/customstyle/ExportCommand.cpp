@@ -16,6 +16,7 @@
 #include "tools/export/LegendReader.h"
 #include "tools/export/MapStyle.h"
 #include "tools/host/Files.h"
+#include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {
@@ -63,28 +64,37 @@ std::string reportText(const ExportArguments& arguments, const Losses& losses) {
     return jsonLines(report);
 }
 
-int exportStyle(const ExportArguments& arguments) {
+int exportStyle(ExportArguments arguments) {
     if (arguments.report == arguments.output) return complain("--report and --output name the same file");
+    if (!findMapping(arguments, {arguments.style})) return kMisuse;
     const std::optional<Legend> legend = legendOrComplain(arguments.legend);
     if (!legend) return kMisuse;
-    const auto study = loadOrComplain(arguments);
+    const auto study = loadOrComplain(arguments.style, arguments.mappingDirectory);
     if (study == nullptr) return kMisuse;
+    std::vector<std::string> inputs = study->source().file().sources();
+    inputs.push_back(arguments.legend);
+    if (arguments.mappingDirectory) inputs.push_back(mappingFileIn(*arguments.mappingDirectory));
+    if (arguments.report) {
+        if (const auto problem = problemOfTarget(*arguments.report, inputs)) return complain(*problem);
+    }
     ExportOptions options = arguments.options;
     options.zoomOffset = arguments.zoomOffset.front() - '0';
     const ExportedStyle exported = exportedStyle(*study, *legend, options);
-    if (const int status = writeResult(arguments.output, jsonLines(exported.style)); status != kGood) return status;
+    if (const int status = writeResult(arguments.output, jsonLines(exported.style), inputs); status != kGood)
+        return status;
     if (!arguments.quiet) fmt::print(stderr, "{}", lossesText(exported.losses, study->source().file().path()));
-    return arguments.report ? writeResult(*arguments.report, reportText(arguments, exported.losses)) : kGood;
+    if (!arguments.report) return kGood;
+    inputs.push_back(arguments.output);
+    return writeResult(*arguments.report, reportText(arguments, exported.losses), inputs);
 }
 
 std::vector<std::string> description() {
     return {
-        "Writes a style for MapLibre renderers. Its values are what the component answers for each style id at each "
-        "level; "
-        "what a style does not set has the look of the legend.",
-        "A legend says which features of the tiles belong to which feature type. Two come along: openmaptiles, for "
-        "tiles "
-        "with the OpenMapTiles schema, and studio, for the studio's tiles. docs/export.md describes legend files.",
+        "Writes a style for MapLibre renderers. Its values are the component's answers for each style id at each "
+        "level; what a style does not set has the look of the legend.",
+        "A legend says which features of the tiles belong to which feature type. Two are included: openmaptiles, for "
+        "tiles with the OpenMapTiles schema, and studio, for the studio's tiles. docs/export.md describes legend "
+        "files.",
         "What MapLibre cannot show is listed on standard error, in the style's metadata and in the file that --report "
         "names."};
 }
@@ -135,13 +145,13 @@ Command exportCommand() {
         {.names = "--raised", .help = "Draw buildings with walls and roofs", .target = &arguments->options.isRaised});
     options.push_back(
         choiceOption("--zoom-offset", "N",
-                     "Draw level L from zoom L - N on; 1 (the default) for renderers that count tiles of 512 "
-                     "pixels, as MapLibre does",
+                     "Draw level L from zoom L - N on; 1 (the default) for renderers with tiles of 512 pixels, "
+                     "such as MapLibre",
                      &arguments->zoomOffset, {"0", "1", "2"}));
-    options.push_back(urlOption("--tiles", "Take the tiles from a TileJSON, or from a template with {z}, {x} and {y}",
+    options.push_back(urlOption("--tiles", "Take the tiles from this TileJSON, or template with {z}, {x} and {y}",
                                 arguments->options.tiles));
-    options.push_back(urlOption("--glyphs", "Take the glyphs of texts from here", arguments->options.glyphs));
-    options.push_back(urlOption("--sprite", "Take the icons from here", arguments->options.sprite));
+    options.push_back(urlOption("--glyphs", "Take the glyphs of texts from this URL", arguments->options.glyphs));
+    options.push_back(urlOption("--sprite", "Take the icons from this URL", arguments->options.sprite));
     options.push_back({.names = "-q,--quiet", .help = "Do not report what is lost", .target = &arguments->quiet});
     return command;
 }

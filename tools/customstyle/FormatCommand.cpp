@@ -8,7 +8,6 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/customstyle/UnifiedDiff.h"
-#include "tools/host/AtomicFile.h"
 #include "tools/layout/Layout.h"
 #include "tools/layout/StyleText.h"
 
@@ -69,15 +68,15 @@ private:
         }
     }
 
+    std::string targetFor(const std::string& path) const {
+        if (m_arguments.toStandardOutput) return "-";
+        return m_arguments.output.empty() ? path : m_arguments.output;
+    }
+
     int write(const std::string& path, const SourceFile& file, const std::string& text) const {
-        const std::string& target = m_arguments.output.empty() ? path : m_arguments.output;
-        if (m_arguments.toStandardOutput || target == "-") {
-            print(text);
-            return kGood;
-        }
-        if (target == path && file.text() == text) return kGood;
-        const std::optional<std::string> problem = writeWhole(target, text);
-        return problem ? complain(*problem) : kGood;
+        const std::string target = targetFor(path);
+        if (target == path && target != "-" && file.text() == text) return kGood;
+        return writeResult(target, text, {});
     }
 
     const FormatArguments& m_arguments;
@@ -92,40 +91,39 @@ int format(const FormatArguments& arguments) {
 }
 
 std::vector<Option> optionsOf(FormatArguments& arguments) {
-    return {
-        {.names = "STYLE",
-         .help = "Style file, to be formatted in place; a folder stands for all files *.json in it, and - for standard "
-                 "input, to be printed",
-         .target = &arguments.files,
-         .offer = Offer::Files,
-         .isRequired = true},
-        {.names = "--check",
-         .help = "Write nothing; exit with 1 if a file is not formatted",
-         .target = &arguments.check},
-        {.names = "--diff",
-         .help = "Write nothing; print what would change, and exit with 1 if anything would",
-         .target = &arguments.diff},
-        {.names = "-o,--output",
-         .value = "OUT",
-         .help = "Write here instead of into the file; - is standard output",
-         .target = &arguments.output,
-         .offer = Offer::Files},
-        {.names = "--stdout", .help = "The same as --output -", .target = &arguments.toStandardOutput},
-        {.names = "-q,--quiet",
-         .help = "With --check: do not name the files that are not formatted",
-         .target = &arguments.quiet},
-        colorOption(arguments.color)};
+    return {{.names = "STYLE",
+             .help = "Style file, formatted in place; a folder means all files *.json in it, and - formats standard "
+                     "input and prints it",
+             .target = &arguments.files,
+             .offer = Offer::Files,
+             .isRequired = true},
+            {.names = "--check",
+             .help = "Write nothing; exit with 1 if a file is not formatted",
+             .target = &arguments.check},
+            {.names = "--diff",
+             .help = "Write nothing; print what would change, and exit with 1 if anything would",
+             .target = &arguments.diff},
+            {.names = "-o,--output",
+             .value = "OUT",
+             .help = "Write to this file instead; - is standard output",
+             .target = &arguments.output,
+             .offer = Offer::Files},
+            {.names = "--stdout", .help = "The same as --output -", .target = &arguments.toStandardOutput},
+            {.names = "-q,--quiet",
+             .help = "With --check: do not name the files that are not formatted",
+             .target = &arguments.quiet},
+            colorOption(arguments.color)};
 }
 
 Command formatCommand() {
     const auto arguments = std::make_shared<FormatArguments>();
     return {.name = "format",
             .purpose = Purpose::Write,
-            .summary = "Lay out style files: a rule a line, members in columns",
-            .description = {"Keeps the rules, their members, all texts and numbers, and their order, byte for byte. A "
-                            "file is replaced as a whole or not at all; it keeps its permissions, and a symbolic link "
-                            "stays one. A text that is not JSON, that starts with a byte order mark or that goes on "
-                            "after its end is refused."},
+            .summary = "Format style files: one rule per line, members in columns",
+            .description = {"Keeps the rules, their members, all strings and numbers, and their order, byte for byte. "
+                            "Each file is replaced as a whole or not at all and keeps its permissions; symbolic links "
+                            "are followed. A file is refused if it is not JSON, starts with a byte order mark, or has "
+                            "text after its end."},
             .options = optionsOf(*arguments),
             .statuses = {{0, "All files are formatted"},
                          {1, "A file is not formatted (--check, --diff)"},

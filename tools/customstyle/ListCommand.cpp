@@ -12,13 +12,13 @@
 namespace customstyle_tool {
 namespace {
 
-struct ListArguments {
+struct ListArguments : MappingArguments {
     std::string what;
-    std::optional<std::string> mappingDirectory;
     std::string format = "text";
 };
 
-int list(const ListArguments& arguments) {
+int list(ListArguments arguments) {
+    if (!findMapping(arguments, {kHere})) return kMisuse;
     const auto mapping = mappingOrComplain(arguments.mappingDirectory);
     if (!mapping) return kMisuse;
     const NameList names = namesOf(arguments.what, *mapping);
@@ -41,13 +41,17 @@ Command listCommand() {
     mapping.help =
         "Directory of the mapping file CustomIndex, whose style ids are listed with the types; without it, "
         "feature type T has the style id 1000 + T";
+    std::vector<Option> options{what, mapping};
+    addSettingsOptions(options, arguments->configuration, arguments->withoutConfiguration, "the mapping",
+                       "the current folder");
+    options.push_back(formatOption(arguments->format, {{"text", "for people"}, {"json", "for programs"}}));
     return {
         .name = "list",
         .purpose = Purpose::Ask,
         .summary = "List feature types with their style ids, elements, stylers, or codes of findings",
-        .description = {"These are the names that rules are made of: \"featureType\", \"elementType\", the members "
-                        "of \"stylers\", and the codes that customstyle check reports."},
-        .options = {what, mapping, formatOption(arguments->format, {{"text", "for people"}, {"json", "for programs"}})},
+        .description = {"Prints the names that rules use: values of \"featureType\" and \"elementType\", members of "
+                        "\"stylers\", and the codes that customstyle check reports."},
+        .options = std::move(options),
         .statuses = {{0, "The list is printed"}, {2, "Wrong usage, or a file that cannot be read"}},
         .examples = {{"which style ids each feature type has on a map", "customstyle list types --mapping map"},
                      {"what a rule can style", "customstyle list elements"}},

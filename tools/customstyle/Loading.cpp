@@ -47,12 +47,11 @@ std::string addFilesIn(const std::string& folder, std::vector<std::string>& foun
 }  // namespace
 
 void addSettingsOptions(std::vector<Option>& options, std::optional<std::string>& configuration, bool& without,
-                        const std::string& forWhat) {
+                        const std::string& forWhat, const std::string& folder) {
     options.push_back({.names = "--config",
                        .value = "FILE",
-                       .help = fmt::format("Settings for {}; without it, customstyle.toml in the folder of the style "
-                                           "or the nearest above",
-                                           forWhat),
+                       .help = fmt::format("Settings for {}; without it, customstyle.toml in {} or the nearest above",
+                                           forWhat, folder),
                        .target = &configuration,
                        .offer = Offer::Files});
     options.push_back({.names = "--no-config", .help = "Use no settings", .target = &without});
@@ -114,15 +113,25 @@ int complainOf(const std::vector<std::string>& problems) {
     return kMisuse;
 }
 
-int writeResult(const std::string& target, const std::string& text) {
+std::optional<std::string> problemOfTarget(const std::string& target, const std::vector<std::string>& inputs) {
+    for (const std::string& input : inputs) {
+        std::error_code error;
+        if (fs::equivalent(input, target, error))
+            return fmt::format("{}: the result is made from this file; write it to another one", target);
+    }
+    return {};
+}
+
+int writeResult(const std::string& target, const std::string& text, const std::vector<std::string>& inputs) {
     if (target == "-") {
         print(text);
         if (std::fflush(stdout) != 0) throw std::system_error(errno, std::generic_category());
         return kGood;
     }
-    if (isBuildFile(target))
-        return complain(fmt::format("{}: .toml is for build files; give the style a name with .json", target));
-    const std::optional<std::string> problem = writeWhole(target, text);
+    std::optional<std::string> problem = problemOfTarget(target, inputs);
+    if (!problem && isBuildFile(target))
+        problem = fmt::format("{}: .toml is for build files; give the style a name that ends with .json", target);
+    if (!problem) problem = writeWhole(target, text);
     return problem ? complain(*problem) : kGood;
 }
 

@@ -26,14 +26,18 @@ struct StyleArguments : MappingArguments {
 
 /// --config and --no-config.
 /// @param forWhat  which styles settings are for, as in "Settings for WHAT"
+/// @param folder   in which the search for settings starts
 void addSettingsOptions(std::vector<Option>& options, std::optional<std::string>& configuration, bool& without,
-                        const std::string& forWhat);
+                        const std::string& forWhat, const std::string& folder = "the folder of the style");
 
 /// --mapping, --config and --no-config.
 void addMappingOptions(std::vector<Option>& options, MappingArguments& arguments);
 
 /// STYLE and the options of its mapping.
 void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments);
+
+/// What findMapping() takes in place of a style to look in the current folder.
+inline constexpr char kHere[] = "-";
 
 /// Looks for the mapping in the settings beside the first of some styles that has any, where none is given.
 /// @return whether the settings, if there are any, can be read; complains if not
@@ -58,10 +62,15 @@ std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::
 int complainOf(const ReadFailure& failure);
 int complainOf(const std::vector<std::string>& problems);
 
-/// Writes a text to a file whole or not at all, or to standard output for "-"; complains where that fails.
+/// Why a result must not be written to a file; nothing where it may.
+/// @param inputs  the files that were read for the result and that it must not replace
+std::optional<std::string> problemOfTarget(const std::string& target, const std::vector<std::string>& inputs);
+
+/// Writes a text to a file whole or not at all, or to standard output for "-"; complains where that fails, and where
+/// the file is one of the inputs.
 /// @return the status
 /// @throws std::system_error where standard output cannot be written
-int writeResult(const std::string& target, const std::string& text);
+int writeResult(const std::string& target, const std::string& text, const std::vector<std::string>& inputs);
 
 /// The files that paths name: a folder stands for all files *.json in it and its folders, in order of their names, but
 /// not for hidden ones.

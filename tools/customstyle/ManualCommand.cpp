@@ -68,7 +68,7 @@ Command manualCommand() {
                          .value = "DIR",
                          .help = "Write all pages and completions into this folder",
                          .target = &arguments->directory}},
-            .statuses = {{0, "All is written"}, {2, "Wrong usage, or a file that cannot be written"}},
+            .statuses = {{0, "Everything is written"}, {2, "Wrong usage, or a file that cannot be written"}},
             .run =
                 [arguments] {
                     return arguments->directory.empty() ? printPage(arguments->page) : writeAll(arguments->directory);

@@ -11,7 +11,6 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/customstyle/ProgressLine.h"
-#include "tools/host/AtomicFile.h"
 #include "tools/host/LoadedMap.h"
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
@@ -30,7 +29,7 @@ struct MinifyArguments : StyleArguments {
 constexpr std::string_view kSentences[] = {
     "", "not everything was tried, because of the number of rules",
     "each rule is shortened by itself; nothing shorter was proven to have the same effect",
-    "only blanks are taken out; nothing shorter was proven to have the same effect",
+    "only white space was removed; nothing shorter was proven to have the same effect",
     "the style stays as it is; nothing shorter was proven to have the same effect"};
 
 void report(const StyleSource& style, const Minified& result, const MinifyArguments& arguments) {
@@ -57,8 +56,10 @@ int minify(MinifyArguments arguments) {
     auto style = forRewriting(std::get<0>(std::move(read)));
     if (const auto* failure = std::get_if<ReadFailure>(&style)) return complainOf(*failure);
     auto& [file, document] = std::get<StyleText>(style);
+    std::vector<std::string> inputs = file->isBuilt() ? file->sources() : std::vector<std::string>();
     std::optional<std::string> mapping;
     if (arguments.mappingDirectory) {
+        inputs.push_back(mappingFileIn(*arguments.mappingDirectory));
         const std::optional<Mapping> loaded = mappingOrComplain(arguments.mappingDirectory);
         if (!loaded) return kMisuse;
         mapping = loaded->text();
@@ -66,7 +67,7 @@ int minify(MinifyArguments arguments) {
     const StyleSource source(*file, document);
     Minified result = minifiedWithProgress(source, mapping);
     if (file->text().ends_with('\n')) result.text += '\n';
-    const int status = writeResult(arguments.output, result.text);
+    const int status = writeResult(arguments.output, result.text, inputs);
     if (status == kGood && !arguments.quiet) report(source, result, arguments);
     return status;
 }
@@ -95,9 +96,9 @@ Command minifyCommand() {
     return {.name = "minify",
             .purpose = Purpose::Write,
             .summary = "Print a smaller style, proven to have the same effect",
-            .description = {"Takes out rules, stylers and members without effect, joins rules for the same element and "
-                            "shortens texts. Before anything is written, every answer to the renderer is compared: all "
-                            "style ids at all levels, icons, both backgrounds. The sizes are reported on standard "
+            .description = {"Removes rules, stylers and members without effect, joins rules for the same element and "
+                            "shortens the text. Before it writes anything, it compares every answer to the renderer: "
+                            "all style ids at all levels, icons, both backgrounds. It reports the sizes on standard "
                             "error."},
             .options = optionsOf(*arguments),
             .statuses = {{0, "The result is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},

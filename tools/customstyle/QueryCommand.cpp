@@ -68,7 +68,7 @@ Command queryCommand() {
         .name = "query",
         .purpose = Purpose::Ask,
         .summary = "Print the style of style ids at levels",
-        .description = {"One style id at one level is printed in full, several as a table."},
+        .description = {"Prints one style id at one level in full, several as a table."},
         .statuses = {{0, "The answers are printed"}, {2, "Wrong usage, or a file that cannot be read"}},
         .examples = {{"what the motorways look like close up",
                       "customstyle query night.json --type highway --level 15-17"},

@@ -16,26 +16,25 @@ int printSchema(SchemaWords words) {
 
 Command schemaCommand() {
     const auto isForEditor = std::make_shared<bool>(false);
-    return {
-        .name = "schema",
-        .purpose = Purpose::SetUp,
-        .summary = "Print a JSON Schema of style files for your editor",
-        .description = {"Save it and name it in the editor's settings; the editor then completes names and "
-                        "underlines mistakes. The draft is 2020-12. What only shows among several rules is found by "
-                        "customstyle check.",
-                        "For Visual Studio Code, in .vscode/settings.json:",
-                        "  \"json.schemas\": [{\"fileMatch\": [\"styles/*.json\"], \"url\": "
-                        "\"./style.schema.json\"}]",
-                        "Without --editor the schema has words of the standard only, so that a strict validator takes "
-                        "it as it is. Both forms accept the same styles."},
-        .options = {{.names = "--editor",
-                     .help = "Add what editors with VS Code's JSON service understand: colour pickers, a remedy in "
-                             "each message, descriptions of values, and a new rule",
-                     .target = isForEditor.get()}},
-        .statuses = {{0, "The schema is printed"}, {2, "Wrong usage"}},
-        .examples = {{"make a schema file for an editor", "customstyle schema --editor > style.schema.json"},
-                     {"for a validator", "customstyle schema > style.schema.json"}},
-        .run = [isForEditor] { return printSchema(*isForEditor ? SchemaWords::Editors : SchemaWords::Standard); }};
+    return {.name = "schema",
+            .purpose = Purpose::SetUp,
+            .summary = "Print a JSON Schema of style files for your editor",
+            .description = {"Save it and refer to it in the editor's settings; the editor then completes names and "
+                            "underlines mistakes. The draft is 2020-12. Mistakes that involve several rules are found "
+                            "by customstyle check.",
+                            "For Visual Studio Code, in .vscode/settings.json:",
+                            "  \"json.schemas\": [{\"fileMatch\": [\"styles/*.json\"], \"url\": "
+                            "\"./style.schema.json\"}]",
+                            "Without --editor the schema has standard keywords only, so that strict validators accept "
+                            "it. Both forms accept the same styles."},
+            .options = {{.names = "--editor",
+                         .help = "Add keywords for editors with VS Code's JSON service: colour pickers, a remedy in "
+                                 "each message, descriptions of values, and a new rule",
+                         .target = isForEditor.get()}},
+            .statuses = {{0, "The schema is printed"}, {2, "Wrong usage"}},
+            .examples = {{"make a schema file for an editor", "customstyle schema --editor > style.schema.json"},
+                         {"for a validator", "customstyle schema > style.schema.json"}},
+            .run = [isForEditor] { return printSchema(*isForEditor ? SchemaWords::Editors : SchemaWords::Standard); }};
 }
 
 const Registration schemaRegistration(schemaCommand);

@@ -6,7 +6,9 @@
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
+#include "tools/support/PlainText.h"
 #include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Synonyms.h"
 
 namespace customstyle_tool {
 
@@ -15,7 +17,9 @@ void addSelection(std::vector<Option>& options, Selection& selection) {
     Option type = choiceOption("-t,--type", "TYPE", "Feature type: all style ids that the mapping lists under it",
                                &selection.types, {types.begin(), types.end()});
     type.problem = [names = type.choices](const std::string& word) {
-        return std::ranges::find(names, word) != names.end() ? "" : unknownWord("feature type", word, names);
+        return std::ranges::find(names, word) != names.end()
+                   ? ""
+                   : fmt::format("unknown feature type {}{}", inQuotes(word), featureTypeHint(word));
     };
     options.push_back(std::move(type));
     options.push_back(styleIdOption(selection.ids));

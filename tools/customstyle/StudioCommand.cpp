@@ -31,9 +31,8 @@ constexpr std::uint16_t kFirstPort = 8380;
 constexpr std::uint16_t kLastPort = 8399;
 constexpr long kTickNanoseconds = 100'000'000;
 
-struct StudioArguments {
+struct StudioArguments : MappingArguments {
     std::optional<std::string> style;
-    std::optional<std::string> mappingDirectory;
     std::optional<std::string> port;
     std::optional<std::string> page;
     std::optional<std::string> site;
@@ -136,7 +135,8 @@ void serveUntilEnded(StudioService& service, const sigset_t& signals) {
     while (sigtimedwait(&signals, nullptr, &pause) < 0) service.tick();
 }
 
-int serve(const StudioArguments& arguments, PageFolder page) {
+int serve(StudioArguments arguments, PageFolder page) {
+    if (!findMapping(arguments, {arguments.style.value_or(kHere)})) return kMisuse;
     if (const auto problem = problemOfFiles(arguments)) return complainOf(*problem);
     StudioFiles files{.page = std::move(page), .style = arguments.style};
     if (arguments.mappingDirectory) files.mapping = mappingFileIn(*arguments.mappingDirectory);
@@ -145,7 +145,7 @@ int serve(const StudioArguments& arguments, PageFolder page) {
     if (const int* error = std::get_if<int>(&started)) return complainOfPort(arguments, *error);
     StudioService& service = *std::get<0>(started);
     const std::string shown = arguments.style ? escapedText(*arguments.style) : "the studio";
-    print(fmt::format("{} shows {}; Ctrl+C ends it\n", service.address(), shown));
+    print(fmt::format("{} shows {}; Ctrl+C stops it\n", service.address(), shown));
     std::fflush(stdout);
     if (arguments.open) openBrowser(service.address());
     serveUntilEnded(service, signals);
@@ -153,8 +153,8 @@ int serve(const StudioArguments& arguments, PageFolder page) {
 }
 
 int writeSite(const StudioArguments& arguments, const PageFolder& page) {
-    if (arguments.style || arguments.mappingDirectory || arguments.port || arguments.open) {
-        return complain("--build-site writes the page alone; leave STYLE, --mapping, --port and --open away");
+    if (arguments.style || arguments.mappingDirectory || arguments.configuration || arguments.port || arguments.open) {
+        return complain("--build-site writes the page only; remove STYLE, --mapping, --config, --port and --open");
     }
     const std::optional<std::string> problem = page.copyTo(*arguments.site);
     return problem ? complain(*problem) : kGood;
@@ -168,45 +168,49 @@ int studio(const StudioArguments& arguments) {
 }
 
 std::vector<Option> optionsOf(StudioArguments& arguments) {
-    return {{.names = "STYLE",
-             .help = "Style file to edit; without it, an example",
-             .target = &arguments.style,
-             .offer = Offer::Files},
-            {.names = "--mapping",
-             .value = "DIR",
-             .help = "Directory of the mapping file CustomIndex; without it, the one of the example map",
-             .target = &arguments.mappingDirectory,
-             .offer = Offer::Directories},
-            {.names = "--port",
-             .value = "N",
-             .help = "Port of 127.0.0.1, 0 for any; without it, the first that is free from 8380 to 8399",
-             .target = &arguments.port,
-             .problem = problemOfPort},
-            {.names = "--open", .help = "Open the page in the browser", .target = &arguments.open},
-            {.names = "--page",
-             .value = "DIR",
-             .help = "Folder of the built page; without it, where it is installed, or build/studio",
-             .target = &arguments.page,
-             .offer = Offer::Directories},
-            {.names = "--build-site",
-             .value = "DIR",
-             .help = "Serve nothing; write the page into this folder, for any web host",
-             .target = &arguments.site,
-             .offer = Offer::Directories}};
+    std::vector<Option> options{
+        {.names = "STYLE",
+         .help = "Style file to edit; without it, an example",
+         .target = &arguments.style,
+         .offer = Offer::Files},
+        {.names = "--mapping",
+         .value = "DIR",
+         .help = "Directory of the mapping file CustomIndex; without a mapping, the one of the example map",
+         .target = &arguments.mappingDirectory,
+         .offer = Offer::Directories}};
+    addSettingsOptions(options, arguments.configuration, arguments.withoutConfiguration, "the mapping");
+    options.insert(options.end(),
+                   {{.names = "--port",
+                     .value = "N",
+                     .help = "Port of 127.0.0.1, 0 for any; without it, the first that is free from 8380 to 8399",
+                     .target = &arguments.port,
+                     .problem = problemOfPort},
+                    {.names = "--open", .help = "Open the page in the browser", .target = &arguments.open},
+                    {.names = "--page",
+                     .value = "DIR",
+                     .help = "Folder of the built page; without it, where it is installed, or build/studio",
+                     .target = &arguments.page,
+                     .offer = Offer::Directories},
+                    {.names = "--build-site",
+                     .value = "DIR",
+                     .help = "Do not serve; write the page into this folder, for any web host",
+                     .target = &arguments.site,
+                     .offer = Offer::Directories}});
+    return options;
 }
 
 Command studioCommand() {
     const auto arguments = std::make_shared<StudioArguments>();
     return {.name = "studio",
             .purpose = Purpose::Write,
-            .summary = "Edit a style beside a map of a city, in the browser",
-            .description = {"Serves the studio's page to this machine alone, at an address that is printed. The page "
-                            "shows what the file on the disk holds, and follows it when another editor writes it. Save "
-                            "writes the file, as a whole or not at all; where both have changed it, the page asks.",
-                            "Only the page itself gets answers: other hosts, and pages of other sites, are refused. "
-                            "Programs of this machine can read the style, and save it."},
+            .summary = "Edit a style beside a city map, in the browser",
+            .description = {"Serves the studio's page to this machine only, and prints its address. The page shows the "
+                            "file on disk, and follows it when another editor writes it. Save writes the file as a "
+                            "whole or not at all; if both have changed it, the page asks.",
+                            "The server answers the page only: it refuses other hosts, and pages of other sites. Other "
+                            "programs on this machine can read and save the style."},
             .options = optionsOf(*arguments),
-            .statuses = {{0, "The server was ended, or the site is written"},
+            .statuses = {{0, "The server was stopped, or the site is written"},
                          {2, "Wrong usage, a file that cannot be read or written, or a port that is taken"}},
             .examples = {{"edit a style", "customstyle studio night.json --mapping map --open"},
                          {"the page for a web host", "customstyle studio --build-site site"}},

@@ -51,7 +51,7 @@ private:
 
     int judge() {
         if (m_file->text().find('\0') != std::string_view::npos) {
-            return complain(fmt::format("{}: has NUL bytes; a file of expectations is a text", m_file->path()));
+            return complain(fmt::format("{}: has NUL bytes; a file of expectations is plain text", m_file->path()));
         }
         ExpectationFile parsed = parseExpectations(*m_file, m_style->mapping());
         if (!parsed.problems.empty()) return complainOfProblems(parsed.problems);
@@ -71,7 +71,7 @@ private:
             complain(fmt::format("{}: {}", m_file->place(problem.offset), problem.text));
         }
         if (problems.size() < kMostProblems) return kMisuse;
-        return complain(fmt::format("{}: not read further after so many problems", m_file->path()));
+        return complain(fmt::format("{}: too many problems; the rest is not read", m_file->path()));
     }
 
     // What an expectation means: itself, or all answers of another style.
@@ -134,7 +134,7 @@ std::vector<Option> optionsOf(TestArguments& arguments) {
                                  .offer = Offer::Files}};
     addMappingOptions(options, arguments);
     options.push_back({.names = "--record",
-                       .help = "Print expectations that say all answers of STYLE, instead of testing",
+                       .help = "Do not test; print expectations for all answers of STYLE",
                        .target = &arguments.record});
     options.push_back(formatOption(arguments.format, {{"text", "for people"}, {"junit", "XML for build servers"}}));
     options.push_back(colorOption(arguments.color));

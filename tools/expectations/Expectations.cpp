@@ -10,6 +10,7 @@
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Synonyms.h"
 
 namespace customstyle_tool {
 namespace {
@@ -29,14 +30,15 @@ std::optional<Number> numberIn(std::string_view text, int base = 10) {
     return number;
 }
 
+std::string typeHint(std::string_view word) {
+    const auto meant = likelyFeatureType(word);
+    return meant ? didYouMean(meant) : "; write a name like highway, or id and a number";
+}
+
 std::optional<int> featureTypeOf(std::string_view name) {
     const int type = catalogue().GetFeatureTypeId(std::string(name));
     if (type == -1 || type == _orvik_framework::EMAPCUSTOMSTYLE_ALL) return {};
     return type;
-}
-
-std::optional<std::string> nearestType(std::string_view written) {
-    return likelyName(written, mappedTypeNames());
 }
 
 // "#rrggbb" and "#rrggbbaa"; packed, red is the lowest byte.
@@ -96,8 +98,7 @@ private:
         if (word.text == "id") return parseNext("a style id", &LineParser::parseStyleId);
         m_result.featureType = featureTypeOf(word.text);
         return m_result.featureType ||
-               fail(word, "unknown feature type" + didYouMean(nearestType(word.text)) +
-                              (nearestType(word.text) ? "" : "; write a name like highway, or id and a number"));
+               fail(word, "unknown feature type" + typeHint(word.text));
     }
 
     bool parseStyleId(const Word& word) {
@@ -169,7 +170,7 @@ private:
 
     bool parseType(const Word& word) {
         const auto type = featureTypeOf(word.text);
-        if (!type) return fail(word, "unknown feature type" + didYouMean(nearestType(word.text)));
+        if (!type) return fail(word, "unknown feature type" + featureTypeHint(word.text));
         m_result.value = static_cast<std::uint64_t>(*type);
         return true;
     }
@@ -251,7 +252,7 @@ ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping
 }
 
 const char* expectationHelp() {
-    return R"(An expectation is a line: whom, at which levels, what.
+    return R"(An expectation is a line: a subject, levels, and what holds there.
 
   highway          12-15   fill        #ff0000
   id 1001          all     text-fill   #ff000080    // half transparent
@@ -263,14 +264,14 @@ const char* expectationHelp() {
   subway           all     as-in       day.json
   # a comment
 
-Whom: a feature type (all style ids that the mapping lists under it), or id and a number.
-Levels: all, or levels 4 to 21, ranges and "other" (all levels beyond), joined by commas without blanks.
-What: fill, stroke, top-surface, text-fill, text-stroke with a colour #rrggbb or #rrggbbaa;
+Subject: a feature type (all style ids that the mapping lists under it), or id and a number.
+Levels: all, or levels 4 to 21, ranges and "other" (all levels beyond), separated by commas without spaces.
+What holds: fill, stroke, top-surface, text-fill, text-stroke with a colour #rrggbb or #rrggbbaa;
   fill-weight, stroke-weight, text-fill-weight, text-stroke-weight, font-size with a number 0 to 255;
   none instead of a value: this is not customised; none alone: there is no custom style at all;
   icon with hidden or shown; type with the feature type whose style is used;
-  background with a colour or none, of land and grid;
-  as-in with the path of another style: every answer is as there.)";
+  background with a colour or none, for land and grid;
+  as-in with the path of another style: every answer is the same as there.)";
 }
 
 }  // namespace customstyle_tool

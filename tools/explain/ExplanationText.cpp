@@ -54,14 +54,14 @@ private:
             case LossKind::Reset:
                 return resetText(loss, by);
             case LossKind::TakenOut:
-                return fmt::format("{} finds nothing to write and takes the record out", by);
+                return fmt::format("{} writes nothing and disables the record", by);
             case LossKind::ShutOut:
                 return fmt::format("{} has a style of its own for level {} since {}", typeText(loss.write.featureType),
                                    *m_explainer.step(*loss.byStep).touches.front().level, by);
             case LossKind::LowerTypeFirst:
                 return fmt::format("{} answers first", typeText(loss.byType));
             case LossKind::ParentNotReached:
-                return fmt::format("{} answers, and {} only speaks where no other type does", typeText(loss.byType),
+                return fmt::format("{} answers, and {} only answers if no other type does", typeText(loss.byType),
                                    typeText(loss.write.featureType));
             case LossKind::HiddenByOther:
                 return fmt::format("{} hides the icon", typeText(loss.byType));

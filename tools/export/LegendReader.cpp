@@ -13,6 +13,7 @@
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Synonyms.h"
 
 namespace customstyle_tool {
 namespace {
@@ -123,7 +124,7 @@ private:
     }
 
     std::string textOf(JsonValue value) {
-        if (!isKind(value, JsonKind::String, "a text")) return {};
+        if (!isKind(value, JsonKind::String, "a string")) return {};
         if (value.wholeText().empty()) complain(value, "is empty; write a name");
         return value.wholeText();
     }
@@ -217,7 +218,7 @@ private:
         layer.featureType = catalogue().GetFeatureTypeId(value.wholeText());
         if (layer.featureType >= 0 && layer.featureType < _orvik_framework::EMAPCUSTOMSTYLE_ALL) return;
         complain(value, fmt::format("unknown feature type {}{}", inQuotes(value.wholeText()),
-                                    nearest(value.wholeText(), mappedTypeNames())));
+                                    featureTypeHint(value.wholeText())));
     }
     void readKind(JsonValue value, LegendLayer& layer) {
         if (!isKind(value, JsonKind::String, "a kind")) return;

@@ -12,13 +12,13 @@ struct FaultReason {
 
 constexpr FaultReason kReasons[] = {
     {JsonFault::NoValue, "the text holds no JSON value"},
-    {JsonFault::TooLarge, "the text has 4 GiB or more"},
-    {JsonFault::Utf16, "the text is UTF-16; it has to be saved as UTF-8"},
+    {JsonFault::TooLarge, "the text is 4 GiB or longer"},
+    {JsonFault::Utf16, "the text is UTF-16; save it as UTF-8"},
     {JsonFault::NulByte, "a NUL byte ends the text here"},
     {JsonFault::ByteOrderMarkAlone, "a byte order mark needs at least two bytes after it"},
     {JsonFault::Comment, "a comment is not JSON"},
     {JsonFault::InvisibleCharacter,
-     "an invisible character is here; only blanks, tabs and line ends may stand between values"},
+     "an invisible character is here; only spaces, tabs and line ends may be between values"},
     {JsonFault::UnknownCharacter, "no JSON value starts with this character"},
     {JsonFault::MissingValue, "a value is missing here"},
     {JsonFault::MissingName, "a member is missing here"},
@@ -32,15 +32,15 @@ constexpr FaultReason kReasons[] = {
     {JsonFault::UnclosedArray, "the ] of this list is missing"},
     {JsonFault::UnclosedObject, "the } of this object is missing"},
     {JsonFault::TooDeep, "nested deeper than 1,000"},
-    {JsonFault::UnquotedText, "a text needs double quotes"},
+    {JsonFault::UnquotedText, "a string needs double quotes"},
     {JsonFault::UnquotedName, "a member's name needs double quotes"},
-    {JsonFault::WrongQuotes, "a text needs straight double quotes"},
-    {JsonFault::UnterminatedText, "an unterminated text: its closing double quote is missing"},
+    {JsonFault::WrongQuotes, "a string needs straight double quotes"},
+    {JsonFault::UnterminatedText, "an unterminated string: its closing double quote is missing"},
     {JsonFault::UnknownEscape, "unknown escape; write a backslash as two"},
     {JsonFault::ShortUnicodeEscape, "\\u needs four hexadecimal digits"},
-    {JsonFault::LoneSurrogate, "half of a surrogate pair; both halves have to stand side by side"},
-    {JsonFault::MalformedNumber, "not a number as JSON writes it"},
-    {JsonFault::CapitalsInWord, "true, false and null are written in small letters"},
+    {JsonFault::LoneSurrogate, "half of a surrogate pair; both halves must be next to each other"},
+    {JsonFault::MalformedNumber, "not a valid JSON number"},
+    {JsonFault::CapitalsInWord, "true, false and null are lower case"},
 };
 
 constexpr bool eachReasonStandsAtItsFault() {

@@ -39,8 +39,13 @@ class SourceFile {
 public:
     /// @param path     the name by which messages call the file
     /// @param origins  of a text that was made from others: where its bytes were written
-    SourceFile(std::string path, std::string text, SourceOrigins origins = {})
-        : m_path(std::move(path)), m_text(std::move(text)), m_lines(m_text), m_origins(std::move(origins)) {}
+    /// @param sources  of such a text: the paths of those others
+    SourceFile(std::string path, std::string text, SourceOrigins origins = {}, std::vector<std::string> sources = {})
+        : m_path(std::move(path)),
+          m_text(std::move(text)),
+          m_lines(m_text),
+          m_origins(std::move(origins)),
+          m_sources(std::move(sources)) {}
     SourceFile(const SourceFile&) = delete;
     SourceFile& operator=(const SourceFile&) = delete;
 
@@ -50,6 +55,9 @@ public:
 
     /// Whether the text was made from other files. Its bytes are then nothing that an author could edit.
     bool isBuilt() const { return m_origins != nullptr; }
+
+    /// The paths of all files that hold what the author wrote: this one, or those that it was made from.
+    std::vector<std::string> sources() const { return isBuilt() ? m_sources : std::vector<std::string>{m_path}; }
 
     /// Where a piece of the text was written: here, or in the files that it was made from.
     SourceOrigin origin(TextRange range) const;
@@ -62,6 +70,7 @@ private:
     std::string m_text;
     LineIndex m_lines;
     SourceOrigins m_origins;
+    std::vector<std::string> m_sources;
 };
 
 /// Why a file could not be read: one sentence with the file, the reason and the remedy.

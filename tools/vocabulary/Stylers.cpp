@@ -9,8 +9,8 @@ constexpr Styler kStylers[] = {
     {"color", StylerKind::Color, "#3366cc",
      "A colour: # and two hexadecimal digits each for red, green and blue, and optionally for alpha"},
     {"visibility", StylerKind::Visibility, "off", "off hides; on brings back icons, never colours"},
-    {"weight", StylerKind::Size, "3", "A thickness from 0 to 255, as a text of digits"},
-    {"fontsize", StylerKind::Size, "12", "The size of the letters from 0 to 255, as a text of digits"},
+    {"weight", StylerKind::Size, "3", "A thickness from 0 to 255, as a string of digits"},
+    {"fontsize", StylerKind::Size, "12", "The size of the letters from 0 to 255, as a string of digits"},
 };
 
 std::vector<std::string> members() {
