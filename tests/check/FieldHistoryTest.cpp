@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/check/CheckedText.h"
-#include "tools/study/DefaultMapping.h"
 #include "tools/study/FieldHistory.h"
+#include "tools/study/Mapping.h"
 #include "tools/study/StyleSource.h"
 
 namespace customstyle_test {
@@ -18,7 +18,7 @@ using testing::IsEmpty;
 std::vector<std::string> lossesOf(std::initializer_list<std::string> rules) {
     const SourceFile file("style.json", fmt::format("[{}]", fmt::join(rules, ",")));
     const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));
-    const TracedReplay replay(defaultMapping(), singleRules(style));
+    const TracedReplay replay(Mapping::standard().tracedTree(), singleRules(style));
     std::vector<std::string> losses;
     const FieldHistory history(replay.steps());
     for (const LostWork& loss : history.losses()) {
@@ -67,7 +67,7 @@ TEST(FieldHistory, KnowsTheOwnersInTheEnd) {
     const SourceFile file("style.json",
                           fmt::format("[{},{}]", fill("#111111"), atLevel("geometry.stroke", R"("weight": "3")")));
     const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));
-    const TracedReplay replay(defaultMapping(), singleRules(style));
+    const TracedReplay replay(Mapping::standard().tracedTree(), singleRules(style));
     const FieldHistory history(replay.steps());
     const RecordOwners& owners = history.ownersOf("2:9", replay.steps()[1].touches.at(0).styleId);
     EXPECT_EQ(owners[fieldIndex("fill")], (Owner{0, false}));

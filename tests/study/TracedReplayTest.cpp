@@ -43,14 +43,14 @@ TEST_P(ReplayOfARandomStyle, LeavesTheStoreThatLoadingTheFileLeaves) {
     RandomFiles files(GetParam());
     const std::string mapping = files.mapping();
     const std::string style = randomStyle(files, 60);
-    const TracedReplay replay(mapping, StyleText(style).singles());
+    const TracedReplay replay(parsed(mapping).get(), StyleText(style).singles());
     EXPECT_TRUE(StoreImage(replay.config()) == StoreImage(*loaded(mapping, style)));
 }
 
 TEST_P(ReplayOfARandomStyle, NotesTheLogThatLoadingTheFileWrites) {
     RandomFiles files(GetParam());
     const std::string style = randomStyle(files, 60);
-    const TracedReplay replay(testMapping(), StyleText(style).singles());
+    const TracedReplay replay(parsed(testMapping()).get(), StyleText(style).singles());
     std::vector<std::string> noted;
     for (const ReplayStep& step : replay.steps()) noted.insert(noted.end(), step.log.begin(), step.log.end());
     LogCapture log;
@@ -66,7 +66,7 @@ class ReplayOfAnExample : public testing::TestWithParam<const char*> {};
 TEST_P(ReplayOfAnExample, LeavesTheStoreThatLoadingTheFileLeaves) {
     const std::string mapping = contentOf(CUSTOMSTYLE_EXAMPLES "/map/CustomIndex");
     const std::string style = contentOf(std::string(CUSTOMSTYLE_EXAMPLES "/styles/") + GetParam());
-    const TracedReplay replay(mapping, StyleText(style).singles());
+    const TracedReplay replay(parsed(mapping).get(), StyleText(style).singles());
     EXPECT_TRUE(StoreImage(replay.config()) == StoreImage(*loaded(mapping, style)));
 }
 
@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(Styles, ReplayOfAnExample,
 
 /// The steps of some rules over the test mapping.
 std::vector<ReplayStep> stepsOf(std::initializer_list<RuleBuilder> rules) {
-    return TracedReplay(testMapping(), StyleText(styleOf(rules)).singles()).steps();
+    return TracedReplay(parsed(testMapping()).get(), StyleText(styleOf(rules)).singles()).steps();
 }
 
 std::vector<std::string> touchedKeys(const ReplayStep& step) {
@@ -201,7 +201,7 @@ TEST(ReplaySteps, NameTheKeysThatFoundNoSlot) {
         }
     }
     style += rule("water", "geometry").color("#1").json() + "]";
-    const TracedReplay replay("{}", StyleText(style).singles());
+    const TracedReplay replay(parsed("{}").get(), StyleText(style).singles());
     EXPECT_THAT(replay.steps()[1240].refused, IsEmpty());
     EXPECT_THAT(replay.steps()[1241].refused, ElementsAre("68:21"));
     EXPECT_THAT(replay.steps().back().refused, ElementsAre("2"));

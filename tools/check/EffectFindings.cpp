@@ -24,9 +24,8 @@ bool doesNothing(const ReplayStep& step) {
 template <typename Test>
 std::optional<Answer> findAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch, Test test) {
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
-        const int level = levelOfClass(levelClass);
-        if (touch.level && *touch.level != level) continue;
-        const Answer answer = ask(study.spokenConfig(), speaker.styleId, level);
+        if (touch.level && *touch.level != levelOfClass(levelClass)) continue;
+        const Answer& answer = study.answers().at(speaker, levelClass);
         if (test(answer)) return answer;
     }
     return {};

@@ -11,6 +11,7 @@
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/Parts.h"
 #include "tools/study/PatchedStore.h"
+#include "tools/study/SpeakerAnswers.h"
 #include "tools/study/StoreImage.h"
 #include "tools/study/StoreKeys.h"
 #include "tools/study/StyleKey.h"
@@ -82,6 +83,9 @@ class UndoableStore {
 public:
     explicit UndoableStore(const cJSON* mapping) { m_config.ParseMappingConfig(mapping); }
 
+    /// As it was before the first step.
+    void startAgain() { forgetStyles(m_config); }
+
     void apply(const Work& work) {
         if (m_isMarked) {
             for (const std::string& key : work.step->keys) note(key);
@@ -151,11 +155,14 @@ private:
 
 using LevelsByType = std::map<int, LevelSet>;
 
-// The questions that can be answered differently once records are exchanged.
+// The questions that can be answered differently once records are exchanged. Not for several threads at once.
 class Questions {
 public:
     explicit Questions(const StyleStudy& study)
-        : m_before(study.spokenConfig()), m_speakers(study.mapping().speakers()), m_ofType(kFeatureTypeCount) {
+        : m_before(study.spokenConfig()),
+          m_speakers(study.mapping().speakers()),
+          m_answersBefore(m_before, m_speakers),
+          m_ofType(kFeatureTypeCount) {
         for (const Speaker& speaker : m_speakers) {
             for (const int type : speaker.types) m_ofType[static_cast<std::size_t>(type)].push_back(&speaker);
         }
@@ -165,12 +172,12 @@ public:
     Effect compare(const CustomConfig& after, const LevelsByType& types, bool details) const {
         Effect effect;
         compareBackgrounds(effect, after);
-        const unsigned int unlisted = m_speakers.back().styleId;
+        const Speaker& unlisted = m_speakers.back();
         if (m_before.m_allIconsHidden != after.m_allIconsHidden) compareStyleId(effect, after, unlisted, details);
         for (const auto& [type, levels] : types) {
             for (const Speaker* speaker : m_ofType[static_cast<std::size_t>(type)]) {
                 if (effect.any() && !details) return effect;
-                compareStyleId(effect, after, speaker->styleId, details, levels);
+                compareStyleId(effect, after, *speaker, details, levels);
             }
         }
         return effect;
@@ -185,12 +192,12 @@ private:
         }
     }
 
-    void compareStyleId(Effect& effect, const CustomConfig& after, unsigned int styleId, bool details,
+    void compareStyleId(Effect& effect, const CustomConfig& after, const Speaker& speaker, bool details,
                         LevelSet levels = LevelSet().set()) const {
         for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
             if (!levels[levelClass] || (effect.styles[levelClass] && effect.icons[levelClass])) continue;
-            const Answer left = ask(m_before, styleId, levelOfClass(levelClass));
-            const Answer right = ask(after, styleId, levelOfClass(levelClass));
+            const Answer& left = m_answersBefore.at(speaker, levelClass);
+            const Answer right = ask(after, speaker.styleId, levelOfClass(levelClass));
             if (!isSameStyle(left, right)) effect.styles.set(levelClass);
             if (left.iconHidden != right.iconHidden) effect.icons.set(levelClass);
             if (!details && effect.any()) return;
@@ -199,6 +206,7 @@ private:
 
     const CustomConfig& m_before;
     const std::vector<Speaker>& m_speakers;
+    const SpeakerAnswers m_answersBefore;
     std::vector<std::vector<const Speaker*>> m_ofType;
 };
 
@@ -208,19 +216,27 @@ private:
 struct Proof {
     const StyleStudy& study;
     const ProofOptions& options;
-    const Tree mapping;
-    const Questions questions;
     std::size_t all = 0;
     std::atomic<std::size_t> done = 0;
     std::atomic<bool> isStopped = false;
 
     bool isKept(std::size_t step) const { return step < options.kept.size() && options.kept[step]; }
 
-    void tick(std::size_t lane) {
+    void tick(bool isOnCallingThread) {
         ++done;
-        if (lane == 0 && options.progress) options.progress(std::min<std::size_t>(done, all), all);
+        if (isOnCallingThread && options.progress) options.progress(std::min<std::size_t>(done, all), all);
         if (options.isTimeUp && options.isTimeUp()) isStopped = true;
     }
+};
+
+// What a lane keeps from part to part: stores take longer to make than a small part to prove.
+struct Lane {
+    Lane(const StyleStudy& study, std::unique_ptr<CustomConfig> whole)
+        : patched(std::move(whole)), store(study.mapping().tracedTree()), questions(study) {}
+
+    PatchedStore patched;
+    UndoableStore store;
+    Questions questions;
 };
 
 // What is left out beside the works in question.
@@ -228,8 +244,8 @@ enum class Without : std::uint8_t { Nothing, AllIdle };
 
 class PartProof {
 public:
-    PartProof(Proof& proof, const std::vector<std::size_t>& steps, PatchedStore& patched, std::size_t lane)
-        : m_proof(proof), m_patched(patched), m_lane(lane) {
+    PartProof(Proof& proof, const std::vector<std::size_t>& steps, Lane& lane, bool isOnCallingThread)
+        : m_proof(proof), m_lane(lane), m_store(lane.store), m_isOnCallingThread(isOnCallingThread) {
         const StyleStudy& study = proof.study;
         for (const std::size_t step : steps) {
             m_works.push_back({&study.steps()[step], step, study.singles()[step].document.get()});
@@ -242,6 +258,9 @@ public:
         while (!holdsForwards()) proveBackwards();
         return std::move(m_proofs);
     }
+
+    /// Whether the store differs once all that is idle is left out, be it without changing an answer.
+    bool leavesDifference() const { return !m_adopted.empty(); }
 
 private:
     std::size_t ruleOf(std::size_t place) const { return m_works[place].step->rule; }
@@ -268,7 +287,7 @@ private:
         std::ranges::sort(m_idle);
         for (const auto& [begin, end] : m_idle) {
             for (; m_position < begin; ++m_position) {
-                if (!m_works[m_position].isLeftOut) m_store->apply(m_works[m_position]);
+                if (!m_works[m_position].isLeftOut) m_store.apply(m_works[m_position]);
             }
             if (effectWithout(begin, end, Without::AllIdle).any()) {
                 m_neverIdle.insert({begin, end});
@@ -281,7 +300,7 @@ private:
     }
 
     void startAgain() {
-        m_store.emplace(m_proof.mapping.get());
+        m_store.startAgain();
         m_position = 0;
         m_grids.clear();
         m_hidingIcons = 0;
@@ -313,7 +332,7 @@ private:
         if (isIdle) m_idle.emplace_back(begin, end);
         m_proofs.effects.push_back({ruleOf(begin), step, isIdle, effect});
         for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = isIdle;
-        m_proof.tick(m_lane);
+        m_proof.tick(m_isOnCallingThread);
         return isIdle;
     }
 
@@ -331,15 +350,15 @@ private:
             const Settings settings(*m_works[m_position].step);
             if (settings.grid) m_grids.push_back(*settings.grid);
             m_hidingIcons += settings.icons ? 1 : 0;
-            m_store->apply(m_works[m_position]);
+            m_store.apply(m_works[m_position]);
         }
         for (; m_position > place; --m_position) {
             const ReplayStep& step = *m_works[m_position - 1].step;
             const Settings settings(step);
             if (settings.grid) m_grids.pop_back();
             m_hidingIcons -= settings.icons ? 1 : 0;
-            m_store->stepBack(step, m_grids.empty() ? gridState(false, 0) : m_grids.back(),
-                              iconState(m_hidingIcons > 0));
+            m_store.stepBack(step, m_grids.empty() ? gridState(false, 0) : m_grids.back(),
+                             iconState(m_hidingIcons > 0));
         }
     }
 
@@ -350,15 +369,15 @@ private:
         for (std::size_t i = begin; i < end; ++i) compare(i, without);
         m_changed.clear();  // the works themselves have gone
         if (m_different.empty()) return {};
-        m_store->mark();
+        m_store.mark();
         for (std::size_t i = end; i < m_works.size() && !m_different.empty(); ++i) {
             m_differsByOthers |= m_works[i].isLeftOut;
             if (m_works[i].isLeftOut && without == Without::AllIdle) continue;
-            m_store->apply(m_works[i]);
+            m_store.apply(m_works[i]);
             compare(i, without);
         }
         const Effect effect = m_different.empty() ? Effect() : effectOfDifference(without);
-        m_store->takeBack();
+        m_store.takeBack();
         return effect;
     }
 
@@ -368,7 +387,7 @@ private:
         forEachStateAfter(*work.step, [&](const std::string& key, const tagCustomStyle* style) {
             const auto adopted = without == Without::Nothing ? work.adopted.end() : work.adopted.find(key);
             if (adopted != work.adopted.end()) style = adopted->second ? &*adopted->second : nullptr;
-            State now = m_store->stateOf(key);
+            State now = m_store.stateOf(key);
             if (isSame(now, style)) {
                 m_different.erase(key);
             } else {
@@ -384,16 +403,16 @@ private:
         if (without == Without::AllIdle) keys.insert(m_adopted.begin(), m_adopted.end());
         LevelsByType types;
         for (const std::string& key : keys) patch(key, types);
-        const Effect effect = m_proof.questions.compare(m_patched.config(), types, m_proof.options.details);
-        m_patched.takeBack();
+        const Effect effect = m_lane.questions.compare(m_lane.patched.config(), types, m_proof.options.details);
+        m_lane.patched.takeBack();
         return effect;
     }
 
     void patch(const std::string& key, LevelsByType& types) {
-        const State state = m_store->stateOf(key);
-        if (key == kGridKey) return m_patched.setGridColor(state->m_custom != 0, state->m_fillColor);
-        if (key == kIconKey) return m_patched.hideEveryIcon(state->m_iconHidden != 0);
-        m_patched.set(key, state);
+        const State state = m_store.stateOf(key);
+        if (key == kGridKey) return m_lane.patched.setGridColor(state->m_custom != 0, state->m_fillColor);
+        if (key == kIconKey) return m_lane.patched.hideEveryIcon(state->m_iconHidden != 0);
+        m_lane.patched.set(key, state);
         const auto [featureType, level] = parsedKey(key);
         types[featureType] |= level ? LevelSet().set(classOfLevel(*level)) : LevelSet().set();
     }
@@ -410,9 +429,9 @@ private:
     };
 
     Proof& m_proof;
-    PatchedStore& m_patched;
-    std::size_t m_lane;
-    std::optional<UndoableStore> m_store;
+    Lane& m_lane;
+    UndoableStore& m_store;
+    bool m_isOnCallingThread;
     std::size_t m_position = 0;           // of the work before which the store stands
     std::vector<tagCustomStyle> m_grids;  // that were written one after the other up to there
     std::size_t m_hidingIcons = 0;        // works up to there that hide every icon
@@ -443,13 +462,40 @@ std::vector<std::vector<std::size_t>> partsOf(const StyleStudy& study) {
     return parts;
 }
 
+// From the single rules: the tree of a whole text would take as much memory again.
 std::unique_ptr<CustomConfig> storeWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
     auto config = std::make_unique<CustomConfig>();
-    config->ParseMappingConfig(componentTree(study.mapping().speakersText()).get());
+    config->ParseMappingConfig(study.mapping().speakersTree());
     for (std::size_t i = 0; i < study.singles().size(); ++i) {
         if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document.get());
     }
     return config;
+}
+
+struct PartOutcome {
+    Proofs proofs;
+    bool leavesDifference = false;
+};
+
+// A lane more takes as long to prepare as hundreds of steps to prove.
+constexpr std::size_t kStepsWorthALane = 500;
+
+std::vector<PartOutcome> proveParts(Proof& proof) {
+    const StyleStudy& study = proof.study;
+    const std::vector<std::vector<std::size_t>> parts = partsOf(study);
+    const Spread alone;
+    const Spread& spread = proof.all < kStepsWorthALane ? alone : study.surroundings().spread;
+    std::vector<std::unique_ptr<Lane>> lanes(spread.lanes);
+    for (auto& lane : lanes) {
+        lane = std::make_unique<Lane>(study, storeWithout(study, std::vector<bool>(study.steps().size())));
+    }
+    std::vector<PartOutcome> outcomes(parts.size());
+    spread.run(parts.size(), [&](std::size_t part, std::size_t lane) {
+        PartProof partProof(proof, parts[part], *lanes[lane], lane == 0);
+        outcomes[part].proofs = partProof.run();
+        outcomes[part].leavesDifference = partProof.leavesDifference();
+    });
+    return outcomes;
 }
 
 void leaveOut(std::vector<bool>& leftOut, const StyleStudy& study, const ProvenEffect& effect) {
@@ -487,26 +533,17 @@ auto orderOf(const ProvenEffect& effect) {
 
 Proofs proveEffects(const StyleStudy& study, const ProofOptions& options) {
     const ComponentGuard guard;
-    const std::vector<std::vector<std::size_t>> parts = partsOf(study);
-    Proof proof{study, options, componentTree(study.mapping().tracedText()), Questions(study)};
+    Proof proof{study, options};
     proof.all = study.steps().size();
-    const Spread& spread = study.surroundings().spread;
-    std::vector<std::unique_ptr<PatchedStore>> patched(spread.lanes);
-    for (auto& each : patched) {
-        // From the single rules: the tree of a whole text would take as much memory again.
-        each = std::make_unique<PatchedStore>(storeWithout(study, std::vector<bool>(study.steps().size())));
-    }
-    std::vector<Proofs> found(parts.size());
-    spread.run(parts.size(), [&](std::size_t part, std::size_t lane) {
-        found[part] = PartProof(proof, parts[part], *patched[lane], lane).run();
-    });
+    std::vector<PartOutcome> outcomes = proveParts(proof);
     Proofs all;
-    for (Proofs& each : found) {
-        all.effects.insert(all.effects.end(), each.effects.begin(), each.effects.end());
-        all.unproven += each.unproven;
+    for (const PartOutcome& each : outcomes) {
+        all.effects.insert(all.effects.end(), each.proofs.effects.begin(), each.proofs.effects.end());
+        all.unproven += each.proofs.unproven;
     }
     std::ranges::sort(all.effects, {}, orderOf);
-    keepOnlyJoint(study, all.effects);
+    // Each part holds beside all that the others leave behind whole.
+    if (std::ranges::count(outcomes, true, &PartOutcome::leavesDifference) > 1) keepOnlyJoint(study, all.effects);
     return all;
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::kFeatureTypeCount;
+using _orvik_vi::cJSON;
 
 constexpr int kFirstPairId = 100'000;
 
@@ -48,6 +49,24 @@ std::string textOfSpeakers(const Mapping& mapping) {
         }
         return ids;
     });
+}
+
+std::vector<Speaker> speakersOf(const std::vector<std::vector<unsigned int>>& questionIds) {
+    std::map<unsigned int, std::vector<int>> typesOf;
+    for (int type = 0; type < kFeatureTypeCount; ++type) {
+        for (const unsigned int styleId : questionIds[static_cast<std::size_t>(type)]) typesOf[styleId].push_back(type);
+    }
+    std::map<std::vector<int>, unsigned int> chosen;
+    unsigned int unlisted = 0;
+    for (const auto& [styleId, types] : typesOf) {
+        chosen.try_emplace(types, styleId);
+        if (unlisted == styleId) ++unlisted;
+    }
+    std::vector<Speaker> speakers;
+    for (const auto& [types, styleId] : chosen) speakers.push_back({styleId, types});
+    std::ranges::stable_sort(speakers, {}, [](const Speaker& each) { return each.types.size(); });
+    speakers.push_back({unlisted, {}});
+    return speakers;
 }
 
 // A store with one record of the land, to see whether the renderer can be answered about a style id.
@@ -96,45 +115,34 @@ Mapping Mapping::given(std::string text) {
     return {Kind::Given, std::move(text)};
 }
 
-Mapping::Mapping(Kind kind, std::string text)
-    : m_kind(kind), m_text(std::move(text)), m_ids(kFeatureTypeCount), m_questionIds(kFeatureTypeCount) {
+Mapping::Mapping(Kind kind, std::string text) {
     const ComponentGuard guard;
+    Known known{kind,
+                std::move(text),
+                std::vector<std::vector<int>>(kFeatureTypeCount),
+                std::vector<std::vector<unsigned int>>(kFeatureTypeCount),
+                {}};
     CustomConfig config;
-    config.ParseMappingConfig(componentTree(m_text).get());
-    for (std::size_t type = 0; type < m_ids.size(); ++type) {
+    config.ParseMappingConfig(componentTree(known.text).get());
+    for (std::size_t type = 0; type < known.ids.size(); ++type) {
         forEachSlotRecord(config.m_typeStyleMaps[type], [&](int styleId, const auto&) {
-            m_ids[type].push_back(styleId);
-            if (canBeAskedFor(styleId)) m_questionIds[type].push_back(static_cast<unsigned int>(styleId));
+            known.ids[type].push_back(styleId);
+            if (canBeAskedFor(styleId)) known.questionIds[type].push_back(static_cast<unsigned int>(styleId));
         });
-        std::ranges::sort(m_questionIds[type]);
+        std::ranges::sort(known.questionIds[type]);
     }
-    findSpeakers();
-}
-
-void Mapping::findSpeakers() {
-    std::map<unsigned int, std::vector<int>> typesOf;
-    for (int type = 0; type < kFeatureTypeCount; ++type) {
-        for (const unsigned int styleId : questionIdsOf(type)) typesOf[styleId].push_back(type);
-    }
-    std::map<std::vector<int>, unsigned int> chosen;
-    unsigned int unlisted = 0;
-    for (const auto& [styleId, types] : typesOf) {
-        chosen.try_emplace(types, styleId);
-        if (unlisted == styleId) ++unlisted;
-    }
-    for (const auto& [types, styleId] : chosen) m_speakers.push_back({styleId, types});
-    std::ranges::stable_sort(m_speakers, {}, [](const Speaker& each) { return each.types.size(); });
-    m_speakers.push_back({unlisted, {}});
+    known.speakers = speakersOf(known.questionIds);
+    m_known = std::make_shared<const Known>(std::move(known));
 }
 
 std::string_view Mapping::name() const {
     constexpr std::string_view kNames[] = {"every map", "one style id for each feature type", "the given mapping"};
-    return kNames[static_cast<std::size_t>(m_kind)];
+    return kNames[static_cast<std::size_t>(kind())];
 }
 
 std::vector<unsigned int> Mapping::questionIds() const {
     std::set<unsigned int> all;
-    for (const auto& ofType : m_questionIds) all.insert(ofType.begin(), ofType.end());
+    for (const auto& ofType : m_known->questionIds) all.insert(ofType.begin(), ofType.end());
     return {all.begin(), all.end()};
 }
 
@@ -147,10 +155,7 @@ std::vector<int> Mapping::typesOf(unsigned int styleId) const {
 }
 
 std::string Mapping::speakersText() const {
-    if (m_kind != Kind::EveryMap) return textOfSpeakers(*this);
-    // Thousands of small styles in one run ask for the same long text.
-    static const std::string text = textOfSpeakers(*this);
-    return text;
+    return textOfSpeakers(*this);
 }
 
 std::string Mapping::tracedText() const {
@@ -158,6 +163,16 @@ std::string Mapping::tracedText() const {
         return idsOf(featureType).empty() ? std::vector<int>()
                                           : std::vector{static_cast<int>(defaultStyleId(featureType))};
     });
+}
+
+const cJSON* Mapping::speakersTree() const {
+    if (m_known->speakersTree == nullptr) m_known->speakersTree = componentTree(speakersText());
+    return m_known->speakersTree.get();
+}
+
+const cJSON* Mapping::tracedTree() const {
+    if (m_known->tracedTree == nullptr) m_known->tracedTree = componentTree(tracedText());
+    return m_known->tracedTree.get();
 }
 
 bool canBeAskedFor(int styleId) {

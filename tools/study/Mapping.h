@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,7 @@ struct Speaker {
     std::vector<int> types;  ///< ascending; none for the style id that the mapping does not list
 };
 
+/// Immutable; copies share what is known of it. Not to be read by several threads at once.
 class Mapping {
 public:
     enum class Kind : std::uint8_t {
@@ -33,19 +35,19 @@ public:
     /// @param text  of a mapping file that the component accepts
     static Mapping given(std::string text);
 
-    Kind kind() const { return m_kind; }
+    Kind kind() const { return m_known->kind; }
 
     /// "every map", "one style id for each feature type", "the given mapping".
     std::string_view name() const;
 
-    const std::string& text() const { return m_text; }
+    const std::string& text() const { return m_known->text; }
 
     /// As the component holds them after loading, in the order of its records.
-    const std::vector<int>& idsOf(int featureType) const { return m_ids[static_cast<std::size_t>(featureType)]; }
+    const std::vector<int>& idsOf(int featureType) const { return m_known->ids[static_cast<std::size_t>(featureType)]; }
 
     /// Those that a question of the renderer finds, ascending; of one type, and of all.
     const std::vector<unsigned int>& questionIdsOf(int featureType) const {
-        return m_questionIds[static_cast<std::size_t>(featureType)];
+        return m_known->questionIds[static_cast<std::size_t>(featureType)];
     }
     std::vector<unsigned int> questionIds() const;
 
@@ -53,10 +55,10 @@ public:
     std::vector<int> typesOf(unsigned int styleId) const;
 
     /// Few style ids that speak for all, those under one type first; last one that the mapping does not list.
-    const std::vector<Speaker>& speakers() const { return m_speakers; }
+    const std::vector<Speaker>& speakers() const { return m_known->speakers; }
 
     /// A style id that the mapping does not list.
-    unsigned int unlistedId() const { return m_speakers.back().styleId; }
+    unsigned int unlistedId() const { return speakers().back().styleId; }
 
     /// The text of a mapping with the speakers only.
     std::string speakersText() const;
@@ -65,15 +67,25 @@ public:
     /// rule does the same to all records of a type, so one shows what happens to all.
     std::string tracedText() const;
 
-private:
-    Mapping(Kind kind, std::string text);
-    void findSpeakers();
+    /// These two texts as the component reads them, parsed once for all studies over the mapping.
+    const _orvik_vi::cJSON* speakersTree() const;
+    const _orvik_vi::cJSON* tracedTree() const;
 
-    Kind m_kind;
-    std::string m_text;
-    std::vector<std::vector<int>> m_ids;                   // by feature type
-    std::vector<std::vector<unsigned int>> m_questionIds;  // by feature type
-    std::vector<Speaker> m_speakers;
+private:
+    struct Known {
+        Kind kind;
+        std::string text;
+        std::vector<std::vector<int>> ids;                   // by feature type
+        std::vector<std::vector<unsigned int>> questionIds;  // by feature type
+        std::vector<Speaker> speakers;
+        // Each is made when it is first asked for.
+        mutable std::shared_ptr<const _orvik_vi::cJSON> speakersTree{};
+        mutable std::shared_ptr<const _orvik_vi::cJSON> tracedTree{};
+    };
+
+    Mapping(Kind kind, std::string text);
+
+    std::shared_ptr<const Known> m_known;
 };
 
 /// Whether a question of the renderer can find a style id that a mapping lists.

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "tools/study/ComponentGuard.h"
-#include "tools/study/DefaultMapping.h"
+#include "tools/study/Mapping.h"
 #include "tools/study/SingleRules.h"
 #include "tools/study/StyleSource.h"
 #include "tools/vocabulary/Elements.h"
@@ -32,7 +32,7 @@ AloneOutcome outcomeAlone(const std::string& ruleText) {
     std::vector<std::string> log;
     const LogRecording recording(log);
     const auto config = std::make_unique<CustomConfig>();
-    config->ParseMappingConfig(componentTree(defaultMapping()).get());
+    config->ParseMappingConfig(Mapping::standard().tracedTree());
     config->ParseCustomConfig(componentTree("[" + ruleText + "]").get());
     return {StoreImage(*config), log};
 }
@@ -41,7 +41,8 @@ std::vector<ReplayStep> stepsOfRule(const std::string& ruleText) {
     const SourceFile file("rule", "[" + ruleText + "]");
     const auto parsed = parseJson(file.text());
     if (!std::holds_alternative<JsonDocument>(parsed)) return {};
-    return TracedReplay(defaultMapping(), singleRules(StyleSource(file, std::get<JsonDocument>(parsed)))).steps();
+    const StyleSource source(file, std::get<JsonDocument>(parsed));
+    return TracedReplay(Mapping::standard().tracedTree(), singleRules(source)).steps();
 }
 
 std::vector<ReplayStep> stepsOfRule(std::string_view featureType, std::string_view elementPath, std::string_view styler,

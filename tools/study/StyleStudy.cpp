@@ -27,8 +27,13 @@ const CustomConfig& StyleStudy::config() const {
 }
 
 const CustomConfig& StyleStudy::spokenConfig() const {
-    if (m_spoken == nullptr) m_spoken = storeOf(m_mapping.speakersText(), m_source.text());
+    if (m_spoken == nullptr) m_spoken = storeOf(m_mapping.speakersTree(), m_source.text());
     return *m_spoken;
+}
+
+const SpeakerAnswers& StyleStudy::answers() const {
+    if (m_answers == nullptr) m_answers = std::make_unique<SpeakerAnswers>(spokenConfig(), m_mapping.speakers());
+    return *m_answers;
 }
 
 const std::vector<SingleRule>& StyleStudy::singles() const {
@@ -39,7 +44,7 @@ const std::vector<SingleRule>& StyleStudy::singles() const {
 }
 
 const std::vector<ReplayStep>& StyleStudy::steps() const {
-    if (m_replay == nullptr) m_replay = std::make_unique<TracedReplay>(m_mapping.tracedText(), singles());
+    if (m_replay == nullptr) m_replay = std::make_unique<TracedReplay>(m_mapping.tracedTree(), singles());
     return m_replay->steps();
 }
 
@@ -55,9 +60,13 @@ StyleStudy::StepRange StyleStudy::stepsOf(std::size_t rule) const {
 }
 
 std::unique_ptr<CustomConfig> storeOf(std::string_view mapping, std::string_view style) {
+    return storeOf(componentTree(mapping).get(), style);
+}
+
+std::unique_ptr<CustomConfig> storeOf(const _orvik_vi::cJSON* mapping, std::string_view style) {
     const ComponentGuard guard;
     auto config = std::make_unique<CustomConfig>();
-    config->ParseMappingConfig(componentTree(mapping).get());
+    config->ParseMappingConfig(mapping);
     config->ParseCustomConfig(componentTree(style).get());
     return config;
 }

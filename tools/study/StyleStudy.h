@@ -11,6 +11,7 @@
 #include "tools/study/Mapping.h"
 #include "tools/study/RuleView.h"
 #include "tools/study/SingleRules.h"
+#include "tools/study/SpeakerAnswers.h"
 #include "tools/study/StyleSource.h"
 #include "tools/study/Surroundings.h"
 #include "tools/study/TracedReplay.h"
@@ -40,6 +41,9 @@ public:
     const _orvik_framework::CustomConfig& config() const;
     const _orvik_framework::CustomConfig& spokenConfig() const;
 
+    /// What the latter answers for the mapping's speakers.
+    const SpeakerAnswers& answers() const;
+
     /// The rules one at a time as trees for the component, each split into its stylers.
     const std::vector<SingleRule>& singles() const;
 
@@ -66,12 +70,14 @@ private:
     mutable std::unique_ptr<std::vector<RuleView>> m_rules;
     mutable std::unique_ptr<_orvik_framework::CustomConfig> m_config;
     mutable std::unique_ptr<_orvik_framework::CustomConfig> m_spoken;
+    mutable std::unique_ptr<SpeakerAnswers> m_answers;
     mutable std::unique_ptr<std::vector<SingleRule>> m_singles;
     mutable std::unique_ptr<TracedReplay> m_replay;
     mutable std::unique_ptr<FieldHistory> m_history;
 };
 
-/// A store of its own, loaded with the texts of a mapping and a style. What the component logs meanwhile is dropped.
+/// A store of its own, loaded with a mapping and the text of a style. What the component logs meanwhile is dropped.
 std::unique_ptr<_orvik_framework::CustomConfig> storeOf(std::string_view mapping, std::string_view style);
+std::unique_ptr<_orvik_framework::CustomConfig> storeOf(const _orvik_vi::cJSON* mapping, std::string_view style);
 
 }  // namespace customstyle_tool

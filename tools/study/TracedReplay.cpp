@@ -155,12 +155,11 @@ private:
 
 }  // namespace
 
-TracedReplay::TracedReplay(std::string_view mapping, const std::vector<SingleRule>& rules)
+TracedReplay::TracedReplay(const cJSON* mapping, const std::vector<SingleRule>& rules)
     : m_config(std::make_unique<CustomConfig>()) {
     const ComponentGuard guard;
-    const Tree mappingTree = componentTree(mapping);
-    m_config->ParseMappingConfig(mappingTree.get());
-    Trial trial(mappingTree.get());
+    m_config->ParseMappingConfig(mapping);
+    Trial trial(mapping);
     m_steps.reserve(rules.size());
     for (const SingleRule& single : rules) {
         ReplayStep& step = m_steps.emplace_back();

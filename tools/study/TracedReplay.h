@@ -7,7 +7,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "customstyle/CustomConfig.h"
@@ -55,8 +54,8 @@ struct ReplayStep {
 /// and nothing here knows its rules.
 class TracedReplay {
 public:
-    /// @param mapping  text of a mapping file that the component accepts; one style id for each type is enough
-    TracedReplay(std::string_view mapping, const std::vector<SingleRule>& rules);
+    /// @param mapping  that the component accepts, read only here; one style id for each type is enough
+    TracedReplay(const _orvik_vi::cJSON* mapping, const std::vector<SingleRule>& rules);
 
     /// In the order in which the component acts, one for each of the rules.
     const std::vector<ReplayStep>& steps() const { return m_steps; }
