@@ -9,7 +9,7 @@
 
 #include "tests/schema/StyleCorpus.h"
 #include "tools/check/StyleCheck.h"
-#include "tools/study/DefaultMapping.h"
+#include "tools/study/Mapping.h"
 #include "tools/study/StyleSource.h"
 #include "tools/study/TracedReplay.h"
 
@@ -30,7 +30,7 @@ bool isHiddenByOn(const ReplayStep& step, std::string_view style) {
 
 bool doesSomething(const std::string& text) {
     const SourceFile file("style.json", text);
-    const TracedReplay replay(defaultMapping(),
+    const TracedReplay replay(Mapping::standard().tracedTree(),
                               singleRules(StyleSource(file, std::get<JsonDocument>(parseJson(file.text())))));
     return std::ranges::all_of(replay.steps(), [&](const ReplayStep& step) {
         return step.log.empty() && leavesAStyle(step) && !isHiddenByOn(step, text);
