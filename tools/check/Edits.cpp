@@ -1,6 +1,7 @@
 #include "tools/check/Edits.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 
@@ -9,12 +10,10 @@
 namespace customstyle_tool {
 namespace {
 
-// A rule, or a member of its stylers.
+// Rules, and members of the stylers of rules, by place.
 struct TakenOut {
-    std::size_t rule;
-    std::optional<std::size_t> member;
-
-    auto operator<=>(const TakenOut&) const = default;
+    std::set<std::size_t> rules{};
+    std::map<std::size_t, std::set<std::size_t>> members{};  // by rule
 };
 
 std::optional<JsonValue> stylersOf(JsonValue rule) {
@@ -26,43 +25,25 @@ TextRange wholeRange(JsonValue value) {
 }
 
 // Notes the styler that a finding is about, each time that it is there, or the whole rule.
-void takeOut(std::set<TakenOut>& takenOut, const Finding& finding, const StyleStudy& study) {
-    if (!finding.step) return void(takenOut.insert({*finding.rule, {}}));
+void takeOut(TakenOut& takenOut, const Finding& finding, const StyleStudy& study) {
+    if (!finding.step) return void(takenOut.rules.insert(*finding.rule));
     const std::vector<JsonValue> members = study.rules()[*finding.rule].members(study.steps()[*finding.step].styler);
-    if (members.empty()) takenOut.insert({*finding.rule, {}});
-    for (const JsonValue member : members) takenOut.insert({*finding.rule, member.position()});
+    if (members.empty()) takenOut.rules.insert(*finding.rule);
+    for (const JsonValue member : members) takenOut.members[*finding.rule].insert(member.position());
 }
 
 // The edits that take some children out of a list or object, with the commas that go with them.
-void addRemovals(std::vector<Edit>& edits, const std::vector<TextRange>& children, const std::set<std::size_t>& gone) {
-    for (std::size_t first = 0; first < children.size();) {
-        if (!gone.contains(first)) {
-            ++first;
-            continue;
-        }
+void addRemovals(std::vector<Edit>& edits, const std::vector<JsonValue>& children, const std::set<std::size_t>& gone) {
+    for (auto next = gone.begin(); next != gone.end();) {
+        const std::size_t first = *next;
         std::size_t last = first;
-        while (last + 1 < children.size() && gone.contains(last + 1)) ++last;
+        while (++next != gone.end() && *next == last + 1) ++last;
         const bool isLast = last + 1 == children.size();
-        const std::size_t begin = isLast && first > 0 ? children[first - 1].end : children[first].begin;
-        const std::size_t end = isLast ? children[last].end : children[last + 1].begin;
+        const std::size_t begin =
+            isLast && first > 0 ? wholeRange(children[first - 1]).end : wholeRange(children[first]).begin;
+        const std::size_t end = isLast ? wholeRange(children[last]).end : wholeRange(children[last + 1]).begin;
         edits.push_back({{begin, end}, ""});
-        first = last + 1;
     }
-}
-
-std::vector<TextRange> rangesOf(const std::vector<JsonValue>& values) {
-    std::vector<TextRange> ranges;
-    for (const JsonValue value : values) ranges.push_back(wholeRange(value));
-    return ranges;
-}
-
-// Which members of a rule's stylers go; all of them means the rule.
-std::set<std::size_t> goneMembers(const std::set<TakenOut>& takenOut, std::size_t rule) {
-    std::set<std::size_t> gone;
-    for (const TakenOut& each : takenOut) {
-        if (each.rule == rule && each.member) gone.insert(*each.member);
-    }
-    return gone;
 }
 
 // What is left of a rule without a styler is a mistake of its own.
@@ -70,22 +51,34 @@ bool isStyler(JsonValue member) {
     return stylerNamed(member.name()) != nullptr;
 }
 
-std::vector<Edit> removals(const std::set<TakenOut>& takenOut, const StyleSource& style) {
+// What goes of one rule: some members of its stylers, or none and the whole rule.
+struct Removal {
+    std::vector<Edit> ofMembers;
+    bool isWhole = false;
+};
+
+Removal removalFrom(JsonValue rule, const std::set<std::size_t>& goneMembers) {
+    const auto stylers = stylersOf(rule);
+    std::vector<JsonValue> members;
+    if (stylers) members.assign(stylers->children().begin(), stylers->children().end());
+    bool isAnyLeft = false;
+    for (std::size_t i = 0; i < members.size(); ++i) isAnyLeft |= isStyler(members[i]) && !goneMembers.contains(i);
+    if (!isAnyLeft) return {{}, true};
+    Removal removal;
+    addRemovals(removal.ofMembers, members, goneMembers);
+    return removal;
+}
+
+std::vector<Edit> removals(const TakenOut& takenOut, const StyleSource& style) {
     std::vector<Edit> edits;
-    std::set<std::size_t> goneRules;
-    for (std::size_t rule = 0; rule < style.rules().size(); ++rule) {
-        const std::set<std::size_t> gone = goneMembers(takenOut, rule);
-        const auto stylers = stylersOf(style.rules()[rule]);
-        std::vector<JsonValue> members;
-        if (stylers) members.assign(stylers->children().begin(), stylers->children().end());
-        std::size_t left = 0;
-        for (std::size_t i = 0; i < members.size(); ++i) left += isStyler(members[i]) && !gone.contains(i) ? 1 : 0;
-        if (takenOut.contains({rule, {}}) || (!gone.empty() && left == 0))
-            goneRules.insert(rule);
-        else
-            addRemovals(edits, rangesOf(members), gone);
+    std::set<std::size_t> goneRules = takenOut.rules;
+    for (const auto& [rule, members] : takenOut.members) {
+        if (goneRules.contains(rule)) continue;
+        const Removal removal = removalFrom(style.rules()[rule], members);
+        if (removal.isWhole) goneRules.insert(rule);
+        edits.insert(edits.end(), removal.ofMembers.begin(), removal.ofMembers.end());
     }
-    addRemovals(edits, rangesOf(style.rules()), goneRules);
+    addRemovals(edits, style.rules(), goneRules);
     return edits;
 }
 
@@ -108,7 +101,7 @@ std::vector<Edit> editsOf(const Finding& finding, const StyleStudy& study) {
 std::vector<Edit> jointEdits(std::span<const Finding> findings, const StyleStudy& study) {
     if (study.source().file().isBuilt()) return {};
     std::vector<Edit> edits;
-    std::set<TakenOut> takenOut;
+    TakenOut takenOut;
     for (const Finding& finding : findings) {
         if (finding.replacement)
             edits.push_back({finding.range, *finding.replacement});
