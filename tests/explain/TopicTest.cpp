@@ -12,7 +12,7 @@ struct NameCase {
     const char* nearest;  // empty for none
 };
 
-std::string caseName(const testing::TestParamInfo<NameCase>& info) {
+std::string nameCaseName(const testing::TestParamInfo<NameCase>& info) {
     return info.param.name;
 }
 
@@ -29,7 +29,7 @@ INSTANTIATE_TEST_SUITE_P(FieldNames, NearestTopic,
                                          NameCase{"SomeWrongLettersOfMany", "text_strike_wait", "text stroke weight"},
                                          NameCase{"NothingNear", "opacity", ""},  //
                                          NameCase{"NoLetters", "", ""}),
-                         caseName);
+                         nameCaseName);
 
 TEST(Topic, IsFoundWithBlanksHyphensAndUnderscores) {
     const customstyle_tool::TopicName* topic = customstyle_tool::findTopic("text fill weight");

@@ -23,7 +23,7 @@ using testing::Not;
 using testing::UnorderedElementsAre;
 using Json = nlohmann::ordered_json;
 
-Legend legendWith(const std::string& layers) {
+Legend legendOf(const std::string& layers) {
     const SourceFile file("legend.json", R"({"version": 1, "name": "test", "source": {"type": "vector"},
         "fonts": {"regular": ["Sans"], "bold": ["Sans Bold"]}, "text": ["get", "name"],
         "backgrounds": {"land": "#ffffff", "grid": "#eeeeee"}, "layers": [)" +
@@ -34,7 +34,7 @@ Legend legendWith(const std::string& layers) {
 // Over one style id for each type.
 ExportedStyle exported(std::initializer_list<RuleBuilder> rules, const std::string& layers,
                        ExportOptions options = {}) {
-    return exportedStyle(*loadedText(Mapping::standard(), styleOf(rules)), legendWith(layers), options);
+    return exportedStyle(*loadedText(Mapping::standard(), styleOf(rules)), legendOf(layers), options);
 }
 
 std::vector<std::string> layerIds(const Json& style) {
@@ -98,7 +98,7 @@ ExportedStyle exportedShared(const std::string& layer) {
     });
     const std::string style =
         styleOf({rule("highway", "fill").color("#111111"), rule("water", "fill").color("#222222").level("9")});
-    return exportedStyle(*loadedText(mapping, style), legendWith(layer), {});
+    return exportedStyle(*loadedText(mapping, style), legendOf(layer), {});
 }
 
 TEST(ExportedValue, IsAChoiceByStyleIdWhereFeaturesTellTheirs) {

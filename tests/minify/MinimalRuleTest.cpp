@@ -10,15 +10,15 @@ namespace {
 
 using namespace customstyle_tool;
 
-struct Case {
+struct RuleCase {
     const char* name;
     std::string style;
     std::string minimal;
 };
 
-class MinimalRules : public testing::TestWithParam<Case> {};
+class MinimalRules : public testing::TestWithParam<RuleCase> {};
 
-std::string caseName(const testing::TestParamInfo<Case>& info) {
+std::string ruleCaseName(const testing::TestParamInfo<RuleCase>& info) {
     return info.param.name;
 }
 
@@ -33,28 +33,28 @@ std::string ruleOf(const std::string& stylers) {
 INSTANTIATE_TEST_SUITE_P(
     Styles, MinimalRules,
     testing::Values(
-        Case{"AnEmptyStyleStaysEmpty", "[ ]", "[]"},
-        Case{"UnknownMembersGo", ruleOf(R"("note":"x","weight":"3")"), ruleOf(R"("weight":"3")")},
-        Case{"OfDoubledMembersTheFirstStays", ruleOf(R"("weight":"3","weight":"4")"), ruleOf(R"("weight":"3")")},
-        Case{"StylersInCapitalsGo", ruleOf(R"("weight":"3","Color":"#3366cc")"), ruleOf(R"("weight":"3")")},
-        Case{"AStylerInCapitalsShutsOutTheOther", ruleOf(R"("Weight":"3","weight":"4","color":"#3366cc")"),
+        RuleCase{"AnEmptyStyleStaysEmpty", "[ ]", "[]"},
+        RuleCase{"UnknownMembersGo", ruleOf(R"("note":"x","weight":"3")"), ruleOf(R"("weight":"3")")},
+        RuleCase{"OfDoubledMembersTheFirstStays", ruleOf(R"("weight":"3","weight":"4")"), ruleOf(R"("weight":"3")")},
+        RuleCase{"StylersInCapitalsGo", ruleOf(R"("weight":"3","Color":"#3366cc")"), ruleOf(R"("weight":"3")")},
+        RuleCase{"AStylerInCapitalsShutsOutTheOther", ruleOf(R"("Weight":"3","weight":"4","color":"#3366cc")"),
              ruleOf(R"("color":"#3366cc")")},
-        Case{"AMemberInCapitalsIsWrittenAsTheComponentSpellsIt",
+        RuleCase{"AMemberInCapitalsIsWrittenAsTheComponentSpellsIt",
              R"([{"FEATURETYPE":"water","elementtype":"fill","Stylers":{"weight":"3"}}])", ruleOf(R"("weight":"3")")},
-        Case{"StylersThatAreNoTextsGo", ruleOf(R"("weight":3,"fontsize":"3")"), ruleOf(R"("fontsize":"3")")},
-        Case{"ALevelThatIsNoTextGoes", ruleOf(R"("weight":"3","level":12)"), ruleOf(R"("weight":"3")")},
-        Case{"ALevelIsHeldInTheRange", ruleOf(R"("weight":"3","level":"99")"), ruleOf(R"("weight":"3","level":"21")")},
-        Case{"ALevelIsWrittenShort", ruleOf(R"("weight":"3","level":" +007.5")"),
+        RuleCase{"StylersThatAreNoTextsGo", ruleOf(R"("weight":3,"fontsize":"3")"), ruleOf(R"("fontsize":"3")")},
+        RuleCase{"ALevelThatIsNoTextGoes", ruleOf(R"("weight":"3","level":12)"), ruleOf(R"("weight":"3")")},
+        RuleCase{"ALevelIsHeldInTheRange", ruleOf(R"("weight":"3","level":"99")"), ruleOf(R"("weight":"3","level":"21")")},
+        RuleCase{"ALevelIsWrittenShort", ruleOf(R"("weight":"3","level":" +007.5")"),
              ruleOf(R"("weight":"3","level":"7")")},
-        Case{"ATextEndsAtItsZeroCharacter", ruleOf(R"("weight":"3\u00004")"), ruleOf(R"("weight":"3")")},
-        Case{"EscapesGo", ruleOf(R"("visibility":"\u006ff\u0066")"), ruleOf(R"("visibility":"off")")},
-        Case{"QuotesAndControlCharactersStayEscaped", ruleOf(R"("weight":"\"\\\u0001\n")"),
+        RuleCase{"ATextEndsAtItsZeroCharacter", ruleOf(R"("weight":"3\u00004")"), ruleOf(R"("weight":"3")")},
+        RuleCase{"EscapesGo", ruleOf(R"("visibility":"\u006ff\u0066")"), ruleOf(R"("visibility":"off")")},
+        RuleCase{"QuotesAndControlCharactersStayEscaped", ruleOf(R"("weight":"\"\\\u0001\n")"),
              ruleOf(R"("weight":"\"\\\u0001\n")")},
-        Case{"RulesWithoutStylerGo", ruleOf(R"("level":"12")"), "[]"},
-        Case{"WhatIsNoRuleGoes", R"([null,12,"x",[],{},{"featureType":"water"}])", "[]"},
-        Case{"RulesInAnObjectCount", R"({"x":{"featureType":"water","elementType":"fill","stylers":{"weight":"3"}}})",
+        RuleCase{"RulesWithoutStylerGo", ruleOf(R"("level":"12")"), "[]"},
+        RuleCase{"WhatIsNoRuleGoes", R"([null,12,"x",[],{},{"featureType":"water"}])", "[]"},
+        RuleCase{"RulesInAnObjectCount", R"({"x":{"featureType":"water","elementType":"fill","stylers":{"weight":"3"}}})",
              ruleOf(R"("weight":"3")")}),
-    caseName);
+    ruleCaseName);
 
 struct ValueCase {
     const char* name;

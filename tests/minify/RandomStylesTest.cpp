@@ -22,7 +22,7 @@ using namespace customstyle_tool;
 using customstyle_test::LogSilence;
 using customstyle_test::QueriesEnabled;
 
-Minified minifiedText(const std::string& style, const std::optional<std::string>& mapping) {
+Minified minifiedStyle(const std::string& style, const std::optional<std::string>& mapping) {
     const SourceFile file("style.json", style);
     return minified(StyleSource(file, std::get<JsonDocument>(parseJson(file.text()))), mapping);
 }
@@ -43,20 +43,20 @@ void expectSameAnswers(const std::string& mapping, const std::string& left, cons
 }
 
 void expectSmallAndEqual(const std::string& style, const std::string& mapping) {
-    const Minified anywhere = minifiedText(style, {});
+    const Minified anywhere = minifiedStyle(style, {});
     expectSameAnswers(mapping, style, anywhere.text);
-    const Minified here = minifiedText(style, mapping);
+    const Minified here = minifiedStyle(style, mapping);
     expectSameAnswers(mapping, style, here.text);
     EXPECT_LE(anywhere.text.size(), style.size());
     EXPECT_LE(here.text.size(), anywhere.text.size());
-    EXPECT_EQ(minifiedText(anywhere.text, {}).text, anywhere.text) << style;
+    EXPECT_EQ(minifiedStyle(anywhere.text, {}).text, anywhere.text) << style;
 }
 
 TEST(Minified, HasTheAnswersOfTheExampleStyles) {
     const std::string mapping = exampleMapping();
     for (const auto& entry : fs::directory_iterator(fs::path(CUSTOMSTYLE_EXAMPLES) / "styles")) {
         const std::string style = contentOf(entry.path());
-        const Minified anywhere = minifiedText(style, {});
+        const Minified anywhere = minifiedStyle(style, {});
         expectSameAnswers(mapping, style, anywhere.text);
         EXPECT_LT(anywhere.text.size(), style.size() * 9 / 10) << entry.path();
     }

@@ -49,7 +49,7 @@ Json colourJson(const std::optional<std::uint64_t>& colour) {
 }
 
 // The values that apply, under the tools' names.
-Json valuesOf(const Answer& answer) {
+Json valuesAsJson(const Answer& answer) {
     Json values = Json::object();
     if (answer.record == nullptr) return values;
     for (const auto& [field, name] : kFieldNames) {
@@ -90,7 +90,7 @@ std::optional<Failure> rowFails(const Json& row, const Answers& answers) {
     for (std::size_t levelClass = 0; levelClass < kLevelClasses; ++levelClass) {
         if (!holdsLevel(row.at("levels"), levelClass)) continue;
         const Answer& answer = answers.of(static_cast<std::size_t>(at - ids.begin()), levelClass);
-        if (row.at("feature_type") != nameOf(answer.featureType) || row.at("style") != valuesOf(answer) ||
+        if (row.at("feature_type") != nameOf(answer.featureType) || row.at("style") != valuesAsJson(answer) ||
             row.at("icon") != iconText(answer)) {
             return Failure{"dump tells what the renderer receives", row.dump()};
         }
@@ -106,7 +106,7 @@ public:
 
     std::optional<Failure> fails(const Answers& answers, std::size_t styleId, std::size_t levelClass) const {
         const Answer& answer = answers.of(styleId, levelClass);
-        const Json values = valuesOf(answer);
+        const Json values = valuesAsJson(answer);
         if (m_json.at("feature_type") != nameOf(answer.featureType)) return Failure{"explain names the type", told()};
         for (const auto& [field, name] : kFieldNames) {
             const Json& topic = m_json.at(name);
