@@ -4,7 +4,16 @@ function(customstyle_test_environment test)
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
 
-# customstyle_add_test(<name> <source>...): a GoogleTest program over the component, run by ctest under its name.
+# customstyle_part_of(<group> <test> <program>): the test has its group as a label, and the target <group>_tests builds
+# the program. "core" is what runs within the renderer, and the readers of files: script/test runs it under the
+# sanitizers. "tools" is all else.
+function(customstyle_part_of group test program)
+  set_property(TEST ${test} APPEND PROPERTY LABELS ${group})
+  add_dependencies(${group}_tests ${program})
+endfunction()
+
+# customstyle_add_test(<name> <source>...): a GoogleTest program over the component, run by ctest under its name; a part
+# of CUSTOMSTYLE_TEST_GROUP.
 function(customstyle_add_test name)
   add_executable(${name} ${ARGN})
   customstyle_target_settings(${name})
@@ -12,10 +21,16 @@ function(customstyle_add_test name)
   target_link_libraries(${name} PRIVATE customstyle_test_support GTest::gmock GTest::gtest_main)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   customstyle_test_environment(${name})
+  customstyle_part_of(${CUSTOMSTYLE_TEST_GROUP} ${name} ${name})
 endfunction()
 
-# customstyle_run_once(<test>...): tests that run programs of others, or thousands of styles. script/test runs them on the
-# release, and leaves them out under the sanitizers.
+# customstyle_run_once(<test>...): tests that run programs of others, or thousands of styles. They run on the release,
+# and not under the sanitizers.
 function(customstyle_run_once)
-  set_tests_properties(${ARGN} PROPERTIES LABELS once)
+  set_property(TEST ${ARGN} APPEND PROPERTY LABELS once)
+endfunction()
+
+# customstyle_run_early(<seconds> <test>...): tests that take long begin first, so that nobody waits for them at the end.
+function(customstyle_run_early seconds)
+  set_tests_properties(${ARGN} PROPERTIES COST ${seconds})
 endfunction()

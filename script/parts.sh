@@ -28,15 +28,32 @@ part() {
     fi
 }
 
-# ctest_in BUILD [OPTION...]: all tests of a build tree, and the names of those that failed at the end of the log.
+# part_beside NAME COMMAND...: the same in the background, for what waits a lot. parts_beside_end waits for all of them,
+# and fails if one has failed.
+beside=()
+part_beside() {
+    part "$@" &
+    beside+=($!)
+}
+parts_beside_end() {
+    local pid
+    for pid in "${beside[@]}"; do wait "$pid"; done
+    beside=()
+}
+trap wait EXIT
+
+# ctest_in BUILD [OPTION...]: all tests of a build tree, and the names of those that failed at the end of the log. Some
+# wait for terminals and servers, so there is one more at a time than there are processors.
 ctest_in() {
     local tree=$1
     shift
-    ctest --test-dir "$tree" -j "$(nproc)" --output-on-failure "$@" || {
+    ctest --test-dir "$tree" -j $(($(nproc) + 1)) --output-on-failure "$@" || {
         echo "Run a failed test again with: ctest --test-dir $tree --output-on-failure -R 'NAME'"
         return 1
     }
 }
 
-# Compiles what was compiled before from a cache, where there is one.
-if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+# Compiles what was compiled before from a cache, where there is one; precompiled headers count by their sources.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_SLOPPINESS=pch_defines,time_macros
+fi
