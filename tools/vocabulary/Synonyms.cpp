@@ -23,7 +23,7 @@ struct Synonym {
     std::string_view name;
 };
 
-constexpr Synonym kTypes[] = {
+constexpr Synonym kTypeSynonyms[] = {
     {"park", "green"},           {"forest", "green"},         {"wood", "green"},
     {"grass", "green"},          {"tree", "green"},           {"garden", "green"},
     {"lake", "water"},           {"river", "water"},          {"sea", "water"},
@@ -56,7 +56,7 @@ constexpr Synonym kRuleMembers[] = {
 };
 
 // By the last word of the path.
-constexpr Synonym kElements[] = {
+constexpr Synonym kElementSynonyms[] = {
     {"halo", "labels.text.stroke"},
     {"text", "labels.text.fill"},
     {"name", "labels.text.fill"},
@@ -128,7 +128,7 @@ std::optional<std::string> meant(std::string_view word, std::span<const std::str
 }  // namespace
 
 std::optional<std::string> meantFeatureType(std::string_view word) {
-    return meant(word, mappedTypeNames(), kTypes);
+    return meant(word, mappedTypeNames(), kTypeSynonyms);
 }
 
 std::optional<std::string> likelyFeatureType(std::string_view word) {
@@ -156,7 +156,7 @@ std::optional<std::string> meantElement(std::string_view path, std::span<const s
         const auto ends = [&](const std::string& element) { return element.ends_with("." + part); };
         const auto named = std::ranges::find_if(elements, ends);
         if (named != elements.end()) return *named;
-        const auto synonym = withMeaning(kElements, part);
+        const auto synonym = withMeaning(kElementSynonyms, part);
         if (synonym && std::ranges::find(elements, *synonym) != elements.end()) return synonym;
     }
     return {};
