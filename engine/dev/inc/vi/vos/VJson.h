@@ -1,5 +1,4 @@
-// JSON trees: all operations of cJSON that the engine uses, under the engine's own namespace. Of a node it reads
-// `valuestring`, `valueint` and `string`, the member's name, which a tree made by hand may lack.
+// JSON trees: all operations of cJSON that the engine uses, under the engine's own namespace.
 #pragma once
 
 #include <cjson/cJSON.h>
@@ -9,7 +8,10 @@
 
 namespace [[gnu::visibility("default")]] _orvik_vi {
 
+/// A node. The engine reads its `valuestring`, `valueint` and `string`, the member's name, which a tree made by hand
+/// may lack.
 using ::cJSON;
+
 using ::cJSON_Delete;
 using ::cJSON_GetArraySize;
 using ::cJSON_IsArray;

@@ -158,7 +158,8 @@ struct stFeatureTypeStyleRecorder {
 /// Everything is public, because host tools and tests read the store directly.
 class CustomConfig {
 public:
-    // ---- Lifecycle --------------------------------------------------------------------------------------------------
+    /// @name Lifecycle
+    /// @{
 
     /// An empty store with the feature type tables filled.
     CustomConfig();
@@ -180,9 +181,11 @@ public:
     /// Frees all records and forgets which slot each key has. Which keys are in effect, the slot counter, the grid
     /// colour and the icon switch stay: it is the first step of destruction, not a way to use the object again.
     void ReleaseCustomRes();
+    /// @}
 
-    // ---- The renderer's questions -----------------------------------------------------------------------------------
-    // They allocate nothing and change nothing.
+    /// @name The renderer's questions
+    /// They allocate nothing and change nothing.
+    /// @{
 
     /// Copies out the customised style of one renderer style at one zoom level.
     ///
@@ -218,8 +221,10 @@ public:
     /// Whether the background grid has a custom colour; it is the same at every level.
     /// @param colour  receives the packed colour
     int IsCustomGridBackRegionEnable(std::uint64_t& colour, int level) const;
+    /// @}
 
-    // ---- Feature types ----------------------------------------------------------------------------------------------
+    /// @name Feature types
+    /// @{
 
     /// Fill the two tables of feature types; called by the constructor. Names and ids that are there already stay.
     void initFeatureTypeIdMap();
@@ -243,9 +248,11 @@ public:
 
     /// Formats the base styles for inspection in a debugger; without visible effect.
     void PrintAllFeartureType() const;
+    /// @}
 
-    // ---- Loading ----------------------------------------------------------------------------------------------------
-    // The component only reads trees, and keeps nothing of them.
+    /// @name Loading
+    /// The component only reads trees, and keeps nothing of them.
+    /// @{
 
     /// Makes the base records of a mapping document; null has no feature types.
     /// @return 1, or 0 at the first feature type 0 to 71 that is absent or not an array; the types before it keep their
@@ -276,14 +283,16 @@ public:
 
     /// Whether the text is not empty and all ASCII digits.
     int IsValueAllDigit(const std::string& text) const;
+    /// @}
 
-    // ---- Styling ----------------------------------------------------------------------------------------------------
-    // Dispatchers: they check a rule's value and hand it to record writers.
-    //
-    // `elementType` is the last word of the rule's element path, `includesLabels` is not 0 when the whole path names
-    // "labels" or "all", `allLevels` is 1 for a rule without level and 0 for one at `level`. `stylers` may be null:
-    // then the styler is absent, which is logged (a weight for "boundary" is ignored without a line). The parameters
-    // named `unused` may be null or anything else.
+    /// @name Styling: dispatchers
+    /// They check a rule's value and hand it to record writers.
+    ///
+    /// `elementType` is the last word of the rule's element path, `includesLabels` is not 0 when the whole path names
+    /// "labels" or "all", `allLevels` is 1 for a rule without level and 0 for one at `level`. `stylers` may be null:
+    /// then the styler is absent, which is logged (a weight for "boundary" is ignored without a line). The parameters
+    /// named `unused` may be null or anything else.
+    /// @{
 
     void SetCustomColorStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
                              stFeatureTypeStyleRecorder* unused, int allLevels, int level);
@@ -295,10 +304,13 @@ public:
                               stFeatureTypeStyleRecorder* unused, int allLevels, int level);
     void SetCustomFontSizeStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
                                 stFeatureTypeStyleRecorder* unused, int allLevels, int level);
+    /// @}
 
-    // Record writers: change the fields that `elementType` names in every record of the feature type, at all levels or
-    // at one. An element type that a writer does not know leaves the records without their customised mark, except that
-    // the icon writer marks every record.
+    /// @name Styling: record writers
+    /// They change the fields that `elementType` names in every record of the feature type, at all levels or at one. An
+    /// element type that a writer does not know leaves the records without their customised mark, except that the icon
+    /// writer marks every record.
+    /// @{
 
     void SetTypeColor(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels, int level);
     void SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels,
@@ -313,9 +325,11 @@ public:
 
     /// Sets the colour of the background grid.
     void SetGridColorStyle(std::uint64_t colour);
+    /// @}
 
-    // ---- Store ------------------------------------------------------------------------------------------------------
-    // A style key is the decimal feature type id ("13", all levels), or id and level joined by a colon ("13:15").
+    /// @name Store
+    /// A style key is the decimal feature type id ("13", all levels), or id and level joined by a colon ("13:15").
+    /// @{
 
     /// Registers the style key of a feature type at all levels or at one; on first sight it gets a slot with copies of
     /// the type's base records. A key beyond the last slot and a type outside 0 to 72 are refused: nothing is
@@ -349,6 +363,7 @@ public:
     /// Feature type name to id, and id to name.
     ShortTextTable<int> m_featureTypeIds;
     std::unordered_map<int, std::string> m_featureTypeNames;
+    /// @}
 
 private:
     // Names each element of the two arrays of maps: there is no other way to tell all of them their block size.
