@@ -5,8 +5,8 @@ function(customstyle_test_environment test)
 endfunction()
 
 # customstyle_part_of(<group> <test> <program>): the test has its group as a label, and the target <group>_tests builds
-# the program. "core" is what runs within the renderer, and the readers of files: script/test runs it under the
-# sanitizers. "tools" is all else.
+# the program. script/test runs "core", which is what runs within the renderer, and the JSON reader, under the
+# sanitizers, and "tools" on the release. "rest" is for script/campaigns.
 function(customstyle_part_of group test program)
   set_property(TEST ${test} APPEND PROPERTY LABELS ${group})
   add_dependencies(${group}_tests ${program})
