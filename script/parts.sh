@@ -10,20 +10,32 @@ else
     good='' bad='' dim='' plain=''
 fi
 
+# again COMMAND...: what to type to run it again; of a function of a script, what it does.
+again() {
+    case $(type -t "$1"):$1 in
+        function:ctest_in) echo "    ctest --output-on-failure --test-dir ${*@Q}" | sed "s/'ctest_in' //" ;;
+        function:*) declare -f "$1" | sed '1,2d; $d' ;;
+        *) echo "    $*" ;;
+    esac
+}
+
 # part NAME COMMAND...: runs a command with its output in a log, and says how long it took. A failure shows the end of the
 # log and the command, and ends the script.
 part() {
-    local name=$1 began=$SECONDS
+    local name=$1 began=$SECONDS status=0
     local log="$logs/${name//[^A-Za-z0-9]/-}.log"
     shift
     printf '%s...%s %s\n' "$dim" "$plain" "$name"
-    if "$@" >"$log" 2>&1 </dev/null; then
+    # As a condition a function would go on after a command that fails.
+    (set -e; "$@") >"$log" 2>&1 </dev/null &
+    wait $! || status=$?
+    if ((status == 0)); then
         printf '%sok%s  %s %s(%d s)%s\n' "$good" "$plain" "$name" "$dim" $((SECONDS - began)) "$plain"
         sed -n 's/^\(100% tests passed.*\|[0-9]* passed, [0-9]* failed.*\)$/    \1/p' "$log"
     else
         tail -n 60 "$log"
         printf '%sFAILED%s %s after %d s\n' "$bad" "$plain" "$name" $((SECONDS - began)) >&2
-        printf 'The whole output is in %s. Run this part again with\n    %s\n' "$log" "$*" >&2
+        printf 'The whole output is in %s. Run this part again with\n%s\n' "$log" "$(again "$@")" >&2
         exit 1
     fi
 }
