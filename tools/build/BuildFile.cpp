@@ -25,7 +25,7 @@ public:
             const toml::table table = toml::parse(m_file.text(), m_file.path());
             for (const auto& [key, value] : inOrder(table)) apply(*key, *value);
         } catch (const toml::parse_error& error) {
-            problem(rangeOf(error.source()), std::string(error.description()));
+            problem(rangeOf(error.source()), problemOfToml(error.description()));
         }
         return std::move(m_result);
     }
@@ -172,6 +172,13 @@ private:
 };
 
 }  // namespace
+
+std::string problemOfToml(std::string_view description) {
+    const std::size_t colon = description.find(": ");
+    const std::string_view what = colon == std::string_view::npos ? description : description.substr(colon + 2);
+    const bool isBareWord = what.find("determine value type") != std::string_view::npos;
+    return fmt::format("is not TOML: {}{}", what, isBareWord ? "; strings need double quotes" : "");
+}
 
 BuildFile readBuildFile(const SourceFile& file) {
     return Reader(file).read();

@@ -16,7 +16,7 @@ struct QuotedText {
     TextRange range;
 };
 
-/// A name of the palette with the text that it stands for, which may be a variable in turn.
+/// A name of the palette with its value, which may be a variable in turn.
 struct PaletteEntry {
     std::string name;
     TextRange nameRange;
@@ -34,5 +34,9 @@ struct BuildFile {
 };
 
 BuildFile readBuildFile(const SourceFile& file);
+
+/// What to say of a file that is not TOML.
+/// @param description  what the parser says: where it was, and what it met
+std::string problemOfToml(std::string_view description);
 
 }  // namespace customstyle_tool

@@ -18,12 +18,12 @@ namespace customstyle_tool {
 /// Takes rules one after the other and lays them out as a style.
 class BuiltText {
 public:
-    /// What a variable stands for, and where it is set.
+    /// The value of a variable, and where it is set.
     struct Value {
         std::string text;
         SourceOrigin::Variable variable;
     };
-    /// Answers for a text that a styler has; nothing for one that is no variable, or that has no value.
+    /// The value of a text that a styler has; nothing for one that is not a variable, or that has no value.
     using Lookup = std::function<std::optional<Value>(const SourceFile& file, const RuleNode& node)>;
 
     explicit BuiltText(Lookup lookup) : m_lookup(std::move(lookup)) {}
@@ -39,7 +39,7 @@ public:
         const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files) &&;
 
 private:
-    // In the order of the text: a list or object stands before what it holds.
+    // In the order of the text: a list or object comes before what it contains.
     struct Written {
         const SourceFile* file;
         TextRange nameRange;

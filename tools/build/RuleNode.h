@@ -16,7 +16,7 @@ struct RuleNode {
     std::string name{};                ///< of a member
     TextRange nameRange{};             ///< of a member
     std::string nameJson{};            ///< of a member, with its quotes; empty for other values
-    std::string json{};                ///< of a scalar, as it is to stand in the style
+    std::string json{};                ///< of a scalar, as the style will have it
     std::string text{};                ///< of a text
     std::vector<RuleNode> children{};  ///< of a list or object
     bool isAfterBlankLine = false;     ///< whether there is room between a rule and the one before

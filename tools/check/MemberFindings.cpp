@@ -90,6 +90,8 @@ private:
         if (&m_place == &kInStylers) {
             if (const auto meant = meantStyler(member.name()))
                 finding.remedy = fmt::format("did you mean \"{}\"? All names: customstyle list stylers", *meant);
+        } else if (member.name().starts_with("customstyle")) {
+            finding.remedy = R"(to silence codes for this rule, write "note": "customstyle-ignore: CODE")";
         } else if (const auto meant = meantRuleMember(member.name())) {
             finding.remedy = fmt::format("did you mean \"{}\"?", *meant);
         }

@@ -142,9 +142,13 @@ Option formatOption(std::string& format, const std::vector<std::pair<std::string
 }
 
 Option colorOption(std::string& choice) {
-    return choiceOption("--color", "WHEN",
-                        "Show colours: auto (in a terminal, unless NO_COLOR is set), always or never", &choice,
-                        {"auto", "always", "never"});
+    Option option =
+        choiceOption("--color", "WHEN", "Show colours: auto (in a terminal, unless NO_COLOR is set), always or never",
+                     &choice, {"auto", "always", "never"});
+    option.problem = [choices = option.choices](const std::string& word) {
+        return std::ranges::find(choices, word) != choices.end() ? "" : unknownWord("choice", word, choices);
+    };
+    return option;
 }
 
 Option styleIdOption(std::vector<std::string>& words) {

@@ -254,7 +254,12 @@ private:
 
     const Mapping& mappingFor(const Configuration& configuration) {
         if (m_arguments.mappingDirectory) return mappingIn(*m_arguments.mappingDirectory, configuration);
-        return configuration.mappingDirectory ? mappingIn(*configuration.mappingDirectory, configuration) : m_everyMap;
+        if (!configuration.mappingDirectory) return m_everyMap;
+        const bool isNew = !m_mappings.contains(*configuration.mappingDirectory);
+        const auto problem = isNew ? problemOfMapping(configuration) : std::nullopt;
+        if (!problem) return mappingIn(*configuration.mappingDirectory, configuration);
+        report(*problem);
+        return m_mappings.emplace(*configuration.mappingDirectory, Mapping::everyMap()).first->second;
     }
 
     void checkFile(const std::string& path) {

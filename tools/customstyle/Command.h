@@ -14,17 +14,17 @@ inline constexpr int kGood = 0;
 inline constexpr int kFinding = 1;
 inline constexpr int kMisuse = 2;
 
-/// Where the words of an option go: a flag, one value, a value that may be absent, or several.
+/// Where the words of an option go: a flag, one value, an optional value, or several.
 using Target = std::variant<bool*, std::string*, std::optional<std::string>*, std::vector<std::string>*>;
 
-/// What a shell offers for a value.
+/// What a shell offers as a value.
 enum class Offer { Nothing, Files, Directories, Choices };
 
 /// An option ("-o,--output") or an argument ("FILE").
 struct Option {
     std::string names{};
     std::string value{};  ///< what the value is called; empty for flags and arguments
-    std::string help{};   ///< begins with a capital and has no full stop
+    std::string help{};   ///< starts with a capital and has no full stop
     Target target{};
     Offer offer = Offer::Nothing;
     std::vector<std::string> choices{};  ///< the values to offer
@@ -60,14 +60,14 @@ struct ExampleCall {
     std::string call;
 };
 
-/// What somebody wants who looks for a subcommand; the help has a section for each.
+/// What a subcommand is for; the help has a section for each purpose.
 enum class Purpose { Judge, Ask, Write, SetUp };
 
 struct Command {
     std::string name{};
     Purpose purpose = Purpose::Judge;
     std::string summary{};                   ///< one line, an imperative without full stop
-    std::vector<std::string> description{};  ///< paragraphs; one that begins with a blank keeps its lines
+    std::vector<std::string> description{};  ///< paragraphs; one that starts with a space keeps its lines
     std::vector<Option> options{};
     Glossary glossary{};
     std::vector<ExitStatus> statuses{};
@@ -76,7 +76,7 @@ struct Command {
     bool isHidden = false;
 };
 
-/// Adds a subcommand to the program: one object of it stands in each subcommand's file, and nothing else names it.
+/// Adds a subcommand to the program: each subcommand's file has one such object, and nothing else names the subcommand.
 class Registration {
 public:
     explicit Registration(Command (*make)()) noexcept;

@@ -111,7 +111,9 @@ private:
 
     std::string problemOf(const Option& option, const CLI::Option& bound) const {
         if (bound.count() == 0) {
-            return option.isRequired ? fmt::format("{} needs {}", m_command.name, longNameOf(option)) : "";
+            if (!option.isRequired) return "";
+            const std::string choices = option.choices.empty() ? "" : fmt::format(": {}", eitherOf(option.choices));
+            return fmt::format("{} needs {}{}", m_command.name, longNameOf(option), choices);
         }
         if (option.isFlag()) return {};
         for (const std::string& value : bound.results()) {

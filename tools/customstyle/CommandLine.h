@@ -18,7 +18,7 @@ struct Request {
     std::string problem{};             ///< two lines: what is wrong, and the help that says more
 };
 
-/// Reads the words of a call, and stores what they say where the options of the chosen subcommand want it.
+/// Reads the words of a call, and stores their values in the targets of the chosen subcommand's options.
 /// @param words  without the program's name
 Request requestOf(std::vector<std::string> words, std::span<const Command> commands);
 

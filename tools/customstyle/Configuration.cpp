@@ -7,7 +7,10 @@
 #include <functional>
 #include <utility>
 
+#include "tools/build/BuildFile.h"
 #include "tools/customstyle/Arguments.h"
+#include "tools/host/Files.h"
+#include "tools/host/LoadedMap.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
@@ -48,7 +51,7 @@ private:
         try {
             return toml::parse_file(m_path);
         } catch (const toml::parse_error& error) {
-            fail(error.source(), std::string(error.description()));
+            fail(error.source(), problemOfToml(error.description()));
         }
     }
 
@@ -142,11 +145,19 @@ void forEachPiece(const std::string& word, const std::function<void(const std::s
 }  // namespace
 
 std::variant<Configuration, ConfigurationProblem> readConfiguration(const std::string& path) {
+    if (const auto problem = problemOfFile(path, "settings file")) return ConfigurationProblem{problem->text};
     try {
         return Reader(path).read();
     } catch (const ConfigurationProblem& problem) {
         return problem;
     }
+}
+
+std::optional<ReadFailure> problemOfMapping(const Configuration& configuration) {
+    if (!configuration.mappingDirectory) return {};
+    auto problem = problemOfMappingDirectory(*configuration.mappingDirectory);
+    if (problem) problem->text = fmt::format("{}: mapping: {}", configuration.path, problem->text);
+    return problem;
 }
 
 std::optional<std::string> configurationFor(const std::string& style) {

@@ -11,6 +11,8 @@
 #include "tools/customstyle/ProgressLine.h"
 #include "tools/customstyle/Selection.h"
 #include "tools/explain/ExplanationText.h"
+#include "tools/support/PlainText.h"
+#include "tools/support/Spelling.h"
 #include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
@@ -53,7 +55,7 @@ public:
     Explaining(const StyleStudy& style, const ExplainArguments& arguments, const std::vector<unsigned int>& styleIds)
         : m_explainer(style),
           m_styleIds(styleIds),
-          m_levels(levelsIn(arguments.levels)),
+          m_levels(selectedLevels(arguments)),
           m_topic(arguments.field.empty() ? nullptr : findTopic(arguments.field)),
           m_swatches(isColored(arguments.color) ? Swatches::Shown : Swatches::None) {}
 
@@ -146,7 +148,10 @@ Option fieldOption(std::string& field) {
     Option option =
         choiceOption("--field", "FIELD", fmt::format("Explain only this: {}", eitherOf(names)), &field, names);
     option.problem = [names](const std::string& word) {
-        return findTopic(word) != nullptr ? "" : unknownWord("field", word, names);
+        if (findTopic(word) != nullptr) return std::string();
+        const auto meant = likelyName(word, names);
+        return fmt::format("unknown field {}{}", inQuotes(word),
+                           meant ? didYouMean(meant) : fmt::format("; write {}", eitherOf(names)));
     };
     for (std::string& choice : option.choices) std::ranges::replace(choice, ' ', '-');
     return option;

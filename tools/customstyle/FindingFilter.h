@@ -1,4 +1,4 @@
-// Which findings an author wants to see, and how much they weigh.
+// Which findings are reported, and with which severity.
 #pragma once
 
 #include <optional>

@@ -80,7 +80,9 @@ bool findMapping(MappingArguments& arguments, const std::vector<std::string>& st
         return false;
     }
     arguments.mappingDirectory = std::get<Configuration>(read).mappingDirectory;
-    return true;
+    const auto problem = problemOfMapping(std::get<Configuration>(read));
+    if (problem) complainOf(*problem);
+    return !problem;
 }
 
 std::variant<std::unique_ptr<SourceFile>, std::vector<std::string>> readStyle(const std::string& path) {

@@ -39,7 +39,7 @@ void addStyleArguments(std::vector<Option>& options, StyleArguments& arguments);
 /// What findMapping() takes in place of a style to look in the current folder.
 inline constexpr char kHere[] = "-";
 
-/// Looks for the mapping in the settings beside the first of some styles that has any, where none is given.
+/// Looks for the mapping in the settings beside the first style that has any, if none is given.
 /// @return whether the settings, if there are any, can be read; complains if not
 bool findMapping(MappingArguments& arguments, const std::vector<std::string>& styles);
 
@@ -51,7 +51,7 @@ std::variant<std::unique_ptr<SourceFile>, std::vector<std::string>> readStyle(co
 std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& directory);
 
 /// Loads a style, or complains.
-/// @param without  the mapping where there is no directory
+/// @param without  the mapping if there is no directory
 /// @return null where there was something to complain of
 std::unique_ptr<StyleStudy> loadOrComplain(StyleArguments arguments);
 std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
@@ -72,7 +72,7 @@ std::optional<std::string> problemOfTarget(const std::string& target, const std:
 /// @throws std::system_error where standard output cannot be written
 int writeResult(const std::string& target, const std::string& text, const std::vector<std::string>& inputs);
 
-/// The files that paths name: a folder stands for all files *.json in it and its folders, in order of their names, but
+/// The files that paths name: a folder means all files *.json in it and its folders, in order of their names, but
 /// not for hidden ones.
 struct StyleFiles {
     std::vector<std::string> paths;

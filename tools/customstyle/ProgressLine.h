@@ -11,7 +11,7 @@
 namespace customstyle_tool {
 
 /// Shows on standard error, where that is a terminal, what is being worked on and for how long, once it takes longer
-/// than a second; the line goes with the object. Nothing else may be printed meanwhile.
+/// than a second; the line disappears with the object. Nothing else may be printed meanwhile.
 class ProgressLine {
 public:
     /// @param what  the path of the file

@@ -58,7 +58,7 @@ int query(const QueryArguments& arguments) {
     const std::vector<unsigned int> styleIds = selectedStyleIds(arguments, *style);
     if (styleIds.empty()) return kMisuse;
     const auto printAnswers = arguments.format == "json" ? printJson : printText;
-    printAnswers(style->config(), styleIds, levelsIn(arguments.levels));
+    printAnswers(style->config(), styleIds, selectedLevels(arguments));
     return kGood;
 }
 

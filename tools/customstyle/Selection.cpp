@@ -24,7 +24,11 @@ void addSelection(std::vector<Option>& options, Selection& selection) {
     options.push_back(std::move(type));
     options.push_back(styleIdOption(selection.ids));
     options.push_back(levelOption(selection.levels));
-    options.back().isRequired = true;
+    options.back().help += "; all without it";
+}
+
+std::vector<int> selectedLevels(const Selection& selection) {
+    return levelsIn(selection.levels.empty() ? std::vector<std::string>{"all"} : selection.levels);
 }
 
 bool isSelected(const Selection& selection, const char* command) {

@@ -18,6 +18,9 @@ struct Selection {
 /// --id, --type and --level.
 void addSelection(std::vector<Option>& options, Selection& selection);
 
+/// The levels that are named, each once; all where none is.
+std::vector<int> selectedLevels(const Selection& selection);
+
 /// Whether style ids are named at all; complains if not.
 bool isSelected(const Selection& selection, const char* command);
 

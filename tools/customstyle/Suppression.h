@@ -1,4 +1,4 @@
-// Findings that an author does not want to see.
+// Findings that an author has silenced.
 #pragma once
 
 #include <map>
@@ -12,7 +12,7 @@
 
 namespace customstyle_tool {
 
-/// Findings that were there before: how often each may be found.
+/// Known findings: how often each may occur.
 class Baseline {
 public:
     /// @param path  of the file, to whose folder the paths in it are relative

@@ -1,4 +1,4 @@
-// Expectations: what an author wants a style to do, one a line.
+// Expectations: what an author expects of a style, one per line.
 //
 //   highway    12-15    fill        #ff0000
 //   id 1001    all      text-fill   #ff000080     // half transparent
@@ -40,7 +40,7 @@ namespace customstyle_tool {
 /// What is expected of the answers.
 enum class Aspect {
     Topic,        ///< one value
-    FeatureType,  ///< which type answers; none where there is no custom style
+    FeatureType,  ///< which type answers; none if there is no custom style
     AsIn,         ///< everything is as in another style
 };
 
@@ -68,7 +68,7 @@ struct ExpectationFile {
     std::vector<ExpectationProblem> problems;  ///< in the order of the file; one a line at most
 };
 
-/// With so many problems, the rest of a file is not read: it is meant for something else.
+/// After this many problems, the rest of a file is not read: it is probably some other kind of file.
 inline constexpr std::size_t kMostProblems = 20;
 
 /// Reads a file of expectations. An expectation about a feature type without style ids is a problem, because it could

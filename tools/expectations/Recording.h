@@ -15,7 +15,7 @@ namespace customstyle_tool {
 ///
 /// They are about the whole feature type where all of its style ids have the same answers, else about each style id.
 ///
-/// @param scope  whom and at which levels; its offset and text pass to the results
+/// @param scope  the subject and levels; its offset and text pass to the results
 std::vector<Expectation> recorded(const Expectation& scope, const StyleStudy& style);
 
 /// A file of expectations that says all answers of a style for all style ids of its mapping.

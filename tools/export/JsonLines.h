@@ -6,7 +6,7 @@
 
 namespace customstyle_tool {
 
-/// A value as text that ends with a line end: what fits into a line stands in one, all else has a line for each element
+/// A value as text that ends with a line end: what fits on one line is on one, all else has a line for each element
 /// or member.
 std::string jsonLines(const nlohmann::ordered_json& value);
 

@@ -11,7 +11,7 @@
 
 namespace customstyle_tool {
 
-/// Style ids with the same answer. There may be none, where the mapping lists none for the type.
+/// Style ids with the same answer. There may be none if the mapping lists none for the type.
 struct AnswerGroup {
     Answer answer;
     std::vector<unsigned int> ids;

@@ -82,7 +82,7 @@ private:
 struct LegendLayer {
     int featureType = 0;
     ShapeKind kind = ShapeKind::Area;
-    std::string name{};  ///< tells layers of one type apart; may be empty
+    std::string name{};  ///< distinguishes layers of one type; may be empty
     std::string sourceLayer{};
     LegendJson filter{};              ///< null for all features
     std::string idProperty{};         ///< the property that holds the style id; may be empty

@@ -18,10 +18,10 @@ using LegendProblems = std::vector<std::string>;
 /// @param file  a legend; docs/export.md describes the format
 std::variant<Legend, LegendProblems> readLegend(const SourceFile& file);
 
-/// The names of the legends that come along.
+/// The names of the built-in legends.
 std::vector<std::string> builtInLegendNames();
 
-/// The text of a legend that comes along, none where there is no such legend.
+/// The text of a built-in legend, none if there is no such legend.
 std::optional<std::string_view> builtInLegendText(std::string_view name);
 
 }  // namespace customstyle_tool

@@ -58,7 +58,7 @@ private:
 };
 
 /// A line for each loss, with the first few places.
-/// @param file  stands in front of each line
+/// @param file  precedes each line
 std::string lossesText(const Losses& losses, std::string_view file);
 
 /// {"code": "text (places)"}

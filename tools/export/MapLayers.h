@@ -10,7 +10,7 @@ namespace customstyle_tool {
 
 inline constexpr char kSourceName[] = "map";
 
-/// Layers of one legend layer in the order of drawing. What is drawn below other legend layers stands apart: the
+/// Layers of one legend layer in the order of drawing. What is drawn below other legend layers is separate: the
 /// casings of lines lie below all lines beside them in the legend.
 struct MapLayers {
     std::vector<LegendJson> below{};

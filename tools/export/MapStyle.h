@@ -14,7 +14,7 @@ namespace customstyle_tool {
 struct ExportOptions {
     bool isRaised = false;  ///< whether buildings have walls and roofs
     int zoomOffset = 1;     ///< level L is drawn from zoom L - zoomOffset on
-    /// What stands in the style in place of what the legend has: URLs.
+    /// URLs that replace those of the legend.
     std::optional<std::string> tiles{}, glyphs{}, sprite{};
 };
 
@@ -24,7 +24,7 @@ struct ExportedStyle {
 };
 
 /// For each legend layer up to four layers, whose values at each level are those of the component's answers over the
-/// look of the legend. Layers of which nothing can be seen at any level are left out.
+/// look of the legend. Layers that are invisible at all levels are left out.
 ExportedStyle exportedStyle(const StyleStudy& study, const Legend& legend, const ExportOptions& options);
 
 }  // namespace customstyle_tool

@@ -73,9 +73,8 @@ std::string mappingFileIn(const std::string& mappingDirectory) {
 Problem problemOfMappingDirectory(const std::string& path) {
     const std::string reason = reasonAgainstDirectory(path);
     if (reason.empty()) return {};
-    return ReadFailure{fmt::format(
-        "{}: {}; --mapping takes the directory that holds the file CustomIndex (no trailing separator needed)",
-        path.empty() ? "\"\"" : path, reason)};
+    return ReadFailure{fmt::format("{}: {}; give the directory that holds the file CustomIndex",
+                                   path.empty() ? "\"\"" : path, reason)};
 }
 
 Surroundings hostSurroundings() {

@@ -14,7 +14,7 @@ namespace customstyle_tool {
 /// The mapping file of a directory.
 std::string mappingFileIn(const std::string& mappingDirectory);
 
-/// Why there is no directory with a mapping file under a path, if so.
+/// Why a path is not a directory with a mapping file, if so.
 std::optional<ReadFailure> problemOfMappingDirectory(const std::string& path);
 
 /// With several lanes, one for each processor, and std::bad_alloc where memory runs out.
@@ -31,7 +31,7 @@ StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std
 
 /// Reads a style file.
 /// @param mappingDirectory  directory of the file "CustomIndex"
-/// @param without           the mapping where there is no directory
+/// @param without           the mapping if there is no directory
 StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
                          const Mapping& without = Mapping::standard());
 

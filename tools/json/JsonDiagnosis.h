@@ -19,19 +19,19 @@ struct StuckPlace {
     TextRange lastToken;                     ///< the last name or value that was read; empty for none
 };
 
-/// There is no value where one has to be.
+/// A value is missing.
 JsonError whyNoValue(const StuckPlace& place);
 
-/// There is no name where a member has to begin.
+/// The name of a member is missing.
 JsonError whyNoName(const StuckPlace& place);
 
-/// There is no colon behind a name.
+/// The colon after a name is missing.
 JsonError whyNoColon(const StuckPlace& place);
 
-/// A text that begins at the place has no closing quote.
+/// A string that starts here has no closing quote.
 JsonError whyNoClosingQuote(const StuckPlace& place);
 
-/// There is neither a comma nor the right bracket behind a value.
+/// Neither a comma nor the right bracket follows a value.
 JsonError whyNoComma(const StuckPlace& place);
 
 }  // namespace customstyle_tool

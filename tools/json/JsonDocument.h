@@ -1,7 +1,7 @@
-// JSON as it stands in a file: each value with its place, members in their order, doubled ones too.
+// JSON as it is in a file: each value with its position, members in order, repeated ones included.
 //
 // Reads exactly what the component's JSON package reads, with its leniencies: control characters are blanks and may
-// stand in texts, numbers may begin with zeros, and what follows the first value or a NUL byte is not looked at.
+// be in strings, numbers may start with zeros, and what follows the first value or a NUL byte is ignored.
 #pragma once
 
 #include <cstddef>
@@ -42,7 +42,7 @@ public:
 
     JsonKind kind() const;
 
-    /// Where the value stands, quotes and brackets included.
+    /// The position of the value, quotes and brackets included.
     TextRange range() const;
 
     /// The value as it is written.
@@ -53,16 +53,16 @@ public:
     /// The name of a member, decoded; ends before its first NUL, as the component reads it. Empty for other values.
     std::string name() const;
 
-    /// The name with all that stands behind a NUL.
+    /// The name, including what follows a NUL.
     std::string wholeName() const;
 
-    /// Where the name stands, quotes included; empty at the value's begin for a value that is no member.
+    /// The position of the name, quotes included; empty at the start of a value that is not a member.
     TextRange nameRange() const;
 
     /// A text, decoded; ends before its first NUL, as the component reads it. Empty for other kinds.
     std::string text() const;
 
-    /// The text with all that stands behind a NUL.
+    /// The text, including what follows a NUL.
     std::string wholeText() const;
 
     /// A number, infinite where a double does not reach; 0 for other kinds.
@@ -84,7 +84,7 @@ public:
     std::string path() const;
 
     /// The member that the component finds under a name: the first whose name() differs in ASCII letter case only.
-    /// None when there is no such member and when the value is no object.
+    /// None if there is no such member or the value is not an object.
     std::optional<JsonValue> firstMemberIgnoringCase(std::string_view wanted) const;
 
     /// Whether both are the same value of the same document.
@@ -136,7 +136,7 @@ public:
     std::string_view text() const;
     JsonValue root() const { return {*m_tree, 0}; }
 
-    /// Offset of the first byte behind the outermost value that is not blank: the component ignores it and all behind
+    /// Offset of the first byte after the outermost value that is not blank: the component ignores it and all after
     /// it.
     std::optional<std::size_t> ignoredTextBegin() const;
 
@@ -150,7 +150,7 @@ std::variant<JsonDocument, JsonError> parseJson(std::string_view text);
 
 /// What can be read of a text.
 struct JsonReading {
-    std::optional<JsonDocument> document;  ///< none where not even an outermost list begins
+    std::optional<JsonDocument> document;  ///< none if not even an outermost list starts
     std::vector<JsonError> errors;         ///< in the order of the text; none for a text that is JSON
 };
 

@@ -1,4 +1,4 @@
-// The smallest parts of JSON text: blanks, numbers and what stands between quotes.
+// The smallest parts of JSON text: white space, numbers and what is between quotes.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 
 namespace customstyle_tool {
 
-/// Whether a byte may stand between values: each control character counts.
+/// Whether a byte may be between values: every control character counts.
 constexpr bool isBlank(char byte) {
     return static_cast<unsigned char>(byte) <= ' ';
 }
@@ -41,7 +41,7 @@ constexpr bool equalIgnoringCase(std::string_view left, std::string_view right) 
 /// The first byte from `at` on that is not blank, or the size of the text.
 std::size_t behindBlanks(std::string_view text, std::size_t at);
 
-/// The length of the longest number that the text begins with; 0 for none.
+/// The length of the longest number that the text starts with; 0 for none.
 std::size_t numberLength(std::string_view text);
 
 /// Whether a number is written as the standard has it: no zero in front, digits on both sides of a point.
@@ -50,10 +50,10 @@ bool isStrictNumber(std::string_view number);
 /// The value of a number as numberLength cuts it, correctly rounded; infinite beyond the range of double.
 double numberValue(std::string_view number);
 
-/// The position of the quote that closes a text, which starts at `at` behind its opening quote; npos for none.
+/// The position of the quote that closes a string, which starts at `at` after its opening quote; npos for none.
 std::size_t closingQuote(std::string_view text, std::size_t at);
 
-/// Replaces the escapes in what stands between quotes. \u with wrong digits counts as \u0000.
+/// Replaces the escapes in what is between quotes. \u with wrong digits counts as \u0000.
 ///
 /// @param inside   ends before a quote as closingQuote finds it
 /// @param decoded  receives the decoded bytes; half done when there is an error

@@ -13,15 +13,15 @@ namespace customstyle_tool {
 struct JsonNode {
     std::uint32_t begin;
     std::uint32_t end;
-    std::uint32_t nameBegin;  ///< equal to nameEnd when the value is no member
+    std::uint32_t nameBegin;  ///< equal to nameEnd if the value is not a member
     std::uint32_t nameEnd;
     std::uint32_t parent;    ///< the outermost value is its own parent
     std::uint32_t position;  ///< among the parent's children
-    std::uint32_t behind;    ///< index of the first node that is no part of this value
+    std::uint32_t behind;    ///< index of the first node after this value
     JsonKind kind;
 };
 
-/// The nodes in the order of their text: a value stands before its children, so node + 1 is the first child.
+/// The nodes in the order of their text: a value comes before its children, so node + 1 is the first child.
 struct JsonTree {
     std::string_view text;
     std::deque<JsonNode> nodes;

@@ -13,7 +13,7 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// A place as editors count it: everything from 1.
 struct LinePosition {
     std::size_t line;
-    std::size_t column;      ///< in characters (code points); a byte order mark at the begin of the text counts none
+    std::size_t column;      ///< in characters (code points); a byte order mark at the start of the text does not count
     std::size_t byteColumn;  ///< in bytes
 
     bool operator==(const LinePosition&) const = default;
@@ -24,7 +24,7 @@ class LineIndex {
 public:
     explicit LineIndex(std::string_view text);
 
-    /// Where a byte stands. An offset beyond the text counts as the end of the text.
+    /// The position of a byte. An offset beyond the text counts as the end of the text.
     /// In malformed UTF-8 each byte counts as a character unless it could continue one.
     LinePosition position(std::size_t offset) const;
 

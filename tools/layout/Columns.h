@@ -11,7 +11,7 @@ namespace customstyle_tool {
 /// How many characters a text takes in a line.
 std::size_t widthOf(std::string_view text);
 
-/// An object that goes on one line: its members as text, each but the last with its comma.
+/// An object that fits on one line: its members as text, each but the last with its comma.
 struct Row {
     std::string names;  ///< those of the members; only rows with equal names share columns
     std::vector<std::string> cells;

@@ -8,7 +8,7 @@
 
 namespace customstyle_tool {
 
-/// A value stands on one line when it fits into this many characters.
+/// A value is on one line if it fits into this many characters.
 inline constexpr std::size_t kLineWidth = 120;
 
 /// A rule gets more room, because its columns take some.

@@ -16,7 +16,7 @@ struct StyleText {
 };
 
 /// Reads a style file that is to be written again, and so refuses not only what is not JSON but also what the new text
-/// would lose: a byte order mark, and text behind the document, which the component ignores.
+/// would lose: a byte order mark, and text after the document, which the component ignores.
 std::variant<StyleText, ReadFailure> readForRewriting(const std::string& path);
 
 /// The same for a file that was read already.

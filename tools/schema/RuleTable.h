@@ -1,4 +1,4 @@
-// Which stylers work on which elements of which feature types, as the component has it.
+// Which stylers work on which elements of which feature types in the component.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ struct ElementClass {
     bool operator==(const ElementClass&) const = default;
 };
 
-/// A styler as the table knows it: one value stands for all, except that "on" and "off" differ.
+/// A styler as the table knows it: one value represents all, except that "on" and "off" differ.
 struct StylerColumn {
     StylerValue styler;
     std::vector<ElementClass> elements;  ///< those on which it works

@@ -25,7 +25,7 @@ struct HttpLimits {
 
 struct HttpRequest {
     std::string method;
-    std::string path;  ///< decoded; begins with "/"
+    std::string path;  ///< decoded; starts with "/"
     std::string body;
     std::vector<std::pair<std::string, std::string>> headers;
 
@@ -84,7 +84,7 @@ public:
 
     std::uint16_t port() const;
 
-    /// Sends an event to all streams, and to those that begin later until the topic has another one. A stream that is
+    /// Sends an event to all streams, and to those that start later until the topic has another one. A stream that is
     /// slow gets the last event of a topic only.
     /// @param data  one line
     void publish(const std::string& topic, const std::string& data);

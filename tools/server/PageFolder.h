@@ -12,7 +12,7 @@
 
 namespace customstyle_tool {
 
-/// Where the page may stand when nobody says: installed, and in a build tree.
+/// Where the page may be by default: installed, and in a build tree.
 std::vector<std::string> usualPageFolders();
 
 class PageFolder {
@@ -26,7 +26,7 @@ public:
     };
 
     /// Opens a file of the page.
-    /// @param path  begins with "/"; "/" alone is the page itself
+    /// @param path  starts with "/"; "/" alone is the page itself
     /// @return nothing where the page has no such file: links that lead out of the folder, hidden files and anything
     /// but
     ///         regular files are none of it

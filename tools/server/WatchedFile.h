@@ -14,7 +14,7 @@ namespace customstyle_tool {
 struct FileState {
     std::string version;              ///< changes with the content; the same content has the same version
     std::optional<std::string> text;  ///< well-formed UTF-8
-    std::string problem{};            ///< why there is no text: one sentence with the path
+    std::string problem{};            ///< why the text is missing: one sentence with the path
     bool isThere = true;              ///< false: nothing has this name, or a link leads nowhere
 };
 

@@ -6,8 +6,8 @@
 
 namespace customstyle_tool {
 
-/// The next character of a text as it may be printed: as it is, or as an escape when it would control the terminal,
-/// turn the direction of writing, or is no UTF-8.
+/// The next character of a text as it may be printed: unchanged, or as an escape if it would control the terminal,
+/// change the direction of writing, or is not UTF-8.
 struct PrintableCharacter {
     std::string_view source;
     std::string shown;
@@ -24,7 +24,7 @@ bool isUtf8(std::string_view text);
 /// A text in quotes; cut, with dots for the rest, where it is long.
 std::string inQuotes(std::string_view text);
 
-/// A text cut to at most so many bytes, with dots for the rest.
+/// A text cut to at most this many bytes, with dots for the rest.
 std::string shortened(std::string_view text, std::size_t most);
 
 /// The part of a source line around a place, with carets under the place.
@@ -34,7 +34,7 @@ struct Excerpt {
 };
 
 /// @param begin  first byte of the place in the line
-/// @param end    behind the place; beyond the line for a place that goes on
+/// @param end    after the place; beyond the line if the place continues on the next
 Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end);
 
 }  // namespace customstyle_tool

@@ -9,8 +9,8 @@
 
 namespace customstyle_tool {
 
-/// The candidate nearest to a word: the one that is the same but for letter case, blanks, dashes and underscores, else
-/// the first of those with the fewest letters wrong, at most one in three. None where nothing comes near.
+/// The candidate nearest to a word: the one that is the same except for case, blanks, dashes and underscores, else
+/// the first of those with the fewest letters wrong, at most one in three. None if nothing is near.
 std::optional<std::string> likelyName(std::string_view word, std::span<const std::string> candidates);
 
 /// "; did you mean "fill"?", or nothing.

@@ -6,7 +6,7 @@
 
 namespace customstyle_tool {
 
-/// A word of the style language and what it stands for.
+/// A word of the style language and its meaning.
 struct Description {
     const char* word;
     const char* title;

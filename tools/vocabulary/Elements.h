@@ -14,7 +14,7 @@ struct Element {
 /// Every element path that has a plain meaning.
 std::span<const Element> elements();
 
-/// The words that can end such a path: no other one means anything to the component.
+/// The words that can end such a path: the component knows no others.
 std::span<const char* const> elementWords();
 
 /// Whether a word occurs in the usual paths.

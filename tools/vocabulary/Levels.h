@@ -12,7 +12,7 @@ inline constexpr int kLowestLevel = 4;
 inline constexpr int kHighestLevel = 21;
 inline constexpr std::size_t kLevelClassCount = 19;
 
-/// Class 0 to 17 stands for level 4 to 21, class 18 for every other level.
+/// Class 0 to 17 is level 4 to 21, class 18 is every other level.
 inline constexpr std::size_t kOtherLevels = kLevelClassCount - 1;
 
 /// A level of the class, to ask the component with.

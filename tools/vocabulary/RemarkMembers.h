@@ -6,7 +6,7 @@
 
 namespace customstyle_tool {
 
-/// Whether a member is a remark, by its name in any letter case or by what the name begins with. The component passes
+/// Whether a member is a remark, by its name in any letter case or by how the name starts. The component passes
 /// over remarks, and nobody need wonder about it.
 bool isRemark(std::string_view memberName);
 

@@ -32,7 +32,7 @@ const Styler* stylerNamed(std::string_view name);
 /// The member of the stylers that names the one zoom level of a rule; it styles nothing.
 inline constexpr std::string_view kLevelMember = "level";
 inline constexpr std::string_view kLevelTitle =
-    "The only zoom level at which the rule applies, as a text; without it, all levels";
+    "The only zoom level at which the rule applies, as a string; without it, all levels";
 
 /// The names of the stylers, and the same with the level: every member that the component looks at.
 std::span<const std::string> stylerNames();

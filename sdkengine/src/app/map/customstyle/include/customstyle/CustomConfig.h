@@ -179,7 +179,7 @@ public:
     int Init(const CVString& mappingDirectory, const CVString& styleFile);
 
     /// Frees all records and forgets which slot each key has. Which keys are in effect, the slot counter, the grid
-    /// colour and the icon switch stay: it is the first step of destruction, not a way to use the object again.
+    /// colour and the icon switch stay: it is the first step of destruction, not a way to reuse the object.
     void ReleaseCustomRes();
     /// @}
 
@@ -226,7 +226,7 @@ public:
     /// @name Feature types
     /// @{
 
-    /// Fill the two tables of feature types; called by the constructor. Names and ids that are there already stay.
+    /// Fill the two tables of feature types; called by the constructor. Existing names and ids stay.
     void initFeatureTypeIdMap();
     void initFeatureTypeNameMap();
 
@@ -277,7 +277,7 @@ public:
     /// colour is opaque.
     int CalculateColorValue(const char* text, int featureType) const;
 
-    /// Reads a weight: decimal, 255 for all that is larger; null is read as the empty text, which is 0. Other
+    /// Reads a weight: decimal, 255 for larger values; null is read as the empty text, which is 0. Other
     /// characters than digits add nothing but still shift the digits before them: "1.5" is 105.
     int CalculateWeightValue(const char* text) const;
 
@@ -331,14 +331,14 @@ public:
     /// A style key is the decimal feature type id ("13", all levels), or id and level joined by a colon ("13:15").
     /// @{
 
-    /// Registers the style key of a feature type at all levels or at one; on first sight it gets a slot with copies of
+    /// Registers the style key of a feature type at all levels or at one; a new key gets a slot with copies of
     /// the type's base records. A key beyond the last slot and a type outside 0 to 72 are refused: nothing is
     /// registered.
     /// @param keyOut     receives the key with its terminating zero; room for 16 characters, never null
     /// @param allLevels  not 0: all levels, and `level` is ignored
     void UpdateCustomStyleMap(char* keyOut, int featureType, int allLevels, int level);
 
-    /// Whether rules wrote this key for one level, respectively for all levels. Null is no key: 0.
+    /// Whether rules wrote this key for one level, respectively for all levels. Null answers 0.
     int IsStyleEffectAtGivenLevel(const char* key) const;
     int IsStyleEffectAtAllLevel(const char* key) const;
 
@@ -366,7 +366,7 @@ public:
     /// @}
 
 private:
-    // Names each element of the two arrays of maps: there is no other way to tell all of them their block size.
+    // Names each element of the two arrays of maps: the only way to give all of them their block size.
     template <std::size_t... kTypes, std::size_t... kSlots>
     [[gnu::visibility("hidden")]] CustomConfig(std::index_sequence<kTypes...> types,
                                                std::index_sequence<kSlots...> slots);

@@ -1,4 +1,4 @@
-// The feature type catalogue: what is known of each feature type, in its row.
+// The feature type catalogue: the facts about each feature type, one row each.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ enum class LabelOwner {
     Namesake,  ///< the type of the same name with "label" at its end, if it can be a companion; otherwise itself
 };
 
-/// What is known of a feature type. Ids outside the catalogue have no row, and to them no column applies.
+/// The facts about a feature type. Ids outside the catalogue have no row, and no column applies to them.
 struct FeatureTypeRow {
     EMAPCUSTOMSTYLE id;
     const char* name;    ///< as files spell it
@@ -125,10 +125,10 @@ constexpr bool eachRowStandsAtItsId() {
 }
 static_assert(eachRowStandsAtItsId());
 
-/// Loops over feature types end before this one: "all" is a wildcard of rules, not a type that content has.
+/// Loops over feature types end before this one: "all" is a wildcard for rules, not a type of content.
 inline constexpr int kFeatureTypesEnd = EMAPCUSTOMSTYLE_ALL;
 
-/// Whether an id stands in the catalogue, "all" included.
+/// Whether an id is in the catalogue, "all" included.
 constexpr bool isFeatureType(int id) {
     return static_cast<unsigned>(id) < kFeatureTypes.size();
 }

@@ -14,7 +14,7 @@ namespace [[gnu::visibility("default")]] _orvik_framework {
 ///
 /// Authors number styles in clusters, so most ids are found in pages: the upper bits of the id choose a page, its
 /// distance from the page's first id a byte. Ids that would cost more memory there than in a hash table, and numbers
-/// above 255, stand in a PerfectIdIndex beside the pages. Ids that are in neither have the number 0.
+/// above 255, are in a PerfectIdIndex beside the pages. Ids that are in neither have the number 0.
 class StyleIdIndex {
 public:
     using Entry = PerfectIdIndex::Entry;
