@@ -25,6 +25,7 @@ def calls(scratch):
                                      "json"]
             yield "diff", False, ["diff", style, "examples/styles/night.json", *mapping, "--format", "json"]
         yield "export", False, ["export", style, "--report", "-", "-o", scratch / "style.json"]
+        yield "import", False, ["import", scratch / "style.json", "--report", "-", "-o", scratch / "back.json"]
         yield "check", False, ["check", style, "--effects", "--format", "json"]
         yield "check-line", True, ["check", style, "--effects", "--format", "jsonl"]
     for variant in ("night", "winter", "brand"):

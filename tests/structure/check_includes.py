@@ -31,6 +31,8 @@ BELOW = {
     "tools/check": ["tools/study"],
     "tools/explain": ["tools/study"],
     "tools/export": ["tools/study"],
+    # the way back, by the same legends
+    "tools/import": ["tools/export"],
     "tools/layout": ["tools/host"],
     "tools/build": ["tools/layout"],
     # the studio's server, and nobody else, speaks HTTP
@@ -42,7 +44,7 @@ BELOW = {
     "tools/expectations": ["tools/explain"],
     # programs
     "tools/customstyle": ["tools/build", "tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/host",
-                          "tools/layout", "tools/minify", "tools/schema", "tools/server"],
+                          "tools/import", "tools/layout", "tools/minify", "tools/schema", "tools/server"],
     "studio": ["tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/layout", "tools/minify",
                "tools/schema"],
     "examples": ["customstyle"],

@@ -1,21 +1,18 @@
 // customstyle export: a style for other renderers, made of the component's answers.
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
+#include "tools/customstyle/LegendArgument.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/export/JsonLines.h"
-#include "tools/export/LegendReader.h"
 #include "tools/export/MapStyle.h"
-#include "tools/host/Files.h"
 #include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
@@ -35,25 +32,6 @@ struct ExportArguments : StyleArguments {
     ExportOptions options;
     bool quiet = false;
 };
-
-std::variant<std::unique_ptr<SourceFile>, ReadFailure> legendFile(const std::string& name) {
-    if (const auto text = builtInLegendText(name)) {
-        return std::make_unique<SourceFile>("legend " + name, std::string(*text));
-    }
-    return readSource(name, fmt::format("legend, or write {}", eitherOf(builtInLegendNames())).c_str());
-}
-
-std::optional<Legend> legendOrComplain(const std::string& name) {
-    const auto file = legendFile(name);
-    if (const auto* failure = std::get_if<ReadFailure>(&file)) {
-        complainOf(*failure);
-        return {};
-    }
-    auto legend = readLegend(*std::get<0>(file));
-    if (Legend* const read = std::get_if<Legend>(&legend)) return std::move(*read);
-    for (const std::string& problem : std::get<LegendProblems>(legend)) complain(problem);
-    return {};
-}
 
 std::string reportText(const ExportArguments& arguments, const Losses& losses) {
     const Json report = {{"version", kReportVersion},
@@ -126,11 +104,7 @@ Command exportCommand() {
     addStyleArguments(command.options, *arguments);
     std::vector<Option>& options = command.options;
     options.push_back(choiceOption("--to", "TARGET", "The renderer: maplibre", &arguments->target, {"maplibre"}));
-    options.push_back({.names = "--legend",
-                       .value = "LEGEND",
-                       .help = "What the tiles hold: openmaptiles, studio, or a legend file",
-                       .target = &arguments->legend,
-                       .offer = Offer::Files});
+    options.push_back(legendOption(arguments->legend));
     options.push_back({.names = "-o,--output",
                        .value = "OUT",
                        .help = "Write the style to this file; - is standard output",
@@ -143,11 +117,7 @@ Command exportCommand() {
                        .offer = Offer::Files});
     options.push_back(
         {.names = "--raised", .help = "Draw buildings with walls and roofs", .target = &arguments->options.isRaised});
-    options.push_back(
-        choiceOption("--zoom-offset", "N",
-                     "Draw level L from zoom L - N on; 1 (the default) for renderers with tiles of 512 pixels, "
-                     "such as MapLibre",
-                     &arguments->zoomOffset, {"0", "1", "2"}));
+    options.push_back(zoomOffsetOption(arguments->zoomOffset));
     options.push_back(urlOption("--tiles", "Take the tiles from this TileJSON, or template with {z}, {x} and {y}",
                                 arguments->options.tiles));
     options.push_back(urlOption("--glyphs", "Take the glyphs of texts from this URL", arguments->options.glyphs));

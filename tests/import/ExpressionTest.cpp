@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+#include "tools/import/Expression.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+
+constexpr double kZoom = 10;
+
+const Feature& road() {
+    static const Feature feature{"LineString", {{"class", "motorway"}, {"lanes", 4}, {"toll", true}}};
+    return feature;
+}
+
+struct ExpressionCase {
+    std::string name;
+    std::string expression;
+    std::string value;  ///< empty where it is not understood
+};
+
+class MapExpression : public testing::TestWithParam<ExpressionCase> {};
+
+TEST_P(MapExpression, HasTheValueThatRenderersGive) {
+    const auto found = valueOf(MapJson::parse(GetParam().expression), road(), kZoom);
+    if (GetParam().value.empty()) {
+        EXPECT_FALSE(found) << found->json;
+        return;
+    }
+    ASSERT_TRUE(found);
+    const MapJson wanted = MapJson::parse(GetParam().value);
+    if (wanted.is_string() && wanted.get<std::string>().starts_with("#")) {
+        EXPECT_EQ(found->color, cssColorIn(wanted.get<std::string>()));
+    } else {
+        EXPECT_EQ(found->json, wanted);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, MapExpression,
+    testing::Values(
+        ExpressionCase{"APlainNumber", "3.5", "3.5"}, ExpressionCase{"APlainColour", R"("#abc")", R"("#aabbcc")"},
+        ExpressionCase{"Rgba", R"j("rgba(255, 0, 16, 0.5)")j", R"("#ff001080")"},
+        ExpressionCase{"Hsl", R"j("hsl(120, 100%, 25%)")j", R"("#008000")"},
+        ExpressionCase{"HslWithAlpha", R"j("hsla(0, 0%, 100%, 0)")j", R"("#ffffff00")"},
+        ExpressionCase{"AProperty", R"(["get", "class"])", R"("motorway")"},
+        ExpressionCase{"AnAbsentProperty", R"(["get", "oneway"])", "null"},
+        ExpressionCase{"AMatch", R"(["match", ["get", "class"], ["trunk", "motorway"], 1, "path", 2, 3])", "1"},
+        ExpressionCase{"AMatchWithoutAny", R"(["match", ["get", "class"], "path", 2, 3])", "3"},
+        ExpressionCase{"ACase", R"(["case", ["==", ["get", "lanes"], 2], "a", [">", ["get", "lanes"], 3], "b", "c"])",
+                       R"("b")"},
+        ExpressionCase{"AStepBelow", R"(["step", ["zoom"], 1, 10.5, 2])", "1"},
+        ExpressionCase{"AStepAtItsZoom", R"(["step", ["zoom"], 1, 10, 2, 11, 3])", "2"},
+        ExpressionCase{"ALinearWay", R"(["interpolate", ["linear"], ["zoom"], 8, 0, 12, 4])", "2.0"},
+        ExpressionCase{"AnExponentialWay", R"(["interpolate", ["exponential", 2], ["zoom"], 8, 0, 12, 15])", "3.0"},
+        ExpressionCase{"AWayOfColours", R"(["interpolate", ["linear"], ["zoom"], 8, "#000000", 12, "#804020"])",
+                       R"("#402010")"},
+        ExpressionCase{"AWayBeforeItsBegin", R"(["interpolate", ["linear"], ["zoom"], 11, 1, 12, 4])", "1"},
+        ExpressionCase{"Stops", R"({"stops": [[8, 1], [12, 3]]})", "2.0"},
+        ExpressionCase{"StopsWithBase", R"({"base": 2, "stops": [[8, 0], [12, 15]]})", "3.0"},
+        ExpressionCase{"Coalesced", R"(["coalesce", ["get", "oneway"], ["get", "lanes"]])", "4"},
+        ExpressionCase{"ALiteral", R"(["literal", ["a", "b"]])", R"(["a", "b"])"},
+        ExpressionCase{"Channels", R"(["rgb", 16, 32, 48])", R"("#102030")"},
+        ExpressionCase{"AnUnknownOperator", R"(["concat", "a", "b"])", ""},
+        ExpressionCase{"AnUnknownOperatorInside", R"(["step", ["zoom"], 1, 9, ["pi"]])", ""},
+        ExpressionCase{"AnUnknownWay", R"(["interpolate", ["cubic-bezier", 0, 0, 1, 1], ["zoom"], 8, 0, 12, 4])", ""},
+        ExpressionCase{"StopsOfAProperty", R"({"property": "lanes", "stops": [[1, 1], [2, 2]]})", ""},
+        ExpressionCase{"AWayOfTexts", R"(["interpolate", ["linear"], ["zoom"], 8, "a", 12, "b"])", ""},
+        ExpressionCase{"TooFewOperands", R"(["match"])", ""}),
+    [](const auto& each) { return each.param.name; });
+
+struct FilterCase {
+    std::string name;
+    std::string filter;
+    std::optional<bool> passes;
+};
+
+class MapFilter : public testing::TestWithParam<FilterCase> {};
+
+TEST_P(MapFilter, PassesWhatRenderersDraw) {
+    EXPECT_EQ(passes(MapJson::parse(GetParam().filter), road(), kZoom), GetParam().passes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Filters, MapFilter,
+    testing::Values(FilterCase{"None", "null", true},
+                    FilterCase{"Equal", R"(["==", ["get", "class"], "motorway"])", true},
+                    FilterCase{"TheOlderEqual", R"(["==", "class", "motorway"])", true},
+                    FilterCase{"TheOlderUnequal", R"(["!=", "brunnel", "tunnel"])", true},
+                    FilterCase{"TheOlderIn", R"(["in", "class", "trunk", "motorway"])", true},
+                    FilterCase{"TheOlderNotIn", R"(["!in", "class", "trunk", "motorway"])", false},
+                    FilterCase{"TheOlderHas", R"(["has", "brunnel"])", false},
+                    FilterCase{"TheOlderHasNot", R"(["!has", "brunnel"])", true},
+                    FilterCase{"TheGeometry", R"(["==", "$type", "LineString"])", true},
+                    FilterCase{"TheGeometryType", R"(["==", ["geometry-type"], "Polygon"])", false},
+                    FilterCase{"In", R"(["in", ["get", "class"], ["literal", ["motorway"]]])", true},
+                    FilterCase{"All", R"(["all", ["==", "class", "motorway"], [">=", "lanes", 4]])", true},
+                    FilterCase{"AllButOne", R"(["all", ["==", "class", "motorway"], ["<", "lanes", 4]])", false},
+                    FilterCase{"NoneOf", R"(["none", ["==", "class", "path"]])", true},
+                    FilterCase{"Not", R"(["!", ["==", ["get", "class"], "motorway"]])", false},
+                    FilterCase{"TextsAndNumbersDoNotCompare", R"(["<", ["get", "class"], 4])", false},
+                    FilterCase{"WhatDecidesCounts", R"(["all", ["within", {}], ["==", "class", "path"]])", false},
+                    FilterCase{"WhatIsNotUnderstood", R"(["all", ["within", {}], ["==", "class", "motorway"]])",
+                               std::nullopt}),
+    [](const auto& each) { return each.param.name; });
+
+}  // namespace
+}  // namespace customstyle_test

@@ -1,0 +1,335 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <tuple>
+
+#include "tests/study/LoadedText.h"
+#include "tests/support/RandomFiles.h"
+#include "tools/export/LegendReader.h"
+#include "tools/export/MapStyle.h"
+#include "tools/import/ImportedStyle.h"
+#include "tools/study/Answers.h"
+#include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/RecordText.h"
+#include "tools/vocabulary/StyleFields.h"
+
+namespace customstyle_test {
+namespace {
+
+using namespace customstyle_tool;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+Legend builtIn(const std::string& name) {
+    return std::get<Legend>(readLegend(SourceFile("legend", std::string(*builtInLegendText(name)))));
+}
+
+Legend legendWith(const std::string& layers) {
+    return std::get<Legend>(
+        readLegend(SourceFile("legend.json", R"({"version": 1, "name": "test", "source": {"type": "vector"},
+        "fonts": {"regular": ["Sans"], "bold": ["Sans Bold"]}, "text": ["get", "name"],
+        "backgrounds": {"land": "#ffffff", "grid": "#eeeeee"}, "layers": [)" +
+                                                 layers + "]}")));
+}
+
+ImportedStyle imported(const std::string& mapLayers, const std::string& legendLayers) {
+    return importedStyle(MapJson::parse(R"({"version": 8, "layers": [)" + mapLayers + "]}"), legendWith(legendLayers),
+                         Mapping::standard());
+}
+
+std::vector<std::string> codesOf(const ImportedStyle& style) {
+    std::vector<std::string> codes;
+    for (const auto& loss : style.losses.json()) codes.push_back(loss["code"]);
+    return codes;
+}
+
+std::vector<std::string> placesOf(const ImportLosses& losses, const std::string& code) {
+    for (const auto& loss : losses.json()) {
+        if (loss["code"] == code) return loss["places"];
+    }
+    return {};
+}
+
+const std::string kRoads =
+    R"({"type": "highway", "kind": "line", "source_layer": "roads", "filter": ["==", ["get", "class"], "motorway"]})";
+const std::string kWater = R"({"type": "water", "kind": "area", "source_layer": "water"})";
+const std::string kCity = R"({"type": "city", "kind": "label", "source_layer": "places", "icon": "dot"})";
+
+struct ImportCase {
+    std::string name;
+    std::string mapLayers;
+    std::string legendLayers;
+    std::string rule;  ///< a part of the style
+};
+
+class ImportedRule : public testing::TestWithParam<ImportCase> {};
+
+TEST_P(ImportedRule, SaysWhatTheMapStyleDraws) {
+    const auto& [name, mapLayers, legendLayers, rule] = GetParam();
+    EXPECT_THAT(imported(mapLayers, legendLayers).text, HasSubstr(rule));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Imports, ImportedRule,
+    testing::Values(
+        ImportCase{
+            "AFill", R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            kWater, R"({"featureType": "water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "TheOpacityAsAlpha",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456", "fill-opacity": 0.5}})",
+            kWater, R"("color": "#12345680")"},
+        ImportCase{"ANewLookFromAZoomOn",
+                   R"({"id": "a", "type": "fill", "source-layer": "water",
+                       "paint": {"fill-color": ["step", ["zoom"], "#111111", 9, "#222222"]}})",
+                   kWater, R"("stylers": {"color": "#111111", "level": "9"}})"},
+        ImportCase{
+            "ALineWithTheOlderFilter",
+            R"({"id": "a", "type": "line", "source-layer": "roads", "filter": ["in", "class", "motorway", "trunk"],
+                       "paint": {"line-color": "#ff0000", "line-width": 4}})",
+            kRoads, R"("highway", "elementType": "geometry.fill", "stylers": {"color": "#ff0000", "weight": "4"}})"},
+        ImportCase{
+            "TheWiderLineBelowAsBorder",
+            R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-color": "#000000", "line-width": 8}},
+                      {"id": "b", "type": "line", "source-layer": "roads", "paint": {"line-color": "#ff0000", "line-width": 4}})",
+            kRoads, R"("highway", "elementType": "geometry.stroke", "stylers": {"color": "#000000", "weight": "2"}})"},
+        ImportCase{"ALayerThatIsNotThereAsInvisible", "", kRoads,
+                   R"("highway", "elementType": "geometry.fill", "stylers": {"color": "#00000000"}})"},
+        ImportCase{
+            "ALayerFromItsZoomOn",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "minzoom": 9, "paint": {"fill-color": "#123456"}})",
+            kWater, R"("stylers": {"color": "#00000000", "level": "9"}})"},
+        ImportCase{"ALabelWithHalo",
+                   R"({"id": "a", "type": "symbol", "source-layer": "places",
+                       "layout": {"text-field": "{name}", "text-size": 14, "icon-image": "dot"},
+                       "paint": {"text-color": "#101010", "text-halo-color": "#ffffff", "text-halo-width": 2}})",
+                   kCity,
+                   R"("city", "elementType": "labels.text.stroke", "stylers": {"color": "#ffffff", "weight": "2"}})"},
+        ImportCase{"AHiddenIcon",
+                   R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}})",
+                   kCity, R"("city", "elementType": "labels.icon", "stylers": {"visibility": "off"}})"},
+        ImportCase{"TheBackgroundAsLand",
+                   R"({"id": "a", "type": "background", "paint": {"background-color": "#f0f0f0"}})", kWater,
+                   R"("land", "elementType": "geometry.fill", "stylers": {"color": "#f0f0f0"}})"}),
+    [](const auto& each) { return each.param.name; });
+
+struct LossCase {
+    std::string name;
+    std::string mapLayers;
+    std::string legendLayers;
+    std::string code;
+};
+
+class ImportLossOf : public testing::TestWithParam<LossCase> {};
+
+TEST_P(ImportLossOf, IsListed) {
+    const auto& [name, mapLayers, legendLayers, code] = GetParam();
+    EXPECT_THAT(codesOf(imported(mapLayers, legendLayers)), Contains(code));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Imports, ImportLossOf,
+    testing::Values(
+        LossCase{"AnUnknownExpression",
+                 R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": ["var", "blue"]}})",
+                 kWater, "not-understood"},
+        LossCase{"AnUnknownFilter", R"({"id": "a", "type": "fill", "source-layer": "water", "filter": ["within", {}]})",
+                 kWater, "not-understood"},
+        LossCase{"AnUnknownColour",
+                 R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "rebeccapurple"}})",
+                 kWater, "not-understood"},
+        LossCase{"APattern",
+                 R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-pattern": "waves"}})", kWater,
+                 "no-counterpart"},
+        LossCase{"AWidthThatGrows",
+                 R"({"id": "a", "type": "line", "source-layer": "roads",
+                     "paint": {"line-width": ["interpolate", ["linear"], ["zoom"], 4, 1, 20, 17]}})",
+                 kRoads, "between-zooms"},
+        LossCase{"AFractionOfAPixel",
+                 R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-width": 1.5}})", kRoads,
+                 "rounded"},
+        LossCase{
+            "ManyLayers",
+            R"({"id": "a", "type": "fill", "source-layer": "water"}, {"id": "b", "type": "fill", "source-layer": "water"})",
+            kWater, "more-layers"},
+        LossCase{"ALayerOfOtherTiles", R"({"id": "a", "type": "fill", "source-layer": "ice"})", kWater, "layer-unused"},
+        LossCase{"FeaturesOfOneType",
+                 R"({"id": "a", "type": "fill", "source-layer": "water",
+                     "paint": {"fill-color": ["match", ["get", "class"], "lake", "#000001", "#000002"]}})",
+                 R"({"type": "water", "kind": "area", "source_layer": "water",
+                     "filter": ["match", ["get", "class"], ["lake", "sea"], true, false]})",
+                 "features-differ"},
+        LossCase{"ALegendThatAsksForMore", "",
+                 R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["within", {}]})",
+                 "legend-filter"},
+        LossCase{"AWeightThatTheComponentDoesNotTake",
+                 R"({"id": "a", "type": "line", "source-layer": "b", "paint": {"line-width": 3}})",
+                 R"({"type": "boundary", "kind": "line", "source_layer": "b"})", "not-kept"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(ImportedStyle, LeavesOutWhatItDoesNotUnderstand) {
+    const ImportedStyle style = imported(R"({"id": "a", "type": "line", "source-layer": "roads",
+                     "paint": {"line-color": ["var", "red"], "line-width": 3}})",
+                                         kRoads);
+    EXPECT_THAT(style.text, HasSubstr(R"("geometry.fill", "stylers": {"weight": "3"})"));
+    EXPECT_THAT(style.text, Not(HasSubstr(R"("geometry.fill", "stylers": {"color")")));
+    EXPECT_THAT(placesOf(style.losses, "not-understood"), Contains("layer a: line-color"));
+}
+
+TEST(ImportedStyle, TakesALayerForTheTypeThatItNames) {
+    const ImportedStyle style =
+        imported(R"({"id": "a", "type": "fill", "source-layer": "water", "metadata": {"customstyle:type": "green"},
+                     "paint": {"fill-color": "#123456"}})",
+                 kWater + R"(, {"type": "green", "kind": "area", "source_layer": "water"})");
+    EXPECT_THAT(style.text, HasSubstr(R"("water", "elementType": "geometry.fill", "stylers": {"color": "#00000000"})"));
+    EXPECT_THAT(style.text, HasSubstr(R"("green", "elementType": "geometry.fill", "stylers": {"color": "#123456"})"));
+}
+
+TEST(ImportedStyle, OfNothingHidesWhatTheLegendKnows) {
+    EXPECT_EQ(imported(R"(null, 3, {"type": 5})", kWater).text,
+              "[\n"
+              R"(  {"featureType": "water", "elementType": "geometry.fill", "stylers": {"color": "#00000000"}})"
+              "\n]\n");
+}
+
+// --- what is exported comes back ---
+
+const std::string kExamples = CUSTOMSTYLE_EXAMPLES_DIR;
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool isVisible(const Answer& answer, const char* field) {
+    const auto color = fieldIn(answer, fieldIndex(field));
+    return color && alphaOf(*color) != 0;
+}
+
+// The fields that a layer of the legend can carry, where the style shows them.
+std::vector<std::string> carriedFields(const LegendLayer& layer, const Answer& answer) {
+    std::vector<std::string> fields;
+    const auto addIf = [&](bool isCarried, const char* field) {
+        if (isCarried && fieldIn(answer, fieldIndex(field))) fields.emplace_back(field);
+    };
+    const bool isLabel = isLabelKind(layer.kind);
+    const auto width = fieldIn(answer, fieldIndex("fill weight"));
+    const bool isDrawn = isVisible(answer, "fill") && (layer.kind != ShapeKind::Line || width != 0U);
+    addIf(!isLabel && (width != 0U || layer.kind != ShapeKind::Line), "fill");
+    addIf(layer.kind == ShapeKind::Line && isDrawn, "fill weight");
+    addIf(!isLabel && isVisible(answer, "stroke") && fieldIn(answer, fieldIndex("stroke weight")) != 0U, "stroke");
+    addIf(!isLabel && isVisible(answer, "stroke"), "stroke weight");
+    const auto size = fieldIn(answer, fieldIndex("font size"));
+    const bool hasText = isVisible(answer, "text fill") && size != 0U;
+    addIf(isLabel && size != 0U, "text fill");
+    addIf(isLabel && hasText, "font size");
+    const auto halo = fieldIn(answer, fieldIndex("text stroke weight"));
+    const bool isHaloWhole = halo && size && *halo > 0 && *halo * 4 <= *size;
+    addIf(isLabel && hasText && isHaloWhole, "text stroke");
+    addIf(isLabel && hasText && isHaloWhole && isVisible(answer, "text stroke"), "text stroke weight");
+    return fields;
+}
+
+bool isSame(const Answer& before, const Answer& after, const std::string& field) {
+    const auto left = fieldIn(before, fieldIndex(field));
+    const auto right = fieldIn(after, fieldIndex(field));
+    const bool isColor = styleFields()[fieldIndex(field)].kind == FieldKind::Color;
+    return left == right || (isColor && left && right && alphaOf(*left) == 0 && alphaOf(*right) == 0);
+}
+
+// The types of which a loss says that not all comes back, or that not all was exported.
+std::set<std::string> excusedTypes(const ImportLosses& losses, const Losses& exportLosses) {
+    std::set<std::string> types;
+    for (const char* code : {"features-differ", "shapes-differ", "more-layers", "legend-filter", "not-kept"}) {
+        for (const std::string& place : placesOf(losses, code)) types.insert(place.substr(0, place.find(' ')));
+    }
+    const auto notToldApart = exportLosses.all().find(LossCode::IdsNotToldApart);
+    if (notToldApart == exportLosses.all().end()) return types;
+    for (const auto& [type, levels] : notToldApart->second) types.insert(catalogue().GetFeatureTypeName(type));
+    return types;
+}
+
+struct Counts {
+    std::size_t compared = 0;
+    std::size_t excused = 0;
+};
+
+// Compares the answers for the features of a legend layer.
+void compareLayer(const LegendLayer& layer, const StyleStudy& before, const StyleStudy& after, Counts& counts) {
+    for (const unsigned int id : before.mapping().questionIdsOf(layer.featureType)) {
+        for (int level = std::max(layer.firstLevel.value_or(kLowestLevel), kLowestLevel); level <= kHighestLevel;
+             ++level) {
+            const Answer wanted = ask(before.config(), id, level);
+            const Answer found = ask(after.config(), id, level);
+            for (const std::string& field : carriedFields(layer, wanted)) {
+                ++counts.compared;
+                ASSERT_TRUE(isSame(wanted, found, field)) << field << " of " << id << " at " << level;
+            }
+            if (!layer.icon.is_null()) {
+                ASSERT_EQ(wanted.iconHidden, found.iconHidden) << "icon of " << id << " at " << level;
+            }
+        }
+    }
+}
+
+Counts compareWithImport(const std::string& style, const std::string& mapping, const Legend& legend) {
+    const auto before = loadedText(mapping, style);
+    const ExportedStyle exported = exportedStyle(*before, legend, {});
+    const ImportedStyle back = importedStyle(exported.style, legend, Mapping::given(mapping));
+    const auto after = loadedText(mapping, back.text);
+    const std::set<std::string> excused = excusedTypes(back.losses, exported.losses);
+    Counts counts;
+    for (const LegendLayer& layer : legend.layers) {
+        const std::string type = catalogue().GetFeatureTypeName(layer.featureType);
+        SCOPED_TRACE(type);
+        if (excused.contains(type)) {
+            ++counts.excused;
+        } else {
+            compareLayer(layer, *before, *after, counts);
+        }
+    }
+    return counts;
+}
+
+class ExportedStyleOf : public testing::TestWithParam<std::tuple<const char*, const char*>> {};
+
+TEST_P(ExportedStyleOf, ComesBackWithItsColoursWidthsAndVisibility) {
+    const auto& [name, legendName] = GetParam();
+    const Legend legend = builtIn(legendName);
+    const Counts counts = compareWithImport(contentOf(kExamples + "/styles/" + name + ".json"),
+                                            contentOf(kExamples + "/map/CustomIndex"), legend);
+    EXPECT_GT(counts.compared, 500U);
+    EXPECT_LT(counts.excused, legend.layers.size() / 2) << "most comes back";
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, ExportedStyleOf,
+                         testing::Combine(testing::Values("night", "pale", "transit", "main-roads", "no-labels"),
+                                          testing::Values("studio", "openmaptiles")),
+                         [](const auto& each) {
+                             std::string name = std::string(std::get<0>(each.param)) + "_" + std::get<1>(each.param);
+                             std::ranges::replace(name, '-', '_');
+                             return name;
+                         });
+
+class RandomExport : public testing::TestWithParam<unsigned> {};
+
+TEST_P(RandomExport, ComesBackButForWhatIsListed) {
+    RandomFiles random(GetParam());
+    const std::string mapping = random.mapping();
+    std::string rules;
+    for (int i = 0; i < 60; ++i) rules += (rules.empty() ? "" : ",") + random.rule();
+    for (const char* legend : {"studio", "openmaptiles"}) {
+        compareWithImport("[" + rules + "]", mapping, builtIn(legend));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomExport, testing::Range(1U, 9U));
+
+}  // namespace
+}  // namespace customstyle_test

@@ -1,0 +1,162 @@
+// customstyle import: a style to start from, made of another renderer's.
+#include <fmt/format.h>
+
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "tools/customstyle/Arguments.h"
+#include "tools/customstyle/Console.h"
+#include "tools/customstyle/LegendArgument.h"
+#include "tools/customstyle/Loading.h"
+#include "tools/export/JsonLines.h"
+#include "tools/host/Files.h"
+#include "tools/host/LoadedMap.h"
+#include "tools/import/ImportedStyle.h"
+#include "tools/json/JsonDocument.h"
+#include "tools/layout/Layout.h"
+#include "tools/support/PlainText.h"
+
+namespace customstyle_tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr int kImportReportVersion = 1;
+constexpr char kToStandardOutput[] = "-";
+
+struct ImportArguments : MappingArguments {
+    std::string mapStyle;
+    std::string source = "maplibre";
+    std::string legend = "openmaptiles";
+    std::string output = kToStandardOutput;
+    std::optional<std::string> report;
+    std::string zoomOffset = "1";
+    bool quiet = false;
+};
+
+// The map style as JSON, or why it is none.
+std::variant<MapJson, ReadFailure> readMapStyle(const std::string& path) {
+    auto file = readSource(path, "style of another renderer");
+    if (auto* failure = std::get_if<ReadFailure>(&file)) return std::move(*failure);
+    const SourceFile& source = *std::get<0>(file);
+    const auto document = documentOf(source, "style of another renderer");
+    if (const auto* failure = std::get_if<ReadFailure>(&document)) return *failure;
+    MapJson json = MapJson::parse(source.text(), nullptr, false);
+    if (json.is_discarded()) return ReadFailure{path + ": is not JSON as other programs read it"};
+    if (!json.is_object() || !json.contains("layers") || !json["layers"].is_array()) {
+        return ReadFailure{path + ": is no style for MapLibre renderers, which has a list \"layers\""};
+    }
+    return json;
+}
+
+// In the layout of style files.
+std::string laidOutImport(std::string text) {
+    const SourceFile file("imported style", std::move(text));
+    const auto document = documentOf(file, "style file");
+    return laidOut(std::get<JsonDocument>(document));
+}
+
+std::string importReportText(const ImportArguments& arguments, const ImportLosses& losses) {
+    return jsonLines(Json{{"version", kImportReportVersion},
+                          {"map_style", arguments.mapStyle},
+                          {"source", arguments.source},
+                          {"legend", arguments.legend},
+                          {"losses", losses.json()}});
+}
+
+// The files that must not be overwritten.
+std::vector<std::string> inputsOf(const ImportArguments& arguments) {
+    std::vector<std::string> inputs{arguments.mapStyle, arguments.legend};
+    if (arguments.mappingDirectory) inputs.push_back(mappingFileIn(*arguments.mappingDirectory));
+    return inputs;
+}
+
+int importStyle(ImportArguments arguments) {
+    if (arguments.report == arguments.output) return complain("--report and --output name the same file");
+    if (!findMapping(arguments, {arguments.mapStyle})) return kMisuse;
+    const std::optional<Legend> legend = legendOrComplain(arguments.legend);
+    const auto mapping = legend ? mappingOrComplain(arguments.mappingDirectory) : std::nullopt;
+    if (!mapping) return kMisuse;
+    const auto mapStyle = readMapStyle(arguments.mapStyle);
+    if (const auto* failure = std::get_if<ReadFailure>(&mapStyle)) return complainOf(*failure);
+    std::vector<std::string> inputs = inputsOf(arguments);
+    if (arguments.report) {
+        if (const auto problem = problemOfTarget(*arguments.report, inputs)) return complain(*problem);
+    }
+    const ImportedStyle imported =
+        importedStyle(std::get<MapJson>(mapStyle), *legend, *mapping, arguments.zoomOffset.front() - '0');
+    if (const int status = writeResult(arguments.output, laidOutImport(imported.text), inputs); status != kGood) {
+        return status;
+    }
+    if (!arguments.quiet) fmt::print(stderr, "{}", imported.losses.text(escapedText(arguments.mapStyle)));
+    if (!arguments.report) return kGood;
+    inputs.push_back(arguments.output);
+    return writeResult(*arguments.report, importReportText(arguments, imported.losses), inputs);
+}
+
+std::vector<std::string> importDescription() {
+    return {
+        "Writes the colours, widths and sizes of a style for MapLibre renderers as rules: a style to start from. A "
+        "legend says which features of the tiles belong to which feature type, as for customstyle export.",
+        "The rules say what the map style draws for a feature with the properties that the legend asks for, and no "
+        "others. What a style cannot say is listed on standard error and in the file that --report names. Values that "
+        "are not understood are left out; nothing is guessed. The component is asked whether it answers what the map "
+        "style draws."};
+}
+
+Glossary importLossCodes() {
+    Glossary codes{.title = "The losses are"};
+    for (const ImportLossRow& row : importLossRows())
+        codes.terms.push_back({std::string(row.code), std::string(row.text)});
+    return codes;
+}
+
+std::vector<Option> optionsOf(ImportArguments& arguments) {
+    std::vector<Option> options{{.names = "MAP_STYLE",
+                                 .help = "Style of the other renderer; - is standard input",
+                                 .target = &arguments.mapStyle,
+                                 .offer = Offer::Files,
+                                 .isRequired = true}};
+    addMappingOptions(options, arguments);
+    options.push_back(choiceOption("--from", "SOURCE", "The renderer: maplibre", &arguments.source, {"maplibre"}));
+    options.push_back(legendOption(arguments.legend));
+    options.push_back({.names = "-o,--output",
+                       .value = "OUT",
+                       .help = "Write the style to this file; - is standard output",
+                       .target = &arguments.output,
+                       .offer = Offer::Files});
+    options.push_back({.names = "--report",
+                       .value = "FILE",
+                       .help = "Write what is lost to this file, as JSON",
+                       .target = &arguments.report,
+                       .offer = Offer::Files});
+    options.push_back(zoomOffsetOption(arguments.zoomOffset));
+    options.push_back({.names = "-q,--quiet", .help = "Do not report what is lost", .target = &arguments.quiet});
+    return options;
+}
+
+Command importCommand() {
+    const auto arguments = std::make_shared<ImportArguments>();
+    return {
+        .name = "import",
+        .purpose = Purpose::Write,
+        .summary = "Write a style to start from, made of another renderer's",
+        .description = importDescription(),
+        .options = optionsOf(*arguments),
+        .glossary = importLossCodes(),
+        .statuses = {{0, "The style is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},
+        .examples = {{"the colours of a map style for tiles with the OpenMapTiles schema",
+                      "customstyle import map-style.json -o mine.json"},
+                     {"shorter, with the same answers", "customstyle import map-style.json | customstyle minify -"}},
+        .run = [arguments] { return importStyle(*arguments); }};
+}
+
+const Registration importRegistration(importCommand);
+
+}  // namespace
+}  // namespace customstyle_tool

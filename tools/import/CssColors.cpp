@@ -1,0 +1,103 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tools/import/Expression.h"
+
+namespace customstyle_tool {
+namespace {
+
+constexpr std::array<std::pair<std::string_view, std::string_view>, 3> kNames{
+    {{"white", "#ffffff"}, {"black", "#000000"}, {"transparent", "#00000000"}}};
+
+struct Number {
+    double value = 0;
+    bool isPercent = false;
+};
+
+// The numbers in "rgba(1, 2, 3, 50%)"; none where something else stands there.
+std::optional<std::vector<Number>> argumentsIn(std::string_view text) {
+    const std::size_t open = text.find('(');
+    if (open == text.npos || text.back() != ')') return {};
+    std::string_view rest = text.substr(open + 1, text.size() - open - 2);
+    std::vector<Number> numbers;
+    while (true) {
+        rest.remove_prefix(std::min(rest.find_first_not_of(" ,/"), rest.size()));
+        if (rest.empty()) return numbers;
+        Number number;
+        const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), number.value);
+        if (read.ec != std::errc()) return {};
+        rest.remove_prefix(static_cast<std::size_t>(read.ptr - rest.data()));
+        number.isPercent = rest.starts_with('%');
+        if (number.isPercent) rest.remove_prefix(1);
+        if (rest.starts_with("deg")) rest.remove_prefix(3);
+        if (!rest.empty() && rest.find_first_of(" ,/") != 0) return {};
+        numbers.push_back(number);
+    }
+}
+
+double alphaIn(const std::vector<Number>& numbers) {
+    if (numbers.size() < 4) return 1;
+    return numbers[3].isPercent ? numbers[3].value / 100 : numbers[3].value;
+}
+
+// The formula of CSS Color 4: a channel of hue, saturation and lightness.
+double channel(double offset, double hue, double saturation, double lightness) {
+    const double place = std::fmod(offset + hue / 30, 12);
+    const double reach = saturation * std::min(lightness, 1 - lightness);
+    return 255 * (lightness - reach * std::max(-1.0, std::min({place - 3, 9 - place, 1.0})));
+}
+
+std::optional<std::uint64_t> hslColor(const std::vector<Number>& numbers) {
+    if (!numbers[1].isPercent || !numbers[2].isPercent) return {};
+    const double hue = std::fmod(std::fmod(numbers[0].value, 360) + 360, 360);
+    const double saturation = std::clamp(numbers[1].value / 100, 0.0, 1.0);
+    const double lightness = std::clamp(numbers[2].value / 100, 0.0, 1.0);
+    return packedRgba(channel(0, hue, saturation, lightness), channel(8, hue, saturation, lightness),
+                      channel(4, hue, saturation, lightness), alphaIn(numbers));
+}
+
+std::optional<std::uint64_t> rgbColor(const std::vector<Number>& numbers) {
+    const auto part = [&](std::size_t i) { return numbers[i].isPercent ? numbers[i].value * 2.55 : numbers[i].value; };
+    return packedRgba(part(0), part(1), part(2), alphaIn(numbers));
+}
+
+std::optional<std::uint64_t> hexColor(std::string_view digits) {
+    std::string full(digits);
+    if (digits.size() == 3 || digits.size() == 4) {
+        full.clear();
+        for (const char digit : digits) full.append(2, digit);
+    }
+    if (full.size() == 6) full += "ff";
+    std::uint32_t number = 0;
+    const auto read = std::from_chars(full.data(), full.data() + full.size(), number, 16);
+    if (full.size() != 8 || read.ptr != full.data() + full.size()) return {};
+    return packedRgba(number >> 24, number >> 16 & 0xff, number >> 8 & 0xff, (number & 0xff) / 255.0);
+}
+
+}  // namespace
+
+std::uint64_t packedRgba(double red, double green, double blue, double alpha) {
+    const auto byte = [](double value) {
+        return static_cast<std::uint64_t>(std::lround(std::clamp(value, 0.0, 255.0)));
+    };
+    return byte(red) | byte(green) << 8 | byte(blue) << 16 | byte(alpha * 255) << 24;
+}
+
+std::optional<std::uint64_t> cssColorIn(const std::string& text) {
+    const auto* const named =
+        std::ranges::find(kNames, std::string_view(text), &std::pair<std::string_view, std::string_view>::first);
+    if (named != kNames.end()) return hexColor(named->second.substr(1));
+    if (text.starts_with('#')) return hexColor(std::string_view(text).substr(1));
+    const auto numbers = argumentsIn(text);
+    if (!numbers || (numbers->size() != 3 && numbers->size() != 4)) return {};
+    if (text.starts_with("rgb(") || text.starts_with("rgba(")) return rgbColor(*numbers);
+    if (text.starts_with("hsl(") || text.starts_with("hsla(")) return hslColor(*numbers);
+    return {};
+}
+
+}  // namespace customstyle_tool

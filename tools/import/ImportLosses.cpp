@@ -1,0 +1,70 @@
+#include "tools/import/ImportLosses.h"
+
+#include <fmt/format.h>
+
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "tools/support/PlainText.h"
+
+namespace customstyle_tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kMostPlaces = 4;
+
+constexpr ImportLossRow kRows[] = {
+    {"not-understood", "these values and filters are not understood and left out; nothing is guessed"},
+    {"no-counterpart", "these properties have no counterpart in a style"},
+    {"between-zooms", "values that change within a level have the value of the level's beginning"},
+    {"rounded", "weights and font sizes are whole numbers from 0 to 255; these are rounded, and at least 1"},
+    {"features-differ", "features of one type look different here; all have the look of most of them"},
+    {"shapes-differ", "a type has one fill for all its shapes; that of the first in the legend is taken"},
+    {"more-layers", "several layers draw the same feature; the one on top is taken"},
+    {"layer-unused", "these layers draw nothing that the legend knows"},
+    {"legend-filter", "the legend says by other means than values which features these are; they are left out"},
+    {"not-kept", "a style cannot say this; the component answers otherwise"},
+};
+static_assert(std::size(kRows) == static_cast<std::size_t>(ImportLoss::NotKept) + 1);
+
+const ImportLossRow& rowOf(ImportLoss loss) {
+    return kRows[static_cast<std::size_t>(loss)];
+}
+
+std::string placesText(const std::set<std::string>& places) {
+    std::vector<std::string> parts;
+    for (const std::string& place : places) {
+        if (parts.size() == kMostPlaces) {
+            parts.push_back(fmt::format("{} more", places.size() - kMostPlaces));
+            break;
+        }
+        parts.push_back(escapedText(shortened(place, 80)));
+    }
+    return parts.empty() ? "" : fmt::format(" ({})", fmt::join(parts, "; "));
+}
+
+}  // namespace
+
+std::span<const ImportLossRow> importLossRows() {
+    return kRows;
+}
+
+std::string ImportLosses::text(std::string_view file) const {
+    std::string text;
+    for (const auto& [loss, places] : m_places) {
+        text += fmt::format("{}: {}: {}{}\n", file, rowOf(loss).code, rowOf(loss).text, placesText(places));
+    }
+    return text;
+}
+
+Json ImportLosses::json() const {
+    Json list = Json::array();
+    for (const auto& [loss, places] : m_places) {
+        list.push_back({{"code", rowOf(loss).code}, {"text", rowOf(loss).text}, {"places", places}});
+    }
+    return list;
+}
+
+}  // namespace customstyle_tool

@@ -1,0 +1,50 @@
+// The layers of a map style, and what they look like.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/import/Expression.h"
+#include "tools/import/ImportLosses.h"
+
+namespace customstyle_tool {
+
+struct MapLayer {
+    std::string id;
+    std::string type;  ///< "fill", "line", "symbol", "fill-extrusion", "background"
+    std::string sourceLayer;
+    std::string featureType;  ///< whose layer it is, where customstyle export has said so
+    double minZoom = 0;
+    double maxZoom = 25;
+    MapJson filter;
+    MapJson properties;   ///< paint and layout
+    bool isUsed = false;  ///< whether anything was taken from it
+};
+
+/// The visible layers of a map style, from bottom to top.
+std::vector<MapLayer> layersOf(const MapJson& mapStyle);
+
+/// Where values are asked for, and what becomes of those that cannot be had.
+struct Scene {
+    const Feature& feature;
+    double zoom;
+    ImportLosses& losses;
+};
+
+/// Whether a layer draws a feature at a zoom. A filter that is not understood is a loss, and draws nothing.
+bool draws(const MapLayer& layer, const Scene& scene);
+
+/// The value of a property; the default where the layer has none. Nothing, and a loss, where it is not understood.
+std::optional<MapValue> propertyOf(const MapLayer& layer, const char* name, const MapValue& otherwise,
+                                   const Scene& scene);
+
+/// A colour with the opacity of the layer in its alpha.
+/// @param part  "line" of "line-color" and "line-opacity"
+std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene);
+
+std::optional<double> numberOf(const MapLayer& layer, const char* name, double otherwise, const Scene& scene);
+
+/// Notes the properties of a layer that nobody asks for.
+void findWithoutCounterpart(const MapLayer& layer, ImportLosses& losses);
+
+}  // namespace customstyle_tool
