@@ -18,7 +18,7 @@
 namespace customstyle_tool {
 namespace {
 
-constexpr std::size_t kColorDigits = 6;
+constexpr std::size_t kDigitsWithoutAlpha = 6;
 
 // The colour that the component makes of a text.
 std::uint64_t readColor(const std::string& text, int featureType) {
@@ -32,7 +32,7 @@ void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value
         check
             .add(Code::ColorAlphaIgnored, rule, value,
                  fmt::format("the alpha is ignored; \"{}\" is drawn in {}", rule.typeName, colorText(read)))
-            .remedy = fmt::format("write \"{}\", or choose a paler colour", text.substr(0, 1 + kColorDigits));
+            .remedy = fmt::format("write \"{}\", or choose a paler colour", text.substr(0, 1 + kDigitsWithoutAlpha));
     } else if (alphaOf(read) == 0 && text.find_first_not_of("#0") != std::string::npos) {
         Finding& finding = check.add(Code::ColorInvisible, rule, value,
                                      fmt::format("{} is drawn in {}", inQuotes(text), colorText(read)));

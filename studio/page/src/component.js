@@ -55,10 +55,10 @@ export class ComponentClient {
   // answers, as where it cannot be loaded, is not started again for ever.
   restart(why) {
     this.worker.terminate();
-    if (++this.restarts > kMostRestarts) this.lost = `the component does not start: ${why}; load the page again`;
+    if (++this.restarts > kMostRestarts) this.lost = `the component does not start: ${why}; reload the page`;
     for (const {reject, timer} of this.waiting.values()) {
       clearTimeout(timer);
-      reject(new Error(this.lost ?? `the component was started again: ${why}`));
+      reject(new Error(this.lost ?? `the component was restarted: ${why}`));
     }
     this.waiting.clear();
     if (this.lost) return;

@@ -61,7 +61,7 @@ export class DiskFile extends EventTarget {
     if (!draft || draft.text === this.known.text) return;
     this.first = draft.text;
     if (draft.version === file.version) {
-      this.page.say(`changes of ${this.name} that are not saved are back`);
+      this.page.say(`unsaved changes of ${this.name} are restored`);
       return;
     }
     this.known = {text: null, version: draft.version};
@@ -98,7 +98,7 @@ export class DiskFile extends EventTarget {
     if (this.isChanged || file.text === null) return this.ask(file);
     this.agree(file);
     this.page.take(this.known.text);
-    return this.page.say(`${this.name} has changed on the disk, and is shown`);
+    return this.page.say(`${this.name} has changed on disk and is shown`);
   }
 
   agree(file) {
@@ -111,7 +111,7 @@ export class DiskFile extends EventTarget {
     this.known = {text: null, version: file.version};
     this.keepDraft();
     this.ask(null);
-    this.page.say(`${this.name} is gone from the disk; Save writes it again`);
+    this.page.say(`${this.name} was deleted from disk; Save writes it again`);
   }
 
   /** Raises the question what is to become of the file's text, or drops it. */
@@ -148,7 +148,7 @@ export class DiskFile extends EventTarget {
 
   async put(text) {
     const answer = await this.request(text) ?? await this.request(text); // a new server has a new token
-    const said = answer ? await answer.json() : {error: 'the server refuses'};
+    const said = answer ? await answer.json() : {error: 'the server refused it'};
     if (answer?.status === 409) return this.ask(said, true);
     if (!answer?.ok) return this.page.say(`${this.name} is not saved: ${said.error}`);
     this.known = {text, version: said.version};

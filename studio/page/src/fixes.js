@@ -19,5 +19,5 @@ export function fixOf({path, edits}, indexOf, rule) {
 
 function labelOf(path, [{insert}], takesRuleOut) {
   if (insert !== '') return `Write ${shortened(insert)}`;
-  return takesRuleOut ? 'Take the rule out' : `Take the ${/\w+$/.exec(path)?.[0] ?? 'value'} out`;
+  return takesRuleOut ? 'Remove the rule' : `Remove the ${/\w+$/.exec(path)?.[0] ?? 'value'}`;
 }

@@ -15,7 +15,7 @@ import {linkOf, readLink, recall, remember} from './state.js';
 
 const kLongestPause = 300; // milliseconds without a keystroke before long proofs begin
 // No example has a name with blanks.
-const kDisk = 'on the disk';
+const kDisk = 'on disk';
 const kBeforeLink = 'before the link';
 const at = (id) => document.getElementById(id);
 const fetchJson = async (path) => (await fetch(path)).json();
@@ -205,7 +205,7 @@ class Studio {
 
   applyFix(finding) {
     this.editor.change(finding.fix.changes);
-    this.say(`line ${finding.line} is mended; Ctrl+Z takes that back`);
+    this.say(`line ${finding.line} is fixed; Ctrl+Z undoes that`);
   }
 
   // ---- The file on the disk, and the mapping of the server -----------------------------------------------------------------
@@ -230,10 +230,10 @@ class Studio {
       mapping: async (file) => {
         if (file.text === this.mappingText || !await this.takeMapping(file)) return;
         for (const map of [this.map, this.before]) if (map) map.ids = this.ids;
-        this.say('the mapping has changed on the disk, and is used');
+        this.say('the mapping has changed on disk and is used');
         await this.refresh();
       },
-      lost: () => this.say('the server does not answer; what you type stays in this browser'),
+      lost: () => this.say('the server does not answer; what you type is kept in this browser'),
       back: () => this.say('the server answers again'),
     });
   }
@@ -243,7 +243,7 @@ class Studio {
     const mapping = {path: name, text: text ?? ''};
     const ask = () => this.component.setMapping(mapping);
     const {error} = problem ? {error: problem} : await ask().catch(ask);
-    if (error) this.say(`the mapping before stays: ${error}`);
+    if (error) this.say(`the previous mapping is kept: ${error}`);
     if (error) return false;
     this.mappingText = text;
     this.mapping = JSON.parse(text);
@@ -262,10 +262,10 @@ class Studio {
     at('conflict').hidden = !theirs;
     if (!theirs) return;
     const isReadable = theirs.text !== null;
-    at('conflict-text').textContent = isReadable ? `${this.file.name} was changed on the disk, and here. Which text shall stay?`
-      : `${theirs.problem ?? `${this.file.name} is gone from the disk`}. Your text is here as it was.`;
+    at('conflict-text').textContent = isReadable ? `${this.file.name} has changed on disk and here. Which text do you want to keep?`
+      : `${theirs.problem ?? `${this.file.name} was deleted from disk`}. Your text here is unchanged.`;
     at('take-theirs').hidden = at('show-difference').hidden = !isReadable;
-    this.say('a question waits below the editor');
+    this.say('there is a question below the editor');
   }
 
   async showDifference() {
@@ -509,7 +509,7 @@ class Studio {
 
   connect(examples) {
     this.showView('map');
-    if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on the disk`));
+    if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on disk`));
     const beforeLink = recall('style-before-link');
     if (beforeLink) at('examples').append(element('option', {value: kBeforeLink}, 'your style before the link'));
     at('examples').append(...examples.map((name) => element('option', {value: name}, name)));

@@ -2,7 +2,7 @@
 import {element, swatch} from './dom.js';
 import {areaLook, areaTypes, buildingLook, cssColor, kOtherLevels, labelLook, levelOfClass, lineLook, lineTypes} from './look.js';
 
-const kHow = {overwritten: 'written again later'};
+const kHow = {overwritten: 'overwritten later'};
 const named = (field) => field.replaceAll('_', ' ');
 const isColor = (value) => value !== null && typeof value === 'object' && 'rgb' in value;
 const inWords = (value) => (isColor(value) ? `${value.rgb}${value.alpha === 255 ? '' : ` alpha ${value.alpha}`}` : `${value ?? 'not set'}`);
@@ -29,10 +29,10 @@ export function findingsPanel(page) {
 // ---- Explanation ----------------------------------------------------------------------------------------------------------
 
 export function explainPanel(page) {
-  if (!page.picked) return element('p', {}, 'Click something on the map to learn where its look comes from.');
+  if (!page.picked) return element('p', {}, 'Click something on the map to see where its look comes from.');
   const {picked: {features, index, explanation, level}} = page;
   const feature = features[index];
-  if (!explanation) return element('p', {}, `Asking about ${feature.type} …`);
+  if (!explanation) return element('p', {}, `Explaining ${feature.type} …`);
   return element('div', {},
     element('p', {}, `${feature.name ? `“${feature.name}”: ` : ''}${feature.type}, style id ${feature.id}, level ${level}`,
       features.length > 1 && element('span', {}, '  ',
@@ -109,7 +109,7 @@ function matrixCell(page, id, field, value, index) {
 export function specimenPanel(page) {
   const {answers, mapping, level, levelClass} = page;
   if (!answers) return element('p', {}, 'No style yet.');
-  return element('div', {}, element('p', {}, `Each feature type at level ${level}, also where the city has none.`),
+  return element('div', {}, element('p', {}, `Every feature type at level ${level}, even those that the city does not have.`),
     element('div', {class: 'specimen'}, ...Object.entries(mapping).map(([type, ids]) => {
       const record = answers.records[answers.styles[ids[0]]?.[levelClass]] ?? {style: {}, icon_hidden: false};
       return element('div', {}, drawn(type, record, answers, levelClass, level), element('button',

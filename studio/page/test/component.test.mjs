@@ -31,13 +31,13 @@ const until = async (isSo) => {
 };
 
 describe('a component that stops', () => {
-  test('is started again with its mapping', async () => {
+  test('is restarted with its mapping', async () => {
     answerOf = answers;
     const client = new ComponentClient('worker.js');
     await client.setMapping({path: 'CustomIndex', text: '{}'});
     answerOf = (message) => (message.request.method === 'check' ? stops(message) : answers(message));
     for (let time = 1; time <= 5; ++time) {
-      await assert.rejects(client.ask({method: 'check'}), /started again: no such file/);
+      await assert.rejects(client.ask({method: 'check'}), /restarted: no such file/);
       assert.equal(await client.ask({method: 'format'}), 'format');
       assert.equal(started, 1 + time);
     }
@@ -46,8 +46,8 @@ describe('a component that stops', () => {
   test('is given up where it never answers', async () => {
     answerOf = stops;
     const client = new ComponentClient('worker.js');
-    for (let time = 1; time <= 3; ++time) await assert.rejects(client.ask({method: 'check'}), /started again/);
-    for (let time = 1; time <= 3; ++time) await assert.rejects(client.ask({method: 'check'}), /does not start: no such file; load the page again/);
+    for (let time = 1; time <= 3; ++time) await assert.rejects(client.ask({method: 'check'}), /restarted/);
+    for (let time = 1; time <= 3; ++time) await assert.rejects(client.ask({method: 'check'}), /does not start: no such file; reload the page/);
     assert.equal(started, 4);
   });
 
@@ -56,7 +56,7 @@ describe('a component that stops', () => {
     const client = new ComponentClient('worker.js');
     await client.setMapping({path: 'CustomIndex', text: '{}'});
     answerOf = stops;
-    await assert.rejects(client.ask({method: 'check'}), /started again/);
+    await assert.rejects(client.ask({method: 'check'}), /restarted/);
     await until(() => client.lost);
     assert.equal(started, 4);
     assert.equal(client.waiting.size, 0);

@@ -94,7 +94,7 @@ describe('the file on the disk', () => {
   test('that is gone can be written again', async () => {
     const {page} = studio;
     rmSync(file);
-    await page.locator('#notice', {hasText: 'is gone from the disk'}).waitFor();
+    await page.locator('#notice', {hasText: 'was deleted from disk'}).waitFor();
     assert.equal(await textIn(page), roads('#445566'));
     await page.locator('#save').click();
     await page.locator('#notice', {hasText: 'is saved'}).waitFor();
@@ -110,7 +110,7 @@ describe('the file on the disk', () => {
     await page.waitForTimeout(600);
     assert.equal(await page.evaluate(() => window.studio.file.name), 'pale.json');
     assert.equal(await conflict(page).isVisible(), false);
-    await page.locator('#examples').selectOption({label: 'night.json on the disk'});
+    await page.locator('#examples').selectOption({label: 'night.json on disk'});
     await hasText(page, roads('#abcdef')); // what was typed before
     await conflict(page).waitFor();
     assert.equal(onDisk(), roads('#111111'));
@@ -130,7 +130,7 @@ describe('two who write', () => {
     await type(page, roads('#aaaaaa'));
     writeFileSync(file, roads('#bbbbbb'));
     await conflict(page).waitFor();
-    assert.match(await page.locator('#conflict-text').textContent(), /changed on the disk, and here/);
+    assert.match(await page.locator('#conflict-text').textContent(), /changed on disk and here/);
     assert.equal(await textIn(page), roads('#aaaaaa'));
   }
 
@@ -296,7 +296,7 @@ describe('the server', () => {
     await page.evaluate(() => window.studio.explainAt({x: 300, y: 200}));
     assert.ok(await page.evaluate(() => window.studio.picked.features[0].id) >= 9000);
     writeFileSync(mapping, '{');
-    await page.locator('#notice', {hasText: 'the mapping before stays'}).waitFor();
+    await page.locator('#notice', {hasText: 'the previous mapping is kept'}).waitFor();
     assert.ok(await pixelsOf(page, kMagenta) > 300);
     await profile.close();
     await own.close();

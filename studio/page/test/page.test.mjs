@@ -131,9 +131,9 @@ describe('the editor', () => {
       rule('water', 'geometry.fill', {color: '#0000ff', weight: '3'}), rule('water', 'geometry.fill', {color: '#ff0000'})));
     const offered = await page.evaluate(() => window.studio.findings.map(({fix, rule: number, can_go: canGo}) => [number, fix?.label ?? '', canGo]));
     for (const [, label, canGo] of offered) assert.equal(/^Take/.test(label), canGo && label !== '');
-    assert.ok(offered.some(([number, label]) => number === 3 && label === 'Take the color out'), JSON.stringify(offered));
+    assert.ok(offered.some(([number, label]) => number === 3 && label === 'Remove the color'), JSON.stringify(offered));
     await page.locator('[data-panel="findings"]').click();
-    await page.locator('#panel button', {hasText: 'Take the color out'}).click();
+    await page.locator('#panel button', {hasText: 'Remove the color'}).click();
     assert.deepEqual(JSON.parse(await page.evaluate(() => window.studio.editor.text))[2].stylers, {weight: '3'});
   });
 
@@ -357,7 +357,7 @@ describe('a component that does not come back', () => {
       component.patience = 20_000; // for the next one, which has to start on a busy machine
       return lost;
     });
-    assert.match(first, /started again: no answer within 0.3 seconds/);
+    assert.match(first, /restarted: no answer within 0.3 seconds/);
     await typeStyle(page, '[]');
     await typeStyle(page, magentaRoads);
     assert.ok(await pixelsOf(page, kMagenta) > 500);
