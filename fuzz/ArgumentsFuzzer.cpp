@@ -151,7 +151,7 @@ private:
     }
 
     void update() {
-        // Sixteen characters, and the heap's guard behind them.
+        // Sixteen characters, and the heap's guard after them.
         const auto key = std::make_unique<char[]>(16);
         const int type = number();
         const int allLevels = number();

@@ -37,7 +37,7 @@ Files divided(std::string_view input) {
     return {mapping, input.substr(first + 1, second - first - 1), input.substr(second + 1)};
 }
 
-// The faults of a file: how many bytes fewer it holds than it told, and how many can be read of them.
+// The faults of a file: how many bytes fewer it holds than it reports, and how many of them can be read.
 FaultyFile faulty(std::string_view content, FuzzInput& faults) {
     FaultyFile file{std::string(content), content.size(), content.size()};
     const std::uint8_t kind = faults.byte();

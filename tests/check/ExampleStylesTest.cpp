@@ -1,4 +1,4 @@
-// The example styles: the good ones pass in silence, and the one with mistakes is told each of them.
+// The example styles: the good ones have no findings, and in the one with mistakes each is found.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -41,7 +41,7 @@ protected:
 
     fs::path path(const char* name) const { return m_directory.path() / name; }
 
-    /// Loads what stands in the directory. Nothing but a text that is no JSON may stay behind.
+    /// Loads what is in the directory. Only text that is not JSON may stay allocated.
     int load() {
         const int filesBefore = openFiles();
         const MemoryAccounts accounts;

@@ -41,7 +41,7 @@ protected:
     }
     ~ReadError() override { _orvik_vi::CVMem::SetHostAllocator(nullptr, nullptr); }
 
-    /// Answers as Init does. A text that is no JSON stays behind, and no file stays open.
+    /// Answers as Init does. Text that is not JSON stays allocated, and no file stays open.
     int load() {
         const MemoryAccounts accounts;
         int result = 0;

@@ -210,7 +210,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{"ATextIsNoNumber", "\"15\"", 0, 0}, NumberCase{"AListIsNoNumber", "[15]", 0, 0}),
     caseName<testing::TestParamInfo<NumberCase>>);
 
-// ---- Text behind the value ------------------------------------------------------------------------------------------
+// ---- Text after the value -------------------------------------------------------------------------------------------
 
 struct BehindCase {
     const char* name;

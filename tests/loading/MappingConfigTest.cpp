@@ -132,7 +132,7 @@ TEST_P(ReplacedRecords, AreNotFreed) {
     const MemoryAccounts accounts;
     CustomConfig().ParseMappingConfig(mappingWith("land", GetParam().json).get());
     EXPECT_EQ(accounts.blocks(), GetParam().replaced);
-    // Each record stands behind its count of eight bytes.
+    // Each record follows its count of eight bytes.
     EXPECT_EQ(accounts.bytes(), GetParam().replaced * static_cast<std::ptrdiff_t>(8 + sizeof(tagCustomStyle)));
 }
 

@@ -94,7 +94,7 @@ const RefusedCase kRefused[] = {
     {"CapitalStyler", rule("land", "fill").styler("Color", R"("#112233")").json(), kUndefinedLine},
     {"CapitalStylerInFrontOfTheGoodOne", rule("land", "fill").styler("COLOR", R"("#1")").color("#112233").json(),
      kUndefinedLine},
-    // The frame is checked from the feature type to the stylers, and the first problem is the one that is told.
+    // The frame is checked from the feature type to the stylers, and the first problem is reported.
     {"EverythingIsWrong", R"({"featureType":1,"elementType":2,"stylers":3})", kFeatureTypeLine},
     {"UnknownFeatureTypeAndNothingElse", R"({"featureType":"lake"})",
      R"(ZRX Custom Map: warning, "featureType:lake" is illegal)"},

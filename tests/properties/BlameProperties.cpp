@@ -158,7 +158,7 @@ private:
         return {};
     }
 
-    // Where the model has values in a record that is out of use, somebody is told.
+    // Where the model has values in a record that is out of use, there is a finding.
     std::optional<Failure> hiddenFails() const {
         for (const auto& [key, records] : m_style.answers().model().slots) {
             const std::size_t type = std::strtoul(key.c_str(), nullptr, 10);

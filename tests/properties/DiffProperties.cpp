@@ -16,7 +16,7 @@ std::size_t levelClassOf(const Json& level) {
     return level.is_string() ? kLevelClasses - 1 : level.get<std::size_t>() - 4;
 }
 
-// Style ids that the map does not list are told without a number.
+// Style ids that the map does not list are reported without a number.
 Places placesIn(const Json& changes, unsigned unlisted) {
     Places places;
     for (const Json& change : changes) {

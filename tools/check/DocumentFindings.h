@@ -18,7 +18,7 @@ namespace customstyle_tool {
 /// @param consequence  what that means for the map, as the end of a sentence
 Finding jsonFinding(const SourceFile& file, const JsonError& error, std::string_view consequence);
 
-/// The text behind the outermost value, if there is any.
+/// The text after the outermost value, if there is any.
 std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument& document);
 
 /// Every text and every name with a zero character in it.

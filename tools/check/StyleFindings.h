@@ -47,7 +47,7 @@ private:
 std::vector<Finding> findInDocument(const StyleStudy& study);  ///< the file as a whole
 std::vector<Finding> findMembers(const StyleStudy& study);     ///< names, letter case, doubles, kinds of values
 std::vector<Finding> findLogged(const StyleStudy& study);      ///< what the component logs
-std::vector<Finding> findValues(const StyleStudy& study);      ///< values that are read otherwise than written
+std::vector<Finding> findValues(const StyleStudy& study);      ///< values that are not read as written
 std::vector<Finding> findReach(const StyleStudy& study);       ///< what each step reached, and what it did not
 std::vector<Finding> findHistory(const StyleStudy& study);     ///< what steps do to the work of others
 std::vector<Finding> findBackgrounds(

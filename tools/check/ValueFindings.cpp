@@ -1,4 +1,4 @@
-// Values that the component reads otherwise than they are written.
+// Values that the component reads in another way than they are written.
 #include <fmt/format.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Attribution: the styler behind a changed answer.
+// Attribution: the styler that changed an answer.
 #pragma once
 
 #include <map>

@@ -194,7 +194,7 @@ std::vector<ChangedAnswer> changedAnswers(const StyleStudy& before, const StyleS
         return comparison.changes(styleIds);
     }
     std::vector<ChangedAnswer> changes = comparison.changes(styleIdsToCompare(mapping, false));
-    // What changes for the types by themselves would only be told again.
+    // What changes for the types by themselves would only be reported again.
     return changes.empty() ? comparison.changes(styleIdsToCompare(mapping, true)) : changes;
 }
 

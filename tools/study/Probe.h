@@ -1,4 +1,4 @@
-// Asks a fresh component what it would make of a rule, a styler or a value that stands alone.
+// Asks a fresh component what it would make of a single rule, styler or value.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace customstyle_tool {
 
-/// What is left behind by a rule that stands alone.
+/// What a rule alone leaves in the store.
 struct AloneOutcome {
     StoreImage store;
     std::vector<std::string> log;

@@ -53,7 +53,7 @@ public:
     /// Who wrote what stands in each field.
     const FieldHistory& history() const;
 
-    /// The places of a rule's steps: the first, and behind the last.
+    /// The indices of a rule's steps: the first, and one after the last.
     struct StepRange {
         std::size_t begin;
         std::size_t end;

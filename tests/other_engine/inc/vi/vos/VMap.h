@@ -1,5 +1,5 @@
-// CVMapPtrToPtr of another engine: a sorted list, walked from the largest key down. It wants its block size told, and
-// notes what it is told.
+// CVMapPtrToPtr of another engine: a sorted list, walked from the largest key down. It needs its block size, and
+// records what it gets.
 #pragma once
 
 #include <cstdint>
