@@ -1,4 +1,4 @@
-// customstyle import: a style to start from, made of another renderer's.
+// customstyle import: a style to start from, from another renderer's style.
 #include <fmt/format.h>
 
 #include <memory>
@@ -49,7 +49,7 @@ std::variant<MapJson, ReadFailure> readMapStyle(const std::string& path) {
     MapJson json = MapJson::parse(source.text(), nullptr, false);
     if (json.is_discarded()) return ReadFailure{path + ": is not JSON as other programs read it"};
     if (!json.is_object() || !json.contains("layers") || !json["layers"].is_array()) {
-        return ReadFailure{path + ": is no style for MapLibre renderers, which has a list \"layers\""};
+        return ReadFailure{path + ": is not a style for MapLibre renderers; it has no list \"layers\""};
     }
     return json;
 }
@@ -102,10 +102,11 @@ int importStyle(ImportArguments arguments) {
 std::vector<std::string> importDescription() {
     return {
         "Writes the colours, widths and sizes of a style for MapLibre renderers as rules: a style to start from. A "
-        "legend says which features of the tiles belong to which feature type, as for customstyle export.",
+        "legend assigns the features of the tiles to feature types, as for customstyle export.",
         "The rules say what the map style draws for a feature with the properties that the legend asks for, and no "
-        "others. What a style cannot say is listed on standard error and in the file that --report names. Values that "
-        "are not understood are left out; nothing is guessed. The component is asked whether it answers what the map "
+        "others. What a style cannot express is listed on standard error and in the file that --report names. Values "
+        "that "
+        "are not understood are left out; nothing is guessed. The component's answers are compared with what the map "
         "style draws."};
 }
 
@@ -145,7 +146,7 @@ Command importCommand() {
     return {
         .name = "import",
         .purpose = Purpose::Write,
-        .summary = "Write a style to start from, made of another renderer's",
+        .summary = "Make a style to start from, from another renderer's style",
         .description = importDescription(),
         .options = optionsOf(*arguments),
         .glossary = importLossCodes(),

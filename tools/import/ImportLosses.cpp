@@ -18,14 +18,14 @@ constexpr std::size_t kMostPlaces = 4;
 constexpr ImportLossRow kRows[] = {
     {"not-understood", "these values and filters are not understood and left out; nothing is guessed"},
     {"no-counterpart", "these properties have no counterpart in a style"},
-    {"between-zooms", "values that change within a level have the value of the level's beginning"},
+    {"between-zooms", "values that change within a level have the value at its start"},
     {"rounded", "weights and font sizes are whole numbers from 0 to 255; these are rounded, and at least 1"},
-    {"features-differ", "features of one type look different here; all have the look of most of them"},
-    {"shapes-differ", "a type has one fill for all its shapes; that of the first in the legend is taken"},
-    {"more-layers", "several layers draw the same feature; the one on top is taken"},
-    {"layer-unused", "these layers draw nothing that the legend knows"},
-    {"legend-filter", "the legend says by other means than values which features these are; they are left out"},
-    {"not-kept", "a style cannot say this; the component answers otherwise"},
+    {"features-differ", "features of one type look different here; all get the look of most of them"},
+    {"shapes-differ", "a type has one fill for all its shapes; the first one in the legend is used"},
+    {"more-layers", "several layers draw the same feature; the top one is used"},
+    {"layer-unused", "these layers draw nothing that the legend covers"},
+    {"legend-filter", "the legend selects these features by more than values; they are left out"},
+    {"not-kept", "a style cannot express this; the component answers differently"},
 };
 static_assert(std::size(kRows) == static_cast<std::size_t>(ImportLoss::NotKept) + 1);
 
