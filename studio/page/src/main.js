@@ -13,6 +13,7 @@ import {forgetFile, openFile, saveFile} from './files.js';
 import {element} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
+const kQuickCheck = 150; // milliseconds
 const kLongestPause = 300; // milliseconds without a keystroke before long proofs begin
 // No example has a name with blanks.
 const kDisk = 'on disk';
@@ -37,6 +38,7 @@ class Studio {
   matrixType = 'highway';
   panel = 'findings';
   rule = -1;
+  checking = 0; // milliseconds that the last check took
   timings = {};
 
   async start() {
@@ -132,10 +134,9 @@ class Studio {
     while (this.isStale) {
       this.isStale = false;
       const {style, typedAt} = this;
-      const answers = await this.ask({method: 'answers', style});
-      if (this.isAbout(style)) this.showAnswers(answers, typedAt);
-      await this.pause();
-      if (this.isAbout(style)) await this.check(style, typedAt);
+      if (this.checking < kQuickCheck) await this.showAtOnce(style, typedAt);
+      else await this.showMapFirst(style, typedAt);
+      if (this.isAbout(style)) this.settled = style.text;
     }
   }
 
@@ -144,24 +145,46 @@ class Studio {
     return !this.isStale && this.text === style.text;
   }
 
-  async check(style, typedAt) {
-    const begin = performance.now();
-    const report = await this.ask({method: 'check', style});
-    this.checking = performance.now() - begin;
+  // Findings come first: while the map is drawn, the page hears nothing.
+  async showAtOnce(style, typedAt) {
+    const answers = this.ask({method: 'answers', style});
+    const report = await this.check(style, answers);
+    if (this.isAbout(style)) this.showReport(report, typedAt);
+    const answered = await answers;
+    if (this.isAbout(style)) this.showAnswers(answered, typedAt);
+  }
+
+  // Long proofs wait until the author stops typing: meanwhile the map would not follow.
+  async showMapFirst(style, typedAt) {
+    const answered = await this.ask({method: 'answers', style});
+    if (this.isAbout(style)) this.showAnswers(answered, typedAt);
+    await this.pause();
     if (!this.isAbout(style)) return;
+    const report = await this.check(style);
+    if (this.isAbout(style)) this.showReport(report, typedAt);
+  }
+
+  /** @param {Promise<any>} [before] what the component does first */
+  async check(style, before) {
+    const report = this.ask({method: 'check', style});
+    await before;
+    const begin = performance.now();
+    const checked = await report;
+    this.checking = performance.now() - begin;
+    return checked;
+  }
+
+  pause() {
+    return this.isStale ? undefined : new Promise((resolve) => {
+      this.endPause = resolve;
+      setTimeout(resolve, Math.min(kLongestPause, this.checking / 2));
+    });
+  }
+
+  showReport(report, typedAt) {
     if (report.error) this.say(report.error);
     this.showFindings(report.error ? [] : report.files[0].findings);
     if (typedAt) this.timings.findings = performance.now() - typedAt;
-    this.settled = style.text;
-  }
-
-  // The longer the proofs take, the longer they wait for the author to stop: meanwhile the map would not follow.
-  pause() {
-    const time = Math.min(kLongestPause, (this.checking ?? 0) / 2);
-    return this.isStale ? undefined : new Promise((resolve) => {
-      this.endPause = resolve;
-      setTimeout(resolve, time);
-    });
   }
 
   showAnswers(answers, typedAt) {

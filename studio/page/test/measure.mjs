@@ -1,5 +1,8 @@
 // How fast the page is in software rendering on this machine: node test/measure.mjs
-import {openStudio, startBrowser, whenDrawn} from './browser.mjs';
+import {readFileSync} from 'node:fs';
+import {join} from 'node:path';
+import {Component} from '../../wasm/component.mjs';
+import {builtPage, openStudio, startBrowser, whenDrawn} from './browser.mjs';
 
 const kRuns = 3;
 const median = (values) => [...values].sort((a, b) => a - b)[Math.floor(values.length / 2)];
@@ -9,6 +12,22 @@ const types = ['green', 'water', 'building', 'highway', 'nationalway', 'provinci
 const styleOf = (count) => `[\n${Array.from({length: count}, (_, i) => JSON.stringify({featureType: types[i % types.length],
   elementType: i % 2 ? 'geometry.stroke' : 'geometry.fill',
   stylers: {color: `#${(0x102030 + i * 4099).toString(16).slice(-6)}`, level: `${4 + (Math.floor(i / 20) % 18)}`}})).join(',\n')}\n]`;
+
+// What the component alone needs, in time of the processor, which other programs of the machine do not change much.
+function measureComponent(count) {
+  const component = new Component(new WebAssembly.Module(readFileSync(join(builtPage, 'customstyle.wasm'))));
+  component.answer({method: 'mapping', mapping: {path: 'CustomIndex', text: readFileSync(join(builtPage, 'examples/CustomIndex'), 'utf8')}});
+  const text = styleOf(count);
+  const timesOf = (method) => Array.from({length: 9}, (_, run) => {
+    const style = {path: 'style.json', text: text.replace('"#', `"#${run}`)};
+    const begin = process.cpuUsage();
+    component.answerText({method, style});
+    return process.cpuUsage(begin).user / 1000;
+  });
+  return ['answers', 'check'].map((method) => `${method} ${median(timesOf(method)).toFixed(1)} ms`).join(', ');
+}
+
+for (const count of [41, 200, 1000]) console.log(`component, ${count} rules: ${measureComponent(count)}`);
 
 const started = await startBrowser();
 const first = [];

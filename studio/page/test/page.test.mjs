@@ -130,7 +130,7 @@ describe('the editor', () => {
     await typeStyle(page, styleOf(rule('locallabel', 'geometry', {visibility: 'off'}), rule('locallabel', 'labels', {color: '#ff0000'}),
       rule('water', 'geometry.fill', {color: '#0000ff', weight: '3'}), rule('water', 'geometry.fill', {color: '#ff0000'})));
     const offered = await page.evaluate(() => window.studio.findings.map(({fix, rule: number, can_go: canGo}) => [number, fix?.label ?? '', canGo]));
-    for (const [, label, canGo] of offered) assert.equal(/^Take/.test(label), canGo && label !== '');
+    for (const [, label, canGo] of offered) assert.equal(/^Remove/.test(label), canGo && label !== '');
     assert.ok(offered.some(([number, label]) => number === 3 && label === 'Remove the color'), JSON.stringify(offered));
     await page.locator('[data-panel="findings"]').click();
     await page.locator('#panel button', {hasText: 'Remove the color'}).click();
