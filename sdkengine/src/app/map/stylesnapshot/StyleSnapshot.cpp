@@ -17,16 +17,16 @@ int StyleSnapshot::copyOwn(tagCustomStyle& style, const Cell& cell) const {
     return kOwnRecord - cell.answer;
 }
 
-int StyleSnapshot::IsCustomBackRegionEnable(std::uint64_t& colour, int level) const {
+int StyleSnapshot::IsCustomBackRegionEnable(std::uint64_t& color, int level) const {
     const Level& answers = m_levels[levelClassOf(level)];
     if (g_zrsdk_custom_style_enable == 0 || answers.isLandSet == 0) return 0;
-    colour = answers.landColour;
+    color = answers.landColor;
     return 1;
 }
 
-int StyleSnapshot::IsCustomGridBackRegionEnable(std::uint64_t& colour, int /*level*/) const {
+int StyleSnapshot::IsCustomGridBackRegionEnable(std::uint64_t& color, int /*level*/) const {
     if (g_zrsdk_custom_style_enable == 0 || !m_gridColorSet) return 0;
-    colour = m_gridColor;
+    color = m_gridColor;
     return 1;
 }
 

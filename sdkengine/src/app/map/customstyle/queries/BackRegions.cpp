@@ -4,17 +4,17 @@
 
 namespace _orvik_framework {
 
-int CustomConfig::IsCustomBackRegionEnable(std::uint64_t& colour, int level) const {
+int CustomConfig::IsCustomBackRegionEnable(std::uint64_t& color, int level) const {
     if (g_zrsdk_custom_style_enable == 0) return 0;
     const tagCustomStyle* record = landBackground(*this, level);
     if (record == nullptr) return 0;
-    colour = record->m_fillColor;
+    color = record->m_fillColor;
     return 1;
 }
 
-int CustomConfig::IsCustomGridBackRegionEnable(std::uint64_t& colour, int /*level*/) const {
+int CustomConfig::IsCustomGridBackRegionEnable(std::uint64_t& color, int /*level*/) const {
     if (g_zrsdk_custom_style_enable == 0 || m_gridColorSet == 0) return 0;
-    colour = m_gridColor;
+    color = m_gridColor;
     return 1;
 }
 

@@ -50,30 +50,30 @@ void CustomConfig::SetCustomColorStyle(int featureType, const CVString& elementT
     const DispatchRow* row = findRow(kColorRows, elementType);
     if (row == nullptr) return CustomMapPrintLog(messages::kElementUnknown);
 
-    const std::uint64_t colour = static_cast<std::uint32_t>(CalculateColorValue(text, featureType));
+    const std::uint64_t color = static_cast<std::uint32_t>(CalculateColorValue(text, featureType));
     runSteps(*this, *row, featureType, includesLabels, [&](Target target, int type) {
-        if (target == Target::Geometry) SetTypeColor(type, elementType, colour, allLevels, level);
-        if (target == Target::Text) SetFontColorStyle(type, elementType, colour, allLevels, level);
-        if (target == Target::GridColor) SetGridColorStyle(colour);
+        if (target == Target::Geometry) SetTypeColor(type, elementType, color, allLevels, level);
+        if (target == Target::Text) SetFontColorStyle(type, elementType, color, allLevels, level);
+        if (target == Target::GridColor) SetGridColorStyle(color);
     });
 }
 
-void CustomConfig::SetTypeColor(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels,
+void CustomConfig::SetTypeColor(int featureType, const CVString& elementType, std::uint64_t color, int allLevels,
                                 int level) {
     const auto fields = fieldsOf(kGeometryColors, elementType);
     walkRecords(*this, {featureType, allLevels, level},
-                [&](tagCustomStyle& record) { return writeFields(record, fields, colour); });
+                [&](tagCustomStyle& record) { return writeFields(record, fields, color); });
 }
 
-void CustomConfig::SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels,
+void CustomConfig::SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t color, int allLevels,
                                      int level) {
     const auto fields = fieldsOf(kTextColors, elementType);
     walkRecords(*this, {featureType, allLevels, level},
-                [&](tagCustomStyle& record) { return writeFields(record, fields, colour); });
+                [&](tagCustomStyle& record) { return writeFields(record, fields, color); });
 }
 
-void CustomConfig::SetGridColorStyle(std::uint64_t colour) {
-    m_gridColor = colour;
+void CustomConfig::SetGridColorStyle(std::uint64_t color) {
+    m_gridColor = color;
     m_gridColorSet = 1;
 }
 

@@ -215,12 +215,12 @@ public:
     int IsParentFeatureTypeIconCustomizedVisibility(int featureType, unsigned int styleId, int level) const;
 
     /// Whether the land background has a custom colour at a level: that of the first record of "land", if customised.
-    /// @param colour  receives the packed colour
-    int IsCustomBackRegionEnable(std::uint64_t& colour, int level) const;
+    /// @param color  receives the packed colour
+    int IsCustomBackRegionEnable(std::uint64_t& color, int level) const;
 
     /// Whether the background grid has a custom colour; it is the same at every level.
-    /// @param colour  receives the packed colour
-    int IsCustomGridBackRegionEnable(std::uint64_t& colour, int level) const;
+    /// @param color  receives the packed colour
+    int IsCustomGridBackRegionEnable(std::uint64_t& color, int level) const;
     /// @}
 
     /// @name Feature types
@@ -312,9 +312,8 @@ public:
     /// writer marks every record.
     /// @{
 
-    void SetTypeColor(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels, int level);
-    void SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t colour, int allLevels,
-                           int level);
+    void SetTypeColor(int featureType, const CVString& elementType, std::uint64_t color, int allLevels, int level);
+    void SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t color, int allLevels, int level);
     /// @param hide  1 to hide the icon, 0 to show it; stored as it is
     void SetCustomIconInvisible(int featureType, const CVString& elementType, int hide, int allLevels, int level);
     /// @param weight  0 to 255; the low 8 bits are stored
@@ -324,7 +323,7 @@ public:
     void setFontSizeStyle(int featureType, const CVString& elementType, unsigned char size, int allLevels, int level);
 
     /// Sets the colour of the background grid.
-    void SetGridColorStyle(std::uint64_t colour);
+    void SetGridColorStyle(std::uint64_t color);
     /// @}
 
     /// @name Store

@@ -59,10 +59,10 @@ public:
     }
 
     /// CustomConfig::IsCustomBackRegionEnable: 1 and the land's packed background colour, or 0.
-    int IsCustomBackRegionEnable(std::uint64_t& colour, int level) const;
+    int IsCustomBackRegionEnable(std::uint64_t& color, int level) const;
 
     /// CustomConfig::IsCustomGridBackRegionEnable: 1 and the grid's packed colour, or 0.
-    int IsCustomGridBackRegionEnable(std::uint64_t& colour, int level) const;
+    int IsCustomGridBackRegionEnable(std::uint64_t& color, int level) const;
 
     /// Memory that the snapshot holds, this object included.
     std::size_t bytes() const;
@@ -86,7 +86,7 @@ private:
 
     // A level with answers of its own.
     struct Level {
-        std::uint64_t landColour = 0;
+        std::uint64_t landColor = 0;
         int isLandSet = 0;
         int level = 0;
     };
