@@ -162,8 +162,8 @@ TEST(Victims, NameWhatHidesThemAndItNamesThem) {
                                       {"highwaylabel", "labels", R"({"fontsize": "9"})"},
                                       {"highwaylabel", "labels.text.topsurface", R"({"color": "#112233"})"}});
     const auto hidden = [](const char* fields) {
-        return fmt::format(
-            " hidden-by-rule: the {} that it gives \"highwaylabel\" is not drawn: rule 4 disables it", fields);
+        return fmt::format(" hidden-by-rule: the {} that it gives \"highwaylabel\" is not drawn: rule 4 disables it",
+                           fields);
     };
     EXPECT_THAT(saidOf(file),
                 ElementsAre("1" + hidden("text fill"), "2" + hidden("text stroke"), "3" + hidden("font size"),

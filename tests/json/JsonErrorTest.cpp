@@ -41,8 +41,7 @@ constexpr auto kUtf16 = "the text is UTF-16; save it as UTF-8"sv;
 constexpr auto kNul = "a NUL byte ends the text here"sv;
 constexpr auto kMarkAlone = "a byte order mark needs at least two bytes after it"sv;
 constexpr auto kComment = "a comment is not JSON"sv;
-constexpr auto kInvisible =
-    "an invisible character is here; only spaces, tabs and line ends may be between values"sv;
+constexpr auto kInvisible = "an invisible character is here; only spaces, tabs and line ends may be between values"sv;
 constexpr auto kUnknown = "no JSON value starts with this character"sv;
 
 INSTANTIATE_TEST_SUITE_P(WholeText, Refusal,

@@ -97,8 +97,7 @@ private:
         const Word& word = m_words[m_place++];
         if (word.text == "id") return parseNext("a style id", &LineParser::parseStyleId);
         m_result.featureType = featureTypeOf(word.text);
-        return m_result.featureType ||
-               fail(word, "unknown feature type" + typeHint(word.text));
+        return m_result.featureType || fail(word, "unknown feature type" + typeHint(word.text));
     }
 
     bool parseStyleId(const Word& word) {
