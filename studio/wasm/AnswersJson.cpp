@@ -1,9 +1,7 @@
 #include "studio/wasm/AnswersJson.h"
 
-#include <map>
+#include <algorithm>
 #include <nlohmann/json.hpp>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 #include "customstyle/StyleSnapshot.h"
@@ -34,28 +32,30 @@ public:
 
     // Most questions find a record that another one has found: then nothing is written.
     std::size_t indexOf(const BorrowedStyle& found, bool isIconHidden) {
-        const auto [known, isNew] = m_known.try_emplace({found.style, found.featureType, isIconHidden}, 0);
-        if (isNew) known->second = indexOf(recordJson(m_config, found, isIconHidden).dump());
-        return known->second;
+        const Known record{found.style, found.featureType, isIconHidden};
+        const auto known = std::ranges::find(m_known, record);
+        if (known == m_known.end()) {
+            m_text += (m_known.empty() ? "" : ",") + recordJson(m_config, found, isIconHidden).dump();
+            m_known.push_back(record);
+            return m_known.size() - 1;
+        }
+        return static_cast<std::size_t>(known - m_known.begin());
     }
 
-    std::string text() const {
-        std::string list;
-        for (const std::string* each : m_texts) list += (list.empty() ? "" : ",") + *each;
-        return "[" + list + "]";
-    }
+    std::string text() const { return "[" + m_text + "]"; }
 
 private:
-    std::size_t indexOf(std::string text) {
-        const auto [known, isNew] = m_indexes.try_emplace(std::move(text), m_texts.size());
-        if (isNew) m_texts.push_back(&known->first);
-        return known->second;
-    }
+    struct Known {
+        const tagCustomStyle* style;
+        int featureType;
+        bool isIconHidden;
+
+        bool operator==(const Known&) const = default;
+    };
 
     const CustomConfig& m_config;
-    std::map<std::tuple<const tagCustomStyle*, int, bool>, std::size_t> m_known;
-    std::map<std::string, std::size_t> m_indexes;
-    std::vector<const std::string*> m_texts;
+    std::vector<Known> m_known;
+    std::string m_text;
 };
 
 // The records of a style id as a list of numbers, one for each level class.
