@@ -1,12 +1,12 @@
 #include "tools/build/BuildFile.h"
 
 #include <fmt/format.h>
-#include <toml++/toml.h>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "tools/build/Toml.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 
@@ -20,12 +20,11 @@ public:
     explicit Reader(const SourceFile& file) : m_file(file) {}
 
     BuildFile read() {
-        try {
-            // The table must not outlive this, but its regions are read here only.
-            const toml::table table = toml::parse(m_file.text(), m_file.path());
-            for (const auto& [key, value] : inOrder(table)) apply(*key, *value);
-        } catch (const toml::parse_error& error) {
-            problem(rangeOf(error.source()), problemOfToml(error.description()));
+        const std::variant<toml::table, TomlProblem> read = readToml(m_file);
+        if (const auto* fault = std::get_if<TomlProblem>(&read)) {
+            problem(fault->range, fault->what);
+        } else {
+            for (const auto& [key, value] : inOrder(std::get<toml::table>(read))) apply(*key, *value);
         }
         return std::move(m_result);
     }
@@ -33,14 +32,7 @@ public:
 private:
     using Member = std::pair<const toml::key*, const toml::node*>;
 
-    std::size_t offsetOf(const toml::source_position& position) const {
-        return m_file.lines().offset(position.line, position.column);
-    }
-
-    TextRange rangeOf(const toml::source_region& region) const {
-        const std::size_t begin = offsetOf(region.begin);
-        return {begin, std::max(begin, region.end ? offsetOf(region.end) : begin)};
-    }
+    TextRange rangeOf(const toml::source_region& region) const { return customstyle_tool::rangeOf(m_file, region); }
 
     void problem(TextRange range, const std::string& what) {
         m_result.problems.push_back(fmt::format("{}: {}", m_file.place(range.begin), escapedText(what)));
@@ -53,7 +45,7 @@ private:
         std::vector<Member> members;
         for (const auto& [key, value] : table) members.emplace_back(&key, &value);
         std::ranges::stable_sort(members, {},
-                                 [&](const Member& member) { return offsetOf(member.first->source().begin); });
+                                 [&](const Member& member) { return rangeOf(member.first->source()).begin; });
         return members;
     }
 
@@ -172,13 +164,6 @@ private:
 };
 
 }  // namespace
-
-std::string problemOfToml(std::string_view description) {
-    const std::size_t colon = description.find(": ");
-    const std::string_view what = colon == std::string_view::npos ? description : description.substr(colon + 2);
-    const bool isBareWord = what.find("determine value type") != std::string_view::npos;
-    return fmt::format("is not TOML: {}{}", what, isBareWord ? "; strings need double quotes" : "");
-}
 
 BuildFile readBuildFile(const SourceFile& file) {
     return Reader(file).read();

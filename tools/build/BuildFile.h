@@ -35,8 +35,4 @@ struct BuildFile {
 
 BuildFile readBuildFile(const SourceFile& file);
 
-/// What to say of a file that is not TOML.
-/// @param description  what the parser says: where it was, and what it met
-std::string problemOfToml(std::string_view description);
-
 }  // namespace customstyle_tool

@@ -1,16 +1,13 @@
 #include "tools/customstyle/Configuration.h"
 
 #include <fmt/format.h>
-#include <toml++/toml.h>
 
 #include <filesystem>
-#include <functional>
 #include <utility>
 
-#include "tools/build/BuildFile.h"
+#include "tools/build/Toml.h"
 #include "tools/customstyle/Arguments.h"
 #include "tools/host/Files.h"
-#include "tools/host/LoadedMap.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
@@ -38,27 +35,22 @@ std::optional<Severity> severityNamed(std::string_view name) {
 // Reads one file; what is wrong is thrown as a ConfigurationProblem.
 class Reader {
 public:
-    explicit Reader(std::string path) : m_path(std::move(path)) { m_result.path = m_path; }
+    explicit Reader(const SourceFile& file) : m_file(file) { m_result.path = file.path(); }
 
     Configuration read() {
-        const toml::table settings = parsed();
-        for (const auto& [key, value] : settings) apply(key, value);
+        const std::variant<toml::table, TomlProblem> settings = readToml(m_file);
+        if (const auto* problem = std::get_if<TomlProblem>(&settings)) fail(problem->range, problem->what);
+        for (const auto& [key, value] : std::get<toml::table>(settings)) apply(key, value);
         return std::move(m_result);
     }
 
 private:
-    toml::table parsed() const {
-        try {
-            return toml::parse_file(m_path);
-        } catch (const toml::parse_error& error) {
-            fail(error.source(), problemOfToml(error.description()));
-        }
+    [[noreturn]] void fail(TextRange place, const std::string& what) const {
+        throw ConfigurationProblem{fmt::format("{}: {}", m_file.place(place.begin), escapedText(what))};
     }
 
     [[noreturn]] void fail(const toml::source_region& place, const std::string& what) const {
-        const std::string position =
-            place.begin.line == 0 ? "" : fmt::format(":{}:{}", place.begin.line, place.begin.column);
-        throw ConfigurationProblem{fmt::format("{}{}: {}", m_path, position, escapedText(what))};
+        fail(rangeOf(m_file, place), what);
     }
 
     void apply(const toml::key& key, const toml::node& value) {
@@ -86,7 +78,7 @@ private:
     std::string pathIn(const toml::node& value) const {
         const auto text = value.value_exact<std::string>();
         if (!text || text->empty()) fail(value.source(), "write a path in quotes");
-        return (fs::path(m_path).parent_path() / *text).string();
+        return (fs::path(m_file.path()).parent_path() / *text).string();
     }
 
     bool flagIn(const toml::node& value) const {
@@ -130,24 +122,17 @@ private:
         }
     }
 
-    std::string m_path;
+    const SourceFile& m_file;
     Configuration m_result;
 };
-
-void forEachPiece(const std::string& word, const std::function<void(const std::string&)>& use) {
-    for (std::size_t begin = 0; begin <= word.size();) {
-        const std::size_t end = std::min(word.find(',', begin), word.size());
-        use(word.substr(begin, end - begin));
-        begin = end + 1;
-    }
-}
 
 }  // namespace
 
 std::variant<Configuration, ConfigurationProblem> readConfiguration(const std::string& path) {
-    if (const auto problem = problemOfFile(path, "settings file")) return ConfigurationProblem{problem->text};
+    const auto file = readSource(path, "settings file");
+    if (const auto* failure = std::get_if<ReadFailure>(&file)) return ConfigurationProblem{failure->text};
     try {
-        return Reader(path).read();
+        return Reader(*std::get<0>(file)).read();
     } catch (const ConfigurationProblem& problem) {
         return problem;
     }
@@ -179,17 +164,16 @@ std::optional<std::string> configurationFor(const std::string& style) {
 std::vector<Code> codesIn(const std::vector<std::string>& words) {
     std::vector<Code> codes;
     for (const std::string& word : words) {
-        forEachPiece(word, [&](const std::string& name) { codes.push_back(codeNamed(name).value_or(Code::kCount)); });
+        for (const std::string& name : split(word, ',')) codes.push_back(codeNamed(name).value_or(Code::kCount));
     }
     return codes;
 }
 
 std::string problemOfCodes(const std::string& word) {
-    std::string problem;
-    forEachPiece(word, [&](const std::string& name) {
-        if (problem.empty() && !codeNamed(name)) problem = unknownCode(name);
-    });
-    return problem;
+    for (const std::string& name : split(word, ',')) {
+        if (!codeNamed(name)) return unknownCode(name);
+    }
+    return {};
 }
 
 }  // namespace customstyle_tool

@@ -6,6 +6,8 @@
 #include <sstream>
 #include <vector>
 
+#include "tools/support/PlainText.h"
+
 namespace customstyle_tool {
 namespace {
 
@@ -38,6 +40,18 @@ std::string inColor(const std::string& text) {
     return result;
 }
 
+// A path as patch reads it: in quotes, and as C writes it, where it could do more than be read.
+std::string headOf(const std::string& path) {
+    if (escapedText(path) == path && path.find_first_of("\"\\") == std::string::npos) return path;
+    std::string quoted;
+    for (const char byte : path) {
+        const auto value = static_cast<unsigned char>(byte);
+        const bool isPlain = value >= ' ' && value <= '~' && byte != '"' && byte != '\\';
+        quoted += isPlain ? std::string(1, byte) : fmt::format("\\{:03o}", value);
+    }
+    return fmt::format("\"{}\"", quoted);
+}
+
 }  // namespace
 
 std::string unifiedDiff(const std::string& path, std::string_view before, std::string_view after, bool colored) {
@@ -48,7 +62,7 @@ std::string unifiedDiff(const std::string& path, std::string_view before, std::s
     diff.composeUnifiedHunks();
     std::ostringstream hunks;
     diff.printUnifiedFormat(hunks);
-    return fmt::format("--- {}\n+++ {}\n{}", path, path, colored ? inColor(hunks.str()) : hunks.str());
+    return fmt::format("--- {}\n+++ {}\n{}", headOf(path), headOf(path), colored ? inColor(hunks.str()) : hunks.str());
 }
 
 }  // namespace customstyle_tool

@@ -1,0 +1,26 @@
+// Toml: the one way to read a TOML file.
+#pragma once
+
+#include <toml++/toml.h>
+
+#include <string>
+#include <variant>
+
+#include "tools/json/SourceFile.h"
+
+namespace customstyle_tool {
+
+/// Why a text is no TOML, or none that is read here.
+struct TomlProblem {
+    TextRange range;
+    std::string what;
+};
+
+/// The table of a file. Refused are, beside faults, keys that nest deeper than anything of ours does: their tables
+/// could not be given back without running out of stack.
+std::variant<toml::table, TomlProblem> readToml(const SourceFile& file);
+
+/// The bytes of a region of the file.
+TextRange rangeOf(const SourceFile& file, const toml::source_region& region);
+
+}  // namespace customstyle_tool
