@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tests/minify/RandomStyle.h"
+#include "tests/study/Sources.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/StyleBuilder.h"
 #include "tests/support/TestStore.h"
@@ -65,7 +66,9 @@ TEST_F(EveryMap, IsSpokenForByFewerPairsForTheSameRules) {
         const auto [style, shorter] = styles(8);
         const bool isSame = areSame(Mapping::everyMap().text(), style, shorter);
         same += isSame ? 1 : 0;
-        EXPECT_EQ(areSame(mappingFor(minimalRules(style)), style, shorter), isSame) << style << shorter;
+        EXPECT_EQ(areSame(mappingFor(minimalRules(customstyle_test::StyleText(style).source())), style, shorter),
+                  isSame)
+            << style << shorter;
     }
     EXPECT_GT(same, 10);
 }
@@ -75,7 +78,7 @@ TEST_F(EveryMap, TellsAnIconThatAnotherTypeShows) {
     const std::string shadow = rule("highwaylabel", "labels.text.topsurface").color("#0000ff").json();
     const std::string hidden = rule("poilabel", "icon").visibility("off").json();
     const std::string both = "[" + shadow + "," + hidden + "]";
-    const std::string mapping = mappingFor(minimalRules(both));
+    const std::string mapping = mappingFor(minimalRules(customstyle_test::StyleText(both).source()));
     EXPECT_FALSE(areSame(mapping, both, "[" + hidden + "]"));
     EXPECT_TRUE(areSame(mapping, "[" + shadow + "]", "[]"));
 }

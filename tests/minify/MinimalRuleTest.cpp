@@ -3,6 +3,7 @@
 #include <string>
 
 #include "customstyle/CustomConfig.h"
+#include "tests/study/Sources.h"
 #include "tools/minify/MinimalRule.h"
 #include "tools/minify/ShortValues.h"
 
@@ -23,7 +24,7 @@ std::string ruleCaseName(const testing::TestParamInfo<RuleCase>& info) {
 }
 
 TEST_P(MinimalRules, SayWhatTheComponentReads) {
-    EXPECT_EQ(textOf(minimalRules(GetParam().style)), GetParam().minimal);
+    EXPECT_EQ(textOf(minimalRules(customstyle_test::StyleText(GetParam().style).source())), GetParam().minimal);
 }
 
 std::string ruleOf(const std::string& stylers) {

@@ -1,4 +1,5 @@
 // What leaving out a rule or a styler changes, alone and together.
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/Effects.h"
 #include "tools/study/Parts.h"
+#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_test {
 namespace {
@@ -88,6 +90,32 @@ TEST(Proofs, EndWhenTheTimeIsUp) {
     const Proofs proofs = proveEffects(*study, {.isTimeUp = [] { return true; }});
     EXPECT_EQ(proofs.effects.size(), 1U);
     EXPECT_EQ(proofs.unproven, 1U);
+}
+
+// One style id stands under all types. Each of these rules draws nothing, but makes its type answer for the icon, and
+// shows it: without all of them the last rule hides it.
+std::unique_ptr<StyleStudy> iconShownByMany() {
+    const std::string mapping = mappingText([](int) { return std::vector{7}; });
+    std::vector<std::string> rules;
+    for (const char* type : {"highwaylabel", "subwaylabel", "hotellabel", "educationlabel"}) {
+        rules.push_back(rule(type, "labels.text.topsurface").color("#112233").json());
+    }
+    rules.push_back(rule("poilabel", "icon").visibility("off").json());
+    return loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));
+}
+
+TEST(Proofs, KeepOneOfThoseThatCoverForEachOther) {
+    EXPECT_THAT(idleOf(*iconShownByMany()), testing::SizeIs(3));
+}
+
+TEST(Proofs, OfThoseThatCoverForEachOtherEndWhenTheTimeIsUp) {
+    const auto study = iconShownByMany();
+    int asked = 0;
+    // Each alone is proven in time, all of them together are not.
+    const Proofs proofs = proveEffects(*study, {.isTimeUp = [&] { return ++asked > 5; }});
+    EXPECT_EQ(std::ranges::count(proofs.effects, true, &ProvenEffect::isIdle), 0);
+    EXPECT_EQ(proofs.unproven, 4U);
+    EXPECT_EQ(proofs.effects.size(), 1U);
 }
 
 TEST(Proofs, LeaveOutNothingThatIsKept) {

@@ -7,18 +7,13 @@
 #include "tools/minify/Reach.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/DefaultMapping.h"
+#include "tools/study/Mapping.h"
 #include "tools/study/StyleStudy.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
 namespace {
-
-constexpr int kFirstPairId = 100000;
-
-int pairId(int left, int right) {
-    return kFirstPairId + std::min(left, right) * _orvik_framework::kFeatureTypeCount + std::max(left, right);
-}
 
 // At each level, the type that is asked last of those that hide icons. Whatever type keeps an icon from being hidden is
 // asked before it.
@@ -49,9 +44,9 @@ std::string mappingFor(const std::vector<MinimalRule>& rules) {
     const std::set<int> hiding = lastHidingTypes(*storeOf(defaultMapping(), textOf(rules)), reached);
     return mappingText([&](int featureType) {
         if (!reached.contains(featureType)) return std::vector<int>{};
-        std::vector<int> ids{pairId(featureType, featureType)};
+        std::vector<int> ids{sharedStyleId(featureType, featureType)};
         for (const int other : hiding.contains(featureType) ? reached : hiding) {
-            if (other != featureType) ids.push_back(pairId(featureType, other));
+            if (other != featureType) ids.push_back(sharedStyleId(featureType, other));
         }
         return ids;
     });

@@ -34,7 +34,7 @@ Minified firstProven(const StyleSource& style, const std::string& mapping,
 
 Minified minified(const StyleSource& style, const std::optional<std::string>& mapping, const Spread& spread) {
     const ComponentGuard guard;
-    const std::vector<MinimalRule> rules = minimalRules(style.file().text());
+    const std::vector<MinimalRule> rules = minimalRules(style);
     const auto shrink = [&] {
         const ShrunkStyle shrunk =
             shrunkStyle(rules, mapping ? Mapping::given(*mapping).speakersText() : mappingFor(rules), spread);

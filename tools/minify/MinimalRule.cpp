@@ -12,6 +12,8 @@
 
 #include "customstyle/CustomConfig.h"
 #include "tools/minify/ShortValues.h"
+#include "tools/study/RuleView.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -20,42 +22,22 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::CVString;
 using _orvik_vi::cJSON;
 
-// In the order in which the component acts on them.
-constexpr const char* kStylers[] = {"color", "visibility", "weight", "fontsize"};
-
-std::optional<std::string> textMember(const cJSON* object, const std::string& name) {
-    const cJSON* member = _orvik_vi::cJSON_GetObjectItem(object, name.c_str());
-    if (!cJSON_IsString(member)) return {};
-    return member->valuestring;
-}
-
-std::optional<int> levelOf(const CustomConfig& component, const cJSON* stylers) {
+// Empty where the component would not get as far as to look at a styler. Its own list names the stylers that it acts
+// on.
+std::optional<MinimalRule> minimalRule(const CustomConfig& component, const RuleView& rule) {
+    const bool isWhole = isText(rule.featureType) && isText(rule.elementType) && rule.stylers &&
+                         rule.stylers->kind() == JsonKind::Object;
+    if (!isWhole) return {};
+    const Tree tree = componentTree(rule.stylers->source());
+    const CVString list = component.ParseCustomStyler(tree.get());
+    MinimalRule minimal{rule.typeName, rule.path, {}, {}};
     int level = 0;
-    if (component.ParseCustomStyleGivenLevel(stylers, &level) != 0) return {};
-    return level;
-}
-
-// What the component would act on: the stylers that its own list names.
-std::vector<MinimalStyler> stylersOf(const CustomConfig& component, const std::string& featureType,
-                                     const cJSON* stylers) {
-    std::vector<MinimalStyler> found;
-    const CVString list = component.ParseCustomStyler(stylers);
-    for (const char* name : kStylers) {
-        if (list.Find(name) == -1) continue;
-        const std::string value = textMember(stylers, name).value_or("");
-        found.push_back({name, shortValue(component, featureType, name, value)});
+    if (component.ParseCustomStyleGivenLevel(tree.get(), &level) == 0) minimal.level = level;
+    for (const std::string& name : stylerNames()) {
+        if (list.Find(name.c_str()) == -1) continue;
+        const auto value = rule.textMember(name);
+        minimal.stylers.push_back({name, shortValue(component, rule.typeName, name, value ? value->text() : "")});
     }
-    return found;
-}
-
-// Empty where the component would not get as far as to look at a styler.
-std::optional<MinimalRule> ruleOf(const CustomConfig& component, const cJSON* rule) {
-    const auto featureType = textMember(rule, "featureType");
-    const auto elementType = textMember(rule, "elementType");
-    const cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(rule, "stylers");
-    if (!featureType || !elementType || !cJSON_IsObject(stylers)) return {};
-    MinimalRule minimal{*featureType, *elementType, levelOf(component, stylers), {}};
-    minimal.stylers = stylersOf(component, *featureType, stylers);
     return minimal.stylers.empty() ? std::nullopt : std::optional(std::move(minimal));
 }
 
@@ -95,7 +77,7 @@ void addText(cJSON* object, const char* name, const std::string& value) {
 std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earlier,
                                          const std::vector<MinimalStyler>& later) {
     std::vector<MinimalStyler> joined;
-    for (const char* name : kStylers) {
+    for (const std::string& name : stylerNames()) {
         for (const auto* stylers : {&later, &earlier}) {
             const auto found = std::ranges::find(*stylers, name, &MinimalStyler::name);
             if (found == stylers->end()) continue;
@@ -128,13 +110,11 @@ std::string textOf(const MinimalRule& rule) {
                        member("elementType", rule.elementType), fmt::join(stylers, ","));
 }
 
-std::vector<MinimalRule> minimalRules(std::string_view style) {
+std::vector<MinimalRule> minimalRules(const StyleSource& style) {
     const CustomConfig component;
-    const Tree tree = componentTree(style);
     std::vector<MinimalRule> rules;
-    const cJSON* rule = nullptr;
-    cJSON_ArrayForEach(rule, tree.get()) {
-        if (auto minimal = ruleOf(component, rule)) rules.push_back(std::move(*minimal));
+    for (const RuleView& rule : viewsOf(style)) {
+        if (auto minimal = minimalRule(component, rule)) rules.push_back(std::move(*minimal));
     }
     return rules;
 }

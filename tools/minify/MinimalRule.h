@@ -3,10 +3,10 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tools/study/SingleRules.h"
+#include "tools/study/StyleSource.h"
 
 namespace customstyle_tool {
 
@@ -32,8 +32,7 @@ std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earli
 
 /// The rules of a style file that name a feature type, an element and a styler, with their values in their shortest
 /// spelling. The component is asked for what it reads.
-/// @param style  text that is JSON
-std::vector<MinimalRule> minimalRules(std::string_view style);
+std::vector<MinimalRule> minimalRules(const StyleSource& style);
 
 /// A rule as text, and as a list with one rule for the component.
 std::string textOf(const MinimalRule& rule);

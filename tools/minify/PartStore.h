@@ -28,11 +28,6 @@ public:
     const std::set<int>& featureTypes() const { return m_featureTypes; }
 
 private:
-    void borrow();
-    void giveBack();
-    void clear();
-
-    const _orvik_framework::CustomConfig& m_map;
     std::set<int> m_featureTypes;
     _orvik_framework::CustomConfig m_config;
 };

@@ -1,12 +1,12 @@
 #include "tools/minify/Reach.h"
 
 #include "customstyle/StoredRecords.h"
-#include "tools/minify/PartStore.h"
 #include "tools/study/ComponentGuard.h"
-#include "tools/study/DefaultMapping.h"
+#include "tools/study/Probe.h"
 #include "tools/study/StyleKey.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/StyleFields.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -33,11 +33,11 @@ constexpr const char* kPaths[] = {"all",      "fill",     "icon",       "labels"
 std::vector<int> typesReachedFromType(int featureType) {
     const ComponentGuard guard;
     CustomConfig alone;
+    std::vector<MinimalStyler> each;
+    for (const Styler& styler : stylers()) each.push_back({std::string(styler.name), std::string(styler.example)});
     for (const char* path : kPaths) {
         const std::string& name = featureTypeNames()[static_cast<std::size_t>(featureType)];
-        const std::vector<MinimalStyler> stylers = {
-            {"color", "#000000"}, {"visibility", "off"}, {"weight", "1"}, {"fontsize", "1"}};
-        alone.ParseCustomConfig(treeOf({name, path, {}, stylers}).get());
+        alone.ParseCustomConfig(treeOf({name, path, {}, each}).get());
     }
     std::vector<int> types{featureType};
     for (const auto& [key, slot] : alone.m_keyStyleMaps) types.push_back(parsedKey(key).featureType);
@@ -51,10 +51,16 @@ std::vector<std::vector<int>> typesReachedFromAll() {
     return reached;
 }
 
-std::set<int> everyType() {
-    std::set<int> types;
-    for (int type = 0; type < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++type) types.insert(type);
-    return types;
+Reach reachOf(const MinimalRule& rule) {
+    const AloneOutcome outcome = outcomeAlone(textOf(rule));
+    Reach reach;
+    for (const auto& [key, slot] : outcome.store->m_keyStyleMaps) {
+        for (const auto& entry : StoredRecords(*slot)) addFields(reach, parsedKey(key).featureType, *entry.record);
+    }
+    // The grid's background and every icon belong to no record.
+    if (outcome.store->m_gridColorSet != 0) reach.insert(-1);
+    if (outcome.store->m_allIconsHidden != 0) reach.insert(-2);
+    return reach;
 }
 
 }  // namespace
@@ -63,31 +69,13 @@ std::span<const char* const> elementPaths() {
     return kPaths;
 }
 
-ReachProbe::ReachProbe() {
-    m_map.ParseMappingConfig(componentTree(defaultMapping()).get());
-}
-
 const Reach& ReachProbe::of(const std::string& featureType, const std::string& elementType,
                             const MinimalStyler& styler) {
     const std::string name = featureType + '\n' + elementType + '\n' + styler.name + '\n' +
-                             (styler.name == "visibility" ? styler.value : std::string());
+                             (isOfKind(styler.name, StylerKind::Visibility) ? styler.value : std::string());
     const auto known = m_known.find(name);
     if (known != m_known.end()) return known->second;
-    return m_known.emplace(name, ask(featureType, elementType, styler)).first->second;
-}
-
-Reach ReachProbe::ask(const std::string& featureType, const std::string& elementType,
-                      const MinimalStyler& styler) const {
-    PartStore store(m_map, everyType());
-    store.load({placed(0, {featureType, elementType, {}, {styler}})});
-    Reach reach;
-    for (const auto& [key, slot] : store.config().m_keyStyleMaps) {
-        for (const auto& entry : StoredRecords(*slot)) addFields(reach, parsedKey(key).featureType, *entry.record);
-    }
-    // The grid's background and every icon belong to no record.
-    if (store.config().m_gridColorSet != 0) reach.insert(-1);
-    if (store.config().m_allIconsHidden != 0) reach.insert(-2);
-    return reach;
+    return m_known.emplace(name, reachOf({featureType, elementType, {}, {styler}})).first->second;
 }
 
 const std::vector<int>& typesReachedFrom(const std::string& featureType) {

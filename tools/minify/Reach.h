@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "customstyle/CustomConfig.h"
 #include "tools/minify/MinimalRule.h"
 
 namespace customstyle_tool {
@@ -21,15 +20,10 @@ using Reach = std::set<int>;
 /// Tells what rules reach that stand alone, at all levels.
 class ReachProbe {
 public:
-    ReachProbe();
-
     /// Every field that the rule writes. Asked again, the answer is remembered.
     const Reach& of(const std::string& featureType, const std::string& elementType, const MinimalStyler& styler);
 
 private:
-    Reach ask(const std::string& featureType, const std::string& elementType, const MinimalStyler& styler) const;
-
-    _orvik_framework::CustomConfig m_map;  // a style id for each type
     std::map<std::string, Reach> m_known;
 };
 

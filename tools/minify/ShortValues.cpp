@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "tools/vocabulary/RecordText.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -31,8 +32,8 @@ std::string shortSize(const CustomConfig& component, const std::string& value) {
 std::string shortValue(const CustomConfig& component, const std::string& featureType, std::string_view styler,
                        const std::string& value) {
     std::string candidate = value;
-    if (styler == "color") candidate = shortColor(component, featureType, value);
-    if (styler == "weight" || styler == "fontsize") candidate = shortSize(component, value);
+    if (isOfKind(styler, StylerKind::Color)) candidate = shortColor(component, featureType, value);
+    if (isOfKind(styler, StylerKind::Size)) candidate = shortSize(component, value);
     return candidate.size() <= value.size() ? candidate : value;
 }
 

@@ -4,13 +4,14 @@
 
 #include <algorithm>
 
+#include "tools/study/ComponentGuard.h"
+#include "tools/study/Probe.h"
 #include "tools/vocabulary/Elements.h"
+#include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
-
-using _orvik_framework::CustomConfig;
 
 // The prefix brings the mark of labels into a path, or does not.
 constexpr const char* kPlainPrefix = "geometry.";
@@ -27,26 +28,25 @@ std::vector<StylerValue> stylerValues() {
     return values;
 }
 
-StylerColumn columnOf(RuleProbe& probe, const std::string& type, const StylerValue& styler) {
+StylerColumn columnOf(const std::string& type, const StylerValue& styler) {
     StylerColumn column{styler, {}};
     for (const char* word : elementWords()) {
         for (const bool namesLabels : {false, true}) {
             const std::string path = std::string(namesLabels ? kLabelsPrefix : kPlainPrefix) + word;
-            if (probe.works(type, path, styler)) column.elements.push_back({word, namesLabels});
+            if (worksAlone(type, path, styler.name, styler.value)) column.elements.push_back({word, namesLabels});
         }
     }
     return column;
 }
 
-TypeGroup groupOf(RuleProbe& probe, int featureType) {
-    const CustomConfig& component = probe.component();
+TypeGroup groupOf(int featureType) {
     TypeGroup group;
-    group.names.push_back(component.GetFeatureTypeName(featureType));
+    group.names.push_back(catalogue().GetFeatureTypeName(featureType));
     for (const StylerValue& styler : stylerValues()) {
-        group.columns.push_back(columnOf(probe, group.names.front(), styler));
+        group.columns.push_back(columnOf(group.names.front(), styler));
     }
-    group.ignoresAlpha = component.CalculateColorValue("#12345678", featureType) ==
-                         component.CalculateColorValue("#123456", featureType);
+    group.ignoresAlpha = catalogue().CalculateColorValue("#12345678", featureType) ==
+                         catalogue().CalculateColorValue("#123456", featureType);
     return group;
 }
 
@@ -57,10 +57,10 @@ std::string alternatives(const std::vector<std::string>& words, const char* cond
 }  // namespace
 
 std::vector<TypeGroup> typeGroups() {
-    RuleProbe probe;
+    const ComponentGuard guard;
     std::vector<TypeGroup> groups;
     for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) {
-        TypeGroup group = groupOf(probe, type);
+        TypeGroup group = groupOf(type);
         const auto known = std::ranges::find_if(groups, [&](const TypeGroup& other) {
             return other.columns == group.columns && other.ignoresAlpha == group.ignoresAlpha;
         });

@@ -4,9 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "tools/schema/RuleProbe.h"
-
 namespace customstyle_tool {
+
+/// A styler with a value.
+struct StylerValue {
+    std::string name;
+    std::string value;
+};
 
 /// Of an element path the component looks at the last word, and at whether the path names labels.
 struct ElementClass {

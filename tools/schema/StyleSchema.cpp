@@ -9,6 +9,7 @@
 #include "customstyle/CustomConfig.h"
 #include "tools/schema/NumberPattern.h"
 #include "tools/schema/RuleTable.h"
+#include "tools/study/SingleRules.h"
 #include "tools/vocabulary/Descriptions.h"
 #include "tools/vocabulary/Elements.h"
 #include "tools/vocabulary/RemarkMembers.h"

@@ -6,8 +6,9 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <span>
+#include <tuple>
 
-#include "tools/study/Answers.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/Parts.h"
 #include "tools/study/PatchedStore.h"
@@ -171,7 +172,7 @@ public:
     /// What changes; only whether anything changes, if not `details`.
     Effect compare(const CustomConfig& after, const LevelsByType& types, bool details) const {
         Effect effect;
-        compareBackgrounds(effect, after);
+        compareBackgrounds(effect, m_before, after);
         const Speaker& unlisted = m_speakers.back();
         if (m_before.m_allIconsHidden != after.m_allIconsHidden) compareStyleId(effect, after, unlisted, details);
         for (const auto& [type, levels] : types) {
@@ -184,23 +185,13 @@ public:
     }
 
 private:
-    void compareBackgrounds(Effect& effect, const CustomConfig& after) const {
-        for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
-            const int level = levelOfClass(levelClass);
-            if (landColor(m_before, level) != landColor(after, level)) effect.land.set(levelClass);
-            if (gridColor(m_before, level) != gridColor(after, level)) effect.grid.set(levelClass);
-        }
-    }
-
     void compareStyleId(Effect& effect, const CustomConfig& after, const Speaker& speaker, bool details,
                         LevelSet levels = LevelSet().set()) const {
         for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
             if (!levels[levelClass] || (effect.styles[levelClass] && effect.icons[levelClass])) continue;
-            const Answer& left = m_answersBefore.at(speaker, levelClass);
             const Answer right = ask(after, speaker.styleId, levelOfClass(levelClass));
-            if (!isSameStyle(left, right)) effect.styles.set(levelClass);
-            if (left.iconHidden != right.iconHidden) effect.icons.set(levelClass);
-            if (!details && effect.any()) return;
+            const bool isChanged = addDifference(effect, levelClass, m_answersBefore.at(speaker, levelClass), right);
+            if (isChanged && !details) return;
         }
     }
 
@@ -225,6 +216,10 @@ struct Proof {
     void tick(bool isOnCallingThread) {
         ++done;
         if (isOnCallingThread && options.progress) options.progress(std::min<std::size_t>(done, all), all);
+        watchTime();
+    }
+
+    void watchTime() {
         if (options.isTimeUp && options.isTimeUp()) isStopped = true;
     }
 };
@@ -498,36 +493,65 @@ std::vector<PartOutcome> proveParts(Proof& proof) {
     return outcomes;
 }
 
-void leaveOut(std::vector<bool>& leftOut, const StyleStudy& study, const ProvenEffect& effect) {
-    const auto [begin, end] = study.stepsOf(effect.rule);
-    for (std::size_t i = effect.step.value_or(begin); i < (effect.step ? *effect.step + 1 : end); ++i)
-        leftOut[i] = true;
-}
-
-// Style ids under types of different parts could have them cover for each other. That is rare, so it is looked for
-// once, and only then one after the other.
-void keepOnlyJoint(const StyleStudy& study, std::vector<ProvenEffect>& effects) {
-    std::vector<bool> leftOut(study.steps().size());
-    for (const ProvenEffect& effect : effects) {
-        if (effect.isIdle) leaveOut(leftOut, study, effect);
-    }
-    const auto changesNothing = [&](const std::vector<bool>& without) {
-        return !differenceBetween(study.spokenConfig(), *storeWithout(study, without)).any();
-    };
-    if (changesNothing(leftOut)) return;
-    leftOut.assign(leftOut.size(), false);
-    for (auto effect = effects.rbegin(); effect != effects.rend(); ++effect) {
-        if (!effect->isIdle) continue;
-        std::vector<bool> tried = leftOut;
-        leaveOut(tried, study, *effect);
-        effect->isIdle = changesNothing(tried);
-        if (effect->isIdle) leftOut = std::move(tried);
-    }
-}
-
 auto orderOf(const ProvenEffect& effect) {
     return std::tuple(effect.rule, effect.step ? *effect.step + 1 : 0);
 }
+
+// Style ids under types of different parts could have them cover for each other. That is rare, so everything idle is
+// left out at once first, and only then by halves, from the last rule to the first.
+class JointProof {
+public:
+    explicit JointProof(Proof& proof) : m_proof(proof), m_leftOut(proof.study.steps().size()) {}
+
+    void run(Proofs& proofs) {
+        std::vector<ProvenEffect*> idle;
+        for (auto each = proofs.effects.rbegin(); each != proofs.effects.rend(); ++each) {
+            if (each->isIdle) idle.push_back(&*each);
+        }
+        if (idle.empty() || changesNothingMoreWithout(idle)) return;
+        proveHalves(idle);
+        proofs.unproven += m_unproven.size();
+        std::erase_if(proofs.effects, [&](const ProvenEffect& each) { return m_unproven.contains(orderOf(each)); });
+    }
+
+private:
+    using Effects = std::span<ProvenEffect* const>;
+
+    void prove(Effects effects) {
+        if (m_proof.isStopped) {
+            for (const ProvenEffect* each : effects) m_unproven.insert(orderOf(*each));
+        } else if (!changesNothingMoreWithout(effects)) {
+            proveHalves(effects);
+        }
+    }
+
+    void proveHalves(Effects effects) {
+        m_proof.watchTime();
+        if (effects.size() == 1) {
+            effects.front()->isIdle = false;
+            return;
+        }
+        prove(effects.first(effects.size() / 2));
+        prove(effects.subspan(effects.size() / 2));
+    }
+
+    // They stay left out if so.
+    bool changesNothingMoreWithout(Effects effects) {
+        std::vector<bool> leftOut = m_leftOut;
+        for (const ProvenEffect* each : effects) {
+            const auto [begin, end] = m_proof.study.stepsOf(each->rule);
+            for (std::size_t i = each->step.value_or(begin); i < (each->step ? *each->step + 1 : end); ++i)
+                leftOut[i] = true;
+        }
+        if (differenceBetween(m_proof.study.spokenConfig(), *storeWithout(m_proof.study, leftOut)).any()) return false;
+        m_leftOut = std::move(leftOut);
+        return true;
+    }
+
+    Proof& m_proof;
+    std::vector<bool> m_leftOut;  // by step
+    std::set<std::tuple<std::size_t, std::size_t>> m_unproven;
+};
 
 }  // namespace
 
@@ -543,7 +567,7 @@ Proofs proveEffects(const StyleStudy& study, const ProofOptions& options) {
     }
     std::ranges::sort(all.effects, {}, orderOf);
     // Each part holds beside all that the others leave behind whole.
-    if (std::ranges::count(outcomes, true, &PartOutcome::leavesDifference) > 1) keepOnlyJoint(study, all.effects);
+    if (std::ranges::count(outcomes, true, &PartOutcome::leavesDifference) > 1) JointProof(proof).run(all);
     return all;
 }
 

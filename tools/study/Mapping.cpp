@@ -20,16 +20,11 @@ using _orvik_vi::cJSON;
 
 constexpr int kFirstPairId = 100'000;
 
-int pairId(int left, int right) {
-    return left == right ? static_cast<int>(defaultStyleId(left))
-                         : kFirstPairId + std::min(left, right) * kFeatureTypeCount + std::max(left, right);
-}
-
 std::string mappingOfAllPairs() {
     return mappingText([](int featureType) {
-        std::vector<int> ids{pairId(featureType, featureType)};
+        std::vector<int> ids{sharedStyleId(featureType, featureType)};
         for (int other = 0; other < _orvik_framework::EMAPCUSTOMSTYLE_ALL; ++other) {
-            if (other != featureType) ids.push_back(pairId(featureType, other));
+            if (other != featureType) ids.push_back(sharedStyleId(featureType, other));
         }
         return ids;
     });
@@ -100,6 +95,11 @@ private:
 };
 
 }  // namespace
+
+int sharedStyleId(int left, int right) {
+    return left == right ? static_cast<int>(defaultStyleId(left))
+                         : kFirstPairId + std::min(left, right) * kFeatureTypeCount + std::max(left, right);
+}
 
 Mapping Mapping::everyMap() {
     static const Mapping mapping(Kind::EveryMap, mappingOfAllPairs());

@@ -88,6 +88,9 @@ private:
     std::shared_ptr<const Known> m_known;
 };
 
+/// The style id that stands under two feature types, or under one alone, in the mapping of every map.
+int sharedStyleId(int left, int right);
+
 /// Whether a question of the renderer can find a style id that a mapping lists.
 bool canBeAskedFor(int styleId);
 

@@ -1,15 +1,14 @@
 #include "tools/study/Probe.h"
 
-#include <algorithm>
 #include <map>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/Mapping.h"
 #include "tools/study/SingleRules.h"
-#include "tools/study/StyleSource.h"
+#include "tools/study/StoreDifference.h"
+#include "tools/study/StoreImage.h"
 #include "tools/vocabulary/Elements.h"
 #include "tools/vocabulary/Stylers.h"
 
@@ -17,46 +16,64 @@ namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
+using _orvik_framework::tagCustomStyle;
 
-bool doesSomething(const ReplayStep& step) {
-    return !step.touches.empty() || step.gridColor || step.hidesEveryIcon;
+std::unique_ptr<CustomConfig> emptyStore() {
+    auto store = std::make_unique<CustomConfig>();
+    store->ParseMappingConfig(Mapping::standard().tracedTree());
+    return store;
 }
 
-bool leavesCustomised(const ReplayStep& step) {
-    return std::ranges::all_of(step.touches, [](const RecordTouch& touch) { return touch.after.m_custom != 0; });
+Tree listOf(const std::string& ruleText) {
+    return componentTree("[" + ruleText + "]");
+}
+
+// The store of a rule, and the same where all icons were hidden: one that is shown again only shows there.
+std::pair<StoreImage, StoreImage> imagesOf(const std::string& ruleText, const AloneOutcome& outcome) {
+    const ComponentGuard guard;
+    StoreImage image(*outcome.store);
+    for (const auto& [key, slot] : outcome.store->m_keyStyleMaps) {
+        forEachSlotRecord(*slot, [](int, tagCustomStyle& record) { record.m_iconHidden = 1; });
+    }
+    outcome.store->ParseCustomConfig(listOf(ruleText).get());
+    return {std::move(image), StoreImage(*outcome.store)};
 }
 
 }  // namespace
 
 AloneOutcome outcomeAlone(const std::string& ruleText) {
-    std::vector<std::string> log;
-    const LogRecording recording(log);
-    const auto config = std::make_unique<CustomConfig>();
-    config->ParseMappingConfig(Mapping::standard().tracedTree());
-    config->ParseCustomConfig(componentTree("[" + ruleText + "]").get());
-    return {StoreImage(*config), log};
+    AloneOutcome outcome;
+    const LogRecording recording(outcome.log);
+    outcome.store = emptyStore();
+    outcome.store->ParseCustomConfig(listOf(ruleText).get());
+    return outcome;
 }
 
-std::vector<ReplayStep> stepsOfRule(const std::string& ruleText) {
-    const SourceFile file("rule", "[" + ruleText + "]");
-    const auto parsed = parseJson(file.text());
-    if (!std::holds_alternative<JsonDocument>(parsed)) return {};
-    const StyleSource source(file, std::get<JsonDocument>(parsed));
-    return TracedReplay(Mapping::standard().tracedTree(), singleRules(source)).steps();
+bool doTheSame(const std::string& left, const std::string& right) {
+    const AloneOutcome ofLeft = outcomeAlone(left);
+    const AloneOutcome ofRight = outcomeAlone(right);
+    return ofLeft.log == ofRight.log && imagesOf(left, ofLeft) == imagesOf(right, ofRight);
 }
 
-std::vector<ReplayStep> stepsOfRule(std::string_view featureType, std::string_view elementPath, std::string_view styler,
-                                    std::string_view value) {
+AloneOutcome outcomeAlone(std::string_view featureType, std::string_view elementPath, std::string_view styler,
+                          std::string_view value) {
     nlohmann::json rule{{"featureType", featureType}, {"elementType", elementPath}};
     rule["stylers"][std::string(styler)] = value;
-    return stepsOfRule(rule.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    return outcomeAlone(rule.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+}
+
+bool worksAlone(std::string_view featureType, std::string_view elementPath, std::string_view styler,
+                std::string_view value) {
+    const AloneOutcome outcome = outcomeAlone(featureType, elementPath, styler, value);
+    if (!outcome.log.empty()) return false;
+    static const std::unique_ptr<const CustomConfig> empty = emptyStore();
+    const Effect effect = differenceBetween(*empty, *outcome.store);
+    const bool hidesByOn = value == "on" && effect.icons.any();
+    return effect.any() && !hidesByOn;
 }
 
 bool acceptsStyler(std::string_view featureType, std::string_view elementPath, std::string_view styler) {
-    const auto steps = stepsOfRule(featureType, elementPath, styler, stylerNamed(styler)->example);
-    return std::ranges::any_of(steps, [](const ReplayStep& step) {
-        return step.log.empty() && doesSomething(step) && leavesCustomised(step);
-    });
+    return worksAlone(featureType, elementPath, styler, stylerNamed(styler)->example);
 }
 
 const std::vector<std::string>& elementsTaking(const std::string& featureType, const std::string& styler) {

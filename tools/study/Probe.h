@@ -1,34 +1,37 @@
-// Asks a fresh component what it would make of a single rule, styler or value.
+// Asks a fresh component what it would make of a single rule or styler.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tools/study/StoreImage.h"
-#include "tools/study/TracedReplay.h"
+#include "customstyle/CustomConfig.h"
 
 namespace customstyle_tool {
 
-/// What a rule alone leaves in the store.
+/// What a rule alone leaves in a store over defaultMapping().
 struct AloneOutcome {
-    StoreImage store;
+    std::unique_ptr<_orvik_framework::CustomConfig> store;
     std::vector<std::string> log;
-
-    bool operator==(const AloneOutcome&) const = default;
 };
 
-/// Loads the rule into an empty store over defaultMapping().
+/// Loads the rule into an empty store.
 AloneOutcome outcomeAlone(const std::string& ruleText);
 
-/// The steps of the rule in an empty store over defaultMapping().
-std::vector<ReplayStep> stepsOfRule(const std::string& ruleText);
+/// The same of a rule that is written for the question.
+AloneOutcome outcomeAlone(std::string_view featureType, std::string_view elementPath, std::string_view styler,
+                          std::string_view value);
 
-/// The steps of a rule that is written for the question.
-std::vector<ReplayStep> stepsOfRule(std::string_view featureType, std::string_view elementPath, std::string_view styler,
-                                    std::string_view value);
+/// Whether two rules do the same, each by itself, and log the same.
+bool doTheSame(const std::string& left, const std::string& right);
 
-/// Whether the component does something for a styler on an element of a type, and does not complain.
+/// Whether a rule with this one styler does what it says: it is taken without complaint, changes an answer, and hides
+/// no icon by being "on".
+bool worksAlone(std::string_view featureType, std::string_view elementPath, std::string_view styler,
+                std::string_view value);
+
+/// The same with a value that the component takes.
 bool acceptsStyler(std::string_view featureType, std::string_view elementPath, std::string_view styler);
 
 /// The usual element paths on which a type takes a styler. The component is asked once for each type and styler.

@@ -59,44 +59,45 @@ LevelsByStyleId everyQuestion(const CustomConfig& config) {
     return questions;
 }
 
-void compareStyleId(Effect& effect, const CustomConfig& left, const CustomConfig& right, unsigned int styleId,
-                    const LevelSet& levels) {
+// Whether the answers about a style id differ at some of the levels.
+bool compareStyleId(Effect& effect, const CustomConfig& left, const CustomConfig& right, unsigned int styleId,
+                    const LevelSet& levels, bool isOneEnough) {
     bool isChanged = false;
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
         if (!levels[levelClass]) continue;
-        const Answer before = ask(left, styleId, levelOfClass(levelClass));
-        const Answer after = ask(right, styleId, levelOfClass(levelClass));
-        const bool style = !isSameStyle(before, after);
-        const bool icon = before.iconHidden != after.iconHidden;
-        if (style) effect.styles.set(levelClass);
-        if (icon) effect.icons.set(levelClass);
-        isChanged |= style || icon;
+        const int level = levelOfClass(levelClass);
+        isChanged |= addDifference(effect, levelClass, ask(left, styleId, level), ask(right, styleId, level));
+        if (isChanged && isOneEnough) return true;
     }
-    effect.styleIds += isChanged ? 1 : 0;
+    return isChanged;
 }
 
 Effect compare(const CustomConfig& left, const CustomConfig& right, const LevelsByStyleId& questions) {
     Effect effect;
-    for (const auto& [styleId, levels] : questions) compareStyleId(effect, left, right, styleId, levels);
+    for (const auto& [styleId, levels] : questions) {
+        effect.styleIds += compareStyleId(effect, left, right, styleId, levels, false) ? 1 : 0;
+    }
+    compareBackgrounds(effect, left, right);
+    return effect;
+}
+
+}  // namespace
+
+bool addDifference(Effect& effect, std::size_t levelClass, const Answer& left, const Answer& right) {
+    const bool style = !isSameStyle(left, right);
+    const bool icon = left.iconHidden != right.iconHidden;
+    if (style) effect.styles.set(levelClass);
+    if (icon) effect.icons.set(levelClass);
+    return style || icon;
+}
+
+void compareBackgrounds(Effect& effect, const CustomConfig& left, const CustomConfig& right) {
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
         const int level = levelOfClass(levelClass);
         effect.land[levelClass] = landColor(left, level) != landColor(right, level);
         effect.grid[levelClass] = gridColor(left, level) != gridColor(right, level);
     }
-    return effect;
 }
-
-bool isSameBackground(const CustomConfig& left, const CustomConfig& right, int level) {
-    return landColor(left, level) == landColor(right, level) && gridColor(left, level) == gridColor(right, level);
-}
-
-bool isSameAnswer(const CustomConfig& left, const CustomConfig& right, unsigned int styleId, int level) {
-    const Answer before = ask(left, styleId, level);
-    const Answer after = ask(right, styleId, level);
-    return isSameStyle(before, after) && before.iconHidden == after.iconHidden;
-}
-
-}  // namespace
 
 LevelsByStyleId openQuestions(const CustomConfig& left, const CustomConfig& right, std::optional<int> level) {
     LevelsByStyleId questions;
@@ -106,18 +107,13 @@ LevelsByStyleId openQuestions(const CustomConfig& left, const CustomConfig& righ
 }
 
 bool isAnsweredAlike(const CustomConfig& left, const CustomConfig& right, const LevelsByStyleId& questions) {
-    const auto isAlike = [&](const auto& question) {
-        for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
-            const int level = levelOfClass(levelClass);
-            if (question.second[levelClass] && !isSameAnswer(left, right, question.first, level)) return false;
-        }
-        return true;
-    };
-    if (!isSameAnswer(left, right, kNeverListed, 0) || !std::ranges::all_of(questions, isAlike)) return false;
-    for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
-        if (!isSameBackground(left, right, levelOfClass(levelClass))) return false;
+    Effect effect;
+    if (compareStyleId(effect, left, right, kNeverListed, LevelSet().set(kOtherLevels), true)) return false;
+    for (const auto& [styleId, levels] : questions) {
+        if (compareStyleId(effect, left, right, styleId, levels, true)) return false;
     }
-    return true;
+    compareBackgrounds(effect, left, right);
+    return !effect.any();
 }
 
 Effect differenceBetween(const CustomConfig& left, const CustomConfig& right) {

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "customstyle/CustomConfig.h"
+#include "tools/study/Answers.h"
 #include "tools/vocabulary/Levels.h"
 
 namespace customstyle_tool {
@@ -23,6 +24,13 @@ struct Effect {
 
 /// Style ids, each with the level classes to ask about.
 using LevelsByStyleId = std::map<unsigned int, LevelSet>;
+
+/// Adds to an effect how two answers to one question differ. Answers whether they do.
+bool addDifference(Effect& effect, std::size_t levelClass, const Answer& left, const Answer& right);
+
+/// Adds to an effect how the backgrounds differ.
+void compareBackgrounds(Effect& effect, const _orvik_framework::CustomConfig& left,
+                        const _orvik_framework::CustomConfig& right);
 
 /// The questions about style ids that two stores may answer differently. A question about a style id reads nothing but
 /// the records filed under it, and whether the keys of their types are registered.

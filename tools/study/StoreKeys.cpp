@@ -15,9 +15,14 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::tagCustomStyle;
 
-void releaseRecords(CVMapPtrToPtr& slot) {
-    forEachSlotRecord(slot, [](int, tagCustomStyle& record) { _orvik_vi::VDeleteArray(&record); });
-    slot.RemoveAll();
+// Gives back all slots but the first ones.
+void releaseSlots(CustomConfig& config, int kept) {
+    for (int i = kept; i < config.m_usedLevelSlots; ++i) {
+        CVMapPtrToPtr& slot = config.m_levelStyleMaps[i];
+        forEachSlotRecord(slot, [](int, tagCustomStyle& record) { _orvik_vi::VDeleteArray(&record); });
+        slot.RemoveAll();
+    }
+    config.m_usedLevelSlots = kept;
 }
 
 }  // namespace
@@ -51,12 +56,13 @@ void forgetKeys(CustomConfig& config, const std::vector<std::string>& keys, int 
         config.m_keyStyleMaps.erase(key);
         config.m_styleEffectLevels.erase(key);
     }
-    for (int slot = usedSlots; slot < config.m_usedLevelSlots; ++slot) releaseRecords(config.m_levelStyleMaps[slot]);
-    config.m_usedLevelSlots = usedSlots;
+    releaseSlots(config, usedSlots);
 }
 
 void forgetStyles(CustomConfig& config) {
-    forgetKeys(config, keysInOrder(config), 0);
+    config.m_keyStyleMaps.clear();
+    config.m_styleEffectLevels.clear();
+    releaseSlots(config, 0);
     config.m_gridColor = 0;
     config.m_gridColorSet = 0;
     config.m_allIconsHidden = 0;

@@ -23,7 +23,7 @@ void addKey(_orvik_framework::CustomConfig& config, const std::string& key);
 /// @param usedSlots  how many slots there were before they came
 void forgetKeys(_orvik_framework::CustomConfig& config, const std::vector<std::string>& keys, int usedSlots);
 
-/// Takes back all that rules have done.
+/// Takes back all that rules have done. A new store would take longer: most of it is tables of names.
 void forgetStyles(_orvik_framework::CustomConfig& config);
 
 }  // namespace customstyle_tool
