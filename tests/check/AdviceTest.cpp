@@ -128,6 +128,28 @@ TEST_P(RandomAdvice, LeavesEveryAnswerAsItIsWhenAllOfItIsFollowed) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomAdvice, testing::Range(0U, 40U));
 
+// ---- Who answers instead --------------------------------------------------------------------------------------------
+
+std::string mappingWith(std::initializer_list<std::pair<const char*, std::vector<int>>> lists) {
+    return mappingText([&](int featureType) {
+        for (const auto& [name, ids] : lists) {
+            if (catalogue().GetFeatureTypeName(featureType) == name) return ids;
+        }
+        return std::vector<int>();
+    });
+}
+
+TEST(SharedIds, AreToldForEachTypeThatAnswersWithItsLevels) {
+    const std::string mapping = mappingWith({{"water", {1, 2}}, {"green", {1}}, {"land", {2}}});
+    const CheckedFile file = checked({{"green", "geometry", R"({"color": "#3366cc", "level": "12"})"},
+                                      {"land", "geometry", R"({"color": "#cc3366"})"},
+                                      {"water", "geometry", R"({"color": "#112233"})"}},
+                                     mapping);
+    EXPECT_THAT(messagesOf(file, Code::SharedIdsLost),
+                ElementsAre("style ids that \"water\" shares with \"green\", such as 1, follow \"green\" at level 12",
+                            "style ids that \"water\" shares with \"land\", such as 2, follow \"land\" at all levels"));
+}
+
 // ---- Who is to blame ------------------------------------------------------------------------------------------------
 
 TEST(Culprits, AreThoseThatWriteTheValuesAgain) {

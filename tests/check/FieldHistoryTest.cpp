@@ -23,7 +23,7 @@ std::vector<std::string> lossesOf(std::initializer_list<std::string> rules) {
     const FieldHistory history(replay.steps());
     for (const LostWork& loss : history.losses()) {
         losses.push_back(fmt::format("{} < {}: {}, {}", loss.victim, loss.culprit, styleFields()[loss.field].name,
-                                     loss.kind == LostHow::Reset ? "reset" : "overwritten"));
+                                     loss.kind == LossKind::Reset ? "reset" : "overwritten"));
     }
     return losses;
 }
@@ -69,7 +69,7 @@ TEST(FieldHistory, KnowsTheOwnersInTheEnd) {
     const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));
     const TracedReplay replay(Mapping::standard().tracedTree(), singleRules(style));
     const FieldHistory history(replay.steps());
-    const RecordOwners& owners = history.ownersOf("2:9", replay.steps()[1].touches.at(0).styleId);
+    const RecordOwners& owners = history.records().at({2, 9}).owners;
     EXPECT_EQ(owners[fieldIndex("fill")], (Owner{0, false}));
     EXPECT_EQ(owners[fieldIndex("stroke weight")], (Owner{1, true}));
     EXPECT_EQ(owners[fieldIndex("text fill")], Owner{});

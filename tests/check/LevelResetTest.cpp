@@ -14,8 +14,10 @@ namespace {
 
 using namespace customstyle_tool;
 using testing::Contains;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 constexpr int kLevel = 12;
 
@@ -91,6 +93,21 @@ INSTANTIATE_TEST_SUITE_P(Remedies, LevelReset,
                                                     {"labels.text.fill", R"({"color": "#cc3366"})"},
                                                     {"labels.text.fill", R"({"fontsize": "12", "level": "12"})"}}}),
                          [](const testing::TestParamInfo<ResetCase>& reset) { return std::string(reset.param.name); });
+
+// Rules that write several times, after one for all levels.
+std::vector<std::string> resetsOfItself(const char* featureType, const char* element, const char* stylers) {
+    return messagesOf(checkedStyle(fmt::format("[{},{}]", ruleText(featureType, "all", R"({"color": "#3366cc"})"),
+                                               ruleText(featureType, element, stylers))),
+                      Code::LevelResetsItself);
+}
+
+TEST(LevelResetsItself, IsToldOfWhateverWritesSeveralTimes) {
+    EXPECT_THAT(resetsOfItself("city", "all", R"({"weight": "3", "level": "12"})"),
+                ElementsAre(HasSubstr("fill weight, stroke weight does not stay at level 12")));
+    EXPECT_THAT(resetsOfItself("city", "labels", R"({"visibility": "off", "level": "12"})"), SizeIs(1));
+    EXPECT_THAT(resetsOfItself("city", "labels.text.fill", R"({"weight": "3", "level": "12"})"), IsEmpty());
+    EXPECT_THAT(resetsOfItself("city", "all", R"({"weight": "3"})"), IsEmpty());
+}
 
 }  // namespace
 }  // namespace customstyle_test

@@ -8,7 +8,6 @@
 #include "tools/check/StyleFindings.h"
 #include "tools/study/Answers.h"
 #include "tools/study/ComponentGuard.h"
-#include "tools/study/StyleKey.h"
 #include "tools/vocabulary/Levels.h"
 #include "tools/vocabulary/RecordText.h"
 #include "tools/vocabulary/Stylers.h"
@@ -22,11 +21,10 @@ using _orvik_framework::EMAPCUSTOMSTYLE_LAND;
 // The owners of the record of the land that is in effect at a level; null for none.
 const RecordOwners* landOwners(const StyleStudy& study, std::size_t levelClass) {
     const RecordOwners* ofAll = nullptr;
-    for (const auto& [record, owners] : study.history().records()) {
-        const auto [featureType, level] = parsedKey(record.first);
-        if (featureType != EMAPCUSTOMSTYLE_LAND) continue;
-        if (!level) ofAll = &owners;
-        if (level && classOfLevel(*level) == levelClass) return &owners;
+    for (const auto& [key, story] : study.history().records()) {
+        if (key.featureType != EMAPCUSTOMSTYLE_LAND) continue;
+        if (!key.level) ofAll = &story.owners;
+        if (key.level && classOfLevel(*key.level) == levelClass) return &story.owners;
     }
     return ofAll;
 }
@@ -56,8 +54,7 @@ std::map<Blame, LevelSet> invisibleLand(const StyleStudy& study) {
 void findLand(StyleFindings& found) {
     for (const auto& [blame, levels] : invisibleLand(found.study())) {
         const ReplayStep& step = found.steps()[blame.step];
-        const Styler* const styler = stylerNamed(step.styler);
-        if (blame.wroteFill && styler->kind == StylerKind::Color) continue;  // a colour that its author chose
+        if (blame.wroteFill && isOfKind(step.styler, StylerKind::Color)) continue;  // a colour that its author chose
         found.add(blame.wroteFill ? Code::LandHidden : Code::LandInvisible, step,
                   fmt::format("the land's background becomes {} at {}{}", colorText(0), levelsPhrase(levels),
                               blame.wroteFill ? "" : ": the land is customised, and no rule gives it a fill"));
@@ -66,8 +63,7 @@ void findLand(StyleFindings& found) {
 
 void findGrid(StyleFindings& found) {
     for (const ReplayStep& step : found.steps()) {
-        const Styler* const styler = stylerNamed(step.styler);
-        if (styler == nullptr || styler->kind == StylerKind::Size || step.gridColor) continue;
+        if (step.styler.empty() || isOfKind(step.styler, StylerKind::Size) || step.gridColor) continue;
         const bool isGrid = found.ruleOf(step).typeId == EMAPCUSTOMSTYLE_GRID;
         if (!isGrid || step.keys.empty()) continue;
         const auto color = gridColor(found.study().spokenConfig(), 0);

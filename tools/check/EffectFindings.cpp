@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "tools/check/StyleFindings.h"
@@ -20,32 +21,25 @@ bool doesNothing(const ReplayStep& step) {
     return step.touches.empty() && !step.gridColor && !step.hidesEveryIcon;
 }
 
-// The first answer that passes the test, of those at the levels at which a record can be in effect.
-template <typename Test>
-std::optional<Answer> findAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch, Test test) {
+// Calls `visit(levelClass, answer)` for the levels at which a record can be in effect.
+template <typename Visit>
+void forEachAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch, Visit visit) {
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
         if (touch.level && *touch.level != levelOfClass(levelClass)) continue;
-        const Answer& answer = study.answers().at(speaker, levelClass);
-        if (test(answer)) return answer;
+        visit(levelClass, study.answers().at(speaker, levelClass));
     }
-    return {};
 }
 
 bool isOfOtherType(const Answer& answer, const RecordTouch& touch) {
     return answer.featureType != -1 && answer.featureType != touch.featureType;
 }
 
-// Another type that answers at one of these levels, and with other values, if one does.
-std::optional<int> otherAnswering(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch) {
-    const auto found = findAnswer(study, speaker, touch, [&](const Answer& answer) {
-        return isOfOtherType(answer, touch) && !sameFields(answer.style, touch.after);
-    });
-    return found ? std::optional(found->featureType) : std::nullopt;
-}
-
 // Whether other types answer at all of these levels.
 bool othersAnswer(const StyleStudy& study, const Speaker& speaker, const RecordTouch& touch) {
-    return !findAnswer(study, speaker, touch, [&](const Answer& answer) { return !isOfOtherType(answer, touch); });
+    bool areOthers = true;
+    forEachAnswer(study, speaker, touch,
+                  [&](std::size_t, const Answer& answer) { areOthers = areOthers && isOfOtherType(answer, touch); });
+    return areOthers;
 }
 
 template <typename Visit>
@@ -103,12 +97,11 @@ private:
         std::set<std::size_t> steps;
         Culprits culprits;
         for (std::size_t step = m_begin; step < m_end; ++step) {
-            for (const std::size_t place : m_history.lossesOf(step)) {
-                const LostWork& loss = m_history.losses()[place];
+            for (const LostWork& loss : m_history.lossesOf(step)) {
                 if (isOwn(loss.culprit)) continue;
                 steps.insert(loss.culprit);
                 culprits.isSame &= !loss.isChanged;
-                culprits.isAll &= loss.kind == LostHow::Overwritten;
+                culprits.isAll &= loss.kind == LossKind::Overwritten;
             }
         }
         // Who starts a record over writes none of the values.
@@ -122,9 +115,8 @@ private:
         std::size_t owned = 0;
         std::size_t written = 0;
         for (std::size_t step = m_begin; step < m_end; ++step) {
-            for (const std::size_t place : m_history.lossesBy(step)) {
-                const LostWork& loss = m_history.losses()[place];
-                if (isOwn(loss.victim) || loss.kind != LostHow::Overwritten) continue;
+            for (const LostWork& loss : m_history.lossesBy(step)) {
+                if (isOwn(loss.victim) || loss.kind != LossKind::Overwritten) continue;
                 steps.insert(loss.victim);
                 ++owned;
             }
@@ -174,10 +166,8 @@ private:
     }
 
     bool isSameGrid(std::size_t step) const {
-        return std::ranges::any_of(m_history.lossesBy(step), [&](std::size_t place) {
-            const LostWork& loss = m_history.losses()[place];
-            return loss.field == kGridField && !loss.isChanged;
-        });
+        return std::ranges::any_of(m_history.lossesBy(step),
+                                   [](const LostWork& loss) { return loss.field == kGridField && !loss.isChanged; });
     }
 
     // Whether all that the steps do is in records.
@@ -221,7 +211,7 @@ private:
 std::string partialText(const Effect& effect, bool isForOneLevel) {
     const LevelSet levels = effect.styles | effect.icons | effect.land | effect.grid;
     std::string text;
-    if (!isForOneLevel && !levels.all()) text = fmt::format(" at levels {}", levelsText(levels));
+    if (!isForOneLevel && !levels.all()) text = fmt::format(" at {}", levelsPhrase(levels));
     if (effect.icons.any() && !(effect.styles | effect.land | effect.grid).any()) text += " on icons";
     return text;
 }
@@ -266,28 +256,40 @@ private:
             addAt(Code::PartialEffect, proven).message = fmt::format("{} an effect only{}", subjectOf(proven), text);
     }
 
-    // The first style id of a type that follows another type instead.
-    void addSharedIds(const ReplayStep& step) {
-        for (const RecordTouch& touch : step.touches) {
-            if (catalogue().IsParentFeatureType(touch.featureType) != 0) continue;  // answers last by nature
-            if (touch.after.m_custom != 0 && addSharedIds(step, touch)) return;
-        }
+    // The style ids that a record shares with another type, and follow that one: the first of them, and the levels.
+    struct Followed {
+        unsigned int styleId = 0;
+        LevelSet levels;
+    };
+
+    // By the other type, which answers with other values.
+    std::map<int, Followed> followedTypes(const RecordTouch& touch) const {
+        std::map<int, Followed> followed;
+        forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
+            forEachAnswer(m_found.study(), speaker, touch, [&](std::size_t levelClass, const Answer& answer) {
+                if (!isOfOtherType(answer, touch) || sameFields(answer.style, touch.after)) return;
+                Followed& each = followed.try_emplace(answer.featureType, Followed{speaker.styleId, {}}).first->second;
+                if (each.styleId == speaker.styleId) each.levels.set(levelClass);
+            });
+        });
+        return followed;
     }
 
-    bool addSharedIds(const ReplayStep& step, const RecordTouch& touch) {
+    void addSharedIds(const ReplayStep& step) {
         // On every map any type may share style ids with any other.
-        if (m_found.study().mapping().kind() == Mapping::Kind::EveryMap) return false;
-        bool isFound = false;
-        forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
-            const std::optional<int> other = isFound ? std::nullopt : otherAnswering(m_found.study(), speaker, touch);
-            if (!other) return;
-            isFound = true;
-            m_found.add(Code::SharedIdsLost, step,
-                        fmt::format("style ids that \"{0}\" shares with \"{1}\", such as {2}, follow \"{1}\"",
-                                    catalogue().GetFeatureTypeName(touch.featureType),
-                                    catalogue().GetFeatureTypeName(*other), speaker.styleId));
-        });
-        return isFound;
+        if (m_found.study().mapping().kind() == Mapping::Kind::EveryMap) return;
+        for (const RecordTouch& touch : step.touches) {
+            if (catalogue().IsParentFeatureType(touch.featureType) != 0) continue;  // answers last by nature
+            if (touch.after.m_custom == 0) continue;
+            for (const auto& [other, followed] : followedTypes(touch)) {
+                m_found.add(
+                    Code::SharedIdsLost, step,
+                    fmt::format("style ids that \"{0}\" shares with \"{1}\", such as {2}, follow \"{1}\" at {3}",
+                                catalogue().GetFeatureTypeName(touch.featureType),
+                                catalogue().GetFeatureTypeName(other), followed.styleId,
+                                levelsPhrase(followed.levels)));
+            }
+        }
     }
 
     // A rule with one styler is named by that styler's place.

@@ -307,8 +307,8 @@ constexpr CodeInfo kInfos[] = {
  {"featureType": "nationalway", "elementType": "geometry.stroke", "stylers": {<<"color": "#cc3366">>, "level": "12"}},
  {"featureType": "nationalway", "elementType": "geometry.fill", "stylers": {"weight": "6", "level": "12"}}])"},
     {Code::LevelResetsItself, "level-resets-itself", Warning, Style, "a rule that resets its own values",
-     "Hiding writes several times, and at a level each write starts over from the style for all levels. Only the last "
-     "one remains.",
+     "Hiding writes several times, and so does a weight for geometry and texts. At a level each write starts over from the "
+     "style for all levels, and only the last one remains.",
      "give the type no style for all levels, but one for each level",
      R"([{"featureType": "town", "elementType": "labels.text.fill", "stylers": {"color": "#3366cc"}},
  {"featureType": "town", "elementType": "labels", "stylers": {<<"visibility": "off">>, "level": "9"}}])"},

@@ -9,7 +9,6 @@
 
 #include "tools/check/StyleFindings.h"
 #include "tools/study/FieldHistory.h"
-#include "tools/study/Probe.h"
 #include "tools/study/StyleKey.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/Levels.h"
@@ -28,64 +27,35 @@ std::string fieldNames(const std::set<std::size_t>& fields) {
     return fmt::format("{}", fmt::join(names, ", "));
 }
 
-// ---- Lost to a later step for the same level ------------------------------------------------------------------------
+// ---- Lost at a level -----------------------------------------------------------------------------------------------
+
+// The fields that a step lost to another one, or to itself, at a level.
+using Resets = std::map<std::tuple<std::size_t, std::size_t, std::optional<int>>, std::set<std::size_t>>;
+
+Resets resetsIn(const FieldHistory& history) {
+    Resets resets;
+    for (const LostWork& loss : history.losses()) {
+        if (loss.kind != LossKind::Reset || !loss.isChanged) continue;
+        resets[{loss.victim, loss.culprit, loss.key.level}].insert(loss.field);
+    }
+    return resets;
+}
 
 void findResets(StyleFindings& found) {
-    using Case = std::tuple<std::size_t, std::size_t, std::optional<int>>;
-    std::map<Case, std::set<std::size_t>> cases;
-    for (const LostWork& loss : found.study().history().losses()) {
-        if (loss.kind == LostHow::Reset && loss.isChanged) {
-            cases[{loss.victim, loss.culprit, loss.level}].insert(loss.field);
-        }
-    }
-    for (const auto& [each, fields] : cases) {
+    for (const auto& [each, fields] : resetsIn(found.study().history())) {
         const auto& [victim, culprit, level] = each;
+        if (victim == culprit) {
+            found.add(Code::LevelResetsItself, found.steps()[victim],
+                      fmt::format("what it writes to {} does not stay at {}: the rule writes several times, and each "
+                                  "time starts over from the style for all levels",
+                                  fieldNames(fields), levelText(level)));
+            continue;
+        }
         Finding& finding =
             found.add(Code::LevelReset, found.steps()[victim],
                       fmt::format("what it writes to {} is lost at {}: {} starts over from the style for all levels",
                                   fieldNames(fields), levelText(level), found.nameOf(culprit)));
         finding.related.push_back(found.placeOf(culprit, "starts over here"));
-    }
-}
-
-// ---- Lost within a step ---------------------------------------------------------------------------------------------
-
-// What a step would write where there is no style for all levels, by feature type.
-std::map<int, std::set<std::size_t>> writtenAlone(const RuleView& rule, const std::string& styler) {
-    std::map<int, std::set<std::size_t>> written;
-    for (const ReplayStep& step : stepsOfRule(std::string(rule.value.source()))) {
-        if (step.styler != styler) continue;
-        for (const RecordTouch& touch : step.touches) {
-            for (std::size_t field = 0; field < kMarkField; ++field) {
-                if (touch.origins[field] == Origin::Written) written[touch.featureType].insert(field);
-            }
-        }
-    }
-    return written;
-}
-
-void checkOwnReset(StyleFindings& check, const ReplayStep& step) {
-    const auto alone = writtenAlone(check.ruleOf(step), step.styler);
-    std::set<std::size_t> lost;
-    std::optional<int> level;
-    for (const RecordTouch& touch : step.touches) {
-        const auto fields = alone.find(touch.featureType);
-        if (!touch.level || fields == alone.end()) continue;
-        level = touch.level;
-        std::ranges::copy_if(fields->second, std::inserter(lost, lost.end()),
-                             [&](std::size_t field) { return touch.origins[field] == Origin::Inherited; });
-    }
-    if (lost.empty()) return;
-    check.add(Code::LevelResetsItself, step,
-              fmt::format("what it writes to {} does not stay at {}: the rule writes several times, and each time "
-                          "starts over from the style for all levels",
-                          fieldNames(lost), levelText(level)));
-}
-
-void findOwnResets(StyleFindings& check) {
-    for (const ReplayStep& step : check.steps()) {
-        const bool mayWriteTwice = step.styler == "visibility" && check.ruleOf(step).textMember("level");
-        if (mayWriteTwice && !step.touches.empty()) checkOwnReset(check, step);
     }
 }
 
@@ -106,9 +76,8 @@ struct OutOfUse {
 LevelSet levelsInEffect(const StyleKey& key, const FieldHistory& history) {
     if (key.level) return LevelSet().set(classOfLevel(*key.level));
     LevelSet levels = LevelSet().set();
-    for (const auto& [record, owners] : history.records()) {
-        const auto [featureType, level] = parsedKey(record.first);
-        if (featureType == key.featureType && level) levels.reset(classOfLevel(*level));
+    for (const auto& [other, story] : history.records()) {
+        if (other.featureType == key.featureType && other.level) levels.reset(classOfLevel(*other.level));
     }
     return levels;
 }
@@ -117,19 +86,20 @@ LevelSet levelsInEffect(const StyleKey& key, const FieldHistory& history) {
 using Hiding = std::map<std::size_t, std::map<int, OutOfUse>>;
 
 // Whether the step left this record out of use; the mark is of the last step that visited the record.
-bool takesOut(const ReplayStep& step, const std::string& key) {
-    return std::ranges::any_of(step.touches,
-                               [&](const RecordTouch& touch) { return touch.key == key && isTakenOut(touch); });
+bool takesOut(const ReplayStep& step, const StyleKey& key) {
+    return std::ranges::any_of(step.touches, [&](const RecordTouch& touch) {
+        return touch.featureType == key.featureType && touch.level == key.level && isTakenOut(touch);
+    });
 }
 
 Hiding recordsOutOfUse(const StyleFindings& found) {
     Hiding hiding;
     const FieldHistory& history = found.study().history();
-    for (const auto& [record, owners] : history.records()) {
-        const std::optional<std::size_t> last = owners[kMarkField].step;
-        const StyleKey key = parsedKey(record.first);
+    for (const auto& [key, story] : history.records()) {
+        const RecordOwners& owners = story.owners;
+        const auto& [last, ofLevel] = owners[kMarkField];
         // A record for a level may have taken its mark over with all else.
-        const std::string ofMark = owners[kMarkField].ofLevel ? record.first : std::to_string(key.featureType);
+        const StyleKey ofMark{key.featureType, ofLevel ? key.level : std::nullopt};
         if (!last || !takesOut(found.steps()[*last], ofMark)) continue;
         OutOfUse& out = hiding[*last][key.featureType];
         out.featureType = key.featureType;
@@ -142,7 +112,7 @@ Hiding recordsOutOfUse(const StyleFindings& found) {
 }
 
 std::string atSomeLevels(const LevelSet& levels) {
-    return levels.all() ? "" : fmt::format(" at levels {}", levelsText(levels));
+    return levels.all() ? "" : fmt::format(" at {}", levelsPhrase(levels));
 }
 
 void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
@@ -197,14 +167,6 @@ struct ShutOut {
     std::optional<std::size_t> culprit;
 };
 
-std::map<std::string, std::size_t> firstStepsOfKeys(const StyleFindings& check) {
-    std::map<std::string, std::size_t> first;
-    for (std::size_t i = 0; i < check.steps().size(); ++i) {
-        for (const std::string& key : check.steps()[i].newKeys) first.try_emplace(key, i);
-    }
-    return first;
-}
-
 // The steps for all levels whose work in a type's record is missing in its record for a level.
 std::set<std::size_t> missingIn(const RecordOwners& ofLevel, const RecordOwners& ofAll) {
     std::set<std::size_t> missing;
@@ -216,31 +178,27 @@ std::set<std::size_t> missingIn(const RecordOwners& ofLevel, const RecordOwners&
     return missing;
 }
 
-std::map<std::size_t, ShutOut> shutOutSteps(const StyleFindings& check, const FieldHistory& history) {
-    const auto firstSteps = firstStepsOfKeys(check);
+std::map<std::size_t, ShutOut> shutOutSteps(const FieldHistory& history) {
     std::map<std::size_t, ShutOut> shutOut;
-    for (const auto& [record, owners] : history.records()) {
-        const auto [featureType, level] = parsedKey(record.first);
-        if (!level) continue;
-        const RecordOwners& ofAll = history.ownersOf(std::to_string(featureType), record.second);
-        for (const std::size_t step : missingIn(owners, ofAll)) {
+    for (const auto& [key, story] : history.records()) {
+        const RecordStory* const ofAll = history.storyOf({key.featureType, {}});
+        if (!key.level || ofAll == nullptr) continue;
+        for (const std::size_t step : missingIn(story.owners, ofAll->owners)) {
             ShutOut& each = shutOut[step];
-            each.levels.set(classOfLevel(*level));
-            const std::size_t culprit = firstSteps.at(record.first);
-            each.culprit = std::min(each.culprit.value_or(culprit), culprit);
+            each.levels.set(classOfLevel(*key.level));
+            each.culprit = std::min(each.culprit.value_or(story.firstStep), story.firstStep);
         }
     }
     return shutOut;
 }
 
 void findShutOut(StyleFindings& found) {
-    for (const auto& [place, shutOut] : shutOutSteps(found, found.study().history())) {
+    for (const auto& [place, shutOut] : shutOutSteps(found.study().history())) {
         const bool isOne = shutOut.levels.count() == 1;
-        Finding& finding = found.add(
-            Code::ShutOutByLevel, found.steps()[place],
-            fmt::format("it does not reach {} {}: the style for {} was made before, by {}{}",
-                        isOne ? "level" : "levels", levelsText(shutOut.levels), isOne ? "that level" : "those levels",
-                        found.nameOf(*shutOut.culprit), isOne ? "" : " and others"));
+        Finding& finding = found.add(Code::ShutOutByLevel, found.steps()[place],
+                                     fmt::format("it does not reach {}: the style for {} was made before, by {}{}",
+                                                 levelsPhrase(shutOut.levels), isOne ? "that level" : "those levels",
+                                                 found.nameOf(*shutOut.culprit), isOne ? "" : " and others"));
         finding.related.push_back(found.placeOf(*shutOut.culprit, "the style for the level starts here"));
     }
 }
@@ -250,7 +208,6 @@ void findShutOut(StyleFindings& found) {
 std::vector<Finding> findHistory(const StyleStudy& study) {
     StyleFindings found(study);
     findResets(found);
-    findOwnResets(found);
     findTakenOut(found);
     findShutOut(found);
     return found.take();

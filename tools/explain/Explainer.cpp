@@ -46,20 +46,11 @@ Loss answeredBy(const CustomConfig& config, int silentType, int answeringType) {
 
 }  // namespace
 
-Explainer::Explainer(const StyleStudy& style)
-    : m_style(style), m_probe(style), m_intended(style.mapping().tracedText(), style.singles()) {
-    indexSteps();
-}
-
-void Explainer::indexSteps() {
-    for (std::size_t place = 0; place < m_style.steps().size(); ++place) {
-        const ReplayStep& step = m_style.steps()[place];
-        for (const RecordTouch& touch : step.touches) m_visits[touch.featureType].push_back({place, &touch});
-        if (step.gridColor) m_gridSteps.push_back(place);
-        if (step.hidesEveryIcon && !m_hidesEveryIcon) m_hidesEveryIcon = place;
-    }
+Explainer::Explainer(const StyleStudy& style) : m_style(style), m_probe(style) {
+    const auto hider = std::ranges::find_if(style.steps(), &ReplayStep::hidesEveryIcon);
+    if (hider != style.steps().end()) m_hidesEveryIcon = static_cast<std::size_t>(hider - style.steps().begin());
     for (int type = 0; type < _orvik_framework::kFeatureTypeCount; ++type) {
-        for (const int styleId : m_style.mapping().idsOf(type)) m_featureTypes[styleId].push_back(type);
+        for (const int styleId : style.mapping().idsOf(type)) m_featureTypes[styleId].push_back(type);
     }
 }
 
@@ -68,24 +59,20 @@ std::vector<int> Explainer::featureTypesOf(int styleId) const {
     return found == m_featureTypes.end() ? std::vector<int>{} : found->second;
 }
 
-RecordVisits Explainer::visitsTo(int featureType, int level) const {
-    RecordVisits record{featureType, {}, {}};
+// The key whose record a question about the type asks for.
+StyleKey Explainer::keyInEffect(int featureType, int level) const {
     const std::string levelKey = fmt::format("{}:{}", featureType, level);
-    if (m_style.config().IsStyleEffectAtGivenLevel(levelKey.c_str()) != 0) record.level = level;
-    const auto all = m_visits.find(featureType);
-    if (all == m_visits.end()) return record;
-    std::ranges::copy_if(all->second, std::back_inserter(record.visits),
-                         [&](const Visit& visit) { return !visit.touch->level || visit.touch->level == record.level; });
-    return record;
+    const bool isOfLevel = m_style.config().IsStyleEffectAtGivenLevel(levelKey.c_str()) != 0;
+    return {featureType, isOfLevel ? std::optional(level) : std::nullopt};
 }
 
-History Explainer::historyOf(const RecordVisits& record, std::size_t field) {
-    const IntendedValue intended = [&](const Visit& visit, std::size_t place) {
-        return m_intended.value(visit, place);
-    };
-    History history = fieldHistory(record, field, intended);
-    if (field == kMarkField) history.losses.clear();
-    return history;
+History Explainer::historyOf(const StyleKey& key, std::size_t field) const {
+    return m_style.history().historyOf(key, field);
+}
+
+std::optional<std::size_t> Explainer::lastStepOn(const StyleKey& key) const {
+    const RecordStory* const story = m_style.history().storyOf(key);
+    return story == nullptr ? std::nullopt : std::optional(story->lastStep);
 }
 
 Explanation Explainer::explain(unsigned int styleId, int level) {
@@ -99,7 +86,7 @@ Explanation Explainer::explain(unsigned int styleId, int level) {
     explainRecords(explanation);
     explainIcon(explanation);
     explainLand(explanation);
-    explainGrid(explanation);
+    explanation.grid = m_style.history().gridHistory();
     return explanation;
 }
 
@@ -112,22 +99,22 @@ void Explainer::explainRecords(Explanation& explanation) {
 }
 
 // How the writes that stand in a record are lost when its type does not answer.
-Loss Explainer::howSilent(const Explanation& explanation, const RecordVisits& record) {
+Loss Explainer::howSilent(const Explanation& explanation, const StyleKey& key) const {
     const CustomConfig& config = m_style.config();
-    if (isCustomised(config, record.featureType, explanation.styleId, explanation.level)) {
-        return answeredBy(config, record.featureType, explanation.featureType);
+    if (isCustomised(config, key.featureType, explanation.styleId, explanation.level)) {
+        return answeredBy(config, key.featureType, explanation.featureType);
     }
-    if (historyOf(record, kMarkField).value != 0) return {{}, LossKind::NeverFound, {}, -1};
-    return {{}, LossKind::TakenOut, lastStepOn(record), -1};
+    if (historyOf(key, kMarkField).value != 0) return {{}, LossKind::NeverFound, {}, -1};
+    return {{}, LossKind::TakenOut, lastStepOn(key), -1};
 }
 
 void Explainer::explainType(Explanation& explanation, int featureType) {
-    const RecordVisits record = visitsTo(featureType, explanation.level);
+    const StyleKey key = keyInEffect(featureType, explanation.level);
     const bool answers = featureType == explanation.featureType;
-    const Loss how = howSilent(explanation, record);
-    if (answers) explanation.keyLevel = record.level;
+    const Loss how = howSilent(explanation, key);
+    if (answers) explanation.keyLevel = key.level;
     for (std::size_t field = 0; field < kStyleFieldCount; ++field) {
-        const History own = historyOf(record, field);
+        const History own = historyOf(key, field);
         if (answers) {
             adopt(explanation.fields[field], own);
         } else if (field != kMarkField) {
@@ -143,11 +130,10 @@ void Explainer::explainIcon(Explanation& explanation) {
 }
 
 // The icon histories of the types under which the style id stands.
-std::map<int, History> Explainer::iconHistories(const Explanation& explanation) {
+std::map<int, History> Explainer::iconHistories(const Explanation& explanation) const {
     std::map<int, History> histories;
     for (const int type : explanation.featureTypes) {
-        const RecordVisits record = visitsTo(type, explanation.level);
-        histories[type] = historyOf(record, kIconField);
+        histories[type] = historyOf(keyInEffect(type, explanation.level), kIconField);
     }
     return histories;
 }
@@ -186,10 +172,10 @@ void Explainer::explainHiddenIcons(Explanation& explanation, std::size_t hidingS
 void Explainer::explainLand(Explanation& explanation) {
     explanation.landStyleId = m_probe.landStyleId(explanation.level);
     if (!explanation.landStyleId) return;
-    const RecordVisits record = visitsTo(_orvik_framework::EMAPCUSTOMSTYLE_LAND, explanation.level);
+    const StyleKey key = keyInEffect(_orvik_framework::EMAPCUSTOMSTYLE_LAND, explanation.level);
     static const std::size_t fill = fieldIndex("fill");
-    explanation.land = historyOf(record, fill);
-    const History mark = historyOf(record, kMarkField);
+    explanation.land = historyOf(key, fill);
+    const History mark = historyOf(key, kMarkField);
     explanation.land.applies = mark.value != 0;
     if (explanation.land.applies && !explanation.land.winner && mark.winner) {
         // Nobody gave the land a fill: its background is that of a customised record all the same.
@@ -198,18 +184,7 @@ void Explainer::explainLand(Explanation& explanation) {
     }
     if (explanation.land.applies) return;
     const History lost = std::exchange(explanation.land, {});
-    addAsLost(explanation.land, lost, {{}, LossKind::TakenOut, lastStepOn(record), -1});
-}
-
-void Explainer::explainGrid(Explanation& explanation) const {
-    History& grid = explanation.grid;
-    for (const std::size_t step : m_gridSteps) {
-        const auto color = m_style.steps()[step].gridColor;
-        if (grid.winner) grid.losses.push_back({*grid.winner, LossKind::Overwritten, step, -1});
-        grid.winner = Write{step, _orvik_framework::EMAPCUSTOMSTYLE_GRID, {}, *color};
-        grid.value = *color;
-        grid.applies = true;
-    }
+    addAsLost(explanation.land, lost, {{}, LossKind::TakenOut, lastStepOn(key), -1});
 }
 
 }  // namespace customstyle_tool

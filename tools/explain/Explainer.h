@@ -6,8 +6,6 @@
 #include <vector>
 
 #include "tools/study/Explanation.h"
-#include "tools/study/IntendedWrites.h"
-#include "tools/study/RecordHistory.h"
 #include "tools/study/StoreProbe.h"
 #include "tools/study/StyleStudy.h"
 
@@ -28,26 +26,22 @@ public:
     const ReplayStep& step(std::size_t place) const { return m_style.steps()[place]; }
 
 private:
-    void indexSteps();
     std::vector<int> featureTypesOf(int styleId) const;
-    RecordVisits visitsTo(int featureType, int level) const;
-    History historyOf(const RecordVisits& record, std::size_t field);
+    StyleKey keyInEffect(int featureType, int level) const;
+    History historyOf(const StyleKey& key, std::size_t field) const;
+    std::optional<std::size_t> lastStepOn(const StyleKey& key) const;
 
     void explainRecords(Explanation& explanation);
     void explainType(Explanation& explanation, int featureType);
-    Loss howSilent(const Explanation& explanation, const RecordVisits& record);
+    Loss howSilent(const Explanation& explanation, const StyleKey& key) const;
     void explainIcon(Explanation& explanation);
     void explainOneIcon(Explanation& explanation);
     void explainHiddenIcons(Explanation& explanation, std::size_t hidingStep);
-    std::map<int, History> iconHistories(const Explanation& explanation);
+    std::map<int, History> iconHistories(const Explanation& explanation) const;
     void explainLand(Explanation& explanation);
-    void explainGrid(Explanation& explanation) const;
 
     const StyleStudy& m_style;
     StoreProbe m_probe;
-    IntendedWrites m_intended;
-    std::map<int, std::vector<Visit>> m_visits;      // by feature type
-    std::vector<std::size_t> m_gridSteps;            // that write the colour of the grid
     std::optional<std::size_t> m_hidesEveryIcon;     // the first step that does
     std::map<int, std::vector<int>> m_featureTypes;  // by style id
 };

@@ -54,8 +54,7 @@ private:
 
     static Json valueOf(const TopicName& topic, std::uint64_t value) {
         if (topic.topic == Topic::Icon) return valueText(topic, value);
-        if (topic.topic == Topic::Field && styleFields()[topic.field].kind == FieldKind::Size) return value;
-        return colorJson(value);
+        return topic.isColor() ? colorJson(value) : Json(value);
     }
 
     Json stylerOf(std::size_t step) const {

@@ -30,6 +30,9 @@ struct TopicName {
     std::string name;  ///< "text fill", "icon", "land background"
     Topic topic;
     std::size_t field;
+
+    bool isBackground() const { return topic == Topic::Land || topic == Topic::Grid; }
+    bool isColor() const;
 };
 
 /// All topics, in the order of the explanation.
@@ -42,6 +45,10 @@ const TopicName* findTopic(std::string_view name);
 std::optional<std::string> nearestTopic(std::string_view name);
 
 const History& historyOf(const Explanation& explanation, const TopicName& topic);
+
+/// What the renderer receives, none where it is not customised. Backgrounds have no style id.
+std::optional<std::uint64_t> answerAbout(const TopicName& topic, const _orvik_framework::CustomConfig& config,
+                                         unsigned int styleId, int level);
 
 /// A value as people read it: a colour, a number, "hidden" or "shown".
 std::string valueText(const TopicName& topic, std::uint64_t value);

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "tools/explain/ExplanationText.h"
+#include "tools/study/Answers.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/RecordText.h"
 
@@ -26,11 +27,11 @@ std::string withBlanks(std::string_view name) {
     return words;
 }
 
-bool isSize(const TopicName& topic) {
-    return topic.topic == Topic::Field && styleFields()[topic.field].kind == FieldKind::Size;
-}
-
 }  // namespace
+
+bool TopicName::isColor() const {
+    return isBackground() || (topic == Topic::Field && styleFields()[field].kind == FieldKind::Color);
+}
 
 std::span<const TopicName> topicNames() {
     static const std::vector<TopicName> topics = makeTopics();
@@ -62,9 +63,17 @@ const History& historyOf(const Explanation& explanation, const TopicName& topic)
     return explanation.fields[topic.field];
 }
 
+std::optional<std::uint64_t> answerAbout(const TopicName& topic, const _orvik_framework::CustomConfig& config,
+                                         unsigned int styleId, int level) {
+    if (topic.topic == Topic::Land) return landColor(config, level);
+    if (topic.topic == Topic::Grid) return gridColor(config, level);
+    const Answer answer = ask(config, styleId, level);
+    return topic.topic == Topic::Icon ? std::uint64_t{answer.iconHidden} : fieldIn(answer, topic.field);
+}
+
 std::string valueText(const TopicName& topic, std::uint64_t value) {
     if (topic.topic == Topic::Icon) return value != 0 ? "hidden" : "shown";
-    return isSize(topic) ? std::to_string(value) : colorText(value);
+    return topic.isColor() ? colorText(value) : std::to_string(value);
 }
 
 }  // namespace customstyle_tool

@@ -30,13 +30,13 @@ std::string featureTypeText(const _orvik_framework::CustomConfig& config, int fe
     return featureType == -1 ? "-" : fmt::format("{} {}", featureType, config.GetFeatureTypeName(featureType));
 }
 
-void printAnswerHeading(std::FILE* out) {
-    fmt::print(out, kRow, "style id", "levels", "feature type", "style");
+std::string answerHeading() {
+    return fmt::format(kRow, "style id", "levels", "feature type", "style");
 }
 
-void printAnswerRow(std::FILE* out, const _orvik_framework::CustomConfig& config, unsigned int styleId,
-                    const std::string& levels, const Answer& answer) {
-    fmt::print(out, kRow, styleId, levels, featureTypeText(config, answer.featureType), styleText(answer));
+std::string answerRow(const _orvik_framework::CustomConfig& config, unsigned int styleId, const std::string& levels,
+                      const Answer& answer) {
+    return fmt::format(kRow, styleId, levels, featureTypeText(config, answer.featureType), styleText(answer));
 }
 
 }  // namespace customstyle_tool

@@ -1,7 +1,6 @@
 // Answers as rows of a table for people.
 #pragma once
 
-#include <cstdio>
 #include <string>
 
 #include "customstyle/CustomConfig.h"
@@ -12,10 +11,11 @@ namespace customstyle_tool {
 /// "13 highway", or "-" for none.
 std::string featureTypeText(const _orvik_framework::CustomConfig& config, int featureType);
 
-void printAnswerHeading(std::FILE* out);
+/// The line above the rows.
+std::string answerHeading();
 
 /// One row: the style id, the levels as the caller names them, the feature type, and all that applies.
-void printAnswerRow(std::FILE* out, const _orvik_framework::CustomConfig& config, unsigned int styleId,
-                    const std::string& levels, const Answer& answer);
+std::string answerRow(const _orvik_framework::CustomConfig& config, unsigned int styleId, const std::string& levels,
+                      const Answer& answer);
 
 }  // namespace customstyle_tool

@@ -18,6 +18,11 @@ std::optional<std::uint64_t> fieldIn(const Answer& answer, std::size_t place) {
     return valueOf(field, answer.style);
 }
 
+std::optional<std::uint64_t> answeringType(const Answer& answer) {
+    if (answer.featureType == -1) return {};
+    return static_cast<std::uint64_t>(answer.featureType);
+}
+
 bool isSameStyle(const Answer& left, const Answer& right) {
     return left.featureType == right.featureType && sameFields(left.style, right.style);
 }

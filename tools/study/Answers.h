@@ -21,6 +21,9 @@ struct Answer {
 /// @param place  in styleFields()
 std::optional<std::uint64_t> fieldIn(const Answer& answer, std::size_t place);
 
+/// The feature type that answers, if one does.
+std::optional<std::uint64_t> answeringType(const Answer& answer);
+
 /// Whether the same type answers with the same values.
 bool isSameStyle(const Answer& left, const Answer& right);
 

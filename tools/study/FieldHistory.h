@@ -3,12 +3,14 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
-#include <string>
-#include <utility>
+#include <span>
 #include <vector>
 
+#include "tools/study/Explanation.h"
+#include "tools/study/StyleKey.h"
 #include "tools/study/TracedReplay.h"
 
 namespace customstyle_tool {
@@ -23,56 +25,74 @@ struct Owner {
 
 using RecordOwners = std::array<Owner, kStyleFieldCount>;
 
-enum class LostHow : std::uint8_t {
-    Overwritten,  ///< by a step that wrote the same field
-    Reset,        ///< by a step that copied the style for all levels over it
+/// What became of the records of a key.
+struct RecordStory {
+    RecordOwners owners;    ///< after the last step
+    std::size_t firstStep;  ///< that touched them
+    std::size_t lastStep;
 };
 
 /// The colour of the grid, which is in no record, as a field.
 inline constexpr std::size_t kGridField = kStyleFieldCount;
 
-/// A value that a step wrote and that a later one did away with. The customised mark is no value.
+/// A value that a step wrote and that was done away with. The customised mark is no value.
 struct LostWork {
     std::size_t victim;   ///< index in the steps
-    std::size_t culprit;  ///< may be another styler of the same rule
-    LostHow kind;
-    int featureType;
-    std::optional<int> level;
-    std::size_t field;  ///< place in styleFields(), or kGridField
-    bool isChanged;     ///< whether the value became another one
+    std::size_t culprit;  ///< may be another styler of the same rule, or the victim itself
+    LossKind kind;        ///< Overwritten or Reset
+    StyleKey key;         ///< of the record in which it was lost
+    std::size_t field;    ///< place in styleFields(), or kGridField
+    bool ofLevel;         ///< written for the level, not inherited from all levels
+    bool isChanged;       ///< whether the value became another one
 };
 
-/// The story of a replay's records.
+/// The one history of a replay: every value, who wrote it, and who did away with it.
 class FieldHistory {
 public:
+    /// @param steps  must outlive the history
     explicit FieldHistory(const std::vector<ReplayStep>& steps);
 
+    /// In the order of the culprits.
     const std::vector<LostWork>& losses() const { return m_losses; }
 
-    /// Places in losses(): what a step lost, and what it did away with.
-    const std::vector<std::size_t>& lossesOf(std::size_t victim) const { return m_byVictim[victim]; }
-    const std::vector<std::size_t>& lossesBy(std::size_t culprit) const { return m_byCulprit[culprit]; }
+    /// What a step lost, and what it did away with.
+    std::vector<LostWork> lossesOf(std::size_t victim) const;
+    std::span<const LostWork> lossesBy(std::size_t culprit) const;
 
     /// Whether a value that stands in a record in the end goes back to the step.
     bool ownsAnything(std::size_t step) const { return m_isOwner[step]; }
 
-    /// The owners of a record's fields after the last step.
-    const RecordOwners& ownersOf(const std::string& key, int styleId) const;
+    /// Every key whose records some step touched.
+    const std::map<StyleKey, RecordStory>& records() const { return m_records; }
 
-    /// Every record that some step touched.
-    const std::map<std::pair<std::string, int>, RecordOwners>& records() const { return m_owners; }
+    /// The story of a key; null where no step touched its records.
+    const RecordStory* storyOf(const StyleKey& key) const;
+
+    /// What stands in a field of a record, and all other writes that a question which asks for this record could have
+    /// found: overwritten, reset, or, of the record for all levels, shut out. Whether the record answers is not looked
+    /// at.
+    History historyOf(const StyleKey& key, std::size_t field) const;
+
+    /// The same of the colour of the grid.
+    History gridHistory() const;
 
 private:
     void follow(std::size_t step, const RecordTouch& touch);
-    void followGrid(const std::vector<ReplayStep>& steps, std::size_t step);
     void followField(std::size_t step, const RecordTouch& touch, std::size_t field, Owner& owner);
+    void followUndone(std::size_t step, const UndoneWrite& write);
+    void followGrid(std::size_t step);
+    void findOwners();
+    std::optional<Write> standing(const StyleKey& key, std::size_t field) const;
+    Write writeOf(std::size_t step, const StyleKey& key, std::size_t field) const;
+    Loss lossOf(const LostWork& lost) const;
 
-    std::map<std::pair<std::string, int>, RecordOwners> m_owners;
+    const std::vector<ReplayStep>& m_steps;
+    std::map<StyleKey, RecordStory> m_records;
     std::optional<std::size_t> m_gridOwner;
     std::vector<LostWork> m_losses;
-    std::vector<std::vector<std::size_t>> m_byVictim;   // by step
-    std::vector<std::vector<std::size_t>> m_byCulprit;  // by step
-    std::vector<bool> m_isOwner;                        // by step
+    std::vector<std::uint32_t> m_byVictim;             // indices of the losses
+    std::vector<std::vector<std::uint32_t>> m_byType;  // by feature type, indices of the losses
+    std::vector<bool> m_isOwner;                       // by step
 };
 
 }  // namespace customstyle_tool

@@ -4,26 +4,13 @@
 
 #include "tools/json/JsonScalars.h"
 #include "tools/study/StyleSource.h"
+#include "tools/support/PlainText.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/RemarkMembers.h"
 #include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
-
-bool isText(const std::optional<JsonValue>& value) {
-    return value && value->kind() == JsonKind::String;
-}
-
-std::vector<std::string> wordsOf(std::string_view path) {
-    std::vector<std::string> words;
-    for (std::size_t begin = 0; begin <= path.size();) {
-        const std::size_t end = std::min(path.find('.', begin), path.size());
-        words.emplace_back(path.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return words;
-}
 
 bool isRuleMember(std::string_view name) {
     constexpr std::string_view kMembers[] = {"featureType", "elementType", "stylers"};
@@ -40,11 +27,15 @@ RuleView viewOf(std::size_t place, JsonValue value) {
     if (isText(rule.featureType)) rule.typeName = rule.featureType->text();
     rule.typeId = catalogue().GetFeatureTypeId(rule.typeName);
     if (isText(rule.elementType)) rule.path = rule.elementType->text();
-    rule.words = wordsOf(rule.path);
+    rule.words = split(rule.path, '.');
     return rule;
 }
 
 }  // namespace
+
+bool isText(const std::optional<JsonValue>& value) {
+    return value && value->kind() == JsonKind::String;
+}
 
 std::optional<JsonValue> RuleView::member(std::string_view name) const {
     return stylers ? stylers->firstMemberIgnoringCase(name) : std::nullopt;

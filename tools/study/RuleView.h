@@ -12,6 +12,9 @@
 
 namespace customstyle_tool {
 
+/// Whether there is a value that is a text, the only kind that counts.
+bool isText(const std::optional<JsonValue>& value);
+
 struct RuleView {
     std::size_t place = 0;  ///< among the rules, from 0
     JsonValue value;

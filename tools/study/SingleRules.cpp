@@ -2,11 +2,10 @@
 
 #include <cjson/cJSON.h>
 
-#include <algorithm>
-
 #include "customstyle/CustomConfig.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/StyleSource.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -16,12 +15,8 @@ using _orvik_vi::cJSON;
 
 // The names in the component's own list of a rule's stylers: "color;;weight;".
 std::vector<std::string> namesIn(const std::string& list) {
-    std::vector<std::string> names;
-    for (std::size_t begin = 0; begin <= list.size();) {
-        const std::size_t end = std::min(list.find(';', begin), list.size());
-        if (end > begin) names.push_back(list.substr(begin, end - begin));
-        begin = end + 1;
-    }
+    std::vector<std::string> names = split(list, ';');
+    std::erase(names, "");
     return names;
 }
 

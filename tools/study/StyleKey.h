@@ -1,6 +1,7 @@
 // The keys of the store, taken apart.
 #pragma once
 
+#include <compare>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -10,6 +11,8 @@ namespace customstyle_tool {
 struct StyleKey {
     int featureType;
     std::optional<int> level;  ///< none for all levels
+
+    auto operator<=>(const StyleKey&) const = default;
 };
 
 /// @param key  a key of the component: "13" or "13:15"

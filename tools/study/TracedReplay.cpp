@@ -1,7 +1,6 @@
 #include "tools/study/TracedReplay.h"
 
 #include <algorithm>
-#include <set>
 
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/StoreImage.h"
@@ -31,19 +30,21 @@ bool isMarked(const StyleField& field, const tagCustomStyle& record, std::uint64
     return valueOf(field, record) == valueOf(field, marked);
 }
 
-std::array<Origin, kStyleFieldCount> originsOf(bool ofLevel, const tagCustomStyle& first,
-                                               const tagCustomStyle& second) {
-    std::array<Origin, kStyleFieldCount> origins{};
-    for (std::size_t i = 0; i < kStyleFieldCount; ++i) {
-        const StyleField& field = styleFields()[i];
-        const auto bears = [&](bool markOfLevel) {
-            return isMarked(field, first, markFor(markOfLevel, false)) &&
-                   isMarked(field, second, markFor(markOfLevel, true));
-        };
-        origins[i] = bears(ofLevel) ? Origin::Kept : bears(false) ? Origin::Inherited : Origin::Written;
+// A record after a step over a record with the first mark, and over one with the second.
+struct MarkedTwice {
+    const tagCustomStyle& first;
+    const tagCustomStyle& second;
+
+    bool bears(const StyleField& field, bool markOfLevel) const {
+        return isMarked(field, first, markFor(markOfLevel, false)) &&
+               isMarked(field, second, markFor(markOfLevel, true));
     }
-    return origins;
-}
+
+    Origin originOf(const StyleField& field, bool ofLevel) const {
+        if (bears(field, ofLevel)) return Origin::Kept;
+        return bears(field, false) ? Origin::Inherited : Origin::Written;
+    }
+};
 
 Records recordsOf(const CustomConfig& config, const std::string& key) {
     Records records;
@@ -112,39 +113,80 @@ private:
         keys.erase(refused, keys.end());
     }
 
-    // The styles for all levels from which a step for one level may start.
-    void addInherited() {
-        for (const std::string& key : m_step.keys) {
-            const std::string ofType = std::to_string(parsedKey(key).featureType);
-            if (hasSlot(m_config, ofType)) addKey(m_trial.config(), ofType);
+    // The records of the step's keys, as it leaves them over marked ones.
+    struct MarkedRecords {
+        std::vector<Records> first;   // by key
+        std::vector<Records> second;  // by key
+    };
+
+    MarkedRecords appliedToMarked(const cJSON* document) {
+        MarkedRecords marked;
+        for (const bool second : {false, true}) {
+            m_trial.applyToMarked(document, second);
+            std::vector<Records>& records = second ? marked.second : marked.first;
+            records.reserve(m_step.keys.size());
+            for (const std::string& key : m_step.keys) records.push_back(recordsOf(m_trial.config(), key));
         }
+        return marked;
+    }
+
+    // The keys of the styles for all levels from which the step may start.
+    std::vector<std::string> keysToInherit() const {
+        std::vector<std::string> keys;
+        for (const std::string& key : m_step.keys) {
+            const auto [featureType, level] = parsedKey(key);
+            const std::string ofType = std::to_string(featureType);
+            if (level && hasSlot(m_config, ofType)) keys.push_back(ofType);
+        }
+        return keys;
     }
 
     void findTouches(const cJSON* document, const std::vector<Records>& before) {
-        addInherited();
-        m_trial.applyToMarked(document, false);
+        const std::vector<std::string> inherited = keysToInherit();
+        const MarkedRecords alone = inherited.empty() ? MarkedRecords() : appliedToMarked(document);
+        for (const std::string& key : inherited) addKey(m_trial.config(), key);
+        const MarkedRecords marked = appliedToMarked(document);
         if (m_trial.config().m_gridColorSet != 0) m_step.gridColor = m_trial.config().m_gridColor;
         m_step.hidesEveryIcon = m_trial.config().m_allIconsHidden != 0;
         m_step.touches.reserve(m_step.keys.size());  // one record for each
-        std::vector<Records> first;
-        for (const std::string& key : m_step.keys) first.push_back(recordsOf(m_trial.config(), key));
-        m_trial.applyToMarked(document, true);
         for (std::size_t i = 0; i < m_step.keys.size(); ++i) {
-            if (hasSlot(m_config, m_step.keys[i])) findTouchesOfKey(m_step.keys[i], before[i], first[i]);
+            if (!hasSlot(m_config, m_step.keys[i])) continue;
+            const std::size_t begin = m_step.touches.size();
+            findTouchesOfKey(m_step.keys[i], before[i], marked.first[i], marked.second[i]);
+            if (!inherited.empty()) findUndone(begin, alone.first[i], alone.second[i]);
         }
     }
 
     // A record that came with the step began as a copy of its base record.
-    void findTouchesOfKey(const std::string& key, const Records& before, const Records& first) {
+    void findTouchesOfKey(const std::string& key, const Records& before, const Records& first, const Records& second) {
         const auto [featureType, level] = parsedKey(key);
         const Records after = recordsOf(m_config, key);
-        const Records second = recordsOf(m_trial.config(), key);
         for (std::size_t i = 0; i < after.size(); ++i) {
             tagCustomStyle base{};
             base.m_ID = after[i].styleId;
-            m_step.touches.push_back({key, featureType, level, after[i].styleId,
-                                      i < before.size() ? before[i].style : base, after[i].style,
-                                      originsOf(level.has_value(), first[i].style, second[i].style)});
+            RecordTouch& touch = m_step.touches.emplace_back(RecordTouch{key,
+                                                                         featureType,
+                                                                         level,
+                                                                         after[i].styleId,
+                                                                         i < before.size() ? before[i].style : base,
+                                                                         after[i].style,
+                                                                         {}});
+            const MarkedTwice marked{first[i].style, second[i].style};
+            std::ranges::transform(styleFields(), touch.origins.begin(),
+                                   [&](const StyleField& field) { return marked.originOf(field, level.has_value()); });
+        }
+    }
+
+    // What the step writes where there is no style for all levels, and what it has inherited in its place.
+    void findUndone(std::size_t begin, const Records& first, const Records& second) {
+        for (std::size_t i = begin; i < m_step.touches.size(); ++i) {
+            const RecordTouch& touch = m_step.touches[i];
+            const MarkedTwice alone{first[i - begin].style, second[i - begin].style};
+            for (std::size_t place = 0; place < kMarkField; ++place) {
+                const StyleField& field = styleFields()[place];
+                if (touch.origins[place] != Origin::Inherited || alone.bears(field, touch.level.has_value())) continue;
+                m_step.undone.push_back({i, place, valueOf(field, alone.first)});
+            }
         }
     }
 

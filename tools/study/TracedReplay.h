@@ -33,6 +33,14 @@ struct RecordTouch {
     std::array<Origin, kStyleFieldCount> origins;  ///< by place in styleFields()
 };
 
+/// A value that a step wrote into a record for a level and lost at once, because its next write started the record over
+/// from that for all levels.
+struct UndoneWrite {
+    std::size_t touch;  ///< place in the step's touches
+    std::size_t field;  ///< place in styleFields(); never the mark
+    std::uint64_t value;
+};
+
 /// One styler of one rule, or a rule that came to no styler.
 struct ReplayStep {
     std::size_t rule;               ///< place among the rules, from 0
@@ -42,6 +50,7 @@ struct ReplayStep {
     std::vector<std::string> newKeys;        ///< those that got their slot now
     std::vector<std::string> refused;        ///< those that got none, because every slot is taken
     std::vector<RecordTouch> touches;        ///< in the order of the keys' slots
+    std::vector<UndoneWrite> undone;         ///< in the order of the touches
     std::optional<std::uint64_t> gridColor;  ///< the grid colour that the step wrote
     bool hidesEveryIcon = false;
 };
