@@ -116,7 +116,7 @@ private:
     static bool isRecord(const Write& write) { return write.first[0] >= '0' && write.first[0] <= '9'; }
 
     bool isUnmapped(std::size_t type) const {
-        return m_style.trial().mapping && (type > 71 || (*m_style.trial().mapping)[type].empty());
+        return m_style.trial().mapping && !m_style.hasRecords(static_cast<int>(type));
     }
 
     // ---- Who hides what ----

@@ -1,9 +1,7 @@
 // What check claims: whatever it says can be taken out changes nothing, and what it blames is to blame.
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <random>
-#include <utility>
 
 #include "tests/properties/CheckedStyle.h"
 
@@ -11,27 +9,6 @@ namespace customstyle_test::properties {
 namespace {
 
 using Json = nlohmann::json;
-
-std::string inSmallLetters(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char each) { return each >= 'A' && each <= 'Z' ? each + 32 : each; });
-    return text;
-}
-
-// A styler goes each time that it is there: where the first of two is gone, the second counts.
-Rules without(Rules rules, std::vector<Part> parts) {
-    std::ranges::sort(parts, std::greater<>());
-    parts.erase(std::unique(parts.begin(), parts.end()), parts.end());
-    for (const auto& [rule, styler] : parts) {
-        const auto at = rules.begin() + static_cast<std::ptrdiff_t>(rule);
-        if (!styler) {
-            at->stylers.reset();
-        } else if (at->stylers && *styler < at->stylers->size()) {
-            const std::string name = inSmallLetters((*at->stylers)[*styler].first);
-            std::erase_if(*at->stylers, [&](const auto& each) { return inSmallLetters(each.first) == name; });
-        }
-    }
-    return rules;
-}
 
 class Removals {
 public:
@@ -67,7 +44,7 @@ private:
     }
 
     std::optional<Failure> oneFails(const std::vector<Part>& parts, const char* claim) const {
-        const auto changed = difference(m_style.answers(), Answers(m_style.map(), without(m_style.rules(), parts)));
+        const auto changed = difference(m_style.answers(), Answers(m_style.map(), m_style.without(parts)));
         if (!changed) return {};
         std::string names;
         for (const Part& part : parts) names += m_style.textOf(part) + ", ";
@@ -83,7 +60,8 @@ private:
 std::optional<Failure> checkHolds(const Trial& trial) {
     const CheckedStyle style(trial);
     if (auto failure = Removals(style).fail()) return failure;
-    return blameFails(style);
+    if (auto failure = blameFails(style)) return failure;
+    return reasonsFail(style);
 }
 
 }  // namespace customstyle_test::properties

@@ -1,5 +1,7 @@
 #include "tests/properties/CheckedStyle.h"
 
+#include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 #include "tests/properties/Tool.h"
@@ -8,6 +10,15 @@ namespace customstyle_test::properties {
 
 using Json = nlohmann::json;
 
+namespace {
+
+std::string inSmallLetters(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char each) { return each >= 'A' && each <= 'Z' ? each + 32 : each; });
+    return text;
+}
+
+}  // namespace
+
 CheckedStyle::CheckedStyle(const Trial& trial)
     : m_trial(trial),
       m_style(written(trial.rules)),
@@ -15,6 +26,7 @@ CheckedStyle::CheckedStyle(const Trial& trial)
       m_answers(m_map, trial.rules) {
     std::vector<std::string> words = {"check", "--format", "json", fileWith("style.json", m_style.text)};
     for (const std::string& word : mappingArguments(trial)) words.push_back(word);
+    if (trial.variant % 4 == 0) words.emplace_back("--effects");
     const Json json = Json::parse(runTool(words).out);
     for (const Json& file : json.at("files")) {
         if (file.at("path") == words[3]) m_findings = file.at("findings");
@@ -27,8 +39,29 @@ Part CheckedStyle::partAt(const Json& place) const {
     return {member->rule, member->styler};
 }
 
+bool CheckedStyle::hasRecords(int featureType) const {
+    const auto base = m_answers.model().base.find(featureType);
+    return base != m_answers.model().base.end() && !base->second.empty();
+}
+
 std::string CheckedStyle::stylerOf(const Part& part) const {
     return part.styler ? (*rules()[part.rule].stylers)[*part.styler].first : "";
+}
+
+Rules CheckedStyle::without(std::vector<Part> parts) const {
+    Rules rules = m_trial.rules;
+    std::ranges::sort(parts, std::greater<>());
+    parts.erase(std::unique(parts.begin(), parts.end()), parts.end());
+    for (const auto& [rule, styler] : parts) {
+        const auto at = rules.begin() + static_cast<std::ptrdiff_t>(rule);
+        if (!styler) {
+            at->stylers.reset();
+        } else if (at->stylers && *styler < at->stylers->size()) {
+            const std::string name = inSmallLetters((*at->stylers)[*styler].first);
+            std::erase_if(*at->stylers, [&](const auto& each) { return inSmallLetters(each.first) == name; });
+        }
+    }
+    return rules;
 }
 
 std::string CheckedStyle::textOf(const Part& part) const {

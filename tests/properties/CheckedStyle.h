@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tests/properties/Answers.h"
 #include "tests/properties/Properties.h"
@@ -27,6 +28,8 @@ public:
     const Rules& rules() const { return m_trial.rules; }
     const Map& map() const { return m_map; }
     const Answers& answers() const { return m_answers; }
+    /// Whether the map has style ids for a type that the component does not drop.
+    bool hasRecords(int featureType) const;
     const nlohmann::json& findings() const { return m_findings; }
 
     /// What a finding, or what it names beside, is about.
@@ -34,6 +37,10 @@ public:
 
     /// The name of a styler; empty for a rule.
     std::string stylerOf(const Part& part) const;
+
+    /// The rules without some of them and some of their stylers. A styler goes each time that it is there: where the
+    /// first of two is gone, the second counts.
+    Rules without(std::vector<Part> parts) const;
 
     /// "rule 2 color"
     std::string textOf(const Part& part) const;
@@ -48,5 +55,8 @@ private:
 
 /// Whether those who are blamed are to blame, and name whom they harm.
 std::optional<Failure> blameFails(const CheckedStyle& style);
+
+/// Whether what the findings say is so.
+std::optional<Failure> reasonsFail(const CheckedStyle& style);
 
 }  // namespace customstyle_test::properties

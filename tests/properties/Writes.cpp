@@ -40,11 +40,7 @@ void addWrites(Written& writes, const Rule& rule, std::span<const Rule> before, 
 }  // namespace
 
 Written valuesOf(const Rule& rule, const std::string& styler, std::span<const Rule> before) {
-    Rule alone = rule;
-    if (alone.stylers && !styler.empty()) {
-        std::erase_if(*alone.stylers,
-                      [&](const auto& member) { return isStyler(member.first) && member.first != styler; });
-    }
+    const Rule alone = styler.empty() ? rule : onlyStyler(rule, styler);
     Written writes;
     addWrites(writes, alone, before, false);
     addWrites(writes, alone, before, true);
@@ -55,6 +51,17 @@ std::set<Write> writesOf(const Rule& rule, const std::string& styler) {
     std::set<Write> writes;
     for (const auto& [write, value] : valuesOf(rule, styler)) writes.insert(write);
     return writes;
+}
+
+Rule onlyStyler(const Rule& rule, const std::string& styler) {
+    Rule only = rule;
+    if (!only.stylers) return only;
+    std::erase_if(*only.stylers, [&](const auto& member) { return isStyler(member.first) && member.first != styler; });
+    return only;
+}
+
+std::string stylerAt(std::size_t turn) {
+    return kTurns[turn];
 }
 
 std::size_t turnOf(const std::string& styler) {

@@ -25,7 +25,14 @@ using Written = std::map<Write, std::uint64_t>;
 Written valuesOf(const Rule& rule, const std::string& styler, std::span<const Rule> before = {});
 std::set<Write> writesOf(const Rule& rule, const std::string& styler);
 
-/// The place of a styler in the order in which the component applies those of a rule.
+/// The rule without its other stylers.
+Rule onlyStyler(const Rule& rule, const std::string& styler);
+
+/// The stylers in the order in which the component applies those of a rule.
+inline constexpr std::size_t kTurnCount = 4;
+std::string stylerAt(std::size_t turn);
+
+/// The place of a styler in the order in which the component applies those of a rule; kTurnCount for what is none.
 std::size_t turnOf(const std::string& styler);
 
 }  // namespace customstyle_test::properties

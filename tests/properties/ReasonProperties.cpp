@@ -1,0 +1,47 @@
+// The reasons that check prints: whatever a finding says of the component is so in the model.
+#include <algorithm>
+
+#include "tests/properties/Reasons.h"
+
+namespace customstyle_test::properties {
+namespace {
+
+using Json = nlohmann::json;
+
+bool isSo(const CheckedStyle& style, const Json& finding) {
+    const std::string code = finding.at("code");
+    for (const auto* reasons : {&kEffectReasons, &kReachReasons}) {
+        const auto reason = reasons->find(code);
+        if (reason != reasons->end()) return reason->second(Said(style, finding));
+    }
+    return true;
+}
+
+// Whether a styler that undoes its own work is told so.
+bool isTold(const CheckedStyle& style, const Part& part) {
+    return std::ranges::any_of(style.findings(), [&](const Json& finding) {
+        if (finding.at("code") != "level-resets-itself") return false;
+        const Part told = style.partAt(finding);
+        return told.rule == part.rule && style.stylerOf(told) == style.stylerOf(part);
+    });
+}
+
+}  // namespace
+
+std::optional<Failure> reasonsFail(const CheckedStyle& style) {
+    for (const Json& finding : style.findings()) {
+        if (isSo(style, finding)) continue;
+        return Failure{"what " + finding.at("code").get<std::string>() + " says is so", finding.at("message")};
+    }
+    for (std::size_t rule = 0; rule < style.rules().size(); ++rule) {
+        const auto& stylers = style.rules()[rule].stylers;
+        for (std::size_t styler = 0; stylers && styler < stylers->size(); ++styler) {
+            const Part part{rule, styler};
+            if (turnOf(style.stylerOf(part)) == kTurnCount || !undoesItsWork(style, part)) continue;
+            if (!isTold(style, part)) return Failure{"who undoes its own work is told so", style.textOf(part)};
+        }
+    }
+    return {};
+}
+
+}  // namespace customstyle_test::properties
