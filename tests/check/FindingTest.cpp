@@ -13,11 +13,8 @@ namespace {
 using namespace customstyle_tool;
 
 Finding findingOf(Code code, std::size_t begin = 0, const char* message = "") {
-    Finding finding{};
-    finding.code = code;
-    finding.range = {begin, begin + 1};
-    finding.message = message;
-    return finding;
+    static const SourceFile file("style.json", "[]");
+    return {code, file, {begin, begin + 1}, "$", message};
 }
 
 std::vector<std::string_view> namesOf(const std::vector<Finding>& findings) {

@@ -91,7 +91,7 @@ TEST(SarifReport, PlacesAResultInItsFile) {
 TEST(SarifReport, EscapesPaths) {
     const auto uriOf = [](const std::string& path) {
         CheckedFile checked{std::make_unique<SourceFile>(path, "{}"), {}};
-        checked.findings.push_back({Code::NoRules, checked.file.get(), {0, 1}, {}, {}, false, "$", "m", "r", "", {}});
+        checked.findings.emplace_back(Code::NoRules, *checked.file, TextRange{0, 1}, "$", "m");
         const json log = json::parse(reportSarif(one(std::move(checked))));
         return log.at("/runs/0/results/0/locations/0/physicalLocation/artifactLocation/uri"_json_pointer)
             .get<std::string>();

@@ -24,16 +24,6 @@ std::string wrapped(std::string_view text, std::string_view margin) {
     return lines + fmt::format("{}{}\n", margin, line);
 }
 
-std::string indented(std::string_view text, std::string_view margin) {
-    std::string lines;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        lines += fmt::format("{}{}\n", margin, text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return lines;
-}
-
 std::string capitalised(std::string text) {
     if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
     return text;

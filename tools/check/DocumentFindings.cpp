@@ -30,20 +30,6 @@ Code codeOf(JsonFault fault) {
     return found == std::end(kFaultCodes) ? Code::JsonSyntax : found->code;
 }
 
-Finding findingAt(const SourceFile& file, Code code, TextRange range, std::string path, std::string message) {
-    return {.code = code,
-            .file = &file,
-            .range = range,
-            .rule = {},
-            .step = {},
-            .canGo = false,
-            .path = std::move(path),
-            .message = std::move(message),
-            .remedy = infoOf(code).remedy,
-            .log = {},
-            .related = {}};
-}
-
 // The characters that belong to the first byte: an opening // or /*, or one character of several bytes.
 std::size_t lengthAt(std::string_view text, std::size_t offset) {
     const std::string_view rest = text.substr(offset);
@@ -66,9 +52,9 @@ std::optional<std::size_t> ruleOf(JsonValue value) {
 
 void addCutTexts(std::vector<Finding>& findings, const SourceFile& file, JsonValue value) {
     const auto add = [&](TextRange range, const std::string& read) {
-        Finding& finding = findings.emplace_back(findingAt(
-            file, Code::TextCutAtNul, range, value.path(),
-            fmt::format("the component reads only {}: a string ends at its first zero character", inQuotes(read))));
+        Finding& finding = findings.emplace_back(
+            Code::TextCutAtNul, file, range, value.path(),
+            fmt::format("the component reads only {}: a string ends at its first zero character", inQuotes(read)));
         finding.rule = ruleOf(value);
     };
     if (value.wholeName().size() > value.name().size()) add(value.nameRange(), value.name());
@@ -121,7 +107,7 @@ void addLeniencies(StyleFindings& found, JsonValue value) {
 
 Finding jsonFinding(const SourceFile& file, const JsonError& error, std::string_view consequence) {
     const TextRange range{error.offset, error.offset + lengthAt(file.text(), error.offset)};
-    return findingAt(file, codeOf(error.fault), range, "$", fmt::format("{}; {}", error.reason(), consequence));
+    return {codeOf(error.fault), file, range, "$", fmt::format("{}; {}", error.reason(), consequence)};
 }
 
 std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument& document) {
@@ -129,8 +115,8 @@ std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument&
     if (!begin) return {};
     std::size_t end = file.text().size();
     while (isBlank(file.text()[end - 1])) --end;
-    return findingAt(file, Code::TextAfterEnd, {*begin, end}, "$",
-                     "the component stops reading before this; everything from here on is ignored");
+    return Finding(Code::TextAfterEnd, file, {*begin, end}, "$",
+                   "the component stops reading before this; everything from here on is ignored");
 }
 
 std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/check/FindingCodes.h"
@@ -20,18 +21,27 @@ struct RelatedPlace {
 };
 
 struct Finding {
+    /// The remedy is that of the code until somebody says a better one.
+    Finding(Code code_, const SourceFile& file_, TextRange range_, std::string path_, std::string message_)
+        : code(code_),
+          file(&file_),
+          range(range_),
+          path(std::move(path_)),
+          message(std::move(message_)),
+          remedy(infoOf(code_).remedy) {}
+
     Code code;
     const SourceFile* file;
     TextRange range;
-    std::optional<std::size_t> rule;  ///< from 0; none for what concerns the file
-    std::optional<std::size_t> step;  ///< the place of a step of the study, where it is about one
-    bool canGo;                       ///< whether the rule or styler can be taken out: no answer changes, whatever
-                                      ///< else that can go is taken out too
-    std::string path;                 ///< JSON path of the value
-    std::string message;              ///< one sentence without a full stop: what happens at run time
-    std::string remedy;               ///< what to do, in this case
-    std::string log;                  ///< the component's own line; empty where it says nothing
-    std::vector<RelatedPlace> related;
+    std::optional<std::size_t> rule{};  ///< from 0; none for what concerns the file
+    std::optional<std::size_t> step{};  ///< the place of a step of the study, where it is about one
+    bool canGo = false;                 ///< whether the rule or styler can be taken out: no answer changes, whatever
+                                        ///< else that can go is taken out too
+    std::string path;                   ///< JSON path of the value
+    std::string message;                ///< one sentence without a full stop: what happens at run time
+    std::string remedy;                 ///< what to do, in this case
+    std::string log{};                  ///< the component's own line; empty where it says nothing
+    std::vector<RelatedPlace> related{};
     std::optional<std::string> replacement{};  ///< JSON that is to stand at the range instead, where that is known
     std::optional<Severity> severity{};        ///< where it is not that of the code, because the author wants another
 };

@@ -21,13 +21,13 @@ constexpr std::string_view kLogPrefix = "ZRX Custom Map: ";
 
 /// A line of the component for one step.
 struct LoggedLine {
-    StyleFindings& check;
+    StyleFindings& found;
     const ReplayStep& step;
     const RuleView& rule;
     const std::string& line;
 
     Finding& add(Code code, TextRange range, const std::string& path, std::string message) const {
-        Finding& finding = check.add(code, rule, range, path, std::move(message));
+        Finding& finding = found.add(code, rule, range, path, std::move(message));
         finding.log = line;
         return finding;
     }
@@ -201,7 +201,7 @@ constexpr LogRow kRows[] = {
 };
 
 void otherLine(const LoggedLine& logged) {
-    Finding& finding = logged.check.add(Code::OtherLogLine, logged.step, "the component logs a line about this");
+    Finding& finding = logged.found.add(Code::OtherLogLine, logged.step, "the component logs a line about this");
     finding.log = logged.line;
 }
 

@@ -56,17 +56,7 @@ public:
 
 private:
     Finding& add(Code code, TextRange range, JsonValue value, std::string message) {
-        return m_findings.emplace_back(Finding{.code = code,
-                                               .file = &m_file,
-                                               .range = range,
-                                               .rule = {},
-                                               .step = {},
-                                               .canGo = false,
-                                               .path = value.path(),
-                                               .message = std::move(message),
-                                               .remedy = infoOf(code).remedy,
-                                               .log = {},
-                                               .related = {}});
+        return m_findings.emplace_back(code, m_file, range, value.path(), std::move(message));
     }
 
     Finding& add(Code code, JsonValue value, std::string message) {

@@ -41,8 +41,8 @@ const Place kInStylers{kStylerMembers, kRuleMembers, "\"stylers\"", "move it out
 
 class MemberCheck {
 public:
-    MemberCheck(StyleFindings& check, const RuleView& rule, const Place& place)
-        : m_check(check), m_rule(rule), m_place(place) {}
+    MemberCheck(StyleFindings& found, const RuleView& rule, const Place& place)
+        : m_found(found), m_rule(rule), m_place(place) {}
 
     void run(JsonValue object) {
         std::unordered_map<std::string, JsonValue> firsts;
@@ -54,7 +54,7 @@ public:
 
 private:
     Finding& add(Code code, JsonValue member, std::string message) {
-        return m_check.add(code, m_rule, member.nameRange(), member.path(), std::move(message));
+        return m_found.add(code, m_rule, member.nameRange(), member.path(), std::move(message));
     }
 
     void addDoubled(JsonValue member, JsonValue first) {
@@ -99,7 +99,7 @@ private:
 
     void checkLetterCase(JsonValue member, const std::string& known) {
         const std::string corrected = m_rule.textWith(member.nameRange(), "\"" + known + "\"");
-        const bool isRead = outcomeAlone(std::string(m_rule.value.source())) == outcomeAlone(corrected);
+        const bool isRead = doTheSame(std::string(m_rule.value.source()), corrected);
         const Code code = isRead ? Code::MemberCaseAccepted : Code::MemberLetterCase;
         const char* const message =
             isRead ? "the component accepts {}, but it is spelt \"{}\"" : "{} is ignored; the styler is spelt \"{}\"";
@@ -107,29 +107,31 @@ private:
                 fmt::format("\"{}\"", known));
     }
 
-    StyleFindings& m_check;
+    StyleFindings& m_found;
     const RuleView& m_rule;
     const Place& m_place;
 };
 
 std::string asText(JsonValue value, std::string_view name) {
     const bool isWhole = value.kind() == JsonKind::Number && std::floor(value.number()) == value.number();
-    if (name == "color" && isWhole && value.number() >= 0 && value.number() <= 0xFFFFFF) {
+    const bool isColor = isOfKind(name, StylerKind::Color);
+    const bool isVisibility = isOfKind(name, StylerKind::Visibility);
+    if (isColor && isWhole && value.number() >= 0 && value.number() <= 0xFFFFFF) {
         return fmt::format("\"#{:06x}\"", value.integer());
     }
-    if (name == "visibility" && value.kind() == JsonKind::True) return "\"on\"";
-    if (name == "visibility" && value.kind() == JsonKind::False) return "\"off\"";
-    if (value.kind() == JsonKind::Number && name != "color" && name != "visibility") {
+    if (isVisibility && value.kind() == JsonKind::True) return "\"on\"";
+    if (isVisibility && value.kind() == JsonKind::False) return "\"off\"";
+    if (value.kind() == JsonKind::Number && !isColor && !isVisibility) {
         return fmt::format("\"{}\"", value.source());
     }
     return {};
 }
 
-void checkKind(StyleFindings& check, const RuleView& rule, const std::string& name) {
+void checkKind(StyleFindings& found, const RuleView& rule, const std::string& name) {
     const std::optional<JsonValue> value = rule.member(name);
     if (!value || value->kind() == JsonKind::String) return;
     const bool isLevel = name == "level";
-    Finding& finding = check.add(Code::ValueNotText, rule, *value,
+    Finding& finding = found.add(Code::ValueNotText, rule, *value,
                                  fmt::format("\"{}\" is {}, not a string; {}", name, kindName(value->kind()),
                                              isLevel ? "the rule applies at all levels" : "it is ignored"));
     const std::string text = asText(*value, name);

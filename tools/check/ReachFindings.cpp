@@ -10,8 +10,10 @@
 #include "tools/check/DocumentFindings.h"
 #include "tools/check/StyleFindings.h"
 #include "tools/study/Probe.h"
+#include "tools/study/StyleKey.h"
 #include "tools/vocabulary/Elements.h"
 #include "tools/vocabulary/FeatureTypes.h"
+#include "tools/vocabulary/Stylers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -53,11 +55,11 @@ std::vector<FeatureTypeRow> familyOf(int parent) {
 
 class ReachCheck {
 public:
-    ReachCheck(StyleFindings& check, const std::set<int>& touchedTypes, const ReplayStep& step)
-        : m_check(check),
+    ReachCheck(StyleFindings& found, const std::set<int>& touchedTypes, const ReplayStep& step)
+        : m_found(found),
           m_touchedTypes(touchedTypes),
           m_step(step),
-          m_rule(check.ruleOf(step)),
+          m_rule(found.ruleOf(step)),
           m_reach(reachOf(step)) {
         if (const auto value = m_rule.textMember("visibility")) m_visibility = value->text();
     }
@@ -74,12 +76,12 @@ public:
     }
 
 private:
-    void add(Code code, const std::string& message) { m_check.add(code, m_step, message); }
+    void add(Code code, const std::string& message) { m_found.add(code, m_step, message); }
 
     void checkGlobal() {
         const auto level = m_rule.textMember("level");
         if (m_step.gridColor && level) {
-            m_check.add(Code::GridLevelLost, m_rule, {level->nameRange().begin, level->range().end}, level->path(),
+            m_found.add(Code::GridLevelLost, m_rule, {level->nameRange().begin, level->range().end}, level->path(),
                         "the grid has one colour for all levels; the level is lost");
         }
         if (m_step.hidesEveryIcon && (isOn() || level)) {
@@ -98,8 +100,7 @@ private:
         const bool isLand = m_rule.typeId == _orvik_framework::EMAPCUSTOMSTYLE_LAND;
         if (m_step.styler == "weight" && hasFixedWeight)
             return add(Code::WeightOnBoundary, "a boundary has no weight; nothing happens");
-        if (m_step.styler == "color" && isLand)
-            return add(Code::StrokeOnLand, "the land has no stroke; nothing happens");
+        if (is(StylerKind::Color) && isLand) return add(Code::StrokeOnLand, "the land has no stroke; nothing happens");
         add(Code::NothingReached, fmt::format("nothing happens: {} does nothing on {} of {}", m_step.styler,
                                               inQuotes(m_rule.path), inQuotes(m_rule.typeName)));
     }
@@ -115,13 +116,13 @@ private:
 
     // "on" says nothing about elements; "off" in its place would.
     void addIdleOn() {
-        const auto off = stepsOfRule(m_rule.typeName, m_rule.path, "visibility", "off");
-        if (!off.front().log.empty()) {
+        const AloneOutcome off = outcomeAlone(m_rule.typeName, m_rule.path, "visibility", "off");
+        if (!off.log.empty()) {
             const JsonValue element = *m_rule.elementType;
-            m_check.add(Code::ElementUnknown, m_rule, element,
+            m_found.add(Code::ElementUnknown, m_rule, element,
                         fmt::format("unknown element {}; nothing happens, and nothing is logged with \"on\"",
                                     inQuotes(m_rule.path)));
-        } else if (off.front().keys.empty()) {
+        } else if (off.store->m_keyStyleMaps.empty()) {
             add(Code::NothingReached, fmt::format("nothing happens: {} of {} has nothing to show",
                                                   inQuotes(m_rule.path), inQuotes(m_rule.typeName)));
         } else {
@@ -143,13 +144,13 @@ private:
     void checkElementPath() {
         if (isUsualPath()) return;
         const JsonValue element = *m_rule.elementType;
-        const AloneOutcome outcome = outcomeAlone(std::string(m_rule.value.source()));
+        const std::string rule(m_rule.value.source());
         const auto isSame = [&](const Element& usual) {
-            return outcomeAlone(m_rule.textWith(element.range(), fmt::format("\"{}\"", usual.path))) == outcome;
+            return doTheSame(m_rule.textWith(element.range(), fmt::format("\"{}\"", usual.path)), rule);
         };
         const auto same = std::ranges::find_if(elements(), isSame);
         Finding& finding =
-            m_check.add(Code::ElementUnusual, m_rule, element,
+            m_found.add(Code::ElementUnusual, m_rule, element,
                         same == elements().end()
                             ? fmt::format("{} is not a usual element; only its last word counts", inQuotes(m_rule.path))
                             : fmt::format("{} has the effect of \"{}\"", inQuotes(m_rule.path), same->path));
@@ -163,12 +164,12 @@ private:
         const std::string& last = m_rule.words.back();
         const bool isLabelsPath = m_rule.words.front() == "labels";
         if (isLabelsPath && wrote(FieldPart::Geometry) && drawsGeometry(m_rule.typeId)) addGeometryChanged();
-        if (m_step.styler == "color" && last == "all" && !wrote(FieldPart::Geometry) && drawsGeometry(m_rule.typeId)) {
+        if (is(StylerKind::Color) && last == "all" && !wrote(FieldPart::Geometry) && drawsGeometry(m_rule.typeId)) {
             add(Code::AllColorsNamesOnly,
                 fmt::format("only the names of \"{}\" get the colour; the geometry stays as it is", m_rule.typeName));
         }
         const bool keepsLabels = catalogue().UpdateFeatureTypeId(m_rule.typeId) == m_rule.typeId;
-        const bool hides = m_step.styler == "visibility" && !isOn();
+        const bool hides = is(StylerKind::Visibility) && !isOn();
         const bool hasLabels = catalogue().IsFeatureTypeIncludeLabels(m_rule.typeId) != 0;
         if (hides && m_rule.names("geometry") && wrote(FieldPart::Text) && keepsLabels && hasLabels &&
             drawsGeometry(m_rule.typeId)) {
@@ -187,7 +188,7 @@ private:
 
     // "on" for something that is still fully transparent.
     void checkRestored() {
-        if (m_step.styler != "visibility" || !isOn()) return;
+        if (!isOn()) return;
         const bool isHidden = std::ranges::any_of(m_step.touches, [](const RecordTouch& touch) {
             return std::ranges::any_of(styleFields(), [&](const StyleField& field) {
                 return field.kind == FieldKind::Color && appliesIn(field, touch.after) &&
@@ -203,7 +204,7 @@ private:
 
     void checkTypes() {
         checkNamesake();
-        const bool isIcon = m_rule.words.back() == "icon" && m_step.styler == "visibility";
+        const bool isIcon = m_rule.words.back() == "icon" && is(StylerKind::Visibility);
         if (isIcon && !m_reach.types.contains(m_rule.typeId)) {
             const int companion = *m_reach.types.begin();
             add(Code::IconsOfCompanion, fmt::format("this changes the icons of \"{}\"; those of \"{}\" do not change",
@@ -216,8 +217,9 @@ private:
         const int namesake = catalogue().GetFeatureTypeId(m_rule.typeName + "label");
         const bool isLabels = m_rule.names("labels") && wrote(FieldPart::Text);
         const bool isParent = catalogue().IsParentFeatureType(namesake) != 0;
-        if (!isLabels || namesake == -1 || isParent || m_reach.types.contains(namesake)) return;
-        m_check
+        const auto isNamesake = [&](const std::string& key) { return parsedKey(key).featureType == namesake; };
+        if (!isLabels || namesake == -1 || isParent || std::ranges::any_of(m_step.keys, isNamesake)) return;
+        m_found
             .add(Code::NamesakeNotReached, m_rule, *m_rule.featureType,
                  fmt::format("the names belong to \"{}label\", which this rule does not reach", m_rule.typeName))
             .remedy = fmt::format("write the rule for \"{}label\"", m_rule.typeName);
@@ -229,15 +231,16 @@ private:
         const auto touched =
             std::ranges::count_if(family, [&](const FeatureTypeRow& row) { return m_touchedTypes.contains(row.id); });
         if (2 * touched >= std::ssize(family)) return;
-        m_check.add(Code::ParentAnswersLast, m_rule, *m_rule.featureType,
+        m_found.add(Code::ParentAnswersLast, m_rule, *m_rule.featureType,
                     fmt::format("the rule for \"{}\" applies to its own style ids only, not to \"{}\" to \"{}\"",
                                 m_rule.typeName, family.front().name, family.back().name));
     }
 
+    bool is(StylerKind kind) const { return isOfKind(m_step.styler, kind); }
     bool wrote(FieldPart part) const { return m_reach.wrote.contains(part); }
-    bool isOn() const { return m_step.styler == "visibility" && m_visibility == "on"; }
+    bool isOn() const { return is(StylerKind::Visibility) && m_visibility == "on"; }
 
-    StyleFindings& m_check;
+    StyleFindings& m_found;
     const std::set<int>& m_touchedTypes;
     const ReplayStep& m_step;
     const RuleView& m_rule;
@@ -248,11 +251,11 @@ private:
 }  // namespace
 
 std::vector<Finding> findReach(const StyleStudy& study) {
-    StyleFindings check(study);
+    StyleFindings found(study);
     std::set<int> touchedTypes;
-    for (const ReplayStep& step : check.steps()) touchedTypes.merge(reachOf(step).types);
-    for (const ReplayStep& step : check.steps()) ReachCheck(check, touchedTypes, step).run();
-    return check.take();
+    for (const ReplayStep& step : found.steps()) touchedTypes.merge(reachOf(step).types);
+    for (const ReplayStep& step : found.steps()) ReachCheck(found, touchedTypes, step).run();
+    return found.take();
 }
 
 }  // namespace customstyle_tool

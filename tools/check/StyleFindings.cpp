@@ -46,17 +46,7 @@ Finding& StyleFindings::add(Code code, const ReplayStep& step, std::string messa
 }
 
 Finding& StyleFindings::addToFile(Code code, TextRange range, std::string message) {
-    return m_findings.emplace_back(Finding{.code = code,
-                                           .file = &m_study.source().file(),
-                                           .range = range,
-                                           .rule = {},
-                                           .step = {},
-                                           .canGo = false,
-                                           .path = "$",
-                                           .message = std::move(message),
-                                           .remedy = infoOf(code).remedy,
-                                           .log = {},
-                                           .related = {}});
+    return m_findings.emplace_back(code, m_study.source().file(), range, "$", std::move(message));
 }
 
 std::string StyleFindings::nameOf(std::size_t step) const {

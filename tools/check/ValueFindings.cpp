@@ -25,16 +25,16 @@ std::uint64_t readColor(const std::string& text, int featureType) {
     return static_cast<std::uint32_t>(catalogue().CalculateColorValue(text.c_str(), featureType));
 }
 
-void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value) {
+void checkWholeColor(StyleFindings& found, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const std::uint64_t read = readColor(text, rule.typeId);
     if (read != readColor(text, -1)) {
-        check
+        found
             .add(Code::ColorAlphaIgnored, rule, value,
                  fmt::format("the alpha is ignored; \"{}\" is drawn in {}", rule.typeName, colorText(read)))
             .remedy = fmt::format("write \"{}\", or choose a paler colour", text.substr(0, 1 + kDigitsWithoutAlpha));
     } else if (alphaOf(read) == 0 && text.find_first_not_of("#0") != std::string::npos) {
-        Finding& finding = check.add(Code::ColorInvisible, rule, value,
+        Finding& finding = found.add(Code::ColorInvisible, rule, value,
                                      fmt::format("{} is drawn in {}", inQuotes(text), colorText(read)));
         finding.remedy = fmt::format(
             "alpha comes last: \"#{}{}\" is the same with alpha last; to hide something, use "
@@ -43,11 +43,11 @@ void checkWholeColor(StyleFindings& check, const RuleView& rule, JsonValue value
     }
 }
 
-void checkColor(StyleFindings& check, const RuleView& rule, JsonValue value) {
+void checkColor(StyleFindings& found, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const std::optional<ColorFault> fault = colorFaultOf(text);
-    if (!fault) return checkWholeColor(check, rule, value);
-    Finding& finding = check.add(
+    if (!fault) return checkWholeColor(found, rule, value);
+    Finding& finding = found.add(
         fault->code, rule, value,
         fmt::format("{} {}; it is read as {}", inQuotes(text), fault->why, colorText(readColor(text, rule.typeId))));
     if (fault->replacement.empty())
@@ -63,20 +63,20 @@ int readLevel(const RuleView& rule) {
     return level;
 }
 
-void checkLevel(StyleFindings& check, const RuleView& rule, JsonValue value) {
+void checkLevel(StyleFindings& found, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const int read = readLevel(rule);
     char* end = nullptr;
     const long written = std::strtol(text.c_str(), &end, 10);  // takes what the component takes
     if (text.empty() || end == text.c_str() || *end != '\0') {
         Finding& finding =
-            check.add(Code::LevelMalformed, rule, value,
+            found.add(Code::LevelMalformed, rule, value,
                       fmt::format("{} is not a whole number; the rule applies at level {} only", inQuotes(text), read));
         if (text.empty() || text == "all") finding.remedy = "remove the level, and the rule applies at all levels";
         return;
     }
     if (written == read) return;
-    check
+    found
         .add(Code::LevelClamped, rule, value,
              fmt::format("level {} is out of range; the rule applies at level {}", text.substr(0, 12), read))
         .replacement = fmt::format("\"{}\"", read);
@@ -93,14 +93,14 @@ std::optional<std::uint64_t> writtenSize(const ReplayStep& step) {
     return {};
 }
 
-void checkSize(StyleFindings& check, const ReplayStep& step) {
+void checkSize(StyleFindings& found, const ReplayStep& step) {
     const std::optional<std::uint64_t> written = writtenSize(step);
     if (!written) return;
-    const JsonValue value = *check.ruleOf(step).member(step.styler);
+    const JsonValue value = *found.ruleOf(step).member(step.styler);
     const std::string text = value.text();
     const std::size_t firstDigit = std::min(text.find_first_not_of('0'), text.size() - 1);
     if (text.substr(firstDigit) == fmt::format("{}", *written)) return;
-    Finding& finding = check.add(Code::SizeClamped, check.ruleOf(step), value,
+    Finding& finding = found.add(Code::SizeClamped, found.ruleOf(step), value,
                                  fmt::format("{} is out of range; {} is drawn", inQuotes(text), *written));
     finding.remedy = fmt::format("write \"{}\" or less", *written);
     finding.replacement = fmt::format("\"{}\"", *written);
@@ -109,16 +109,15 @@ void checkSize(StyleFindings& check, const ReplayStep& step) {
 }  // namespace
 
 std::vector<Finding> findValues(const StyleStudy& study) {
-    StyleFindings check(study);
+    StyleFindings found(study);
     for (const RuleView& rule : study.rules()) {
-        if (const auto color = rule.textMember("color")) checkColor(check, rule, *color);
-        if (const auto level = rule.textMember("level")) checkLevel(check, rule, *level);
+        if (const auto color = rule.textMember("color")) checkColor(found, rule, *color);
+        if (const auto level = rule.textMember("level")) checkLevel(found, rule, *level);
     }
-    for (const ReplayStep& step : check.steps()) {
-        const Styler* const styler = stylerNamed(step.styler);
-        if (styler != nullptr && styler->kind == StylerKind::Size) checkSize(check, step);
+    for (const ReplayStep& step : found.steps()) {
+        if (isOfKind(step.styler, StylerKind::Size)) checkSize(found, step);
     }
-    return check.take();
+    return found.take();
 }
 
 }  // namespace customstyle_tool

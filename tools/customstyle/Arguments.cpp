@@ -6,6 +6,7 @@
 #include <charconv>
 #include <limits>
 
+#include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/Levels.h"
 
@@ -21,16 +22,6 @@ std::optional<Number> numberOf(std::string_view text) {
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     if (result.ec != std::errc() || text != std::to_string(number)) return {};
     return number;
-}
-
-std::vector<std::string> piecesOf(const std::string& list) {
-    std::vector<std::string> pieces;
-    std::size_t begin = 0;
-    for (std::size_t end = 0; end != std::string::npos; begin = end + 1) {
-        end = list.find(',', begin);
-        pieces.push_back(list.substr(begin, end == std::string::npos ? end : end - begin));
-    }
-    return pieces;
 }
 
 // The numbers of "7" or "4-9"; none where it is neither.
@@ -62,14 +53,14 @@ std::string problemOfNumber(const std::string& piece) {
 }
 
 std::string problemOfStyleIds(const std::string& word) {
-    for (const std::string& piece : piecesOf(word)) {
+    for (const std::string& piece : split(word, ',')) {
         if (!numbersOf<unsigned int>(piece)) return problemOfNumber<unsigned int>(piece);
     }
     return {};
 }
 
 std::string problemOfLevels(const std::string& word) {
-    for (const std::string& piece : piecesOf(word)) {
+    for (const std::string& piece : split(word, ',')) {
         if (!levelsOf(piece)) return problemOfNumber<int>(piece) + ", a range like 4-9, all or other";
     }
     return {};
@@ -79,7 +70,7 @@ template <typename Number, typename Read>
 std::vector<Number> numbersIn(const std::vector<std::string>& words, Read readPiece) {
     std::vector<Number> numbers;
     for (const std::string& word : words) {
-        for (const std::string& piece : piecesOf(word)) {
+        for (const std::string& piece : split(word, ',')) {
             const std::vector<Number> named = *readPiece(piece);
             for (const Number number : named) {
                 if (std::ranges::find(numbers, number) == numbers.end()) numbers.push_back(number);

@@ -5,16 +5,15 @@
 #include <functional>
 #include <vector>
 
+#include "tools/support/PlainText.h"
+
 namespace customstyle_tool {
 namespace {
 
 std::vector<std::string> flagsOf(const Option& option) {
     std::vector<std::string> flags;
-    for (std::size_t begin = 0; begin < option.names.size();) {
-        const std::size_t end = std::min(option.names.find(',', begin), option.names.size());
-        const std::string name = option.names.substr(begin, end - begin);
+    for (const std::string& name : split(option.names, ',')) {
         if (name.starts_with('-')) flags.push_back(name);
-        begin = end + 1;
     }
     return flags;
 }

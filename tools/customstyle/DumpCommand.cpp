@@ -79,10 +79,10 @@ void printBackground(const char* name, const CustomConfig& config, Ask askColor)
 void printTable(const CustomConfig& config) {
     printBackground("land", config, landColor);
     printBackground("grid", config, gridColor);
-    printAnswerHeading(stdout);
+    print(answerHeading());
     for (const unsigned int styleId : mappedStyleIds(config)) {
         for (const Group& group : groupsOf(config, styleId)) {
-            if (!isUntouched(group)) printAnswerRow(stdout, config, styleId, levelsText(group.levels), group.answer);
+            if (!isUntouched(group)) print(answerRow(config, styleId, levelsText(group.levels), group.answer));
         }
     }
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tools/customstyle/HelpText.h"
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -81,11 +82,7 @@ std::string sentences(std::string_view text) {
 
 std::string literal(const std::string& text) {
     std::string lines = ".Bd -literal -offset indent\n";
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        lines += escaped(text.substr(begin, end - begin)) + "\n";
-        begin = end + 1;
-    }
+    for (const std::string& line : split(text, '\n')) lines += escaped(line) + "\n";
     return lines + ".Ed\n";
 }
 
@@ -100,11 +97,8 @@ std::string macrosOf(const Option& option, const char* between) {
         return fmt::format("Ar {}{}", option.names.substr(0, option.names.find(',')),
                            option.isRepeatable() ? " ..." : "");
     std::string macros;
-    for (std::size_t begin = 0; begin < option.names.size();) {
-        const std::size_t end = std::min(option.names.find(',', begin), option.names.size());
-        macros +=
-            fmt::format("{}Fl {}", macros.empty() ? "" : between, option.names.substr(begin + 1, end - begin - 1));
-        begin = end + 1;
+    for (const std::string& name : split(option.names, ',')) {
+        macros += fmt::format("{}Fl {}", macros.empty() ? "" : between, name.substr(1));
     }
     return option.value.empty() ? macros : fmt::format("{} Ar {}", macros, option.value);
 }

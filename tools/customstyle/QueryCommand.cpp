@@ -35,10 +35,10 @@ struct QueryArguments : StyleArguments, Selection {
 
 void printText(const CustomConfig& config, const std::vector<unsigned int>& styleIds, const std::vector<int>& levels) {
     if (styleIds.size() == 1 && levels.size() == 1) return printFields(config, styleIds[0], levels[0]);
-    printAnswerHeading(stdout);
+    print(answerHeading());
     for (const unsigned int styleId : styleIds) {
         for (const int level : levels) {
-            printAnswerRow(stdout, config, styleId, std::to_string(level), ask(config, styleId, level));
+            print(answerRow(config, styleId, std::to_string(level), ask(config, styleId, level)));
         }
     }
 }

@@ -16,11 +16,6 @@ namespace {
 using _orvik_framework::CustomConfig;
 using Value = std::optional<std::uint64_t>;
 
-Value typeIn(const Answer& answer) {
-    if (answer.featureType == -1) return {};
-    return static_cast<std::uint64_t>(answer.featureType);
-}
-
 // An icon flag of 0 says no more than that there is a record.
 Value shownFieldIn(const Answer& answer, std::size_t place) {
     const Value value = fieldIn(answer, place);
@@ -76,7 +71,7 @@ private:
             differs |= add({Subject::Field, field}, shownFieldIn(before, field), shownFieldIn(after, field));
         }
         const bool bothCustomised = before.featureType != -1 && after.featureType != -1;
-        if (bothCustomised || !differs) add({Subject::FeatureType, 0}, typeIn(before), typeIn(after));
+        if (bothCustomised || !differs) add({Subject::FeatureType, 0}, answeringType(before), answeringType(after));
     }
 
     int groupOf(const Answer& before, const Answer& after) const {

@@ -18,8 +18,7 @@ using _orvik_framework::CustomConfig;
 using Value = std::optional<std::uint64_t>;
 
 bool isBackground(const Expectation& expectation) {
-    return expectation.topic != nullptr &&
-           (expectation.topic->topic == Topic::Land || expectation.topic->topic == Topic::Grid);
+    return expectation.topic != nullptr && expectation.topic->isBackground();
 }
 
 std::set<unsigned int> styleIdsOf(const Expectation& expectation, const StyleStudy& style) {
@@ -30,21 +29,8 @@ std::set<unsigned int> styleIdsOf(const Expectation& expectation, const StyleStu
 }
 
 Value answerTo(const Expectation& expectation, const CustomConfig& config, unsigned int styleId, int level) {
-    const Answer answer = ask(config, styleId, level);
-    if (expectation.aspect == Aspect::FeatureType) {
-        return answer.featureType == -1 ? Value() : Value(static_cast<std::uint64_t>(answer.featureType));
-    }
-    switch (expectation.topic->topic) {
-        case Topic::Icon:
-            return answer.iconHidden ? 1 : 0;
-        case Topic::Land:
-            return landColor(config, level);
-        case Topic::Grid:
-            return gridColor(config, level);
-        case Topic::Field:
-            break;
-    }
-    return fieldIn(answer, expectation.topic->field);
+    if (expectation.aspect == Aspect::Topic) return answerAbout(*expectation.topic, config, styleId, level);
+    return answeringType(ask(config, styleId, level));
 }
 
 // The levels of each wrong answer for one style id, by the first level.
@@ -91,16 +77,6 @@ std::string valueWords(const Expectation& expectation, const Value& value, const
     return value ? valueText(*expectation.topic, *value) : "not customised";
 }
 
-std::string indented(const std::string& text) {
-    std::string lines;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = text.find('\n', begin) + 1;
-        lines += "  " + text.substr(begin, end - begin);
-        begin = end;
-    }
-    return lines;
-}
-
 std::string placeWords(const ExpectationFailure& failure) {
     const std::string levels = levelsPhrase(failure.levels);
     if (failure.styleIds.empty()) return "at " + levels;
@@ -130,7 +106,8 @@ std::string failuresText(std::span<const ExpectationFailure> failures, const Sou
         const Explanation explanation = explainer.explain(firstStyleId(failure), firstLevel(failure.levels));
         text +=
             indented(isBackground(expectation) ? topicText(explainer, explanation, *expectation.topic, swatches)
-                                               : explanationText(explainer, explanation, expectation.topic, swatches));
+                                               : explanationText(explainer, explanation, expectation.topic, swatches),
+                     "  ");
     }
     return text;
 }

@@ -53,10 +53,6 @@ std::optional<std::uint64_t> colorIn(std::string_view text) {
     return color;
 }
 
-bool isColor(const TopicName& topic) {
-    return topic.topic != Topic::Field || styleFields()[topic.field].kind == FieldKind::Color;
-}
-
 using ParsedLine = std::variant<Expectation, ExpectationProblem>;
 
 // Reads the words of one line. What reads a part of it answers whether that went well, and nothing is read after a
@@ -109,13 +105,12 @@ private:
     bool parseLevels(const Word& word) {
         if (word.text == "all") m_result.levels.set();
         if (word.text == "all") return true;
-        bool isGood = true;
-        for (std::size_t begin = 0; isGood && begin <= word.text.size();) {
-            const std::size_t end = std::min(word.text.find(',', begin), word.text.size());
-            isGood = parseRange({word.offset + begin, word.text.substr(begin, end - begin)});
-            begin = end + 1;
+        std::size_t offset = word.offset;
+        for (const std::string& range : split(word.text, ',')) {
+            if (!parseRange({offset, range})) return false;
+            offset += range.size() + 1;
         }
-        return isGood;
+        return true;
     }
 
     bool parseRange(const Word& word) {
@@ -156,10 +151,7 @@ private:
                fail(m_words[1], "the mapping does not list this style id, so nothing would be tested");
     }
 
-    bool isBackground() const {
-        return m_result.topic != nullptr &&
-               (m_result.topic->topic == Topic::Land || m_result.topic->topic == Topic::Grid);
-    }
+    bool isBackground() const { return m_result.topic != nullptr && m_result.topic->isBackground(); }
 
     bool parseOtherStyle(const Word& word) {
         m_result.aspect = Aspect::AsIn;
@@ -198,7 +190,7 @@ private:
 
     bool parseValue(const Word& word) {
         if (word.text == "none") return true;
-        return isColor(*m_result.topic) ? parseColor(word) : parseSize(word);
+        return m_result.topic->isColor() ? parseColor(word) : parseSize(word);
     }
 
     bool parseColor(const Word& word) {

@@ -42,10 +42,6 @@ void say(Sayings& sayings, Aspect aspect, const TopicName* topic, const LevelSet
     }
 }
 
-Value typeIn(const Answer& answer) {
-    return answer.featureType == -1 ? Value() : Value(static_cast<std::uint64_t>(answer.featureType));
-}
-
 // Where no type answers there is no field, and nothing more to be said than that.
 LevelSet answeredLevels(const CustomConfig& config, unsigned int styleId, LevelSet levels) {
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
@@ -56,16 +52,13 @@ LevelSet answeredLevels(const CustomConfig& config, unsigned int styleId, LevelS
 
 Sayings sayingsOf(const CustomConfig& config, unsigned int styleId, const LevelSet& levels) {
     Sayings sayings;
-    const auto answer = [&](int level) { return ask(config, styleId, level); };
-    say(sayings, Aspect::FeatureType, nullptr, levels, [&](int level) { return typeIn(answer(level)); });
+    say(sayings, Aspect::FeatureType, nullptr, levels,
+        [&](int level) { return answeringType(ask(config, styleId, level)); });
     const LevelSet answered = answeredLevels(config, styleId, levels);
     for (const TopicName& topic : topicNames()) {
-        if (topic.topic == Topic::Field) {
-            say(sayings, Aspect::Topic, &topic, answered,
-                [&](int level) { return fieldIn(answer(level), topic.field); });
-        } else if (topic.topic == Topic::Icon) {
-            say(sayings, Aspect::Topic, &topic, levels, [&](int level) { return answer(level).iconHidden ? 1 : 0; });
-        }
+        if (topic.isBackground()) continue;
+        say(sayings, Aspect::Topic, &topic, topic.topic == Topic::Icon ? levels : answered,
+            [&](int level) { return answerAbout(topic, config, styleId, level); });
     }
     return sayings;
 }
@@ -75,8 +68,7 @@ Sayings backgroundSayings(const CustomConfig& config, int featureType, const Lev
     const bool isLand = featureType == _orvik_framework::EMAPCUSTOMSTYLE_LAND;
     if (!isLand && featureType != _orvik_framework::EMAPCUSTOMSTYLE_GRID) return sayings;
     const TopicName* const topic = findTopic(isLand ? "land background" : "grid background");
-    say(sayings, Aspect::Topic, topic, levels,
-        [&](int level) { return isLand ? landColor(config, level) : gridColor(config, level); });
+    say(sayings, Aspect::Topic, topic, levels, [&](int level) { return answerAbout(*topic, config, 0, level); });
     return sayings;
 }
 
@@ -104,8 +96,7 @@ std::string colorWord(std::uint64_t color) {
 
 std::string valueWord(const TopicName& topic, std::uint64_t value) {
     if (topic.topic == Topic::Icon) return value == 1 ? "hidden" : "shown";
-    const bool isSize = topic.topic == Topic::Field && styleFields()[topic.field].kind == FieldKind::Size;
-    return isSize ? std::to_string(value) : colorWord(value);
+    return topic.isColor() ? colorWord(value) : std::to_string(value);
 }
 
 std::string whatWords(const Expectation& expectation) {
@@ -114,8 +105,7 @@ std::string whatWords(const Expectation& expectation) {
         return "type " + featureTypeNames()[static_cast<std::size_t>(*expectation.value)];
     }
     const TopicName& topic = *expectation.topic;
-    const bool isBackground = topic.topic == Topic::Land || topic.topic == Topic::Grid;
-    std::string name = isBackground ? "background" : topic.name;
+    std::string name = topic.isBackground() ? "background" : topic.name;
     std::ranges::replace(name, ' ', '-');
     return fmt::format("{:<18}  {}", name, expectation.value ? valueWord(topic, *expectation.value) : "none");
 }

@@ -110,6 +110,24 @@ std::string inQuotes(std::string_view text) {
     return "\"" + shortened(text, kQuotedBytes) + "\"";
 }
 
+std::vector<std::string> split(std::string_view text, char separator) {
+    std::vector<std::string> pieces;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find(separator, begin), text.size());
+        pieces.emplace_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return pieces;
+}
+
+std::string indented(std::string_view text, std::string_view margin) {
+    std::string lines;
+    if (text.empty()) return lines;
+    if (text.ends_with('\n')) text.remove_suffix(1);
+    for (const std::string& line : split(text, '\n')) lines += fmt::format("{}{}\n", margin, line);
+    return lines;
+}
+
 std::string shortened(std::string_view text, std::size_t most) {
     if (text.size() <= most) return std::string(text);
     std::size_t end = most;

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace customstyle_tool {
 
@@ -23,6 +24,12 @@ bool isUtf8(std::string_view text);
 
 /// A text in quotes; cut, with dots for the rest, where it is long.
 std::string inQuotes(std::string_view text);
+
+/// The pieces of a text between separators: one where there is none.
+std::vector<std::string> split(std::string_view text, char separator);
+
+/// The lines of a text, each after a margin.
+std::string indented(std::string_view text, std::string_view margin);
 
 /// A text cut to at most this many bytes, with dots for the rest.
 std::string shortened(std::string_view text, std::size_t most);

@@ -31,6 +31,11 @@ const Styler* stylerNamed(std::string_view name) {
     return found == std::end(kStylers) ? nullptr : found;
 }
 
+bool isOfKind(std::string_view name, StylerKind kind) {
+    const Styler* const styler = stylerNamed(name);
+    return styler != nullptr && styler->kind == kind;
+}
+
 std::span<const std::string> stylerMembers() {
     static const std::vector<std::string> names = members();
     return names;

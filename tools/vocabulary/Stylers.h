@@ -29,6 +29,9 @@ std::span<const Styler> stylers();
 /// Null where there is none.
 const Styler* stylerNamed(std::string_view name);
 
+/// Whether there is a styler with the name and it says this.
+bool isOfKind(std::string_view name, StylerKind kind);
+
 /// The member of the stylers that names the one zoom level of a rule; it styles nothing.
 inline constexpr std::string_view kLevelMember = "level";
 inline constexpr std::string_view kLevelTitle =
