@@ -14,9 +14,7 @@ class Removals {
 public:
     explicit Removals(const CheckedStyle& style) : m_style(style) {
         for (const Json& finding : style.findings()) {
-            if (finding.at("remedy").get<std::string>().starts_with("remove it")) {
-                m_all.push_back(style.partAt(finding));
-            }
+            if (finding.at("can_go").get<bool>()) m_all.push_back(style.partAt(finding));
         }
     }
 

@@ -82,9 +82,9 @@ bool noEffect(const Said& said) {
     const CheckedStyle& style = said.style;
     if (said.words.text().ends_with("no effect on the map")) return true;
     if (said.says("overwrite") || said.says("the same as")) return true;  // see who is to blame
-    if (said.says("it writes what is there already")) return changesNothing(style, said.part);
+    if (said.says("it writes what is already there")) return changesNothing(style, said.part);
     const std::set<int> types = typesWritten(style, said.part);
-    if (said.says("no question of the renderer finds its style ids")) {
+    if (said.says("the renderer never finds its style ids")) {
         return !types.empty() && std::ranges::all_of(types, [&](int type) { return idsOf(style, type).empty(); });
     }
     return said.says("other feature types answer for all its style ids") && othersAnswer(style, said.part);
@@ -190,7 +190,7 @@ bool matchesNothing(const Said& said) {
 
 // ---- Style ids under several types ----
 
-bool sharedIds(const Said& said) {
+bool othersAnswerForShared(const Said& said) {
     const CheckedStyle& style = said.style;
     const std::vector<std::string> types = said.words.quoted();
     const Levels levels = said.words.levelsAfter("follow \"" + types.at(1) + "\" at ");
@@ -248,7 +248,7 @@ const std::map<std::string, Reason> kEffectReasons = {
     {"shut-out-by-level", shutOut},
     {"hidden-by-rule", hiddenByRule},
     {"element-matches-nothing", matchesNothing},
-    {"shared-ids-lost", sharedIds},
+    {"shared-ids-lost", othersAnswerForShared},
     {"partial-effect", partialEffect},
 };
 

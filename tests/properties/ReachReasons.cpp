@@ -110,7 +110,7 @@ bool companionIcons(const Said& said) {
 bool typesNotReached(const Said& said) {
     const CheckedStyle& style = said.style;
     const std::vector<std::string> types = said.words.quoted();
-    const bool isFamily = said.says("speaks for its own style ids only");
+    const bool isFamily = said.says("applies to its own style ids only");
     return std::ranges::none_of(std::span(types).subspan(isFamily ? 1 : 0), [&](const std::string& type) {
         return writesAny(style, Part{said.part.rule, {}}, type);
     });
