@@ -8,6 +8,7 @@
 #include "tools/build/Toml.h"
 #include "tools/customstyle/Arguments.h"
 #include "tools/host/Files.h"
+#include "tools/host/LoadedMap.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
