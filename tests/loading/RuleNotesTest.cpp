@@ -36,7 +36,7 @@ void expectNotes(const stFeatureTypeStyleRecorder* recorders) {
 
 namespace _orvik_framework {
 
-void CustomConfig::SetCustomVisibilityStyle(int featureType, const CVString& elementType, const cJSON*, int,
+void CustomConfig::SetCustomVisibilityStyle(int featureType, CVString elementType, const cJSON*, int,
                                             stFeatureTypeStyleRecorder* recorders, int ruleIndex, int, int) {
     ASSERT_NE(recorders, nullptr);
     expectNotes(recorders);

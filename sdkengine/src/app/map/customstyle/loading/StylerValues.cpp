@@ -73,7 +73,7 @@ int CustomConfig::CalculateWeightValue(const char* text) const {
     return value;
 }
 
-int CustomConfig::IsValueAllDigit(const std::string& text) const {
+int CustomConfig::IsValueAllDigit(std::string text) const {
     return !text.empty() && std::ranges::all_of(text, isDigit);
 }
 

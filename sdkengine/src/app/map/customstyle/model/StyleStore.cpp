@@ -47,7 +47,7 @@ void CustomConfig::ReleaseCustomRes() {
         releaseRecords(m_typeStyleMaps[featureType]);
 }
 
-void CustomConfig::CustomMapPrintLog(const CVString& message) const {
+void CustomConfig::CustomMapPrintLog(CVString message) const {
     if (message.IsEmpty()) return;
     _orvik_vi::CVLog::Log(_orvik_vi::ELOG_WARN, messages::kPrefix + message);
 }

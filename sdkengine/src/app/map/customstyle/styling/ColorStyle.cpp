@@ -42,9 +42,8 @@ constexpr ElementFields<ColorField> kTextColors[] = {
 
 }  // namespace
 
-void CustomConfig::SetCustomColorStyle(int featureType, const CVString& elementType, const cJSON* stylers,
-                                       int includesLabels, stFeatureTypeStyleRecorder* /*unused*/, int allLevels,
-                                       int level) {
+void CustomConfig::SetCustomColorStyle(int featureType, CVString elementType, const cJSON* stylers, int includesLabels,
+                                       stFeatureTypeStyleRecorder* /*unused*/, int allLevels, int level) {
     const char* text = findText(stylers, "color");
     if (text == nullptr) return CustomMapPrintLog(messages::kStylersAbsent);
     const DispatchRow* row = findRow(kColorRows, elementType);
@@ -65,7 +64,7 @@ void CustomConfig::SetTypeColor(int featureType, const CVString& elementType, st
                 [&](tagCustomStyle& record) { return writeFields(record, fields, color); });
 }
 
-void CustomConfig::SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t color, int allLevels,
+void CustomConfig::SetFontColorStyle(int featureType, CVString elementType, std::uint64_t color, int allLevels,
                                      int level) {
     const auto fields = fieldsOf(kTextColors, elementType);
     walkRecords(*this, {featureType, allLevels, level},

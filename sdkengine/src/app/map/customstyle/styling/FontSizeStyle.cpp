@@ -30,7 +30,7 @@ constexpr ElementFields<SizeField> kFontSizes[] = {
 
 }  // namespace
 
-void CustomConfig::SetCustomFontSizeStyle(int featureType, const CVString& elementType, const cJSON* stylers,
+void CustomConfig::SetCustomFontSizeStyle(int featureType, CVString elementType, const cJSON* stylers,
                                           int includesLabels, stFeatureTypeStyleRecorder* /*unused*/, int allLevels,
                                           int level) {
     const char* text = findText(stylers, "fontsize");

@@ -41,7 +41,7 @@ bool namesIcon(const CVString& elementType) {
 
 }  // namespace
 
-void CustomConfig::SetCustomVisibilityStyle(int featureType, const CVString& elementType, const cJSON* stylers,
+void CustomConfig::SetCustomVisibilityStyle(int featureType, CVString elementType, const cJSON* stylers,
                                             int includesLabels, stFeatureTypeStyleRecorder* recorders, int ruleIndex,
                                             int allLevels, int level) {
     const char* text = findText(stylers, "visibility");

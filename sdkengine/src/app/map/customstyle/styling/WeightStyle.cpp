@@ -42,9 +42,8 @@ constexpr ElementFields<SizeField> kTextWeights[] = {
 
 }  // namespace
 
-void CustomConfig::SetCustomWeightStyle(int featureType, const CVString& elementType, const cJSON* stylers,
-                                        int includesLabels, stFeatureTypeStyleRecorder* /*unused*/, int allLevels,
-                                        int level) {
+void CustomConfig::SetCustomWeightStyle(int featureType, CVString elementType, const cJSON* stylers, int includesLabels,
+                                        stFeatureTypeStyleRecorder* /*unused*/, int allLevels, int level) {
     if (applies(&FeatureTypeRow::hasFixedWeight, featureType)) return;
     const char* text = findText(stylers, "weight");
     if (text == nullptr) return CustomMapPrintLog(messages::kWeightAbsent);

@@ -282,7 +282,7 @@ public:
     int CalculateWeightValue(const char* text) const;
 
     /// Whether the text is not empty and all ASCII digits.
-    int IsValueAllDigit(const std::string& text) const;
+    int IsValueAllDigit(std::string text) const;
     /// @}
 
     /// @name Styling: dispatchers
@@ -294,15 +294,14 @@ public:
     /// named `unused` may be null or anything else.
     /// @{
 
-    void SetCustomColorStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
+    void SetCustomColorStyle(int featureType, CVString elementType, const cJSON* stylers, int includesLabels,
                              stFeatureTypeStyleRecorder* unused, int allLevels, int level);
     /// @param recorders  notes of all rules; entry `ruleIndex` is filled for each valid "on" and "off". Null: no notes.
-    void SetCustomVisibilityStyle(int featureType, const CVString& elementType, const cJSON* stylers,
-                                  int includesLabels, stFeatureTypeStyleRecorder* recorders, int ruleIndex,
-                                  int allLevels, int level);
-    void SetCustomWeightStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
+    void SetCustomVisibilityStyle(int featureType, CVString elementType, const cJSON* stylers, int includesLabels,
+                                  stFeatureTypeStyleRecorder* recorders, int ruleIndex, int allLevels, int level);
+    void SetCustomWeightStyle(int featureType, CVString elementType, const cJSON* stylers, int includesLabels,
                               stFeatureTypeStyleRecorder* unused, int allLevels, int level);
-    void SetCustomFontSizeStyle(int featureType, const CVString& elementType, const cJSON* stylers, int includesLabels,
+    void SetCustomFontSizeStyle(int featureType, CVString elementType, const cJSON* stylers, int includesLabels,
                                 stFeatureTypeStyleRecorder* unused, int allLevels, int level);
     /// @}
 
@@ -313,7 +312,7 @@ public:
     /// @{
 
     void SetTypeColor(int featureType, const CVString& elementType, std::uint64_t color, int allLevels, int level);
-    void SetFontColorStyle(int featureType, const CVString& elementType, std::uint64_t color, int allLevels, int level);
+    void SetFontColorStyle(int featureType, CVString elementType, std::uint64_t color, int allLevels, int level);
     /// @param hide  1 to hide the icon, 0 to show it; stored as it is
     void SetCustomIconInvisible(int featureType, const CVString& elementType, int hide, int allLevels, int level);
     /// @param weight  0 to 255; the low 8 bits are stored
@@ -342,7 +341,7 @@ public:
     int IsStyleEffectAtAllLevel(const char* key) const;
 
     /// Logs a message of the component after its prefix; an empty one is dropped.
-    void CustomMapPrintLog(const CVString& message) const;
+    void CustomMapPrintLog(CVString message) const;
 
     /// Base records of each feature type, by style id: all 0 but m_ID. Owned.
     CVMapPtrToPtr m_typeStyleMaps[kFeatureTypeCount];
