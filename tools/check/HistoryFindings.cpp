@@ -99,7 +99,8 @@ Hiding recordsOutOfUse(const StyleFindings& found) {
         const RecordOwners& owners = story.owners;
         const auto& [last, ofLevel] = owners[kMarkField];
         // A record for a level may have taken its mark over with all else.
-        const StyleKey ofMark{key.featureType, ofLevel ? key.level : std::nullopt};
+        StyleKey ofMark{key.featureType, {}};
+        if (ofLevel) ofMark.level = key.level;
         if (!last || !takesOut(found.steps()[*last], ofMark)) continue;
         OutOfUse& out = hiding[*last][key.featureType];
         out.featureType = key.featureType;
