@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -76,14 +77,14 @@ TEST_F(InitWithFaults, AnyOneAllocationMayFailAndNothingIsLost) {
 
 // The buffer is allocated between asking for the length and reading, so its allocation is the moment to cut the file.
 struct Cut {
-    const TemporaryDirectory& directory;
+    const TemporaryDirectory* directory;
     std::string content;
 };
-const Cut* g_cut = nullptr;
+std::optional<Cut> g_cut;
 
 // Gives memory that is full of closing braces.
 void* allocateAndCut(std::size_t size, const char*, int) {
-    if (const Cut* const cut = std::exchange(g_cut, nullptr)) cut->directory.write("CustomIndex", cut->content);
+    if (const auto cut = std::exchange(g_cut, std::nullopt)) cut->directory->write("CustomIndex", cut->content);
     void* block = std::malloc(size);
     std::memset(block, '}', size);
     return block;
@@ -97,8 +98,7 @@ class ShrinkingMapping : public testing::Test {
 protected:
     int loadCut(const std::string& content, std::size_t lengthAfterCut) {
         m_directory.write("CustomIndex", content);
-        const Cut cut{m_directory, content.substr(0, lengthAfterCut)};
-        g_cut = &cut;
+        g_cut = Cut{&m_directory, content.substr(0, lengthAfterCut)};
         const std::string style = m_directory.write("style.json", "[]");
         _orvik_vi::CVMem::SetHostAllocator(allocateAndCut, release);
         const int result = CustomConfig().Init(m_directory.prefix().c_str(), style.c_str());

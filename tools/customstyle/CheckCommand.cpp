@@ -298,9 +298,9 @@ private:
             for (const std::string& problem : *problems) report({problem});
             return nullptr;
         }
-        auto& file = std::get<0>(style);
+        std::shared_ptr<const SourceFile> file = std::get<0>(std::move(style));
         std::ranges::copy(file->sources(), std::back_inserter(m_inputs));
-        return std::move(file);
+        return file;
     }
 
     // The findings about a style that was built are about the files that it is made of.
