@@ -172,8 +172,9 @@ private:
                                                                          after[i].style,
                                                                          {}});
             const MarkedTwice marked{first[i].style, second[i].style};
-            std::ranges::transform(styleFields(), touch.origins.begin(),
-                                   [&](const StyleField& field) { return marked.originOf(field, level.has_value()); });
+            std::ranges::transform(styleFields(), touch.origins.begin(), [&](const StyleField& field) {
+                return marked.originOf(field, touch.level.has_value());
+            });
         }
     }
 
