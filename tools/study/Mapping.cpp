@@ -16,7 +16,6 @@ namespace {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::kFeatureTypeCount;
-using _orvik_vi::cJSON;
 
 constexpr int kFirstPairId = 100'000;
 
@@ -132,7 +131,11 @@ Mapping::Mapping(Kind kind, std::string text) {
         std::ranges::sort(known.questionIds[type]);
     }
     known.speakers = speakersOf(known.questionIds);
-    m_known = std::make_shared<const Known>(std::move(known));
+    const auto shared = std::make_shared<Known>(std::move(known));
+    m_known = shared;
+    // Now and not when they are asked for: by then several threads may ask.
+    shared->speakersTree = componentTree(speakersText());
+    shared->tracedTree = componentTree(tracedText());
 }
 
 std::string_view Mapping::name() const {
@@ -163,16 +166,6 @@ std::string Mapping::tracedText() const {
         return idsOf(featureType).empty() ? std::vector<int>()
                                           : std::vector{static_cast<int>(defaultStyleId(featureType))};
     });
-}
-
-const cJSON* Mapping::speakersTree() const {
-    if (m_known->speakersTree == nullptr) m_known->speakersTree = componentTree(speakersText());
-    return m_known->speakersTree.get();
-}
-
-const cJSON* Mapping::tracedTree() const {
-    if (m_known->tracedTree == nullptr) m_known->tracedTree = componentTree(tracedText());
-    return m_known->tracedTree.get();
 }
 
 bool canBeAskedFor(int styleId) {

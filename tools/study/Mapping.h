@@ -18,7 +18,7 @@ struct Speaker {
     std::vector<int> types;  ///< ascending; none for the style id that the mapping does not list
 };
 
-/// Immutable; copies share what is known of it. Not to be read by several threads at once.
+/// Immutable; copies share what is known of it.
 class Mapping {
 public:
     enum class Kind : std::uint8_t {
@@ -68,8 +68,8 @@ public:
     std::string tracedText() const;
 
     /// These two texts as the component reads them, parsed once for all studies over the mapping.
-    const _orvik_vi::cJSON* speakersTree() const;
-    const _orvik_vi::cJSON* tracedTree() const;
+    const _orvik_vi::cJSON* speakersTree() const { return m_known->speakersTree.get(); }
+    const _orvik_vi::cJSON* tracedTree() const { return m_known->tracedTree.get(); }
 
 private:
     struct Known {
@@ -78,9 +78,8 @@ private:
         std::vector<std::vector<int>> ids;                   // by feature type
         std::vector<std::vector<unsigned int>> questionIds;  // by feature type
         std::vector<Speaker> speakers;
-        // Each is made when it is first asked for.
-        mutable std::shared_ptr<const _orvik_vi::cJSON> speakersTree{};
-        mutable std::shared_ptr<const _orvik_vi::cJSON> tracedTree{};
+        std::shared_ptr<const _orvik_vi::cJSON> speakersTree{};
+        std::shared_ptr<const _orvik_vi::cJSON> tracedTree{};
     };
 
     Mapping(Kind kind, std::string text);
