@@ -9,7 +9,7 @@
 
 namespace customstyle_tool {
 
-/// A JSON value that remembers where it was written, be it as JSON or as TOML.
+/// A JSON value that remembers where it was written, in JSON or in TOML.
 struct RuleNode {
     JsonKind kind = JsonKind::Null;
     TextRange range{};                 ///< in its file

@@ -21,7 +21,7 @@ struct RelatedPlace {
 };
 
 struct Finding {
-    /// The remedy is that of the code until somebody says a better one.
+    /// The remedy is that of the code until a better one is set.
     Finding(Code code_, const SourceFile& file_, TextRange range_, std::string path_, std::string message_)
         : code(code_),
           file(&file_),

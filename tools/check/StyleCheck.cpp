@@ -25,7 +25,7 @@ std::vector<Finding> checkStyle(const StyleStudy& study, const CheckOptions& opt
     std::vector<Finding> findings;
     for (const auto finder : kFinders) append(findings, finder(study));
     markIdle(study, findings);
-    // Of a broken file nobody knows yet what its rules would do to each other.
+    // What the rules of a broken file would do to each other is not known yet.
     if (study.source().isWhole() && options.proofs) {
         append(findings,
                findEffects(study, findings,

@@ -71,7 +71,7 @@ public:
         } catch (const CLI::CallForHelp&) {
             return {.kind = Request::Kind::Help, .command = &m_command};
         } catch (const CLI::ParseError& error) {
-            // A word that nobody knows is the likely cause, and what the parser misses its consequence.
+            // An unknown word is the likely cause, and what the parser misses is its consequence.
             return problem(m_app.remaining().empty() ? escapedText(error.what()) : unexpectedWord());
         }
         const std::string text = problemText();

@@ -74,7 +74,7 @@ sigset_t heldSignals() {
     return signals;
 }
 
-// Starts a program that goes on by itself, without our signals, input and output.
+// Starts a program that runs on its own, without our signals, input and output.
 bool isStarted(const char* program, const std::string& argument) {
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);

@@ -42,7 +42,7 @@ void say(Sayings& sayings, Aspect aspect, const TopicName* topic, const LevelSet
     }
 }
 
-// Where no type answers there is no field, and nothing more to be said than that.
+// Where no type answers there are no fields; the expectation says only that.
 LevelSet answeredLevels(const CustomConfig& config, unsigned int styleId, LevelSet levels) {
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {
         if (ask(config, styleId, levelOfClass(levelClass)).featureType == -1) levels.reset(levelClass);

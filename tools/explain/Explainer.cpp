@@ -25,7 +25,7 @@ void sortLosses(History& history) {
     std::ranges::stable_sort(history.losses, {}, [](const Loss& loss) { return loss.write.step; });
 }
 
-// What stands in a record that does not answer is lost as well.
+// The values of a record that does not answer are lost as well.
 void addAsLost(History& history, const History& lost, const Loss& how) {
     addLosses(history, lost.losses);
     if (lost.winner) history.losses.push_back({*lost.winner, how.kind, how.byStep, how.byType});

@@ -38,7 +38,7 @@ fs::path behindLinks(fs::path path) {
     return path;
 }
 
-// What stands in the way of replacing what is there now.
+// What prevents the file from being replaced.
 WriteProblem problemOfTarget(const fs::path& path, const fs::path& target) {
     std::error_code error;
     const fs::file_status status = fs::status(target, error);

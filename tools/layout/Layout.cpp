@@ -34,7 +34,7 @@ std::string_view nameOf(std::string_view text, JsonValue member) {
     return text.substr(range.begin, range.size());
 }
 
-// Writes values without line breaks, and gives up where there is no room.
+// Writes values without line breaks, and gives up when the line is full.
 class OneLine {
 public:
     OneLine(std::string_view text, std::size_t room) : m_text(text), m_room(room) {}

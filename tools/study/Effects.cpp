@@ -254,7 +254,7 @@ public:
         return std::move(m_proofs);
     }
 
-    /// Whether the store differs once all that is idle is left out, be it without changing an answer.
+    /// Whether the store differs once all that is idle is left out, even if no answer changes.
     bool leavesDifference() const { return !m_adopted.empty(); }
 
 private:
@@ -432,10 +432,10 @@ private:
     std::size_t m_hidingIcons = 0;        // works up to there that hide every icon
     std::vector<Work> m_works;
     Proofs m_proofs;
-    using Places = std::pair<std::size_t, std::size_t>;  // of works: the first, and behind the last
+    using Places = std::pair<std::size_t, std::size_t>;  // of works: the first, and one past the last
     std::vector<Places> m_idle;
     std::set<Places> m_neverIdle;
-    std::set<std::string> m_different;  // keys that differ at the moment
+    std::set<std::string> m_different;  // keys that differ now
     std::vector<Changed> m_changed;
     bool m_differsByOthers = false;   // whether works that are left out could make a difference to the one in question
     std::set<std::string> m_adopted;  // keys that differ at the end from the whole style, without changing an answer

@@ -1,4 +1,4 @@
-// Who wrote what stands in each field, and whose work was lost to whom.
+// Which step wrote the value of each field, and which steps overwrote which.
 #pragma once
 
 #include <array>
@@ -59,7 +59,7 @@ public:
     std::vector<LostWork> lossesOf(std::size_t victim) const;
     std::span<const LostWork> lossesBy(std::size_t culprit) const;
 
-    /// Whether a value that stands in a record in the end goes back to the step.
+    /// Whether a value that a record has in the end comes from the step.
     bool ownsAnything(std::size_t step) const { return m_isOwner[step]; }
 
     /// Every key whose records some step touched.

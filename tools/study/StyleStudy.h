@@ -18,8 +18,8 @@
 
 namespace customstyle_tool {
 
-/// One style over one mapping, read once; what is costly is found out when somebody asks. The component alone decides
-/// what comes of a style: nothing here knows a rule of styling.
+/// One style over one mapping, read once; what is costly is computed when it is first asked for. The component alone
+/// decides what comes of a style: nothing here knows a rule of styling.
 ///
 /// Reading it takes the component's log and switch over meanwhile, see ComponentGuard. Not for several threads at once.
 class StyleStudy {
@@ -50,7 +50,7 @@ public:
     /// What each of them did, traced over one style id for each type that has any.
     const std::vector<ReplayStep>& steps() const;
 
-    /// Who wrote what stands in each field.
+    /// Which step wrote the value of each field.
     const FieldHistory& history() const;
 
     /// The indices of a rule's steps: the first, and one after the last.

@@ -19,7 +19,7 @@ namespace customstyle_tool {
 enum class Origin : std::uint8_t {
     Kept,       ///< the step left it alone
     Inherited,  ///< the step copied it from the all-levels record of the same type and style id
-    Written,    ///< the step wrote it, be it the same value again
+    Written,    ///< the step wrote it, even if the value is the same
 };
 
 /// What a step did to one record. Steps visit a record even when they change no value in it.

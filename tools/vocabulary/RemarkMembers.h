@@ -7,7 +7,7 @@
 namespace customstyle_tool {
 
 /// Whether a member is a remark, by its name in any letter case or by how the name starts. The component passes
-/// over remarks, and nobody need wonder about it.
+/// over remarks, so that they raise no finding.
 bool isRemark(std::string_view memberName);
 
 /// The same as a regular expression for a JSON Schema.
