@@ -40,7 +40,7 @@ using customstyle_tool::StyleText;
 using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kKeptStyles = 3;
-constexpr std::size_t kKeptText = 2'000'000;  // bytes; what is known of a style takes a hundred times as much memory
+constexpr std::size_t kKeptText = 2'000'000;  // bytes; what is known about a style takes a hundred times as much memory
 
 struct File {
     std::string path;
@@ -73,7 +73,7 @@ std::optional<std::int64_t> numberIn(const Json& request, const char* name, std:
     return number >= 0 && number <= highest ? std::optional(number) : std::nullopt;
 }
 
-// A style with one rule less. The rest keeps its text, so that only the places differ.
+// A style with one rule removed. The rest keeps its text, so only the positions differ.
 std::string withoutRule(const StyleStudy& style, std::size_t left) {
     std::string text;
     const auto& rules = style.source().rules();
@@ -136,7 +136,7 @@ private:
 
     File m_mappingFile;
     Mapping m_mapping = Mapping::standard();
-    std::list<SharedStudy> m_styles;  // what was asked about last stands first
+    std::list<SharedStudy> m_styles;  // what was asked about last comes first
 };
 
 Desk& desk() {
@@ -144,7 +144,7 @@ Desk& desk() {
     return only;
 }
 
-// Calls `use` with the request's style, or tells what is wrong with it.
+// Calls `use` with the request's style, or reports what is wrong with it.
 template <typename Use>
 std::string withStyle(const Json& request, const char* name, Use use) {
     const auto file = fileIn(request, name);
@@ -180,7 +180,7 @@ bool isSet(const Json& request, const char* name) {
     return member != request.end() && *member == true;
 }
 
-// A text that is no style has findings, too.
+// A text that is not a style has findings, too.
 CheckedFile checkedStyle(const File& file, const CheckOptions& options) {
     const auto style = desk().style(file);
     if (const SharedStudy* study = std::get_if<SharedStudy>(&style)) {

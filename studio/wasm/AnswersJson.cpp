@@ -30,7 +30,7 @@ class RecordList {
 public:
     explicit RecordList(const CustomConfig& config) : m_config(config) {}
 
-    // Most questions find a record that another one has found: then nothing is written.
+    // Most questions find a record that an earlier one has found; then nothing is written.
     std::size_t indexOf(const BorrowedStyle& found, bool isIconHidden) {
         const Known record{found.style, found.featureType, isIconHidden};
         const auto known = std::ranges::find(m_known, record);

@@ -80,7 +80,7 @@ private:
 
     static bool isMember(std::string_view name) { return std::ranges::find(kMembers, name) != kMembers.end(); }
 
-    // What stands below [palette] belongs to it, which is easily forgotten.
+    // What follows [palette] belongs to it, which is easily forgotten.
     void readPalette(const toml::node& value) {
         const toml::table* const table = value.as_table();
         if (table == nullptr) return problem(value, R"(write a table: [palette], and below it road = "#a8772f")");

@@ -30,7 +30,7 @@ struct BuildFile {
     std::vector<PaletteEntry> palette{};
     std::vector<RuleNode> rules{};
     std::vector<std::string>
-        problems{};  ///< what is wrong with the file, with positions; what is right is read all the same
+        problems{};  ///< what is wrong with the file, with positions; what is right is read nevertheless
 };
 
 BuildFile readBuildFile(const SourceFile& file);

@@ -111,7 +111,7 @@ std::variant<std::unique_ptr<SourceFile>, std::string> BuiltText::file(
     std::vector<std::string> paths;
     for (const auto& each : files) paths.push_back(each->path());
     const auto places = std::make_shared<Places>(std::move(m_written), build, std::move(files));
-    const auto formatted = parseJson(text);  // nests as deep
+    const auto formatted = parseJson(text);  // nested as deeply as `unformatted`
     places->setRanges(std::get<JsonDocument>(formatted));
     return std::make_unique<SourceFile>(
         build.path(), std::move(text), [places](TextRange range) { return places->originOf(range); }, std::move(paths));

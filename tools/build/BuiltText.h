@@ -31,9 +31,9 @@ public:
     /// @param file  in which the rule is written
     void add(const SourceFile& file, const RuleNode& rule, bool isAfterBlankLine);
 
-    /// The style as a file, whose places are those of what was added.
+    /// The style as a file, whose positions refer to where the added rules are written.
     /// @param build  the file that the style is built by, which gives it its path
-    /// @param files  keeps what the rules are written in
+    /// @param files  the files in which the rules are written; the style keeps them
     /// @return a file, or why there is none: TOML may nest values deeper than a style file
     std::variant<std::unique_ptr<SourceFile>, std::string> file(
         const SourceFile& build, std::vector<std::shared_ptr<const SourceFile>> files) &&;

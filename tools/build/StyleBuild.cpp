@@ -123,7 +123,7 @@ public:
         return BuiltText::Value{*text, {name, {setting->file.get(), setting->entry.range}}};
     }
 
-    // Names that nothing uses, where they look like a name that is used.
+    // Unused names that look like a name that is used.
     std::vector<std::string> misspelt() const {
         std::vector<std::string> warnings;
         const std::vector<std::string> used(m_used.begin(), m_used.end());
@@ -151,7 +151,7 @@ private:
         return nullptr;
     }
 
-    // @param names  that led here; one that comes again has no value
+    // @param names  those that led here; one that recurs has no value
     std::optional<std::string> textOf(const Sources::Setting& setting, std::vector<std::string> names) {
         const std::string& text = setting.entry.text;
         if (!isVariable(text)) return text;

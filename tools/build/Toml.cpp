@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kDeepest = 1000;
 
-// Follows brackets and dots without knowing what they mean. In a value, too many count rather than too few.
+// Follows brackets and dots without knowing what they mean. In a value it may count too many, never too few.
 class DepthScan {
 public:
     explicit DepthScan(std::string_view text) : m_text(text) {}
@@ -78,7 +78,7 @@ private:
     std::vector<std::ptrdiff_t> m_open;  // by open bracket, the levels that it adds
 };
 
-// What to say of what the parser says: where it was, and what it met.
+// Turns the parser's description, where it was and what it found, into a message.
 std::string problemOfToml(std::string_view description) {
     const std::size_t colon = description.find(": ");
     const std::string_view what = colon == std::string_view::npos ? description : description.substr(colon + 2);

@@ -10,14 +10,14 @@
 
 namespace customstyle_tool {
 
-/// Why a text is no TOML, or none that is read here.
+/// Why a text is not TOML, or not TOML that is accepted here.
 struct TomlProblem {
     TextRange range;
     std::string what;
 };
 
-/// The table of a file. Refused are, beside faults, keys that nest deeper than anything of ours does: their tables
-/// could not be given back without running out of stack.
+/// The table of a file. Besides faults, it refuses keys that nest deeper than any file here needs: their tables could
+/// not be released without running out of stack.
 std::variant<toml::table, TomlProblem> readToml(const SourceFile& file);
 
 /// The bytes of a region of the file.

@@ -15,7 +15,7 @@ namespace {
 
 constexpr long long kWidestRange = 1000;
 
-// The number that all of a text is: plain decimal, without zeros in front.
+// The number that a whole text is: plain decimal, without leading zeros.
 template <typename Number>
 std::optional<Number> numberOf(std::string_view text) {
     Number number{};

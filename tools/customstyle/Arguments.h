@@ -11,10 +11,10 @@
 
 namespace customstyle_tool {
 
-/// The argument STYLE, which can be written --style STYLE, too.
+/// The argument STYLE, which can also be written --style STYLE.
 Option styleOption(std::string& style);
 
-/// The --mapping that every subcommand takes that loads a style.
+/// The --mapping of every subcommand that loads a style.
 Option mappingOption(std::optional<std::string>& directory);
 
 /// A --format with these values, each with what it is for.

@@ -66,7 +66,7 @@ std::string problemOfSeconds(const std::string& text) {
     return secondsIn(text) ? "" : fmt::format("\"{}\" is not a number of seconds", text);
 }
 
-// What the proofs about the styles of a run were made for, and how far they came.
+// What the proofs about the styles of a run were made for, and how far they got.
 class ProofScope {
 public:
     void add(const CheckedStyle& checked) {
@@ -214,7 +214,7 @@ private:
         return &configuration;
     }
 
-    // A baseline that is about to be written need not be there.
+    // A baseline that is about to be written need not exist yet.
     bool readBaseline(const std::optional<std::string>& path) {
         if (!path || m_arguments.newBaseline) return true;
         const std::unique_ptr<SourceFile> file = read(*path, "baseline");
@@ -333,7 +333,7 @@ private:
         return limit.count() > 0 && std::chrono::steady_clock::now() - m_begin > limit;
     }
 
-    // One remedy may give rise to the next, so that the style is checked again after each round.
+    // One remedy may lead to another, so the style is checked again after each round.
     std::size_t fixAll(std::shared_ptr<const SourceFile>& file, CheckedStyle& checked, const Mapping& mapping,
                        const Configuration& configuration) const {
         std::size_t count = 0;

@@ -6,7 +6,7 @@
 namespace customstyle_tool {
 namespace {
 
-// Filled before main begins, by objects in other files, so it must not need construction itself.
+// Filled before main starts, by objects in other files, so it must not need construction itself.
 constinit const Registration* s_first = nullptr;
 
 }  // namespace

@@ -31,7 +31,7 @@ struct Option {
     std::function<std::string(const std::string&)> problem =
         {};  ///< what is wrong with a value; empty where nothing is
     bool isRequired = false;
-    bool isHidden = false;      ///< works, but is shown to nobody
+    bool isHidden = false;      ///< works, but is shown nowhere
     bool takesNumbers = false;  ///< several numbers may follow one after the other: --id 1 2 3
 
     bool isArgument() const { return !names.starts_with('-'); }
@@ -72,7 +72,7 @@ struct Command {
     Glossary glossary{};
     std::vector<ExitStatus> statuses{};
     std::vector<ExampleCall> examples{};
-    std::function<int()> run = {};  ///< prints what there is to print and answers the exit status
+    std::function<int()> run = {};  ///< prints what there is to print and returns the exit status
     bool isHidden = false;
 };
 

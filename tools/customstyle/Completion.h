@@ -1,4 +1,4 @@
-// Completion for shells, from what the subcommands say of themselves.
+// Completion for shells, from how the subcommands describe themselves.
 #pragma once
 
 #include <span>

@@ -17,7 +17,7 @@ struct Configuration {
     std::string path{};  ///< of the file; empty where there is none
     std::optional<std::string> mappingDirectory{};
     std::optional<std::string> baseline{};
-    std::vector<Code> selected{};  ///< only these, where any
+    std::vector<Code> selected{};  ///< only these, if there are any
     std::vector<Code> ignored{};
     std::map<Code, Severity> severities{};
     bool effects = false;

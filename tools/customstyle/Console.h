@@ -1,4 +1,4 @@
-// What the subcommands say beside their answers, and whether in colour.
+// What the subcommands print besides their answers, and whether in colour.
 #pragma once
 
 #include <cstdio>
@@ -9,7 +9,7 @@
 
 namespace customstyle_tool {
 
-/// Says on standard error what is wrong, in one line.
+/// Prints on standard error what is wrong, in one line.
 /// @return the status
 int complain(std::string_view text, int status = kMisuse);
 

@@ -20,7 +20,7 @@ const std::pair<Purpose, const char*> kPurposes[] = {
     {Purpose::SetUp, "Set up editors and shells:"},
 };
 
-// A text in lines that begin at a column; the first line is there already up to `used`.
+// A text in lines that start at a column; the first line is already there up to `used`.
 std::string wrapped(std::string_view text, std::size_t column, std::size_t used) {
     std::string lines;
     std::size_t width = used;
@@ -47,7 +47,7 @@ std::string row(const std::string& left, const std::string& right) {
     return head + wrapped(right, kColumn, head.size() + 1 > kColumn ? kColumn : head.size());
 }
 
-// A paragraph; an example, which begins with a blank or has lines of its own, stays as it is.
+// A paragraph; an example, which starts with a blank or has lines of its own, stays as it is.
 std::string paragraph(const std::string& text) {
     const bool keepsLines = text.starts_with(' ') || text.find('\n') != std::string::npos;
     return "\n" + (keepsLines ? text + "\n" : wrapped(text, 0, 0));

@@ -39,7 +39,7 @@ struct ImportArguments : MappingArguments {
     bool quiet = false;
 };
 
-// The map style as JSON, or why it is none.
+// The map style as JSON, or why it is not JSON.
 std::variant<MapJson, ReadFailure> readMapStyle(const std::string& path) {
     auto file = readSource(path, "style of another renderer");
     if (auto* failure = std::get_if<ReadFailure>(&file)) return std::move(*failure);

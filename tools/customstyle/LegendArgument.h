@@ -15,7 +15,7 @@ Option legendOption(std::string& legend);
 /// --zoom-offset N, one digit
 Option zoomOffsetOption(std::string& zoomOffset);
 
-/// Reads a legend that comes along, or a file; none after a complaint.
+/// Reads a built-in legend, or a file; none after a complaint.
 std::optional<Legend> legendOrComplain(const std::string& name);
 
 }  // namespace customstyle_tool

@@ -43,7 +43,7 @@ inline constexpr char kHere[] = "-";
 /// @return whether the settings, if there are any, can be read; complains if not
 bool findMapping(MappingArguments& arguments, const std::vector<std::string>& styles);
 
-/// Reads a style file, or builds the style of a build file; warnings of that go to standard error.
+/// Reads a style file, or builds the style of a build file; warnings about the build go to standard error.
 /// @return the file, or why there is none, a sentence for each reason
 std::variant<std::unique_ptr<SourceFile>, std::vector<std::string>> readStyle(const std::string& path);
 
@@ -52,7 +52,7 @@ std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& direc
 
 /// Loads a style, or complains.
 /// @param without  the mapping if there is no directory
-/// @return null where there was something to complain of
+/// @return null after a complaint
 std::unique_ptr<StyleStudy> loadOrComplain(StyleArguments arguments);
 std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
                                            const Mapping& without = Mapping::standard());

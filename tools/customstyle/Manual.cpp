@@ -54,7 +54,7 @@ std::string upper(std::string text) {
     return text;
 }
 
-// A text as it stands: nothing of it is markup.
+// A text as it is: none of it is markup.
 std::string escaped(std::string_view text) {
     std::string result;
     for (const char c : text) {

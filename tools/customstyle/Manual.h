@@ -1,4 +1,4 @@
-// The manual pages, from what the subcommands say of themselves.
+// The manual pages, from how the subcommands describe themselves.
 #pragma once
 
 #include <span>

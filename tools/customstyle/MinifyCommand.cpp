@@ -25,7 +25,7 @@ struct MinifyArguments : StyleArguments {
     bool quiet = false;
 };
 
-// What is said of each Thoroughness.
+// The sentence for each Thoroughness.
 constexpr std::string_view kSentences[] = {
     "", "not everything was tried, because of the number of rules",
     "each rule is shortened by itself; nothing shorter was proven to have the same effect",

@@ -25,7 +25,7 @@ std::vector<int> selectedLevels(const Selection& selection);
 bool isSelected(const Selection& selection, const char* command);
 
 /// The style ids that are named, each once: those of --id, then those that the mapping lists under each --type and that
-/// the renderer can ask for. None after complaining of a type without such ids.
+/// the renderer can ask for. None after a complaint about a type without such ids.
 std::vector<unsigned int> selectedStyleIds(const Selection& selection, const StyleStudy& style);
 
 }  // namespace customstyle_tool

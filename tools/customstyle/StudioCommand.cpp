@@ -49,7 +49,7 @@ std::string problemOfPort(const std::string& word) {
     return portIn(word) ? "" : fmt::format("\"{}\" is not a port; write a number from 0 to 65535", word);
 }
 
-// Why a style cannot be edited here, if so.
+// Why a style cannot be edited here; nothing if it can.
 std::optional<ReadFailure> problemOfStyle(const std::string& path) {
     if (path == "-") return ReadFailure{"-: standard input cannot be watched; give the path of a style file"};
     if (auto problem = problemOfFile(path, "style file")) return problem;
@@ -65,7 +65,7 @@ std::optional<ReadFailure> problemOfFiles(const StudioArguments& arguments) {
     return arguments.mappingDirectory ? problemOfMappingDirectory(*arguments.mappingDirectory) : std::nullopt;
 }
 
-// Signals that end the program; they wait until they are asked for, in all threads.
+// Signals that end the program; they stay pending in all threads until they are fetched.
 sigset_t heldSignals() {
     sigset_t signals;
     sigemptyset(&signals);
@@ -105,7 +105,7 @@ bool hasDesktop() {
 }
 
 void openBrowser(const std::string& address) {
-    std::signal(SIGCHLD, SIG_IGN);  // nobody waits for the browser
+    std::signal(SIGCHLD, SIG_IGN);  // nothing waits for the browser
     if (hasDesktop() && isStarted("xdg-open", address)) return;
     complain(fmt::format("no browser could be opened here; open {} yourself", address));
 }

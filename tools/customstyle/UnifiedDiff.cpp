@@ -40,7 +40,7 @@ std::string inColor(const std::string& text) {
     return result;
 }
 
-// A path as patch reads it: in quotes, and as C writes it, where it could do more than be read.
+// A path as patch reads it: in quotes and escaped as in C where its characters could have an effect.
 std::string headOf(const std::string& path) {
     if (escapedText(path) == path && path.find_first_of("\"\\") == std::string::npos) return path;
     std::string quoted;

@@ -8,11 +8,11 @@
 
 namespace customstyle_tool {
 
-// Colours are packed as the component packs them; widths and sizes are pixels. A value that the answer sets is taken as
-// it is, all others are the legend's, but for the cases below.
+// Colours are packed as the component packs them; widths and sizes are pixels. A value that the answer sets is used as
+// it is, all others are the legend's, except in the cases below.
 
-/// A border that the look draws goes where the style sets the fill and no stroke; one that only the style colours has
-/// the legend's border width.
+/// A border that the look draws is dropped where the style sets the fill and no stroke; one that only the style colours
+/// has the legend's border width.
 struct AreaLook {
     std::uint64_t fill;
     std::uint64_t stroke;

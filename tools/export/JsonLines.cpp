@@ -10,7 +10,7 @@ using Json = nlohmann::ordered_json;
 constexpr std::size_t kWidth = 120;
 constexpr std::size_t kIndent = 2;
 
-// Texts of files may be no UTF-8; each bad byte becomes a replacement character.
+// Texts of files need not be UTF-8; each bad byte becomes a replacement character.
 std::string scalarText(const Json& value) {
     return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
@@ -28,7 +28,7 @@ std::string inlineText(const Json& value) {
     return text + (value.is_array() ? "]" : "}");
 }
 
-// @param column  where the value begins in its line
+// @param column  where the value starts in its line
 void write(std::string& text, const Json& value, std::size_t indent, std::size_t column) {
     const std::string line = inlineText(value);
     if (!value.is_structured() || column + line.size() < kWidth) {

@@ -51,7 +51,7 @@ struct LookRow {
 /// In the order of LookKey.
 std::span<const LookRow> lookRows();
 
-/// A value that may change with the level: each holds from its level on, the first one below its level, too.
+/// A value that may change with the level: each applies from its level on, the first one also below its level.
 class LevelValues {
 public:
     explicit LevelValues(double value = 0) : m_steps{{0, value}} {}

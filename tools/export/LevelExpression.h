@@ -21,7 +21,7 @@ struct ZoomRange {
 /// The levels at which a layer is drawn.
 ZoomRange zoomRangeOf(const LegendLayer& layer, int offset);
 
-/// All that is known of a legend layer.
+/// All that is known about a legend layer.
 struct LayerContext {
     const Legend& legend;
     const LegendLayer& layer;

@@ -98,7 +98,7 @@ bool paintsText(const Answer& answer) {
     return isVisibleIn(answer, "text fill") || isVisibleIn(answer, "text stroke");
 }
 
-// Text of a type stands in the records of its label type, too.
+// Text of a type is in the records of its label type, too.
 bool hasLabelElsewhere(const Legend& legend, int featureType) {
     const int companion = catalogue().UpdateFeatureTypeId(featureType);
     return companion != -1 && companion != featureType && layersOf(legend, companion).hasLabel;

@@ -40,7 +40,7 @@ constexpr LossRow kLossRows[] = {
 };
 static_assert(std::size(kLossRows) == static_cast<std::size_t>(LossCode::SpriteMissing) + 1);
 
-// Where something is lost, at most so many places.
+// Where something is lost, up to a maximum number of places.
 std::string placesText(const Losses::Places& places, std::size_t most) {
     std::vector<std::string> parts;
     for (const auto& [featureType, levels] : places) {

@@ -126,7 +126,7 @@ private:
         json["filter"] = json.contains("filter") ? Json::array({"all", json["filter"], isVisible}) : isVisible;
     }
 
-    // What is filtered out has no say in the opacity of the others.
+    // What is filtered out does not affect the opacity of the others.
     template <typename ColorAt>
     Json opacity(ColorAt colorAt) {
         const auto isVisible = [&](const Answer& answer, int level) { return alphaOf(colorAt(answer, level)) != 0; };

@@ -27,7 +27,7 @@ WriteProblem problemOf(const fs::path& path, std::string_view reason) {
     return fmt::format("{}: cannot be written: {}", path.string(), reason);
 }
 
-// Where the links lead, even when nothing is there yet.
+// Where the links lead, even when there is no file yet.
 fs::path behindLinks(fs::path path) {
     std::error_code error;
     for (int i = 0; i < kLinkLimit && fs::is_symlink(path, error); ++i) {
@@ -100,7 +100,7 @@ private:
         return true;
     }
 
-    // The content is safe by now, and some file systems cannot do this: no reason to complain.
+    // The content is safe by now, and some file systems cannot do this, so failures are ignored.
     void syncDirectory() const {
         const fs::path directory = m_target.has_parent_path() ? m_target.parent_path() : ".";
         const int descriptor = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

@@ -1,4 +1,4 @@
-// Writing files so that nobody ever sees half of one.
+// Writing files so that no reader ever sees half of one.
 #pragma once
 
 #include <functional>

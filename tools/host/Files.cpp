@@ -24,7 +24,7 @@ std::string reasonAgainst(const fs::path& path) {
     return fs::is_regular_file(status) || fs::is_fifo(status) ? "" : "is not a regular file";
 }
 
-// What a pipe has given is gone, so that a second reader would find nothing.
+// What has been read from a pipe is gone, so a second reader would find nothing.
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> readStandardInput() {
     static bool s_isRead = false;
     if (s_isRead) return ReadFailure{"standard input can be read only once; give - in one place"};

@@ -10,7 +10,7 @@
 
 namespace customstyle_tool {
 
-/// Why a path is not a regular file or pipe that can be read, if so. The path "-" is standard input.
+/// Why a path is not a regular file or pipe that can be read; nothing if it is. The path "-" is standard input.
 /// @param what  what the file is meant to be, as the failure calls it: "style file"
 std::optional<ReadFailure> problemOfFile(const std::string& path, const char* what);
 

@@ -50,7 +50,7 @@ Problem problemOfContent(const SourceFile& file) {
     return problemOfMapping(file.path(), std::get<JsonDocument>(document).root());
 }
 
-// Lanes that take one item after the other, the calling thread being the first.
+// Runs lanes that take one item after the other; the calling thread is the first lane.
 void runInLanes(std::size_t lanes, std::size_t items, const WorkItem& work) {
     std::atomic<std::size_t> next = 0;
     const auto run = [&](std::size_t lane) {

@@ -14,7 +14,7 @@ namespace customstyle_tool {
 /// The mapping file of a directory.
 std::string mappingFileIn(const std::string& mappingDirectory);
 
-/// Why a path is not a directory with a mapping file, if so.
+/// Why a path is not a directory with a mapping file; nothing if it is.
 std::optional<ReadFailure> problemOfMappingDirectory(const std::string& path);
 
 /// With several lanes, one for each processor, and std::bad_alloc where memory runs out.
@@ -25,7 +25,7 @@ using StyleOrFailure = std::variant<std::unique_ptr<StyleStudy>, ReadFailure>;
 /// The mapping of a directory with the file "CustomIndex".
 std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirectory);
 
-/// A style over the mapping of a directory, or over another one without.
+/// A style over the mapping of a directory, or over `without` if there is no directory.
 StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std::string>& mappingDirectory,
                        const Mapping& without = Mapping::standard());
 

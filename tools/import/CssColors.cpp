@@ -19,7 +19,7 @@ struct Number {
     bool isPercent = false;
 };
 
-// The numbers in "rgba(1, 2, 3, 50%)"; none where something else stands there.
+// The numbers in "rgba(1, 2, 3, 50%)"; none where there is anything else.
 std::optional<std::vector<Number>> argumentsIn(std::string_view text) {
     const std::size_t open = text.find('(');
     if (open == text.npos || text.back() != ')') return {};

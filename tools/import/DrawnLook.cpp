@@ -26,7 +26,7 @@ constexpr RulePart kParts[] = {{"geometry.fill", "color", "fill"},
                                {"labels.icon", "visibility", "icon"}};
 static_assert(std::size(kParts) == kRulePartCount);
 
-// Reads the look of one feature off the layers that draw it.
+// Reads the look of one feature from the layers that draw it.
 class LookReader {
 public:
     LookReader(const LegendLayer& legend, const std::vector<MapLayer*>& layers, int level, const Scene& scene)

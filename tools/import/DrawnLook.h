@@ -23,7 +23,7 @@ struct RulePart {
 
 inline constexpr std::size_t kRulePartCount = 10;
 
-/// Parts with the same element stand together.
+/// Parts with the same element are adjacent.
 std::span<const RulePart> ruleParts();
 
 /// A value for each part: packed colours, whole numbers, 1 for a hidden icon. Nothing where a rule need not say it.

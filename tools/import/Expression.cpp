@@ -143,7 +143,7 @@ private:
         return ordered(json, [](const MapJson& a, const MapJson& b) { return a >= b; });
     }
 
-    // What decides counts, even where another operand is not understood.
+    // An operand that decides counts, even where another one is not understood.
     Found joined(const MapJson& json, bool decisive) const {
         bool isUnderstood = true;
         for (std::size_t i = 1; i < json.size(); ++i) {
@@ -239,7 +239,7 @@ private:
         return share == 0 ? value(*below.second) : mixed(value(*below.second), value(*above->second), share);
     }
 
-    // {"stops": [[zoom, value]...], "base": 1.2}: a function of the zoom; numbers and colours go over into each other.
+    // {"stops": [[zoom, value]...], "base": 1.2}: a function of the zoom; numbers and colours are interpolated.
     Found ofStops(const MapJson& json) const {
         const auto list = json.find("stops");
         if (list == json.end() || !list->is_array() || json.contains("property") || json.contains("type")) return {};

@@ -1,4 +1,4 @@
-// What an expression of a map style says about one feature at one zoom.
+// The value of an expression of a map style for one feature at one zoom.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace customstyle_tool {
 
 using MapJson = nlohmann::ordered_json;
 
-/// A feature of which all is known: it has these properties and no others.
+/// A feature that is fully known: it has these properties and no others.
 struct Feature {
     std::string geometry{};  ///< "Point", "LineString" or "Polygon"
     std::map<std::string, MapJson> properties{};

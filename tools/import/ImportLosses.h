@@ -42,7 +42,7 @@ public:
     bool has(ImportLoss loss) const { return m_places.contains(loss); }
 
     /// A line for each loss, with the first few places.
-    /// @param file  stands in front of each line
+    /// @param file  precedes each line
     std::string text(std::string_view file) const;
 
     /// [{"code": ..., "text": ..., "places": ["..."]}]

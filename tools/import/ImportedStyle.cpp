@@ -146,7 +146,7 @@ private:
         }
     }
 
-    // --- what comes of the rules ---
+    // --- the effect of the rules ---
 
     void compare(const CustomConfig& config) {
         for (const auto& [featureType, looks] : m_wanted) {

@@ -1,4 +1,4 @@
-// A style made of another renderer's.
+// A style made from another renderer's style.
 #pragma once
 
 #include <string>

@@ -61,7 +61,7 @@ Features narrowedByAny(const Features& features, const MapJson& filter) {
     return made;
 }
 
-// The features with what a filter asks for. What it does not say in values stays open, and is looked at in the end.
+// The features with what a filter asks for. What it does not state as values stays open and is checked at the end.
 Features narrowed(const Features& features, const MapJson& filter) {
     if (!filter.is_array() || filter.size() < 2) return features;
     const bool names = filter[0] == "==" || filter[0] == "<=" || filter[0] == ">=";

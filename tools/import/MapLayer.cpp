@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kEndOfLevel = 0.99;  // of a zoom
 
-// What is asked for, and what is drawn alike without.
+// Properties that are read, and properties without which the drawing is the same.
 constexpr std::string_view kKnownProperties[] = {"background-color",
                                                  "background-opacity",
                                                  "fill-color",

@@ -24,7 +24,7 @@ struct MapLayer {
 /// The visible layers of a map style, from bottom to top.
 std::vector<MapLayer> layersOf(const MapJson& mapStyle);
 
-/// Where values are asked for, and what becomes of those that cannot be had.
+/// Where values are asked for, and where losses are noted.
 struct Scene {
     const Feature& feature;
     double zoom;
@@ -44,7 +44,7 @@ std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& p
 
 std::optional<double> numberOf(const MapLayer& layer, const char* name, double otherwise, const Scene& scene);
 
-/// Notes the properties of a layer that nobody asks for.
+/// Notes the properties of a layer that are never asked for.
 void findWithoutCounterpart(const MapLayer& layer, ImportLosses& losses);
 
 }  // namespace customstyle_tool

@@ -17,7 +17,7 @@ struct WantedLooks {
 /// By feature type.
 using WantedTypes = std::map<int, WantedLooks>;
 
-/// The rules for them, one a line. Rules for levels stand first: where a type has a style for all levels already, each
+/// The rules for them, one per line. Rules for levels come first: where a type has a style for all levels already, each
 /// styler of a level would start from that again.
 std::string rulesText(const WantedTypes& types);
 

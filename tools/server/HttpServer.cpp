@@ -35,7 +35,7 @@ int digitOf(char c) {
     return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
 }
 
-// A path with its %XX as bytes. None where one is cut short, or stands for zero.
+// A path with its %XX as bytes. None where one is cut short or means zero.
 std::optional<std::string> decodedPath(std::string_view path) {
     std::string decoded;
     for (std::size_t i = 0; i < path.size(); ++i) {
@@ -180,7 +180,7 @@ private:
         }
     }
 
-    // Whether a stream has something to send, which stands in its `text` then.
+    // Whether a stream has something to send, which is in its `text` then.
     bool hasNews(Stream& stream) const {
         if (stream.text && stream.position < stream.text->size()) return true;
         stream.position = 0;

@@ -13,7 +13,7 @@
 
 namespace customstyle_tool {
 
-/// The most that clients get. Times are those of one request.
+/// Limits for clients. Times are those of one request.
 struct HttpLimits {
     unsigned int connections = 128;            ///< at the same time; more wait until one ends
     unsigned int streams = 32;                 ///< of events at the same time; more are refused
@@ -29,11 +29,11 @@ struct HttpRequest {
     std::string body;
     std::vector<std::pair<std::string, std::string>> headers;
 
-    /// The value of a header, upper and lower case alike; null where there is none.
+    /// The value of a header, looked up regardless of case; null where there is none.
     const std::string* header(std::string_view name) const;
 };
 
-/// A file that is open for reading, from its beginning to its end.
+/// A file that is open for reading, from its start to its end.
 class OpenFile {
 public:
     OpenFile(int descriptor, std::uint64_t size) : m_descriptor(descriptor), m_size(size) {}
@@ -46,7 +46,7 @@ public:
     ~OpenFile();
 
     std::uint64_t size() const { return m_size; }
-    /// Gives the descriptor away.
+    /// Hands over the descriptor.
     int release() { return std::exchange(m_descriptor, -1); }
 
 private:
@@ -89,7 +89,7 @@ public:
     /// @param data  one line
     void publish(const std::string& topic, const std::string& data);
 
-    /// Ends the connections that take too long, and gives signs of life. To be called a few times a second.
+    /// Ends the connections that take too long, and sends signs of life. To be called a few times a second.
     void tick();
 
 private:

@@ -43,7 +43,7 @@ bool isPageIn(const fs::path& folder) {
     return fs::is_regular_file(folder / kPage, error) && fs::is_regular_file(folder / "page.js", error);
 }
 
-// Names that are what they look like: no way up, nothing hidden, nothing that only some systems read.
+// Plain names: no way up, nothing hidden, nothing that has a meaning on some systems only.
 bool isPlainName(std::string_view name) {
     if (name.empty() || name.front() == '.') return false;
     for (const char c : name) {

@@ -27,12 +27,11 @@ public:
 
     /// Opens a file of the page.
     /// @param path  starts with "/"; "/" alone is the page itself
-    /// @return nothing where the page has no such file: links that lead out of the folder, hidden files and anything
-    /// but
-    ///         regular files are none of it
+    /// @return nothing where the page has no such file; links that lead out of the folder, hidden files and anything
+    ///         but regular files do not belong to it
     std::optional<File> open(std::string_view path) const;
 
-    /// Copies the page into a folder, which is made, or is empty.
+    /// Copies the page into a folder, which must be empty or is created.
     /// @return nothing, or why that failed
     std::optional<std::string> copyTo(const std::string& folder) const;
 

@@ -26,13 +26,13 @@ constexpr char kStyleTopic[] = "style";
 constexpr char kMappingTopic[] = "mapping";
 constexpr char kTokenHeader[] = "X-Studio-Token";
 
-// The page's own policy, and that nobody may show it in a frame.
+// The page's own policy, and that no site may show it in a frame.
 constexpr char kPolicy[] =
     "default-src 'none'; script-src 'self' 'wasm-unsafe-eval'; worker-src 'self' blob:; style-src 'self'; "
     "img-src 'self' blob: data:; font-src 'self'; connect-src 'self'; base-uri 'none'; form-action 'none'; "
     "frame-ancestors 'none'";
 
-// What every answer says.
+// The headers of every answer.
 const std::array<std::pair<std::string, std::string>, 6> kGuards{{{"Content-Security-Policy", kPolicy},
                                                                   {"Cross-Origin-Opener-Policy", "same-origin"},
                                                                   {"Cross-Origin-Resource-Policy", "same-origin"},
@@ -95,7 +95,7 @@ bool hasBody(const HttpRequest& request) {
 
 }  // namespace
 
-// Answers requests. Has no state but what it was made with, so that any thread may ask.
+// Answers requests. Has no state except what it was constructed with, so any thread may use it.
 class StudioService::Routes {
 public:
     explicit Routes(StudioFiles files) : m_files(std::move(files)) {}
@@ -160,7 +160,7 @@ private:
                (m_port == 80 && isOneOf(host, {"127.0.0.1", "localhost"}));
     }
 
-    // Browsers say which site asks. A link from elsewhere may lead to the page, but nothing of it may be taken in.
+    // Browsers say which site asks. A link from elsewhere may lead to the page, but no part of it may be embedded.
     bool isFromUs(const HttpRequest& request) const {
         const std::string* const origin = request.header("Origin");
         if (origin != nullptr && *origin != "http://" + *request.header("Host")) return false;
@@ -228,7 +228,7 @@ private:
         return saved(*m_files.style, json["text"].get<std::string>(), json["version"].get<std::string>());
     }
 
-    // Writes the file unless it is another one than the page knows.
+    // Writes the file unless it has changed since the page read it.
     static HttpAnswer saved(const std::string& path, const std::string& text, const std::string& version) {
         if (text.size() > kLargestWatched) {
             return failure(413, fmt::format("a style may have {} MB at most", kLargestWatched >> 20));

@@ -32,7 +32,7 @@ public:
     /// "http://127.0.0.1:8380/".
     std::string address() const;
 
-    /// Looks at the files, and tells the pages what is new. To be called a few times a second.
+    /// Looks at the files, and reports to the pages what is new. To be called a few times a second.
     void tick();
 
 private:

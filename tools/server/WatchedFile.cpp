@@ -94,7 +94,7 @@ bool WatchedFile::isSame(const Signature& left, const Signature& right) {
            isSameTime(left.modified, right.modified) && isSameTime(left.changed, right.changed);
 }
 
-// Written so lately that another write might leave the same times.
+// Written so recently that another write might leave the same times.
 bool WatchedFile::isFresh(const Signature& signature) {
     return signature.size >= 0 && std::time(nullptr) - signature.changed.tv_sec <= kFreshSeconds;
 }

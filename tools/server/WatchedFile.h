@@ -1,4 +1,4 @@
-// A text file that others write, too.
+// A text file that other programs write, too.
 #pragma once
 
 #include <sys/stat.h>
@@ -15,7 +15,7 @@ struct FileState {
     std::string version;              ///< changes with the content; the same content has the same version
     std::optional<std::string> text;  ///< well-formed UTF-8
     std::string problem{};            ///< why the text is missing: one sentence with the path
-    bool isThere = true;              ///< false: nothing has this name, or a link leads nowhere
+    bool isThere = true;              ///< false: there is no file of this name, or a link leads nowhere
 };
 
 /// The largest file that is read.
@@ -26,7 +26,7 @@ FileState readState(const std::string& path);
 /// The version of a file with this content.
 std::string versionOf(std::string_view text);
 
-/// Looks at a file again and again, by name, so that one that takes its place is seen, too.
+/// Looks at a file repeatedly, by name, so that a file that replaces it is seen, too.
 class WatchedFile {
 public:
     /// Reads the file.
@@ -36,7 +36,7 @@ public:
     const FileState& state() const { return m_state; }
 
     /// Looks at the file. A change counts once two looks have seen the same: files are often written in several steps.
-    /// @return whether the file was written. It may have had another content for a moment, which others have seen, so
+    /// @return whether the file was written. It may have had other content for a moment, which others have seen, so
     ///         that the same state is news, too.
     bool poll();
 

@@ -18,7 +18,7 @@ using ::cJSON_IsArray;
 using ::cJSON_IsObject;
 using ::cJSON_IsString;
 
-/// Parses JSON text. A NUL or the end of the text ends it; what follows the first complete value is not looked at.
+/// Parses JSON text. A NUL or the end of the text ends it; what follows the first complete value is ignored.
 ///
 /// Objects and arrays may nest 1,000 deep.
 ///
@@ -27,8 +27,8 @@ using ::cJSON_IsString;
 cJSON* cJSON_Parse(std::string_view text, int reserved);
 
 /// Looks a member up without regard to the case of ASCII letters, whatever the locale; of several, the first is found.
-/// Members without a name are passed over. What it finds is what the package finds in the "C" locale, in a fraction of
-/// the time.
+/// Members without a name are skipped. The result is what the package finds in the "C" locale, in a fraction of the
+/// time.
 /// @return the member, owned by the tree, or null; null also for a null object or name
 cJSON* cJSON_GetObjectItem(const cJSON* object, const char* name);
 
@@ -40,8 +40,8 @@ void forEachChild(const cJSON* node, Visit visit) {
     for (const cJSON* child = node->child; child != nullptr; child = child->next) visit(*child);
 }
 
-/// The same for many children that are trees themselves: each begins to load into the caches while the one before it is
-/// visited. The parser lays a tree out after its root; of a large document a twentieth of the time would go by
+/// The same for many children that are trees themselves: each starts to load into the caches while the one before it is
+/// visited. The parser lays a tree out after its root; for a large document, a twentieth of the time would be spent
 /// waiting.
 template <typename Visit>
 void forEachSubtree(const cJSON* node, Visit visit) {

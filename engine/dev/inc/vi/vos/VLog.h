@@ -23,7 +23,7 @@ public:
     /// Receives one log line in UTF-8, without a line end.
     using Sink = std::function<void(ELOGPRIORITY priority, const std::string& utf8)>;
 
-    /// Logs a text as it stands: a % in it has no meaning, so a user's words can be logged unseen.
+    /// Logs a text as it is: a % in it has no meaning, so a user's words can be logged unseen.
     static void Log(ELOGPRIORITY priority, const CVString& text);
 
     /// Logs printf-like output.

@@ -22,7 +22,7 @@ public:
     /// Number of keys.
     int GetCount() const { return static_cast<int>(m_count); }
 
-    /// Position of the oldest entry, null for an empty map. Any insertion of a new key ends the validity of a position.
+    /// Position of the oldest entry, null for an empty map. Inserting a new key invalidates it.
     void* GetStartPosition() const { return m_count == 0 ? nullptr : m_entries.get(); }
 
     /// Reads the entry at `position` and moves `position` to the next entry, or to null after the last one.
@@ -45,11 +45,11 @@ public:
         return true;
     }
 
-    /// The value of a key; an absent key is inserted with a null value. The reference holds until the next insertion.
-    /// Throws std::bad_alloc when there is no memory for a new key; the map is then as it was.
+    /// The value of a key; an absent key is inserted with a null value. The reference is valid until the next
+    /// insertion. Throws std::bad_alloc when there is no memory for a new key; the map is then as it was.
     void*& operator[](void* key);
 
-    /// Forgets every entry and gives back all memory.
+    /// Removes every entry and releases all memory.
     void RemoveAll();
 
 private:

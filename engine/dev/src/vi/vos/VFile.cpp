@@ -28,16 +28,17 @@ int CVFile::Open(const CVString& path, unsigned mode) {
     Close();
     const std::string name = path.ToUtf8();
     struct stat status {};
-    // Looked at before it is opened, because opening alone can already disturb a device.
+    // Checked before it is opened, because opening alone can already disturb a device.
     if (mode != kReadExisting || stat(name.c_str(), &status) != 0 || !isRegular(status)) return 0;
     m_descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (m_descriptor < 0) return 0;
-    // Looked at again, because the name may stand for something else by now.
+    // Checked again, because the name may refer to something else by now.
     if (fstat(m_descriptor, &status) != 0 || !isRegular(status)) {
         Close();
         return 0;
     }
-    // A file beyond the address space is said to fill it: no buffer is found for it, instead of one for its remainder.
+    // A file larger than the address space is reported to fill it: allocating its buffer then fails, instead of
+    // succeeding for the remainder.
     constexpr std::uintmax_t kLongest = std::numeric_limits<std::size_t>::max();
     m_length = static_cast<std::size_t>(std::min(static_cast<std::uintmax_t>(status.st_size), kLongest));
     return 1;

@@ -16,7 +16,7 @@ bool isSameButForCase(const char* one, const char* other) {
     return false;
 }
 
-// Names that differ mostly do so in more than the case of their first letter, and those that do not are mostly equal.
+// Most names that differ do so in more than the case of their first letter; most of the others are equal.
 bool isSameName(const char* one, const char* other) {
     constexpr int kCaseBit = 'a' ^ 'A';
     if (((*one ^ *other) | kCaseBit) != kCaseBit) return false;
@@ -26,7 +26,7 @@ bool isSameName(const char* one, const char* other) {
 }  // namespace
 
 cJSON* cJSON_Parse(std::string_view text, int /*reserved*/) {
-    // The package alone would take a NUL between two tokens for a blank.
+    // The package alone would treat a NUL between two tokens as a blank.
     const std::string_view json = text.substr(0, text.find('\0'));
     return cJSON_ParseWithLength(json.data(), json.size());
 }

@@ -8,7 +8,7 @@
 namespace _orvik_vi {
 namespace {
 
-// Stands in front of each block and keeps what follows aligned.
+// Precedes each block and keeps what follows aligned.
 struct alignas(std::max_align_t) BlockHeader {
     std::size_t size;
 };

@@ -32,7 +32,7 @@ std::size_t followersOf(unsigned char lead) {
     return ByteRange{0xF0, 0xF4}.contains(lead) ? 3 : 0;
 }
 
-// What may follow a lead byte at once, so that no character is overlong, a surrogate or beyond U+10FFFF.
+// What may directly follow a lead byte, so that no character is overlong, a surrogate or beyond U+10FFFF.
 ByteRange secondOf(unsigned char lead) {
     switch (lead) {
         case 0xE0:

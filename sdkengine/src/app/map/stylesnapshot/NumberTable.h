@@ -1,4 +1,4 @@
-// NumberTable: finds the number of a thing that was met before.
+// NumberTable: finds the number of a thing that was seen before.
 #pragma once
 
 #include <algorithm>
@@ -15,7 +15,7 @@ class NumberTable {
 public:
     static constexpr std::uint32_t kNone = 0xffffffff;
 
-    /// Makes room for so many numbers in an empty table.
+    /// Makes room for this many numbers in an empty table.
     void reserve(std::size_t count) { m_cells.assign(std::bit_ceil(2 * count + 1), {}); }
 
     /// The number for which `isIt(number)` holds among those entered under `hash`, or else `next`, which is entered.

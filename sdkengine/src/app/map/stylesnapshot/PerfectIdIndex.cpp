@@ -9,7 +9,7 @@ PerfectIdIndex::PerfectIdIndex(std::span<const Entry> entries) {
     const std::size_t bucketCount = bucketsFor(entries.size());
     m_bucketMask = static_cast<std::uint32_t>(bucketCount - 1);
     std::size_t cellCount = cellsFor(entries.size());
-    // A fifth of the cells or more stays free, so the first size nearly always does; twice the size always helps.
+    // At least a fifth of the cells stays free, so the first size is nearly always enough; doubling it always helps.
     do {
         m_cellMask = static_cast<std::uint32_t>(cellCount - 1);
         m_cells.assign(cellCount, Entry{});
@@ -33,7 +33,7 @@ bool PerfectIdIndex::placeAll(std::span<const Entry> entries) {
 }
 
 bool PerfectIdIndex::placeBucket(std::size_t bucket, std::span<const Entry> entries, std::vector<bool>& taken) {
-    // After as many displacements as there are cells the same cells come again.
+    // After as many displacements as there are cells, the same cells repeat.
     const std::uint32_t last = std::min<std::uint32_t>(m_cellMask, std::numeric_limits<std::uint16_t>::max());
     std::vector<std::size_t> cells;
     for (std::uint32_t displacement = 0; displacement <= last; ++displacement) {

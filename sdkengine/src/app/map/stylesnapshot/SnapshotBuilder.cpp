@@ -41,7 +41,7 @@ int rankOf(int featureType) {
     return isParentFeatureType(featureType) ? kFeatureTypesEnd + featureType : featureType;
 }
 
-// Reads a number from the front of `text` and takes it away.
+// Reads a number from the front of `text` and removes it.
 bool takeNumber(std::string_view& text, int& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
@@ -70,7 +70,7 @@ void SnapshotBuilder::collectKeys() {
                       [](const Key& key) { return std::tuple(rankOf(key.featureType), key.allLevels, key.level); });
 }
 
-// Keys that no question spells, or that are registered for the other scope, are never found and left out.
+// Keys that no question spells, or that are registered for the other scope, are never found, so they are left out.
 void SnapshotBuilder::collectKey(std::string_view text, int allLevels) {
     Key key{-1, true, 0, nullptr, 0, 0};
     std::string_view rest = text;
@@ -155,8 +155,8 @@ void SnapshotBuilder::readRecords(std::uint32_t key) {
     }
 }
 
-// The keys of one type nearly always hold the same ids in the same order. Neighbouring ids stand side by side in the
-// table, which spares the cache.
+// The keys of one type nearly always hold the same ids in the same order. Neighbouring ids are side by side in the
+// table, which causes fewer cache misses.
 std::uint32_t SnapshotBuilder::idNumber(std::uint32_t styleId, std::size_t place) {
     if (place < m_idsOfType.size() && m_ids[m_idsOfType[place]].id == styleId) return m_idsOfType[place];
     const auto next = static_cast<std::uint32_t>(m_ids.size());
@@ -232,8 +232,8 @@ void SnapshotBuilder::appendRow(const StyleId& id) {
     }
 }
 
-// The first record that is customised gives the style; the first record at all decides about the icon, but among the
-// parents one that hides it is enough.
+// The first customised record gives the style. The first record, customised or not, decides about the icon, but among
+// the parents one that hides it is enough.
 void SnapshotBuilder::applyTo(Answer& answer, const Entry& entry, int featureType) {
     if (answer.featureType == -1 && entry.isCustom) {
         answer.style = entry.style;
@@ -249,7 +249,7 @@ void SnapshotBuilder::applyTo(Answer& answer, const Entry& entry, int featureTyp
     }
 }
 
-// The number of the last row; it is taken back if an earlier one has the same answers.
+// The number of the last row; it is removed if an earlier one has the same answers.
 std::uint32_t SnapshotBuilder::rowNumberOfLast() {
     const std::size_t levels = m_levels.size();
     const std::uint32_t last = rowCount() - 1;

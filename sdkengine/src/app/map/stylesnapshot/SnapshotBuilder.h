@@ -12,8 +12,8 @@ namespace _orvik_framework {
 
 /// Fills one snapshot from one store and is then thrown away.
 ///
-/// It reads each record once, in the order in which the renderer's questions ask the feature types. Style ids of which
-/// the records say the same share a row of answers by level, so the time grows with the records, not with records times
+/// It reads each record once, in the order in which the renderer's questions ask the feature types. Style ids whose
+/// records say the same share a row of answers by level, so the time grows with the records, not with records times
 /// levels.
 class __attribute__((visibility("hidden"))) SnapshotBuilder {
 public:
@@ -97,7 +97,7 @@ private:
     const CustomConfig& m_config;
     StyleSnapshot& m_snapshot;
     std::vector<Key> m_keys;    // in the order of the questions
-    std::vector<int> m_levels;  // one of each level class; the first stands for all levels that no key names
+    std::vector<int> m_levels;  // one of each level class; the first represents all levels that no key names
     std::vector<std::uint32_t> m_keyClasses;
     std::vector<StyleId> m_ids;
     NumberTable m_idNumbers;

@@ -10,7 +10,7 @@ namespace {
 
 using Entries = std::vector<StyleIdIndex::Entry>;
 
-// Ids come type after type, in runs that ascend: merging few runs is faster than sorting.
+// Ids come type by type, in ascending runs: merging few runs is faster than sorting.
 void sortById(Entries& entries) {
     std::vector<Entries::iterator> bounds{entries.begin()};
     for (auto i = entries.begin(); i != entries.end(); ++i) {
@@ -30,7 +30,7 @@ void sortById(Entries& entries) {
 
 }  // namespace
 
-/// Decides which ids stand in pages, and of which size, and fills an index so.
+/// Decides which ids are in pages, and how large the pages are, and fills an index accordingly.
 class __attribute__((visibility("hidden"))) StyleIdPager {
 public:
     using Entry = StyleIdIndex::Entry;
@@ -125,7 +125,7 @@ void StyleIdPager::improve(Layout& best, std::uint32_t pageBits) {
     Layout layout;
     layout.pageBits = pageBits;
     layout.pageCount = std::max<std::size_t>(std::bit_ceil(m_regions.size()) / 2, 1);
-    // More pages part regions that have to share one.
+    // More pages separate regions that would have to share one.
     for (; layout.pageCount * sizeof(StyleIdIndex::Page) < limit; layout.pageCount *= 2) {
         measure(layout);
         const bool isBetter = layout.pagedEntries != best.pagedEntries ? layout.pagedEntries > best.pagedEntries
@@ -149,7 +149,7 @@ void StyleIdPager::findRegions(std::uint32_t pageBits) {
     }
 }
 
-// Larger regions from those that were found.
+// Merges the regions that were found into larger ones.
 void StyleIdPager::mergeRegions(std::uint32_t pageBits) {
     std::size_t count = 0;
     for (const Region& region : m_regions) {

@@ -10,7 +10,7 @@ StyleSnapshot::StyleSnapshot(const CustomConfig& config) {
     SnapshotBuilder(config, *this).build();
 }
 
-// Only a record that was changed by hand has another id than it is stored under.
+// Only a record that was changed by hand has an id other than the one it is stored under.
 int StyleSnapshot::copyOwn(tagCustomStyle& style, const Cell& cell) const {
     if (cell.answer == kNoStyle) return -1;
     style = styleAt(cell);

@@ -43,7 +43,7 @@ Buffer readWhole(CVFile& file, std::size_t length) {
     return buffer;
 }
 
-// Reads a JSON file and hands its tree to `accept`, which answers 1 or 0; that is the result, 0 also without a tree.
+// Reads a JSON file and hands its tree to `accept`, which returns 1 or 0. Returns the same, or 0 without a tree.
 template <typename Accept>
 int loadDocument(const CustomConfig& config, CVFile& file, const CVString& path, const FileMessages& texts,
                  Accept accept) {
@@ -85,7 +85,7 @@ int CustomConfig::Init(const CVString& mappingDirectory, const CVString& styleFi
                                     [this](const cJSON* document) { return ParseMappingConfig(document); });
     if (mapped == 0) return 0;
     return loadDocument(*this, file, styleFile, kStyleFile, [this](const cJSON* document) {
-        ParseCustomConfig(document);  // whatever it answers: a style is loaded even when every rule was refused
+        ParseCustomConfig(document);  // whatever it returns: a style is loaded even when every rule was refused
         return 1;
     });
 }

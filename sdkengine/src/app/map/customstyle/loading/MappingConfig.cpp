@@ -5,7 +5,7 @@
 namespace _orvik_framework {
 namespace {
 
-// A run of equal ids makes one record, and 0 counts as seen before the first. An id that comes back after another one
+// A run of equal ids makes one record, and 0 counts as seen before the first. An id that recurs after another one
 // replaces its earlier record.
 void makeBaseRecords(CVMapPtrToPtr& records, const cJSON* styleIds) {
     int previousId = 0;

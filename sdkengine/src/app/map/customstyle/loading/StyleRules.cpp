@@ -26,7 +26,7 @@ bool contains(std::string_view text, std::string_view word) {
     return text.find(word) != std::string_view::npos;
 }
 
-// A path that begins with a dot stays whole.
+// A path that starts with a dot is kept whole.
 const char* lastWord(const char* path) {
     for (const char* dot = std::strchr(path, '.'); dot != nullptr && dot != path; dot = std::strchr(path, '.')) {
         path = dot + 1;
@@ -55,7 +55,7 @@ std::optional<Rule> readRule(const CustomConfig& config, const cJSON* node) {
     return Rule{featureType, lastWord(path), includesLabels, stylers, allLevels, level};
 }
 
-// The notes of a document's rules, and the one that the rule at hand fills.
+// The notes of a document's rules, and the one that the current rule fills.
 struct Notes {
     stFeatureTypeStyleRecorder* all;
     int ruleIndex;
@@ -66,7 +66,7 @@ struct Styler {
     void (*apply)(CustomConfig& config, const Rule& rule, const Notes& notes);
 };
 
-// In the order in which they act, whatever the order in the file.
+// In the order in which they are applied, whatever their order in the file.
 constexpr Styler kStylers[] = {
     {"color",
      [](CustomConfig& config, const Rule& rule, const Notes&) {
@@ -90,8 +90,8 @@ constexpr Styler kStylers[] = {
      }},
 };
 
-// Whether a rule carries a styler as a text and under exactly its name: the lookup is blind to letter case, but a
-// "Color" is no colour.
+// Whether a rule carries a styler as a text and under exactly its name: the lookup ignores letter case, but
+// "Color" is not "color".
 bool isCarried(const Styler& styler, const cJSON* stylers) {
     const cJSON* member = findTextMember(stylers, styler.name.data());
     return member != nullptr && member->string == styler.name;
@@ -114,7 +114,7 @@ CVString CustomConfig::ParseCustomStyler(const cJSON* stylers) const {
     for (const Styler& styler : kStylers) {
         names += separator;
         separator = ";";
-        // The file's own spelling: the lookup is blind to letter case, and a "Color" must not pass for a colour.
+        // The file's own spelling: the lookup ignores letter case, and "Color" must not count as "color".
         if (const cJSON* member = findTextMember(stylers, styler.name.data())) names += member->string;
     }
     return names;

@@ -22,8 +22,8 @@ std::string_view viewOf(const char* text) {
     return text == nullptr ? std::string_view() : text;
 }
 
-// The value of each character as a hexadecimal digit; all others count 0. A table, because nobody can foretell whether
-// a colour's next digit is a letter.
+// The value of each character as a hexadecimal digit; all others count as 0. A table, because whether a
+// colour's next digit is a letter cannot be predicted.
 constexpr std::array<std::uint8_t, 256> kHexValues = [] {
     std::array<std::uint8_t, 256> values{};
     for (const std::string_view digits : {"0123456789abcdef", "0123456789ABCDEF"}) {
@@ -36,7 +36,7 @@ std::uint32_t hexValue(char c) {
     return kHexValues[static_cast<unsigned char>(c)];
 }
 
-// The value of two hexadecimal digits; digits beyond the end count 0.
+// The value of two hexadecimal digits; digits beyond the end count as 0.
 std::uint32_t byteAt(std::string_view text, std::size_t position) {
     const auto digit = [&](std::size_t at) { return at < text.size() ? hexValue(text[at]) : 0; };
     return digit(position) << 4 | digit(position + 1);

@@ -52,7 +52,7 @@ int CustomConfig::IsParentFeatureType(int id) const {
 }
 
 void CustomConfig::PrintAllFeartureType() const {
-    CVString text;  // looked at in a debugger; it goes nowhere else
+    CVString text;  // for a debugger; nothing else uses it
     for (int featureType = 0; featureType < kFeatureTypesEnd; ++featureType) {
         text.Format("featureType %d", featureType);
         for (const StoredRecord& entry : StoredRecords(m_typeStyleMaps[featureType])) {

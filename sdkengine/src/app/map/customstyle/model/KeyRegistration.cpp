@@ -40,7 +40,7 @@ public:
         }
     }
 
-    /// The slot that the key has now; null where a host filed null under the key, which stays.
+    /// The slot that the key has now; null where a host stored null under the key, which stays.
     CVMapPtrToPtr* takeSlot() {
         CVMapPtrToPtr* const ofKey = m_config.m_keyStyleMaps.try_emplace(m_text, &m_slot).first->second;
         ++m_config.m_usedLevelSlots;

@@ -13,8 +13,8 @@ struct RecordDeleter {
     void operator()(tagCustomStyle* record) const { _orvik_vi::VDeleteArray(record); }
 };
 
-/// Stores a copy of a record under its own id. A record already stored there is replaced but not freed: somebody may
-/// still hold it. Without memory for the copy nothing is stored.
+/// Stores a copy of a record under its own id. A record already stored there is replaced but not freed, because a
+/// caller may still hold it. Without memory for the copy nothing is stored.
 inline void storeCopy(CVMapPtrToPtr& records, const tagCustomStyle& record) {
     std::unique_ptr<tagCustomStyle, RecordDeleter> copy(_orvik_vi::VNewArray<tagCustomStyle>(1));
     if (copy == nullptr) return;

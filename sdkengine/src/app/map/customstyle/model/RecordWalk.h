@@ -9,7 +9,7 @@
 namespace _orvik_framework {
 
 /// Registers the scope's key and hands each of its records to `write(tagCustomStyle&)`, which changes fields and
-/// answers whether the record counts as customised.
+/// returns whether the record counts as customised.
 ///
 /// Where an all-levels record exists, each write to a level starts from it: two rules for one level do not add up.
 template <typename Write>
@@ -23,7 +23,7 @@ void walkRecords(CustomConfig& config, const StyleScope& scope, Write write) {
         if (record == nullptr) continue;
         const tagCustomStyle* start = allLevelsSlot == nullptr ? nullptr : findRecord(*allLevelsSlot, key);
         if (start != nullptr) *record = *start;
-        record->m_custom = 0;  // also for whoever reads the record while `write` logs
+        record->m_custom = 0;  // also for a reader of the record while `write` logs
         if (write(*record)) record->m_custom = 1;
     }
 }

@@ -1,4 +1,4 @@
-// Style keys: the short decimal texts under which the store files what rules wrote.
+// Style keys: the short decimal texts under which the store keeps what rules wrote.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ inline constexpr std::size_t kStyleKeyCapacity = 16;
 
 /// The two keys of a feature type at a level: "13" for all levels and "13:15" for that level.
 ///
-/// Made once for a level and then pointed at one type after the other. Both keys are put together in registers: reading
+/// Made once for a level and then pointed at one type after the other. Both keys are assembled in registers: reading
 /// bytes just written stalls on store forwarding.
 class StyleKeys {
 public:

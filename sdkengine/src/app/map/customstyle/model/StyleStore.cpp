@@ -29,7 +29,7 @@ template <std::size_t... kTypes, std::size_t... kSlots>
 CustomConfig::CustomConfig(std::index_sequence<kTypes...> /*types*/, std::index_sequence<kSlots...> /*slots*/)
     : m_typeStyleMaps{(static_cast<void>(kTypes), emptyMap())...},
       m_levelStyleMaps{(static_cast<void>(kSlots), emptyMap())...} {
-    // Most lookups of a query are for keys that nobody wrote; in a roomy table they end at an empty bucket.
+    // Most lookups of a query are for keys that no rule wrote; in a roomy table they end at an empty bucket.
     m_styleEffectLevels.max_load_factor(kRoomyLoadFactor);
     m_keyStyleMaps.max_load_factor(kRoomyLoadFactor);
     initFeatureTypeIdMap();

@@ -16,8 +16,8 @@ bool isInEffect(const CustomConfig& config, const Key& key, int allLevels) {
     return found != config.m_styleEffectLevels.end() && found->second == allLevels;
 }
 
-/// The records in effect for the type and level of the keys, or null. Styles of the level's own shut out those for all
-/// levels, also where they hold nothing for a style id.
+/// The records in effect for the type and level of the keys, or null. Styles for the level itself replace those for all
+/// levels, even where they hold nothing for a style id.
 inline const CVMapPtrToPtr* effectiveRecords(const CustomConfig& config, const StyleKeys& keys) {
     const StyleKeyWords levelKey = keys.ofLevel();
     if (isInEffect(config, levelKey, 0)) return findSlot(config, levelKey);
@@ -37,8 +37,8 @@ inline const tagCustomStyle* customizedRecord(const CustomConfig& config, const 
     return record != nullptr && record->m_custom != 0 ? record : nullptr;
 }
 
-/// Calls `answers(const StyleKeys& keys)` for the feature types that are no parents, ascending, until one
-/// answers true. That type, or -1.
+/// Calls `answers(const StyleKeys& keys)` for the feature types that are not parents, ascending, until it returns
+/// true. Returns that type, or -1.
 template <typename Answers>
 int firstFeatureType(int level, Answers answers) {
     StyleKeys keys(level);

@@ -3,7 +3,7 @@
 
 namespace _orvik_framework {
 
-// In one piece with the lookups that it calls, so that a type's key and its hash stay in registers from one to the
+// Inlined together with the lookups that it calls, so that a type's key and its hash stay in registers from one to the
 // next.
 [[gnu::flatten]] int CustomConfig::IsCustomizedIconVisible(unsigned int styleId, int level) const {
     if (g_zrsdk_custom_style_enable == 0) return 0;

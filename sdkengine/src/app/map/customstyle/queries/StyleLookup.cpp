@@ -13,7 +13,7 @@ int CustomConfig::IsStyleEffectAtAllLevel(const char* key) const {
     return key != nullptr && isInEffect(*this, std::string_view(key), 1);
 }
 
-// In one piece with the lookups that it calls, so that a type's key and its hash stay in registers from one to the
+// Inlined together with the lookups that it calls, so that a type's key and its hash stay in registers from one to the
 // next.
 [[gnu::flatten]] int CustomConfig::GetStyleFromConfig(tagCustomStyle& style, unsigned int styleId, int level) const {
     if (g_zrsdk_custom_style_enable == 0) return -1;

@@ -1,4 +1,4 @@
-// The dispatchers' tables: what a rule reaches, by element type and by whom the rule addresses.
+// The dispatchers' tables: what a rule reaches, by element type and by what the rule addresses.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 
 namespace _orvik_framework {
 
-/// Whom a rule addresses: the columns of the tables.
+/// What a rule addresses: the columns of the tables.
 enum class Audience {
     Land,      ///< "land"
     Geometry,  ///< a type 1 to 70 by an element path without "labels" and "all"

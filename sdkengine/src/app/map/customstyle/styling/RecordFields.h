@@ -53,7 +53,7 @@ Fields<FieldType> fieldsOf(const ElementFields<FieldType> (&table)[RowCount], co
     return row == std::end(table) ? Fields<FieldType>() : row->fields;
 }
 
-/// Gives every field the value. Answers whether there was any, that is whether the record is customised now.
+/// Sets every field to the value. Returns whether there were any fields, that is, whether the record is customised now.
 template <typename Value>
 bool writeFields(tagCustomStyle& record, const Fields<Field<Value>>& fields, Value value) {
     for (const Field<Value>& field : fields) {

@@ -21,7 +21,7 @@ constexpr Steps kOwnIcon{Step::IconOfType};
 constexpr Steps kLabelIcon{Step::IconOfCompanion};
 constexpr Steps kEveryIcon{Step::EveryIcon};
 
-// The steps of "off". "on" takes only the icon steps: hiding overwrote the colours, and nothing remembers them.
+// The steps of "off". "on" takes only the icon steps: hiding overwrote the colours, and they are stored nowhere else.
 // clang-format off
 constexpr DispatchRow kVisibilityRows[] = {
     // element       Land          Geometry      Labels        Grid          Wildcard

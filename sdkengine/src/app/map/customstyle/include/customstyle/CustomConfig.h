@@ -120,7 +120,7 @@ struct tagCustomStyle {
     int m_borderWeightSet;
     std::uint64_t m_topSurfaceColor;  ///< of extruded geometry
     int m_topSurfaceColorSet;
-    int m_custom;  ///< not 0 when the record is customised; style queries pass over the others
+    int m_custom;  ///< not 0 when the record is customised; style queries skip the others
 };
 
 using _orvik_vi::cJSON;
@@ -128,7 +128,7 @@ using _orvik_vi::CVMapPtrToPtr;
 using _orvik_vi::CVString;
 
 inline constexpr int kFeatureTypeCount = 73;  // 0 to 72
-inline constexpr int kStyleSlotCount = 1241;  // rules can name more keys; what has no slot is refused
+inline constexpr int kStyleSlotCount = 1241;  // rules can name more keys; a key without a slot is refused
 
 /// What the visibility styling notes about a rule.
 struct stFeatureTypeStyleRecorder {
@@ -251,7 +251,7 @@ public:
     /// @}
 
     /// @name Loading
-    /// The component only reads trees, and keeps nothing of them.
+    /// The component only reads the trees and keeps nothing of them.
     /// @{
 
     /// Makes the base records of a mapping document; null has no feature types.

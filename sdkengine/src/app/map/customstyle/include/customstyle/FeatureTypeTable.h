@@ -20,7 +20,7 @@ enum class LabelOwner {
 struct FeatureTypeRow {
     EMAPCUSTOMSTYLE id;
     const char* name;    ///< as files spell it
-    bool carriesLabels;  ///< rules can address its labels; of the others they reach the geometry instead
+    bool carriesLabels;  ///< rules can address its labels; for other types they reach the geometry instead
     LabelOwner labelOwner;
     bool canBeCompanion;     ///< can hold the labels of its namesake
     bool isParent;           ///< answers a query only after all others

@@ -10,7 +10,7 @@
 
 namespace [[gnu::visibility("default")]] _orvik_framework {
 
-/// A style key in registers: character i stands in bits 8i of the 16 bytes, the rest is 0. Keys have up to 15
+/// A style key in registers: character i starts at bit 8i of the 16 bytes, the rest is 0. Keys have up to 15
 /// characters; of a longer text the words hold the first 16.
 struct StyleKeyWords {
     std::uint64_t head = 0;
@@ -26,7 +26,7 @@ struct StyleKeyWords {
     bool operator==(const StyleKeyWords&) const = default;
 
 private:
-    // Compilers make one load of it.
+    // Compilers turn it into one load.
     template <std::size_t kCount>
     static std::uint64_t load(const char* text) {
         std::uint64_t word = 0;
@@ -61,7 +61,7 @@ struct ShortTextEqual {
     using is_transparent = void;
 
     bool operator()(std::string_view left, std::string_view right) const { return left == right; }
-    // Standard libraries differ in the order in which a table hands over its key and what it looks for.
+    // Standard libraries differ in the order in which a table passes its key and the one that it looks for.
     bool operator()(const StyleKeyWords& left, std::string_view right) const { return left == StyleKeyWords(right); }
     bool operator()(std::string_view left, const StyleKeyWords& right) const { return StyleKeyWords(left) == right; }
 };

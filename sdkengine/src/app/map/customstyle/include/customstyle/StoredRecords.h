@@ -63,7 +63,7 @@ public:
         friend bool operator==(const Iterator& it, std::default_sentinel_t) { return it.m_atEnd; }
 
     private:
-        // The engine's map moves the position on while it reads.
+        // The engine's map advances the position while it reads.
         void read() {
             m_atEnd = m_next == nullptr;
             if (m_atEnd) return;

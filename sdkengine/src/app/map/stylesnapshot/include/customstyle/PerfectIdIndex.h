@@ -38,7 +38,7 @@ public:
         return m_cells.capacity() * sizeof(Entry) + m_displacements.capacity() * sizeof(std::uint16_t);
     }
 
-    /// Memory that a table of so many entries takes, hardly ever more.
+    /// Memory that a table of this many entries takes; only rarely is it more.
     static std::size_t bytesFor(std::size_t entryCount) {
         return cellsFor(entryCount) * sizeof(Entry) + bucketsFor(entryCount) * sizeof(std::uint16_t);
     }

@@ -20,11 +20,11 @@ struct BorrowedStyle {
 
 /// Holds the answer to each of the renderer's questions for every style id and level.
 ///
-/// Built once from a loaded CustomConfig and independent of it from then on; later changes of the store do not show.
-/// Answers take constant time (at levels outside 4 to 21 a search among the levels that keys name), allocate nothing
-/// and agree with CustomConfig's to the last field, the global switch included. Immutable, so any number of threads may
-/// ask at the same time, without locks and without counting references; to exchange styles while threads ask, build the
-/// next snapshot aside and exchange one pointer. One that was moved from must not be asked.
+/// Built once from a loaded CustomConfig and independent of it from then on; later changes to the store do not affect
+/// it. Answers take constant time (at levels outside 4 to 21 a search among the levels that keys name), allocate
+/// nothing and agree with CustomConfig's to the last field, the global switch included. Immutable, so any number of
+/// threads may ask at the same time, without locks and without counting references; to exchange styles while threads
+/// ask, build the next snapshot separately and exchange one pointer. A snapshot that was moved from must not be asked.
 class StyleSnapshot {
 public:
     /// Compiles the answers that `config` gives now. Throws std::bad_alloc when memory runs out.
@@ -79,8 +79,8 @@ private:
     // The style of one style id at one level.
     struct Cell {
         std::uint32_t style = 0;  // where in m_styles, counted in units of its alignment
-        // The feature type of a record that stands for several style ids, each of which puts its own in; kNoStyle; or
-        // kOwnRecord less the feature type of a record that shows the m_ID it has.
+        // One of: the feature type of a record that several style ids share, each putting in its own id; kNoStyle;
+        // kOwnRecord minus the feature type of a record that shows the m_ID it has.
         std::int32_t answer = kNoStyle;
     };
 
