@@ -1,4 +1,4 @@
-// What becomes of the land's and the grid's background.
+// What happens to the background of the land and of the grid.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace {
 using _orvik_framework::EMAPCUSTOMSTYLE_GRID;
 using _orvik_framework::EMAPCUSTOMSTYLE_LAND;
 
-// The owners of the record of the land that is in effect at a level; null for none.
+// The owners of the land's record that is in effect at a level; null if there is none.
 const RecordOwners* landOwners(const StyleStudy& study, std::size_t levelClass) {
     const RecordOwners* ofAll = nullptr;
     for (const auto& [key, story] : study.history().records()) {
@@ -29,8 +29,7 @@ const RecordOwners* landOwners(const StyleStudy& study, std::size_t levelClass) 
     return ofAll;
 }
 
-// The step to which an invisible background goes back: the one that wrote the fill, else the one that marked the
-// record.
+// The step that made the background invisible: the one that wrote the fill, or else the one that marked the record.
 struct Blame {
     std::size_t step;
     bool wroteFill;
@@ -54,7 +53,7 @@ std::map<Blame, LevelSet> invisibleLand(const StyleStudy& study) {
 void findLand(StyleFindings& found) {
     for (const auto& [blame, levels] : invisibleLand(found.study())) {
         const ReplayStep& step = found.steps()[blame.step];
-        if (blame.wroteFill && isOfKind(step.styler, StylerKind::Color)) continue;  // a colour that its author chose
+        if (blame.wroteFill && isOfKind(step.styler, StylerKind::Color)) continue;  // the author chose this colour
         found.add(blame.wroteFill ? Code::LandHidden : Code::LandInvisible, step,
                   fmt::format("the land's background becomes {} at {}{}", colorText(0), levelsPhrase(levels),
                               blame.wroteFill ? "" : ": the land is customised, and no rule gives it a fill"));

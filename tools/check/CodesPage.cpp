@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kLineWidth = 96;
 
-// The words of a text on lines of a readable width, each after the margin.
+// A text wrapped into lines of a readable width, each after the margin.
 std::string wrapped(std::string_view text, std::string_view margin) {
     std::string lines;
     std::string line;

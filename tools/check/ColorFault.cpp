@@ -24,7 +24,7 @@ struct NamedColor {
     std::string_view text;
 };
 
-// The names that other formats have for colours, those in common use.
+// Colour names of other formats that are in common use.
 constexpr NamedColor kNamedColors[] = {
     {"black", "#000000"},    {"white", "#ffffff"},    {"gray", "#808080"},       {"grey", "#808080"},
     {"silver", "#c0c0c0"},   {"red", "#ff0000"},      {"green", "#008000"},      {"blue", "#0000ff"},
@@ -60,14 +60,14 @@ std::string doubledDigits(std::string_view digits) {
     return text;
 }
 
-// The colour with these digits, as JSON; nothing where they are none.
+// The colour with these digits, as JSON; empty if they are not digits of a colour.
 std::string colorOf(std::string_view digits) {
     if (!isHexadecimal(digits)) return "";
     if (isWholeColor(digits.size())) return quoted(fmt::format("#{}", digits));
     return isShortColor(digits.size()) ? quoted(doubledDigits(digits)) : "";
 }
 
-// The digits without signs, blanks and "0x" around and between them.
+// The digits without # and blanks around and between them, and without "0x" in front.
 std::string bareDigits(std::string_view text) {
     std::string digits;
     for (const char c : text) {
@@ -124,7 +124,7 @@ ColorFault faultWithoutSign(std::string_view text) {
     return fault;
 }
 
-// What is left of a text without the blanks around it.
+// A text without the blanks around it.
 std::string_view trimmed(std::string_view text) {
     const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
     return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);

@@ -77,7 +77,7 @@ void findOutermost(StyleFindings& found) {
     }
 }
 
-// What the component reads and strict readers refuse, of one value or name.
+// What the component reads in one value or name, but strict readers refuse.
 const char* leniency(const SourceFile& file, TextRange range) {
     const std::string_view text = file.text().substr(range.begin, range.size());
     if (text.starts_with('"')) {
@@ -121,7 +121,7 @@ std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument&
 
 std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document) {
     std::vector<Finding> findings;
-    // Only an escape or a zero byte can bring the character in.
+    // Only an escape or a zero byte can produce this character.
     if (file.text().find("\\u") == std::string_view::npos && file.text().find('\0') == std::string_view::npos)
         return {};
     addCutTexts(findings, file, document.root());

@@ -24,7 +24,7 @@ std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument&
 /// Every text and every name with a zero character in it.
 std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document);
 
-/// What kind of value it is, with its article: "a number", "an object".
+/// The kind of a value, with its article: "a number", "an object".
 std::string_view kindName(JsonKind kind);
 
 }  // namespace customstyle_tool

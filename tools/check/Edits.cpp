@@ -10,7 +10,7 @@
 namespace customstyle_tool {
 namespace {
 
-// Rules, and members of the stylers of rules, by place.
+// Rules, and members of the stylers of rules, by index.
 struct TakenOut {
     std::set<std::size_t> rules{};
     std::map<std::size_t, std::set<std::size_t>> members{};  // by rule
@@ -24,7 +24,7 @@ TextRange wholeRange(JsonValue value) {
     return {value.isMember() ? value.nameRange().begin : value.range().begin, value.range().end};
 }
 
-// Notes the styler that a finding is about, each time that it is there, or the whole rule.
+// Marks every occurrence of the styler that a finding is about, or the whole rule.
 void takeOut(TakenOut& takenOut, const Finding& finding, const StyleStudy& study) {
     if (!finding.step) return void(takenOut.rules.insert(*finding.rule));
     const std::vector<JsonValue> members = study.rules()[*finding.rule].members(study.steps()[*finding.step].styler);
@@ -46,12 +46,12 @@ void addRemovals(std::vector<Edit>& edits, const std::vector<JsonValue>& childre
     }
 }
 
-// What is left of a rule without a styler is a mistake of its own.
+// A rule must keep a styler: one without any would be a new mistake.
 bool isStyler(JsonValue member) {
     return stylerNamed(member.name()) != nullptr;
 }
 
-// What goes of one rule: some members of its stylers, or none and the whole rule.
+// What is removed from one rule: some members of its stylers, or instead the whole rule.
 struct Removal {
     std::vector<Edit> ofMembers;
     bool isWhole = false;

@@ -1,4 +1,4 @@
-// What carries out the remedies of findings.
+// Edits that carry out the remedies of findings.
 #pragma once
 
 #include <span>
@@ -11,7 +11,7 @@
 
 namespace customstyle_tool {
 
-/// Bytes of a text and what is to stand there instead.
+/// Bytes of a text, and what replaces them.
 struct Edit {
     TextRange range;
     std::string text;
@@ -21,11 +21,11 @@ struct Edit {
 /// was made from other files.
 std::vector<Edit> editsOf(const Finding& finding, const StyleStudy& study);
 
-/// The edits that carry out many remedies together. Values that are to be written otherwise come first: where there are
-/// any, nothing is taken out, because what has no effect beside a wrong value may have one beside the right one.
+/// The edits that carry out many remedies together. Values to correct come first: if there are any, nothing is removed,
+/// because what has no effect beside a wrong value may have one beside the right value.
 std::vector<Edit> jointEdits(std::span<const Finding> findings, const StyleStudy& study);
 
-/// The text after edits, which must be sorted and must not overlap.
+/// The text with the edits applied, which must be sorted and must not overlap.
 std::string edited(std::string_view text, std::span<const Edit> edits);
 
 }  // namespace customstyle_tool

@@ -56,7 +56,7 @@ public:
     Reason(const StyleFindings& found, std::size_t begin, std::size_t end)
         : m_found(found), m_history(found.study().history()), m_begin(begin), m_end(end) {}
 
-    /// Adds the reason, and the place of it, to a finding.
+    /// Adds the reason and its place to a finding.
     void addTo(Finding& finding) const {
         const Culprits culprits = overwriters();
         if (hidesEveryIcon()) return addOtherHider(finding);
@@ -77,7 +77,7 @@ private:
     struct Culprits {
         std::vector<std::size_t> steps;  // ascending
         bool isSame = true;              // whether they wrote the same values
-        bool isAll = true;               // whether there is one for each value
+        bool isAll = true;               // whether each value has one
     };
 
     bool isOwn(std::size_t step) const { return step >= m_begin && step < m_end; }
@@ -92,7 +92,7 @@ private:
         for (const std::size_t step : culprits.steps) finding.related.push_back(m_found.placeOf(step, place));
     }
 
-    // Who wrote the values again that the steps had written.
+    // The steps that overwrote the values of these steps.
     Culprits overwriters() const {
         std::set<std::size_t> steps;
         Culprits culprits;
@@ -104,12 +104,12 @@ private:
                 culprits.isAll &= loss.kind == LossKind::Overwritten;
             }
         }
-        // Who starts a record over writes none of the values.
+        // A step that starts a record over writes none of the values.
         if (culprits.isAll) culprits.steps.assign(steps.begin(), steps.end());
         return culprits;
     }
 
-    // Who had written the values that the steps wrote again.
+    // The steps whose values these steps overwrote.
     Culprits ownersBefore() const {
         std::set<std::size_t> steps;
         std::size_t owned = 0;
@@ -170,7 +170,7 @@ private:
                                    [](const LostWork& loss) { return loss.field == kGridField && !loss.isChanged; });
     }
 
-    // Whether all that the steps do is in records.
+    // Whether the steps change nothing but records.
     bool isInRecordsOnly() const {
         return allSteps([&](std::size_t step) {
             const ReplayStep& each = m_found.steps()[step];
@@ -241,7 +241,7 @@ private:
         Reason(m_found, begin, end).addTo(finding);
     }
 
-    // Of members that the component takes for the same, the next one counts where the first is gone.
+    // Where the component treats several members as the same, the next one counts once the first is gone.
     bool isDoubled(const ProvenEffect& proven) const {
         if (!proven.step) return false;
         const ReplayStep& step = m_found.steps()[*proven.step];
@@ -249,20 +249,20 @@ private:
     }
 
     void addPartial(const ProvenEffect& proven) {
-        if (!proven.effect.any()) return;  // idle, were it not for others that are
+        if (!proven.effect.any()) return;  // would be idle, if not for other rules that are
         const bool isForOneLevel = m_found.rules()[proven.rule].textMember(kLevelMember).has_value();
         const std::string text = partialText(proven.effect, isForOneLevel);
         if (!text.empty())
             addAt(Code::PartialEffect, proven).message = fmt::format("{} an effect only{}", subjectOf(proven), text);
     }
 
-    // The style ids that a record shares with another type, and follow that one: the first of them, and the levels.
+    // Style ids that a record shares with another type, and that follow the other type: the first id, and its levels.
     struct Followed {
         unsigned int styleId = 0;
         LevelSet levels;
     };
 
-    // By the other type, which answers with other values.
+    // Keyed by the other type, which answers with different values.
     std::map<int, Followed> followedTypes(const RecordTouch& touch) const {
         std::map<int, Followed> followed;
         forEachSpeakerOf(m_found.study(), touch.featureType, [&](const Speaker& speaker) {
@@ -279,7 +279,7 @@ private:
         // On every map any type may share style ids with any other.
         if (m_found.study().mapping().kind() == Mapping::Kind::EveryMap) return;
         for (const RecordTouch& touch : step.touches) {
-            if (catalogue().IsParentFeatureType(touch.featureType) != 0) continue;  // answers last by nature
+            if (catalogue().IsParentFeatureType(touch.featureType) != 0) continue;  // always answers last
             if (touch.after.m_custom == 0) continue;
             for (const auto& [other, followed] : followedTypes(touch)) {
                 m_found.add(
@@ -340,7 +340,7 @@ std::vector<Finding> findEffects(const StyleStudy& study, const std::vector<Find
 }
 
 void markIdle(const StyleStudy& study, std::vector<Finding>& findings) {
-    // In a full store, a slot less is a slot for a key that was refused.
+    // In a full store, a freed slot would go to a key that was refused.
     const bool isFull =
         std::ranges::any_of(study.steps(), [](const ReplayStep& step) { return !step.refused.empty(); });
     for (Finding& finding : findings) {

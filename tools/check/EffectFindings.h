@@ -1,4 +1,4 @@
-// What the proofs say: rules and stylers without effect, and with an effect in part.
+// What the proofs show: rules and stylers without an effect, or with only a partial one.
 #pragma once
 
 #include <vector>
@@ -9,11 +9,11 @@
 namespace customstyle_tool {
 
 /// The findings about what can be left out. All of them hold together.
-/// @param others   what the finders have found: what they settle is not looked for again
+/// @param others   what the finders have found: what they settle is not examined again
 /// @param options  without `kept`
 std::vector<Finding> findEffects(const StyleStudy& study, const std::vector<Finding>& others, ProofOptions options);
 
-/// Marks the findings about what does nothing at all: it can go as well.
+/// Marks the findings about what does nothing at all, as it can be removed too.
 void markIdle(const StyleStudy& study, std::vector<Finding>& findings);
 
 }  // namespace customstyle_tool

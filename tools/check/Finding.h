@@ -13,11 +13,11 @@
 
 namespace customstyle_tool {
 
-/// Another place that has to do with a finding.
+/// Another place related to a finding.
 struct RelatedPlace {
     TextRange range;
     std::string text;
-    const SourceFile* file = nullptr;  ///< null for that of the finding
+    const SourceFile* file = nullptr;  ///< null for the finding's own file
 };
 
 struct Finding {
@@ -33,20 +33,20 @@ struct Finding {
     Code code;
     const SourceFile* file;
     TextRange range;
-    std::optional<std::size_t> rule{};  ///< from 0; none for what concerns the file
-    std::optional<std::size_t> step{};  ///< the place of a step of the study, where it is about one
-    bool canGo = false;                 ///< whether the rule or styler can be taken out: no answer changes, whatever
-                                        ///< else that can go is taken out too
+    std::optional<std::size_t> rule{};  ///< counted from 0; none if the finding is about the file
+    std::optional<std::size_t> step{};  ///< index of the study's step that it is about, if any
+    bool canGo = false;                 ///< whether the rule or styler can be removed: no answer changes, whatever
+                                        ///< else that can go is removed too
     std::string path;                   ///< JSON path of the value
     std::string message;                ///< one sentence without a full stop: what happens at run time
     std::string remedy;                 ///< what to do, in this case
-    std::string log{};                  ///< the component's own line; empty where it says nothing
+    std::string log{};                  ///< the component's own log line; empty where it logs nothing
     std::vector<RelatedPlace> related{};
-    std::optional<std::string> replacement{};  ///< JSON that is to stand at the range instead, where that is known
-    std::optional<Severity> severity{};        ///< where it is not that of the code, because the author wants another
+    std::optional<std::string> replacement{};  ///< JSON to put in place of the range, where that is known
+    std::optional<Severity> severity{};        ///< set where the author wants another than the code's
 };
 
-/// Answers the line that the component logs when it refuses a file; empty where there is none. Files are the host's.
+/// Returns the line that the component logs when it refuses a file; empty where there is none. Files are the host's.
 using RefusalLog = std::function<std::string(const SourceFile& file)>;
 
 /// Gives a finding the remedy "write JSON", and the replacement.
@@ -55,13 +55,13 @@ void propose(Finding& finding, const std::string& json);
 /// Gives a finding the remedy "did you mean NAME?", and the replacement.
 void proposeName(Finding& finding, const std::string& name);
 
-/// The file of a place that has to do with a finding.
+/// The file of a place related to a finding.
 const SourceFile& fileOf(const Finding& finding, const RelatedPlace& place);
 
 /// Moves a finding about a text that was made from other files to where it was written.
 void leadBack(Finding& finding);
 
-/// How much a finding weighs.
+/// How severe a finding is.
 Severity severityOf(const Finding& finding);
 
 /// Orders by place, then code, then message, and removes repetitions.

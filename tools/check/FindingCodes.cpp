@@ -417,7 +417,7 @@ constexpr bool eachInfoStandsAtItsCode() {
 }
 static_assert(eachInfoStandsAtItsCode());
 
-// Lists for all types of a mapping but some, each with an id of its own.
+// Lists for all types of a mapping except some, each with an id of its own.
 std::string mappingMembersWithout(std::initializer_list<std::string_view> excepted) {
     const std::span<const std::string> names = mappedTypeNames();
     std::string members;
@@ -430,7 +430,7 @@ std::string mappingMembersWithout(std::initializer_list<std::string_view> except
 
 // Rules for the types "land" to "otherlabel", without "boundary", at each level up to `highest`.
 // @param marked  the rule that is marked
-// @param most    how many rules at most
+// @param most    the maximum number of rules
 std::string rulesForLevelsTo(int highest, std::size_t marked, std::size_t most) {
     std::string rules;
     std::size_t count = 0;

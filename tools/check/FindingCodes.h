@@ -83,7 +83,7 @@ enum class Code : std::uint8_t {
     NamesakeNotReached,
     IconsOfCompanion,
     ParentAnswersLast,
-    // Rules among each other.
+    // How rules affect each other.
     LevelReset,
     LevelResetsItself,
     ShutOutByLevel,
@@ -115,9 +115,9 @@ inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::kCount)
 enum class Trait : std::uint8_t {
     Style = 1,
     Mapping = 2,
-    OnRequest = 4,  ///< appears only where the author asks for it
+    OnRequest = 4,  ///< reported only where the author asks for it
     Refusal = 8,    ///< the component refuses the whole file
-    Settles = 16,   ///< says all about its step: whether the step could go is not looked for
+    Settles = 16,   ///< says all about its step: whether the step could be removed is not examined
 };
 
 constexpr Trait operator|(Trait left, Trait right) {
@@ -131,8 +131,8 @@ struct CodeInfo {
     Trait traits;
     const char* title;
     const char* explanation;
-    const char* remedy;               ///< where a finding has nothing better to say
-    const char* example;              ///< see exampleOf; empty where nothing brings the finding about
+    const char* remedy;               ///< used where a finding has no better one
+    const char* example;              ///< see exampleOf; empty where nothing causes the finding
     const char* exampleMapping = "";  ///< the mapping file that the example of a style needs, if any
 
     constexpr bool has(Trait trait) const {
@@ -143,15 +143,15 @@ struct CodeInfo {
 std::span<const CodeInfo> codeInfos();
 const CodeInfo& infoOf(Code code);
 
-/// The code of a name, or none.
+/// The code with a name, or none.
 std::optional<Code> codeNamed(std::string_view name);
 
-/// A file that brings about a finding, and where the finding stands in it. The table writes << and >> around the place,
-/// and names in parentheses what is too long or no text: (1000 x [).
+/// A file that causes a finding, and where the finding is in it. The table writes << and >> around the place, and puts
+/// in parentheses the name of what is too long or is not text: (1000 x [).
 struct Example {
     std::string text;
     TextRange place;
-    std::string mapping;  ///< empty where any will do
+    std::string mapping;  ///< empty where any mapping will do
 };
 
 Example exampleOf(const CodeInfo& info);

@@ -1,4 +1,4 @@
-// Findings by what they are about.
+// Identifies findings by what they are about.
 #pragma once
 
 #include <string>
@@ -8,9 +8,9 @@
 
 namespace customstyle_tool {
 
-/// Names a finding whatever its position: made from its code and the text of its rule without blanks, so it stays the
-/// same when rules move.
-/// @param style  the style of the finding; null for a mapping file
+/// Identifies a finding whatever its position: made from its code and the text of its rule without blanks, so it stays
+/// the same when rules move.
+/// @param style  the finding's style; null for a mapping file
 std::string fingerprintOf(const Finding& finding, const StyleSource* style);
 
 }  // namespace customstyle_tool

@@ -65,14 +65,14 @@ bool isTakenOut(const RecordTouch& touch) {
     return touch.origins[kMarkField] == Origin::Written && touch.after.m_custom == 0;
 }
 
-// The records of a type that are out of use in the end, and whose values stand in them.
+// The records of a type that are out of use in the end, and the steps whose values are in them.
 struct OutOfUse {
     int featureType = 0;
-    LevelSet levels;                                       // at which these are the records in effect
-    std::map<std::size_t, std::set<std::size_t>> victims;  // steps, with the fields that they gave
+    LevelSet levels;                                       // the levels at which these records are in effect
+    std::map<std::size_t, std::set<std::size_t>> victims;  // steps, with the fields that they set
 };
 
-// The levels at which the record of a key is the one in effect.
+// The levels at which the record of a key is in effect.
 LevelSet levelsInEffect(const StyleKey& key, const FieldHistory& history) {
     if (key.level) return LevelSet().set(classOfLevel(*key.level));
     LevelSet levels = LevelSet().set();
@@ -82,10 +82,10 @@ LevelSet levelsInEffect(const StyleKey& key, const FieldHistory& history) {
     return levels;
 }
 
-// By the step that took them out, and by feature type.
+// Keyed by the step that took the records out of use, then by feature type.
 using Hiding = std::map<std::size_t, std::map<int, OutOfUse>>;
 
-// Whether the step left this record out of use; the mark is of the last step that visited the record.
+// Whether the step left this record out of use. The mark is from the last step that visited the record.
 bool takesOut(const ReplayStep& step, const StyleKey& key) {
     return std::ranges::any_of(step.touches, [&](const RecordTouch& touch) {
         return touch.featureType == key.featureType && touch.level == key.level && isTakenOut(touch);
@@ -98,14 +98,14 @@ Hiding recordsOutOfUse(const StyleFindings& found) {
     for (const auto& [key, story] : history.records()) {
         const RecordOwners& owners = story.owners;
         const auto& [last, ofLevel] = owners[kMarkField];
-        // A record for a level may have taken its mark over with all else.
+        // A record for a level may have copied its mark along with everything else.
         StyleKey ofMark{key.featureType, {}};
         if (ofLevel) ofMark.level = key.level;
         if (!last || !takesOut(found.steps()[*last], ofMark)) continue;
         OutOfUse& out = hiding[*last][key.featureType];
         out.featureType = key.featureType;
         out.levels |= levelsInEffect(key, history);
-        for (std::size_t field = 0; field < kIconField; ++field) {  // icons do not ask for the mark
+        for (std::size_t field = 0; field < kIconField; ++field) {  // icons do not depend on the mark
             if (owners[field].step) out.victims[*owners[field].step].insert(field);
         }
     }
@@ -127,7 +127,7 @@ void addHidden(StyleFindings& found, std::size_t culprit, const OutOfUse& out) {
     }
 }
 
-// The labels that lack the element: those of the first record that the step takes out.
+// The labels that lack the element: those of the first record that the step takes out of use.
 std::string typeTakenOut(const ReplayStep& step) {
     return catalogue().GetFeatureTypeName(std::ranges::find_if(step.touches, isTakenOut)->featureType);
 }
@@ -168,7 +168,7 @@ struct ShutOut {
     std::optional<std::size_t> culprit;
 };
 
-// The steps for all levels whose work in a type's record is missing in its record for a level.
+// The steps for all levels whose values in a type's record are missing from its record for a level.
 std::set<std::size_t> missingIn(const RecordOwners& ofLevel, const RecordOwners& ofAll) {
     std::set<std::size_t> missing;
     for (std::size_t field = 0; field < kMarkField; ++field) {

@@ -37,7 +37,7 @@ Need needOf(const StyleFindings& found, std::size_t limit) {
     return need;
 }
 
-// Each styler that found no room.
+// Reports each styler for which no slot was left.
 void addRefused(StyleFindings& found, std::size_t keys) {
     for (const ReplayStep& step : found.steps()) {
         if (step.refused.empty()) continue;

@@ -1,4 +1,4 @@
-// What the component logs, with the place in the file that it is about.
+// What the component logs, with the place in the file that each line is about.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -85,7 +85,7 @@ void stylersAbsent(const LoggedLine& logged) {
 }
 
 void stylersEmpty(const LoggedLine& logged) {
-    if (logged.rule.suspect()) return;  // the finding about that member tells it
+    if (logged.rule.suspect()) return;  // the finding about that member reports it
     const bool hasLevel = logged.rule.member("level").has_value();
     logged.add(
         Code::NoStyler, *logged.rule.stylers,
@@ -100,7 +100,7 @@ std::string quotedList(const std::vector<std::string>& names) {
     return fmt::format("{}", fmt::join(parts, ", "));
 }
 
-// Where the path begins like one of the elements, only those that begin so are worth naming.
+// If the path starts like some of the elements, only those are worth naming.
 std::vector<std::string> relatedElements(const RuleView& rule, const std::vector<std::string>& elements) {
     std::vector<std::string> related;
     std::ranges::copy_if(elements, std::back_inserter(related),
@@ -155,7 +155,7 @@ void visibilityIllegal(const LoggedLine& logged) {
     }
 }
 
-// The whole number that a size begins with, where nothing but a fraction or a unit follows: "3" of "3px".
+// The whole number that a size starts with, where nothing but a fraction or a unit follows: "3" of "3px".
 std::string leadingNumber(std::string_view text) {
     constexpr std::string_view kDigits = "0123456789";
     text.remove_prefix(std::min(text.find_first_not_of(" +"), text.size()));

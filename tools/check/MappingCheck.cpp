@@ -69,7 +69,7 @@ private:
         return std::ranges::find(mappedTypeNames(), name) != mappedTypeNames().end();
     }
 
-    // The member that the component takes.
+    // The member that the component uses.
     std::optional<JsonValue> memberOf(const std::string& typeName) const {
         const auto found = m_firsts.find(typeName);
         if (found == m_firsts.end()) return {};
@@ -219,7 +219,7 @@ private:
     std::vector<Finding> m_findings;
 };
 
-// What the component says about a mapping goes with each reason for which it refuses it.
+// Adds the component's log line about a mapping to each finding that makes it refuse the mapping.
 void addLog(std::vector<Finding>& findings, const SourceFile& file, const RefusalLog& refusalLog) {
     const auto refuses = [](const Finding& finding) { return infoOf(finding.code).has(Trait::Refusal); };
     if (std::ranges::none_of(findings, refuses)) return;

@@ -9,7 +9,7 @@
 namespace customstyle_tool {
 
 /// All findings of a mapping file, sorted.
-/// @param effects  also what is shown on request only
+/// @param effects  whether to include what is shown only on request
 std::vector<Finding> checkMapping(const SourceFile& file, bool effects = false, const RefusalLog& refusalLog = {});
 
 }  // namespace customstyle_tool

@@ -1,4 +1,4 @@
-// Names and kinds of the members of rules. The component says nothing about most of them, and cannot.
+// Names and kinds of the members of rules. The component logs nothing about most of them, nor could it.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -28,7 +28,7 @@ const std::string* find(const std::vector<std::string>& names, std::string_view 
     return found == names.end() ? nullptr : &*found;
 }
 
-// The members of one object of a rule, and those that stand in the other one.
+// The members that belong in one object of a rule, and those that belong in the other.
 struct Place {
     const std::vector<std::string>& members;
     const std::vector<std::string>& elsewhere;
@@ -138,7 +138,7 @@ void checkKind(StyleFindings& found, const RuleView& rule, const std::string& na
     if (!text.empty()) propose(finding, text);
 }
 
-// The component's line about a rule that comes to no styler.
+// The component's log line about a rule without a styler.
 std::string lineOfNoStyler(const StyleStudy& study, const RuleView& rule) {
     const auto [begin, end] = study.stepsOf(rule.place);
     const bool isEmpty =
@@ -146,7 +146,7 @@ std::string lineOfNoStyler(const StyleStudy& study, const RuleView& rule) {
     return isEmpty ? study.steps()[begin].log.front() : std::string();
 }
 
-// A member that was meant for a styler accounts for a rule without one.
+// Where a rule has no styler because a member was meant as one, the finding about that member says so.
 void accountForNoStyler(const StyleStudy& study, std::vector<Finding>& findings) {
     for (Finding& finding : findings) {
         const RuleView& rule = study.rules()[*finding.rule];

@@ -24,9 +24,9 @@ using _orvik_framework::isParentFeatureType;
 
 /// What a step did, in short.
 struct Reach {
-    std::set<int> types;  // that it touched
+    std::set<int> types;  // the types that it touched
     std::set<FieldPart> wrote;
-    bool leavesUncustomised = false;  // some record without anything written in it
+    bool leavesUncustomised = false;  // whether some record has nothing written in it
 };
 
 Reach reachOf(const ReplayStep& step) {
@@ -114,7 +114,7 @@ private:
                         m_rule.typeName));
     }
 
-    // "on" says nothing about elements; "off" in its place would.
+    // With "on" nothing is logged about the element; with "off" it would be.
     void addIdleOn() {
         const AloneOutcome off = outcomeAlone(m_rule.typeName, m_rule.path, "visibility", "off");
         if (!off.log.empty()) {

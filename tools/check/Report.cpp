@@ -15,12 +15,12 @@ using Json = nlohmann::ordered_json;
 constexpr int kJsonVersion = 1;
 constexpr std::size_t kLongestLine = 400;  // bytes
 
-// Codes of terminals.
+// Terminal escape codes.
 constexpr char kBold[] = "1";
 constexpr char kGreen[] = "32";
 constexpr const char* kSeverityColors[] = {"1;31", "1;33", "1;36"};  // red, yellow, cyan
 
-// Puts a text into a colour, where colours are wanted.
+// Colours a text, if colours are wanted.
 class Paint {
 public:
     explicit Paint(bool isOn) : m_isOn(isOn) {}
@@ -37,7 +37,7 @@ std::string placeText(const SourceFile& file, std::size_t offset) {
     return escapedText(file.place(offset));
 }
 
-// Names and texts of the file stand in it, which may be very long.
+// It contains names and texts from the file, which may be very long.
 std::string shownText(std::string_view text) {
     return escapedText(shortened(text, kLongestLine));
 }

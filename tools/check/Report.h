@@ -15,7 +15,7 @@ namespace customstyle_tool {
 struct CheckedFile {
     std::shared_ptr<const SourceFile> file;
     std::vector<Finding> findings;
-    std::shared_ptr<const StyleStudy> study{};  ///< that the findings are about
+    std::shared_ptr<const StyleStudy> study{};  ///< the study that the findings are about
 };
 
 /// How many findings there are of each severity.
@@ -27,21 +27,21 @@ struct FindingCounts {
 FindingCounts countFindings(const std::vector<Finding>& findings);
 FindingCounts countFindings(const std::vector<CheckedFile>& files);
 
-/// One finding as compilers write it: place, severity, message and code, the line with carets, remedy and log.
-/// @param isColored  with the severity, the position and the carets in colours of terminals
+/// One finding in the form that compilers use: place, severity, message and code, the line with carets, remedy and log.
+/// @param isColored  whether the severity, the position and the carets get terminal colours
 std::string findingText(const Finding& finding, bool isColored = false);
 
 /// "file:line:column: severity: message [code]", as editors read it.
 std::string lineReport(const Finding& finding);
 
 /// A JSON object on one line, with the members of reportJson() and the path of the file as "file".
-/// @param study  of the style of the finding; null for a mapping file
+/// @param study  the study of the finding's style; null for a mapping file
 std::string jsonLineReport(const Finding& finding, const StyleStudy* study);
 
-/// A command of a workflow of GitHub, which shows the finding beside the line.
+/// A GitHub workflow command, which shows the finding beside the line.
 std::string githubReport(const Finding& finding);
 
-/// A row of a table in Markdown, and the table's head.
+/// A row of a Markdown table, and the table's head.
 std::string markdownReport(const Finding& finding);
 std::string markdownHead();
 
@@ -52,7 +52,7 @@ std::string reportJson(const std::vector<CheckedFile>& files, const std::vector<
 /// A SARIF 2.1.0 log with one run, its rules made from the table of codes.
 std::string reportSarif(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable = {});
 
-/// What is to be said of a code, in Markdown without a heading.
+/// The description of a code, in Markdown without a heading.
 std::string codeMarkdown(const CodeInfo& info);
 
 /// All codes with explanation, remedy and example, as text, and as the page of the documentation.

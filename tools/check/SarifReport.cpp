@@ -25,7 +25,7 @@ std::string uriOf(const std::string& path) {
     return uri;
 }
 
-// The codes have no page on a host that this program could name; the id is one of its own, which stays the same.
+// This program knows no host with a page for the codes, so it uses a fixed id of its own.
 std::string helpUriOf(const CodeInfo& info) {
     return fmt::format("urn:customstyle:code:{}", info.name);
 }

@@ -21,7 +21,7 @@ void append(std::vector<Finding>& findings, std::vector<Finding> more) {
 }  // namespace
 
 std::vector<Finding> checkStyle(const StyleStudy& study, const CheckOptions& options) {
-    study.spokenConfig();  // takes a tree of the whole text for a moment: before the steps take their memory
+    study.spokenConfig();  // briefly needs a tree of the whole text, so this comes before the steps use memory
     std::vector<Finding> findings;
     for (const auto finder : kFinders) append(findings, finder(study));
     markIdle(study, findings);

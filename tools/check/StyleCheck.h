@@ -11,11 +11,11 @@
 namespace customstyle_tool {
 
 struct CheckOptions {
-    bool effects = false;  ///< also what is shown on request only
-    bool proofs = true;    ///< also what can be left out
-    /// Hears how far the proofs have come; called on the calling thread.
+    bool effects = false;  ///< also report what is shown only on request
+    bool proofs = true;    ///< also report what can be left out
+    /// Receives the progress of the proofs; called on the calling thread.
     std::function<void(std::size_t done, std::size_t all)> progress{};
-    /// Asked now and then, on any thread, whether to make no more proofs.
+    /// Asked now and then, on any thread, whether to stop making proofs.
     std::function<bool()> isTimeUp{};
 };
 
@@ -28,7 +28,7 @@ struct CheckedStyle {
     std::vector<Finding> findings;
 };
 
-/// Reads a file and checks it. Of one that is not JSON, what can be said of the rules that can be read.
+/// Reads a file and checks it. If it is not JSON, checks the rules that can be read.
 CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& mapping,
                         const CheckOptions& options = {}, const Surroundings& surroundings = {},
                         const RefusalLog& refusalLog = {});

@@ -7,7 +7,7 @@
 namespace customstyle_tool {
 namespace {
 
-// So many steps are named before a message says "and others".
+// The number of steps that a message names before it says "and others".
 constexpr std::size_t kNamedSteps = 6;
 
 std::string listed(std::vector<std::string> names) {
@@ -57,7 +57,7 @@ std::string StyleFindings::nameOf(std::size_t step) const {
 }
 
 std::string StyleFindings::namesOf(const std::vector<std::size_t>& places) const {
-    std::vector<std::string> plain;  // "2" of rules with one styler
+    std::vector<std::string> plain;  // such as "2", for rules with one styler
     std::vector<std::string> others;
     for (const std::size_t step : places) {
         const std::string name = nameOf(step);

@@ -19,12 +19,12 @@ public:
     const std::vector<ReplayStep>& steps() const { return m_study.steps(); }
     const RuleView& ruleOf(const ReplayStep& step) const { return rules()[step.rule]; }
 
-    /// Adds a finding; the remedy is that of the code until the caller says a better one.
+    /// Adds a finding; the remedy is that of the code until the caller sets a better one.
     Finding& add(Code code, const RuleView& rule, TextRange range, const std::string& path, std::string message);
     Finding& add(Code code, const RuleView& rule, JsonValue value, std::string message);
-    /// At a styler with its name.
+    /// Adds a finding at a styler and its name.
     Finding& add(Code code, const ReplayStep& step, std::string message);
-    /// What concerns the whole file.
+    /// Adds a finding about the whole file.
     Finding& addToFile(Code code, TextRange range, std::string message);
 
     std::vector<Finding> take() { return std::move(m_findings); }
@@ -32,10 +32,10 @@ public:
     /// "rule 3", counted from 1, and "the "weight" of rule 3" where the rule has several stylers.
     std::string nameOf(std::size_t step) const;
 
-    /// Several of them: "rule 2", "rules 2 and 3", "rule 2 and the color of rule 3".
+    /// The same for several steps: "rule 2", "rules 2 and 3", "rule 2 and the color of rule 3".
     std::string namesOf(const std::vector<std::size_t>& steps) const;
 
-    /// Where a step stands, for findings about others.
+    /// Where a step is, for findings about other steps.
     RelatedPlace placeOf(std::size_t step, std::string text) const;
 
 private:
@@ -43,15 +43,15 @@ private:
     std::vector<Finding> m_findings;
 };
 
-// The finders. None sees what another one has found.
+// The finders. None sees what the others have found.
 std::vector<Finding> findInDocument(const StyleStudy& study);  ///< the file as a whole
-std::vector<Finding> findMembers(const StyleStudy& study);     ///< names, letter case, doubles, kinds of values
+std::vector<Finding> findMembers(const StyleStudy& study);     ///< names, letter case, duplicates, kinds of values
 std::vector<Finding> findLogged(const StyleStudy& study);      ///< what the component logs
 std::vector<Finding> findValues(const StyleStudy& study);      ///< values that are not read as written
 std::vector<Finding> findReach(const StyleStudy& study);       ///< what each step reached, and what it did not
 std::vector<Finding> findHistory(const StyleStudy& study);     ///< what steps do to the work of others
 std::vector<Finding> findBackgrounds(
-    const StyleStudy& study);                            ///< what becomes of the land's and the grid's background
+    const StyleStudy& study);                            ///< what happens to the background of the land and of the grid
 std::vector<Finding> findKeys(const StyleStudy& study);  ///< the store's capacity
 
 }  // namespace customstyle_tool

@@ -1,4 +1,4 @@
-// Values that the component reads in another way than they are written.
+// Values that the component reads differently from how they are written.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -67,7 +67,7 @@ void checkLevel(StyleFindings& found, const RuleView& rule, JsonValue value) {
     const std::string text = value.text();
     const int read = readLevel(rule);
     char* end = nullptr;
-    const long written = std::strtol(text.c_str(), &end, 10);  // takes what the component takes
+    const long written = std::strtol(text.c_str(), &end, 10);  // accepts what the component accepts
     if (text.empty() || end == text.c_str() || *end != '\0') {
         Finding& finding =
             found.add(Code::LevelMalformed, rule, value,

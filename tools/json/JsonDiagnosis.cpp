@@ -75,7 +75,7 @@ MaybeError endOfText(const StuckPlace& place) {
     return JsonError{fault, *place.openBracket};
 }
 
-// What is as wrong between any two values.
+// What is wrong between any two values.
 MaybeError foreignText(const StuckPlace& place) {
     if (isComment(rest(place))) return JsonError{JsonFault::Comment, place.at};
     if (beginsWithAny(rest(place), kInvisibleCharacters)) return JsonError{JsonFault::InvisibleCharacter, place.at};
@@ -96,7 +96,7 @@ MaybeError wrongBracket(const StuckPlace& place) {
     return {};
 }
 
-// A text over several lines lacks its quote in the first of them: what follows was read from the wrong side.
+// A text over several lines lacks its closing quote on the first line: from there on, inside and outside are swapped.
 MaybeError textOverLineEnd(const StuckPlace& place) {
     const auto [begin, end] = place.lastToken;
     const std::string_view token = place.text.substr(begin, end - begin);

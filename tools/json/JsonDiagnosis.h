@@ -1,4 +1,4 @@
-// Finds out why a text cannot be read on, and where a person should look.
+// Finds out why a text cannot be read further, and where a person should look.
 #pragma once
 
 #include <cstddef>
@@ -10,13 +10,13 @@
 
 namespace customstyle_tool {
 
-/// Where a reader cannot go on.
+/// Where a reader cannot continue.
 struct StuckPlace {
-    std::string_view text;                   ///< as far as it is read
+    std::string_view text;                   ///< the part that is read: up to the first NUL, if any
     bool isCutByNul;                         ///< whether a NUL ends the text, and not the end of the file
     std::size_t at;                          ///< the byte that does not fit, never a blank, or the size of the text
     std::optional<std::size_t> openBracket;  ///< the innermost list or object that is still open
-    TextRange lastToken;                     ///< the last name or value that was read; empty for none
+    TextRange lastToken;                     ///< the last name or value that was read; empty if there is none
 };
 
 /// A value is missing.

@@ -65,22 +65,22 @@ public:
     /// The text, including what follows a NUL.
     std::string wholeText() const;
 
-    /// A number, infinite where a double does not reach; 0 for other kinds.
+    /// A number, infinite if it is too large for a double; 0 for other kinds.
     double number() const;
 
-    /// The number without its fraction, held within the range of int. True counts 1, other kinds 0.
+    /// The number without its fraction, limited to the range of int. True counts as 1, other kinds as 0.
     int integer() const;
 
     /// The elements of a list or members of an object in their order; none for other kinds.
     JsonChildren children() const;
 
-    /// The place among the children of its parent, from 0.
+    /// The index among the children of its parent, from 0.
     std::size_t position() const;
 
     /// The list or object around the value; none for the outermost value.
     std::optional<JsonValue> parent() const;
 
-    /// The way from the outermost value: `$[3].stylers.color`, `$["odd name"]`. Doubled members have the same path.
+    /// The way from the outermost value: `$[3].stylers.color`, `$["odd name"]`. Repeated members have the same path.
     std::string path() const;
 
     /// The member that the component finds under a name: the first whose name() differs in ASCII letter case only.
@@ -154,8 +154,8 @@ struct JsonReading {
     std::vector<JsonError> errors;         ///< in the order of the text; none for a text that is JSON
 };
 
-/// Reads a text, which has to outlive the document, and goes on after an error: of a list those elements are left out
-/// that cannot be read.
+/// Reads a text, which has to outlive the document, and continues after an error: list elements that cannot be read are
+/// left out.
 JsonReading readJson(std::string_view text);
 
 }  // namespace customstyle_tool

@@ -16,7 +16,7 @@ constexpr std::size_t kNestingLimit = 1000;
 constexpr std::size_t kMostErrors = 100;
 constexpr std::size_t kShortestTextWithByteOrderMark = 5;
 
-using Index = std::uint32_t;  // of a node
+using Index = std::uint32_t;  // the index of a node
 
 struct Word {
     std::string_view text;
@@ -32,7 +32,7 @@ struct Slot {
     TextRange name;
 };
 
-// Each read function starts at a byte that is not blank and ends after what it has read. It answers false when it
+// Each read function starts at a byte that is not blank and ends after what it has read. It returns false when it
 // cannot read, and the reason is in m_error.
 class Parser {
 public:
@@ -40,7 +40,7 @@ public:
 
     std::variant<JsonDocument, JsonError> run();
 
-    /// Goes on after errors with the next element of the outermost list.
+    /// After an error, continues with the next element of the outermost list.
     JsonReading runToTheEnd();
 
 private:
@@ -73,7 +73,7 @@ private:
     std::size_t m_depth = 0;
     std::optional<std::size_t> m_openBracket;
     TextRange m_lastToken{};
-    std::string m_decoded;  // its memory is used again and again
+    std::string m_decoded;  // its memory is reused
     JsonError m_error{};
 };
 
@@ -97,7 +97,7 @@ JsonReading Parser::runToTheEnd() {
     return reading;
 }
 
-// An object that no name stands before.
+// Whether an object without a name before it starts here.
 bool Parser::isBeginOfElement(std::size_t at) const {
     if (m_text[at] != '{') return false;
     while (at > 0 && isBlank(m_text[at - 1])) --at;

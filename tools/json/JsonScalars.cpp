@@ -20,7 +20,7 @@ std::size_t behindDigits(std::string_view text, std::size_t at) {
 
 // ---- Numbers --------------------------------------------------------------------------------------------------------
 
-// The exponent at `at`, or nothing of it when it has no digits.
+// The exponent at `at`, or nothing if it has no digits.
 std::size_t behindExponent(std::string_view text, std::size_t at) {
     if (at == text.size() || lowerCase(text[at]) != 'e') return at;
     std::size_t digits = at + 1;
@@ -74,7 +74,7 @@ EscapeOrFault readUnicodeEscape(std::string_view text) {
     return Escape{2 * kUnicodeEscapeSize, 0x10000 + ((first & 0x3FF) << 10) + (second & 0x3FF)};
 }
 
-// The text begins with a backslash and another byte.
+// The text starts with a backslash and another byte.
 EscapeOrFault readEscape(std::string_view text) {
     if (text[1] == 'u') return readUnicodeEscape(text);
     const auto* const simple = std::ranges::find(kSimpleEscapes, text[1], &SimpleEscape::letter);
@@ -124,7 +124,7 @@ std::size_t numberLength(std::string_view text) {
 }
 
 double numberValue(std::string_view number) {
-    // A double that does not reach is infinite, or 0, as it is for the component.
+    // A number beyond the range of double is read as infinite or 0, as in the component.
     return std::strtod(std::string(number).c_str(), nullptr);
 }
 

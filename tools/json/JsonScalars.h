@@ -41,13 +41,13 @@ constexpr bool equalIgnoringCase(std::string_view left, std::string_view right) 
 /// The first byte from `at` on that is not blank, or the size of the text.
 std::size_t behindBlanks(std::string_view text, std::size_t at);
 
-/// The length of the longest number that the text starts with; 0 for none.
+/// The length of the longest number that the text starts with; 0 if there is none.
 std::size_t numberLength(std::string_view text);
 
 /// Whether a number is written as the standard has it: no zero in front, digits on both sides of a point.
 bool isStrictNumber(std::string_view number);
 
-/// The value of a number as numberLength cuts it, correctly rounded; infinite beyond the range of double.
+/// The value of a number as delimited by numberLength, correctly rounded; infinite beyond the range of double.
 double numberValue(std::string_view number);
 
 /// The position of the quote that closes a string, which starts at `at` after its opening quote; npos for none.
@@ -56,7 +56,7 @@ std::size_t closingQuote(std::string_view text, std::size_t at);
 /// Replaces the escapes in what is between quotes. \u with wrong digits counts as \u0000.
 ///
 /// @param inside   ends before a quote as closingQuote finds it
-/// @param decoded  receives the decoded bytes; half done when there is an error
+/// @param decoded  receives the decoded bytes; incomplete when there is an error
 /// @return an error with its offset in `inside`, or nothing
 std::optional<JsonError> decodeText(std::string_view inside, std::string& decoded);
 

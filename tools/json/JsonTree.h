@@ -9,7 +9,7 @@
 
 namespace customstyle_tool {
 
-/// A value's place; texts and numbers are decoded when someone asks. Offsets are bytes of the text.
+/// A value's place; texts and numbers are decoded on request. Offsets are bytes of the text.
 struct JsonNode {
     std::uint32_t begin;
     std::uint32_t end;

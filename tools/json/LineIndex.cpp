@@ -5,7 +5,8 @@
 namespace customstyle_tool {
 namespace {
 
-// Known counts stand this many bytes apart, so that a column in a very long line takes no longer than in a short one.
+// Known counts are this many bytes apart, so that finding a column takes no longer in a very long line than in a short
+// one.
 constexpr std::size_t kBlockSize = 4096;
 
 bool beginsCharacter(char byte) {

@@ -1,4 +1,4 @@
-// A file that an author wrote, with its places.
+// A file that an author wrote, with the positions in it.
 #pragma once
 
 #include <functional>
@@ -23,7 +23,7 @@ struct SourcePlace {
 
 /// Where a piece of a text was written.
 struct SourceOrigin {
-    /// What stood there in place of a value, and where its value is set.
+    /// The variable that was there in place of a value, and where its value is set.
     struct Variable {
         std::string name;
         SourcePlace place;
@@ -34,12 +34,12 @@ struct SourceOrigin {
 };
 using SourceOrigins = std::function<SourceOrigin(TextRange)>;
 
-/// A text as it was read, with its line numbers. Not copied, so that views of the text stay valid.
+/// A text as it was read, with its line numbers. It cannot be copied, so views of the text stay valid.
 class SourceFile {
 public:
-    /// @param path     the name by which messages call the file
-    /// @param origins  of a text that was made from others: where its bytes were written
-    /// @param sources  of such a text: the paths of those others
+    /// @param path     the name of the file in messages
+    /// @param origins  for a text that was made from others: where its bytes were written
+    /// @param sources  for such a text: the paths of those others
     SourceFile(std::string path, std::string text, SourceOrigins origins = {}, std::vector<std::string> sources = {})
         : m_path(std::move(path)),
           m_text(std::move(text)),
@@ -53,7 +53,7 @@ public:
     std::string_view text() const { return m_text; }
     const LineIndex& lines() const { return m_lines; }
 
-    /// Whether the text was made from other files. Its bytes are then nothing that an author could edit.
+    /// Whether the text was made from other files. An author then cannot edit its bytes.
     bool isBuilt() const { return m_origins != nullptr; }
 
     /// The paths of all files that hold what the author wrote: this one, or those that it was made from.
@@ -78,7 +78,7 @@ struct ReadFailure {
     std::string text;
 };
 
-/// The value that a file holds, which has to outlive it. The failure tells the place.
+/// The value that a file holds, which has to outlive it. The failure names the place.
 std::variant<JsonDocument, ReadFailure> documentOf(const SourceFile& file, const char* what);
 
 }  // namespace customstyle_tool

@@ -32,7 +32,7 @@ private:
     std::vector<std::size_t> m_widths;
 };
 
-// From the shortest row on, as many as fit side by side.
+// Aligns as many rows as fit, starting with the shortest.
 void alignEqualNames(std::vector<Row*>& rows, std::size_t room) {
     std::ranges::stable_sort(rows, {}, [](const Row* row) { return plainWidth(*row); });
     Columns columns(rows.front()->cells.size());

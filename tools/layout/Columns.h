@@ -13,7 +13,7 @@ std::size_t widthOf(std::string_view text);
 
 /// An object that fits on one line: its members as text, each but the last with its comma.
 struct Row {
-    std::string names;  ///< those of the members; only rows with equal names share columns
+    std::string names;  ///< names of the members; only rows with equal names share columns
     std::vector<std::string> cells;
     std::vector<std::size_t> columns;  ///< width of each cell but the last; filled by alignColumns
 };
@@ -22,7 +22,7 @@ struct Row {
 /// gets none, and is not considered for the others' columns.
 void alignColumns(std::span<Row* const> rows, std::size_t room);
 
-/// "{cell cell}", the cells filled up with blanks to their columns.
+/// "{cell cell}", the cells padded with blanks to their columns.
 std::string textOf(const Row& row);
 
 }  // namespace customstyle_tool

@@ -19,7 +19,7 @@ struct StyleText {
 /// would lose: a byte order mark, and text after the document, which the component ignores.
 std::variant<StyleText, ReadFailure> readForRewriting(const std::string& path);
 
-/// The same for a file that was read already.
+/// The same for a file that has already been read.
 std::variant<StyleText, ReadFailure> forRewriting(std::unique_ptr<SourceFile> file);
 
 }  // namespace customstyle_tool

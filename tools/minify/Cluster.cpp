@@ -45,8 +45,8 @@ std::vector<const ReadyRule*> sortedRules(const PlacedRules& rules) {
     return sorted;
 }
 
-// The level for which all rules are that stand in one list only. A rule for one level touches no other, so that the
-// styles of all others are the same in both.
+// The one level of all rules that are in only one of the lists. A rule for one level affects no other level, so both
+// lists give the same styles at all other levels.
 std::optional<int> changedLevel(const PlacedRules& left, const PlacedRules& right) {
     std::vector<const ReadyRule*> changed;
     std::ranges::set_symmetric_difference(sortedRules(left), sortedRules(right), std::back_inserter(changed));

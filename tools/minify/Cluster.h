@@ -13,7 +13,7 @@ namespace customstyle_tool {
 /// Keeps the answers of a cluster while its parts are changed one by one.
 ///
 /// A part is loaded on its own, and its keys are shown to the renderer's questions together with those of the other
-/// parts: the component answers, over all parts, although only one was loaded again.
+/// parts: the component's answers cover all parts, although only one was loaded again.
 class Cluster {
 public:
     /// The component has to be guarded, see ComponentGuard.
@@ -22,10 +22,10 @@ public:
     Cluster(const _orvik_framework::CustomConfig& map, const std::vector<std::pair<std::set<int>, PlacedRules>>& parts,
             bool everyIconHidden);
 
-    /// Whether every answer stays the same with these rules for a part.
+    /// Whether every answer stays the same if a part has these rules.
     bool isSame(std::size_t part, const PlacedRules& candidate);
 
-    /// Takes over rules that isSame.
+    /// Takes over rules for which isSame() is true.
     void accept(std::size_t part, PlacedRules rules);
 
     const PlacedRules& rulesOf(std::size_t part) const { return m_parts[part].rules; }
@@ -51,7 +51,7 @@ private:
     int m_everyIconHidden;
     std::vector<Part> m_parts;
     _orvik_framework::CustomConfig m_wanted;  // keys of the original parts
-    _orvik_framework::CustomConfig m_view;    // keys of the parts as they are, or of one that is tried
+    _orvik_framework::CustomConfig m_view;    // keys of the parts as they are, or of a version being tried
     std::size_t m_work = 0;
 };
 

@@ -15,7 +15,7 @@
 namespace customstyle_tool {
 namespace {
 
-// At each level, the type that is asked last of those that hide icons. Whatever type keeps an icon from being hidden is
+// For each level, the last type asked among those that hide icons. Any type that keeps an icon from being hidden is
 // asked before it.
 std::set<int> lastHidingTypes(const _orvik_framework::CustomConfig& store, const std::set<int>& types) {
     std::set<int> last;

@@ -16,7 +16,7 @@
 namespace customstyle_tool {
 namespace {
 
-// The attempts, best first, each made when the one before has failed the proof: a style that needs more style keys than
+// The attempts, best first, each made only if the one before failed the proof: a style that needs more style keys than
 // there are slots depends on the order of all its rules, and may have to stay as it is.
 Minified firstProven(const StyleSource& style, const std::string& mapping,
                      const std::vector<std::function<Minified()>>& attempts) {

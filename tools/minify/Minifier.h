@@ -12,8 +12,8 @@
 
 namespace customstyle_tool {
 
-/// How far a style was made small. What goes further than the form given out was not proven to have the same effect, or
-/// was longer.
+/// How far a style was made small. Any form beyond the returned one was not proven to have the same effect, or was
+/// longer.
 enum class Thoroughness : std::uint8_t {
     Full,       ///< everything was tried
     ManyRules,  ///< not everything was tried, because of the number of rules
@@ -30,7 +30,7 @@ struct Minified {
 };
 
 /// The shortest style found whose answers are those of `style`: all style ids, all 19 level classes, all four
-/// questions, asked of the component before the text is given out.
+/// questions, checked with the component before the text is returned.
 ///
 /// Takes the component's log and switch over meanwhile, see ComponentGuard.
 ///

@@ -22,8 +22,7 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::CVString;
 using _orvik_vi::cJSON;
 
-// Empty where the component would not get as far as to look at a styler. Its own list names the stylers that it acts
-// on.
+// Empty where the component would not get as far as the stylers. Its own list names the stylers that it acts on.
 std::optional<MinimalRule> minimalRule(const CustomConfig& component, const RuleView& rule) {
     const bool isWhole = isText(rule.featureType) && isText(rule.elementType) && rule.stylers &&
                          rule.stylers->kind() == JsonKind::Object;
@@ -41,7 +40,7 @@ std::optional<MinimalRule> minimalRule(const CustomConfig& component, const Rule
     return minimal.stylers.empty() ? std::nullopt : std::optional(std::move(minimal));
 }
 
-// As short as JSON spells it.
+// The shortest JSON spelling of a byte.
 std::string escaped(char byte) {
     constexpr std::string_view kNamed = "\bb\ff\nn\rr\tt\"\"\\\\";
     for (std::size_t i = 0; i < kNamed.size(); i += 2) {
@@ -61,7 +60,7 @@ std::string member(std::string_view name, std::string_view value) {
     return fmt::format("{}:{}", jsonText(name), jsonText(value));
 }
 
-// Ends as operator new has it end when memory runs out, also where nothing can be thrown.
+// Ends the program as operator new does when memory runs out, even where nothing can be thrown.
 void endWithoutMemory() {
     constexpr std::size_t kMoreThanAnyHeapHas = std::numeric_limits<std::ptrdiff_t>::max();
     ::operator delete(::operator new(kMoreThanAnyHeapHas));

@@ -1,4 +1,4 @@
-// Rules as few words as possible say them.
+// Rules in as few words as possible.
 #pragma once
 
 #include <optional>
@@ -18,7 +18,7 @@ struct MinimalStyler {
     bool operator==(const MinimalStyler&) const = default;
 };
 
-/// A rule without anything that the component passes over.
+/// A rule without anything that the component ignores.
 struct MinimalRule {
     std::string featureType;
     std::string elementType;
@@ -26,19 +26,19 @@ struct MinimalRule {
     std::vector<MinimalStyler> stylers;  ///< in the order in which the component acts on them
 };
 
-/// Stylers of two rules: of those that both have, the second rule's. In the component's order.
+/// The stylers of two rules, in the component's order. Where both have one, the second rule's is used.
 std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earlier,
                                          const std::vector<MinimalStyler>& later);
 
 /// The rules of a style file that name a feature type, an element and a styler, with their values in their shortest
-/// spelling. The component is asked for what it reads.
+/// spelling. The component itself is asked what it reads.
 std::vector<MinimalRule> minimalRules(const StyleSource& style);
 
 /// A rule as text, and as a list with one rule for the component.
 std::string textOf(const MinimalRule& rule);
 Tree treeOf(const MinimalRule& rule);
 
-/// A style file's text without a blank too many.
+/// A style file's text without unnecessary blanks.
 std::string textOf(const std::vector<MinimalRule>& rules);
 
 }  // namespace customstyle_tool

@@ -1,4 +1,4 @@
-// The store of a part of a style, made again and again.
+// The store of a part of a style, which is rebuilt many times.
 #pragma once
 
 #include <optional>

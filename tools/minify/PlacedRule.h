@@ -11,7 +11,7 @@
 
 namespace customstyle_tool {
 
-/// A rule, ready for the component. Not changed, so that many versions of a style share it.
+/// A rule, ready for the component. It never changes, so many versions of a style can share it.
 struct ReadyRule {
     explicit ReadyRule(MinimalRule minimal) : rule(std::move(minimal)), text(textOf(rule)), tree(treeOf(rule)) {}
 
@@ -20,7 +20,7 @@ struct ReadyRule {
     Tree tree;
 };
 
-/// A rule and where it stood, so that parts of a style that were made small apart can be put together again.
+/// A rule and its original index, so that parts of a style that were shrunk separately can be put together again.
 struct PlacedRule {
     std::size_t index;
     std::shared_ptr<const ReadyRule> ready;

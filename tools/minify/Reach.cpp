@@ -14,7 +14,7 @@ namespace {
 using _orvik_framework::CustomConfig;
 using _orvik_framework::StoredRecords;
 
-// Behind the fields of each type: that it has a style at all.
+// The number after the fields of each type says that it has a style at all.
 constexpr int kNumbersPerType = static_cast<int>(kStyleFieldCount) + 1;
 
 void addFields(Reach& reach, int featureType, const tagCustomStyle& record) {

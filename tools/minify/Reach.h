@@ -1,4 +1,4 @@
-// What a rule reaches, asked of the component.
+// What a rule reaches, as the component answers.
 #pragma once
 
 #include <map>
@@ -17,10 +17,10 @@ std::span<const char* const> elementPaths();
 /// Fields of feature types, as numbers.
 using Reach = std::set<int>;
 
-/// Tells what rules reach that stand alone, at all levels.
+/// Finds out what a rule reaches on its own, at all levels.
 class ReachProbe {
 public:
-    /// Every field that the rule writes. Asked again, the answer is remembered.
+    /// Every field that the rule writes. Answers are remembered.
     const Reach& of(const std::string& featureType, const std::string& elementType, const MinimalStyler& styler);
 
 private:

@@ -21,7 +21,7 @@ std::string shortColor(const CustomConfig& component, const std::string& feature
     return packed(plain) == packed(value) ? plain : fmt::format("{}{:02x}", plain, alphaOf(packed(value)));
 }
 
-// Weights and font sizes of digits alone are read alike; other texts are refused.
+// Weights and font sizes made only of digits are read the same way; other texts are refused.
 std::string shortSize(const CustomConfig& component, const std::string& value) {
     return component.IsValueAllDigit(value) != 0 ? std::to_string(component.CalculateWeightValue(value.c_str()))
                                                  : value;

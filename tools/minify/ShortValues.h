@@ -8,7 +8,7 @@
 
 namespace customstyle_tool {
 
-/// A value that the component reads as it reads this one, and that is not longer.
+/// A value that is not longer, and that the component reads in the same way.
 std::string shortValue(const _orvik_framework::CustomConfig& component, const std::string& featureType,
                        std::string_view styler, const std::string& value);
 

@@ -171,7 +171,7 @@ bool Shrinking::merge(std::size_t earlier, std::size_t later) {
     return false;
 }
 
-// In the place of the one or of the other.
+// Tries the merged rule in the place of the earlier rule, then of the later one.
 bool Shrinking::mergeAs(std::size_t earlier, std::size_t later, const MinimalRule& rule) {
     return replace(earlier, later, rule) || replace(later, earlier, rule);
 }
@@ -183,7 +183,7 @@ bool Shrinking::replace(std::size_t kept, std::size_t dropped, MinimalRule rule)
     return keepIfSame(without(std::move(candidate), dropped, dropped + 1));
 }
 
-// Anything that one rule can say for two. Their number grows with the square of that of the rules.
+// Tries to replace any two rules with one. The number of pairs grows with the square of the number of rules.
 bool Shrinking::replacePairs() {
     if (rules().size() > kMostToPair) return false;
     for (std::size_t kept = 0; kept < rules().size(); ++kept) {
@@ -220,7 +220,7 @@ bool Shrinking::widenRules() {
     return isChanged;
 }
 
-// A rule may write more than it has to, where others then have less to write.
+// A rule may write more than it has to, if other rules then have less to write.
 bool Shrinking::widen(std::size_t index, const std::string& path) {
     const MinimalRule& narrow = rules()[index].rule();
     if (narrow.elementType == path || !reaches(narrow.featureType, path, narrow)) return false;
@@ -234,7 +234,7 @@ bool Shrinking::widen(std::size_t index, const std::string& path) {
     return true;
 }
 
-// Without rules of which a wide one says everything.
+// Leaves out the rules that a wide one makes unnecessary.
 PlacedRules Shrinking::withoutRepeated(PlacedRules candidate, std::size_t index) {
     const MinimalRule& wide = candidate[index].rule();
     for (std::size_t i = candidate.size(); i-- > 0;) {

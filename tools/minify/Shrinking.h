@@ -1,4 +1,4 @@
-// Shrinking: takes away from a part of a style what can be taken away.
+// Removes from a part of a style what can be removed.
 #pragma once
 
 #include <cstddef>
@@ -28,7 +28,7 @@ private:
     bool keepIfSame(PlacedRules candidate);
     bool keepIfShorter(std::size_t index, MinimalRule rule);
 
-    /// Takes a rule in the place of one, and leaves out another.
+    /// Puts a rule in the place of one rule, and drops another.
     bool replace(std::size_t kept, std::size_t dropped, MinimalRule rule);
 
     bool removeBlocks();

@@ -58,7 +58,7 @@ private:
     static std::size_t number(int type) { return static_cast<std::size_t>(type); }
 
     void joinSharing(const Mapping& mapping) {
-        std::map<int, std::size_t> firstOf;  // by style id
+        std::map<int, std::size_t> firstOf;  // keyed by style id
         for (const std::vector<int>& types : m_types) {
             for (const int type : types) {
                 if (!m_reached.insert(type).second) continue;
@@ -75,7 +75,7 @@ private:
     std::set<int> m_reached;
 };
 
-// Parts are tried in turn until none of them becomes shorter: what one gives up can free another.
+// Parts are tried in turn until none of them becomes shorter: removing something from one can allow more in another.
 bool shrinkCluster(Cluster& cluster) {
     ReachProbe probe;
     bool isComplete = true;
@@ -98,7 +98,7 @@ public:
         m_everyIconHidden = hidesEveryIcon({{{}, m_rules}});
     }
 
-    // With fewer rules the parts may be other ones, which may find more to give up.
+    // With fewer rules the parts may be different, and more may be removable from them.
     bool run() {
         for (std::vector<std::vector<std::size_t>> before;;) {
             std::vector<ClusterRules> clusters = Split(m_rules, m_mapping).clusters();

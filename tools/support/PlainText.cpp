@@ -9,7 +9,7 @@
 namespace customstyle_tool {
 namespace {
 
-// A line shows at most this many columns, and so many before the place.
+// A line shows at most this many columns, and at most that many before the place.
 constexpr std::size_t kShownColumns = 120;
 constexpr std::size_t kColumnsBefore = 50;
 
@@ -21,7 +21,7 @@ struct CharacterRange {
     char32_t last;
 };
 
-// Controls, and what turns the direction of writing or cannot be seen.
+// Control characters, and those that change the direction of writing or are invisible.
 constexpr CharacterRange kEscaped[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},     {0x200B, 0x200F},
                                        {0x2028, 0x202E}, {0x2060, 0x2069}, {0xFEFF, 0xFEFF}, {0xD800, 0xDFFF}};
 
@@ -33,7 +33,7 @@ bool isEscaped(char32_t character) {
 
 struct Decoded {
     char32_t character;
-    std::size_t size;  // 0 for no UTF-8
+    std::size_t size;  // 0 if it is not UTF-8
 };
 
 std::size_t sizeOfLead(unsigned char lead) {
@@ -136,7 +136,7 @@ std::string shortened(std::string_view text, std::size_t most) {
 }
 
 Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end) {
-    // Only what can be shown is looked at: a line may be the whole file.
+    // Only what can be shown is examined: a line may be the whole file.
     std::size_t at = line.size() > kShownColumns && begin > kColumnsBefore ? begin - kColumnsBefore : 0;
     while (at > 0 && at < begin && (static_cast<unsigned char>(line[at]) & 0xC0) == 0x80) ++at;
     Excerpt excerpt;

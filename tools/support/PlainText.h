@@ -25,7 +25,7 @@ bool isUtf8(std::string_view text);
 /// A text in quotes; cut, with dots for the rest, where it is long.
 std::string inQuotes(std::string_view text);
 
-/// The pieces of a text between separators: one where there is none.
+/// The pieces of a text between separators: one piece if there is no separator.
 std::vector<std::string> split(std::string_view text, char separator);
 
 /// The lines of a text, each after a margin.
@@ -41,7 +41,7 @@ struct Excerpt {
 };
 
 /// @param begin  first byte of the place in the line
-/// @param end    after the place; beyond the line if the place continues on the next
+/// @param end    the byte after the place; beyond the line if the place continues on the next
 Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end);
 
 }  // namespace customstyle_tool

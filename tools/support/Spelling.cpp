@@ -11,7 +11,7 @@
 namespace customstyle_tool {
 namespace {
 
-// Longer words are no misspelt names, and comparing them would take long.
+// Longer words are not misspelt names, and comparing them would take long.
 constexpr std::size_t kLongestWord = 64;
 
 constexpr std::size_t kMostListed = 12;

@@ -9,7 +9,7 @@
 
 namespace customstyle_tool {
 
-/// The candidate nearest to a word: the one that is the same except for case, blanks, dashes and underscores, else
+/// The candidate nearest to a word: the one that differs only in case, blanks, dashes and underscores, else
 /// the first of those with the fewest letters wrong, at most one in three. None if nothing is near.
 std::optional<std::string> likelyName(std::string_view word, std::span<const std::string> candidates);
 
@@ -19,7 +19,7 @@ std::string didYouMean(const std::optional<std::string>& name);
 /// "fill, stroke or icon".
 std::string eitherOf(const std::vector<std::string>& names);
 
-/// What is wrong with a word that is not one of these: the nearest, or all that exist where they are few.
+/// What is wrong with a word that is not one of these: names the nearest, or all of them if they are few.
 /// @param what  as in "unknown WHAT"
 std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known);
 

@@ -15,7 +15,7 @@ struct Description {
 /// Every feature type, by id.
 std::span<const Description> featureTypeDescriptions();
 
-/// The title of a word, or the empty text.
+/// The title of a word, or an empty text.
 std::string_view titleOf(std::span<const Description> descriptions, std::string_view word);
 
 }  // namespace customstyle_tool

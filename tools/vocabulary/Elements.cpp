@@ -30,7 +30,7 @@ std::span<const char* const> elementWords() {
 }
 
 bool isUsualWord(std::string_view word) {
-    constexpr std::string_view kInside = "text";  // stands inside a path only
+    constexpr std::string_view kInside = "text";  // occurs only inside a path
     return word == kInside || std::ranges::find(kElementWords, word) != std::end(kElementWords);
 }
 

@@ -1,4 +1,4 @@
-// The elements: what of a feature a rule can style.
+// The elements: the parts of a feature that a rule can style.
 #pragma once
 
 #include <span>

@@ -10,7 +10,7 @@
 
 namespace customstyle_tool {
 
-/// A component without styles, to be asked about feature types and values. There is one for all.
+/// A component without styles, for questions about feature types and values. All callers share one.
 const _orvik_framework::CustomConfig& catalogue();
 
 /// The names of all feature types, in the order of their ids.
@@ -20,7 +20,7 @@ std::span<const std::string> featureTypeNames();
 std::span<const std::string> mappedTypeNames();
 
 /// The text of a mapping file.
-/// @param idsOf  answers the style ids of a feature type 0 to 71
+/// @param idsOf  returns the style ids of a feature type, 0 to 71
 std::string mappingText(const std::function<std::vector<int>(int featureType)>& idsOf);
 
 }  // namespace customstyle_tool

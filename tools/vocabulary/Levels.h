@@ -15,7 +15,7 @@ inline constexpr std::size_t kLevelClassCount = 19;
 /// Class 0 to 17 is level 4 to 21, class 18 is every other level.
 inline constexpr std::size_t kOtherLevels = kLevelClassCount - 1;
 
-/// A level of the class, to ask the component with.
+/// A level of the class, for questions to the component.
 int levelOfClass(std::size_t levelClass);
 
 /// The class of a level.

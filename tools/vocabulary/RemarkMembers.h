@@ -6,8 +6,8 @@
 
 namespace customstyle_tool {
 
-/// Whether a member is a remark, by its name in any letter case or by how the name starts. The component passes
-/// over remarks, so that they raise no finding.
+/// Whether a member is a remark, by its name in any letter case or by how the name starts. The component ignores
+/// remarks, so they raise no finding.
 bool isRemark(std::string_view memberName);
 
 /// The same as a regular expression for a JSON Schema.

@@ -16,7 +16,7 @@ using _orvik_framework::tagCustomStyle;
 /// How a field is written and read by people.
 enum class FieldKind { Color, Size, IconFlag, Mark };
 
-/// What of a feature a field styles.
+/// The part of a feature that a field styles.
 enum class FieldPart { Geometry, Text, Icon, None };
 
 /// One field of a style record: a value with the flag that says whether it applies, the icon flag, or the customised
@@ -36,7 +36,7 @@ inline constexpr std::size_t kStyleFieldCount = 12;
 inline constexpr std::size_t kIconField = 10;
 inline constexpr std::size_t kMarkField = 11;
 
-/// The place of a field in styleFields(), or kStyleFieldCount where no field has the name.
+/// The index of a field in styleFields(), or kStyleFieldCount if no field has the name.
 std::size_t fieldIndex(std::string_view name);
 
 std::uint64_t valueOf(const StyleField& field, const tagCustomStyle& style);

@@ -19,17 +19,17 @@ enum class StylerKind : std::uint8_t {
 struct Styler {
     std::string_view name;
     StylerKind kind;
-    std::string_view example;  ///< a value that the component takes
+    std::string_view example;  ///< a value that the component accepts
     std::string_view title;    ///< one line for the editor's list of proposals
 };
 
 /// In the order in which the component acts on them.
 std::span<const Styler> stylers();
 
-/// Null where there is none.
+/// Null if there is none.
 const Styler* stylerNamed(std::string_view name);
 
-/// Whether there is a styler with the name and it says this.
+/// Whether there is a styler with the name and it is of this kind.
 bool isOfKind(std::string_view name, StylerKind kind);
 
 /// The member of the stylers that names the one zoom level of a rule; it styles nothing.

@@ -15,7 +15,7 @@ namespace customstyle_tool {
 namespace {
 
 constexpr std::size_t kShortestPrefix = 3;
-constexpr std::size_t kShortestMisspelling = 5;  // shorter words are all alike
+constexpr std::size_t kShortestMisspelling = 5;  // shorter words are too much alike
 constexpr char kSeparators[] = "._- ";
 
 struct Synonym {
@@ -55,7 +55,7 @@ constexpr Synonym kRuleMembers[] = {
     {"paint", "stylers"},       {"properties", "stylers"},
 };
 
-// By the last word of the path.
+// Keyed by the last word of the path.
 constexpr Synonym kElementSynonyms[] = {
     {"halo", "labels.text.stroke"},
     {"text", "labels.text.fill"},

@@ -1,5 +1,4 @@
-// Words that authors use for the names of styles. What they may mean is asked ("did you mean"), never put in their
-// place.
+// Words that authors use for the names of styles. The meaning is suggested ("did you mean"), never substituted.
 #pragma once
 
 #include <optional>
@@ -16,7 +15,7 @@ std::optional<std::string> meantFeatureType(std::string_view word);
 /// The feature type that a word which names none may mean, by its meaning or its spelling.
 std::optional<std::string> likelyFeatureType(std::string_view word);
 
-/// What to say of a word that names no feature type: "; did you mean "water"?", or where all names are.
+/// What to say about a word that names no feature type: "; did you mean "water"?", or where to find all names.
 std::string featureTypeHint(std::string_view word);
 
 /// The member of the stylers that a word which names none may mean.
@@ -26,7 +25,7 @@ std::optional<std::string> meantStyler(std::string_view word);
 std::optional<std::string> meantRuleMember(std::string_view word);
 
 /// The element that a path which names none may mean: "labels.text.stroke" for "halo".
-/// @param elements  those that can be meant
+/// @param elements  the elements that can be meant
 std::optional<std::string> meantElement(std::string_view path, std::span<const std::string> elements);
 
 /// "on" or "off", where a word such as "true" or "hidden" may mean that.
