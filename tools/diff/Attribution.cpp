@@ -20,7 +20,7 @@ const std::optional<Write>& winnerOf(const Explanation& explanation, const Chang
     return explanation.fields[answer.question.field].winner;
 }
 
-// What was lost plays no part here, and of a long style much is. Its memory is given back.
+// Losses play no part here, and a long style has many. Their memory is released.
 Explanation winnersOf(Explanation explanation) {
     for (History& field : explanation.fields) field.losses = std::vector<Loss>();
     for (History* history : {&explanation.icon, &explanation.land, &explanation.grid}) {

@@ -11,8 +11,8 @@
 
 namespace customstyle_tool {
 
-/// Explains answers of one style. Style ids that stand under the same feature types get the same styles, so one of them
-/// is explained for all.
+/// Explains answers of one style. Style ids that are listed under the same feature types get the same styles, so one of
+/// them is explained for all.
 class Attribution {
 public:
     /// @param style  must outlive the attribution

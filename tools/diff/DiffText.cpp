@@ -60,7 +60,7 @@ std::string rulesText(const Change& change) {
     return parts.empty() ? "" : fmt::format("  ({})", fmt::join(parts, ", "));
 }
 
-// Style ids of the mapping of every map mean nothing to people: those under two types are named by them.
+// Style ids of the mapping of every map mean nothing to people: those under two types are named by these types.
 std::string idsPhrase(const JoinedChange& each, const Mapping& mapping) {
     if (each.wholeType) return "";
     if (mapping.kind() != Mapping::Kind::EveryMap) return fmt::format(" ({})", idsText(each.styleIds));
@@ -135,7 +135,7 @@ std::string diffJson(std::span<const JoinedChange> changes, const Mapping& mappi
     Json list = Json::array();
     for (const JoinedChange& each : changes) list.push_back(changeJson(each));
     const Json json{{"version", 1}, {"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}};
-    // A file name may be no UTF-8.
+    // A file name might not be valid UTF-8.
     return json.dump(2, ' ', false, Json::error_handler_t::replace);
 }
 

@@ -16,7 +16,7 @@ namespace {
 using _orvik_framework::CustomConfig;
 using Value = std::optional<std::uint64_t>;
 
-// An icon flag of 0 says no more than that there is a record.
+// An icon flag of 0 only says that there is a record.
 Value shownFieldIn(const Answer& answer, std::size_t place) {
     const Value value = fieldIn(answer, place);
     return place == kIconField && value == 0U ? Value() : value;
@@ -105,7 +105,7 @@ struct LevelOrder {
     }
 };
 
-// Joins single changes: first over the levels, then over the style ids, last over the types.
+// Joins single changes: first over the levels, then over the style ids, finally over the types.
 class Joiner {
 public:
     explicit Joiner(const StyleStudy& style) : m_mapping(style.mapping()) {
@@ -189,7 +189,7 @@ std::vector<ChangedAnswer> changedAnswers(const StyleStudy& before, const StyleS
         return comparison.changes(styleIds);
     }
     std::vector<ChangedAnswer> changes = comparison.changes(styleIdsToCompare(mapping, false));
-    // What changes for the types by themselves would only be reported again.
+    // Changes for single types would only be reported again.
     return changes.empty() ? comparison.changes(styleIdsToCompare(mapping, true)) : changes;
 }
 

@@ -24,11 +24,11 @@ enum class Subject : std::uint8_t {
 /// One thing that the renderer can learn.
 struct Question {
     Subject subject;
-    std::size_t field;  ///< place in styleFields() of a Field, else 0
+    std::size_t field;  ///< index in styleFields() for a Field, else 0
     auto operator<=>(const Question&) const = default;
 };
 
-/// A styler, by the rule as people count, and where it is written.
+/// A styler: its rule, counted from 1, and where it is written.
 struct StylerPlace {
     std::size_t rule;
     std::string file;
@@ -37,7 +37,7 @@ struct StylerPlace {
     auto operator<=>(const StylerPlace&) const = default;
 };
 
-/// What an answer changes from and to, and by whom.
+/// What an answer changes from and to, and by which stylers.
 struct Change {
     Question question;
     std::optional<std::uint64_t> before;  ///< none where it is not customised
@@ -47,7 +47,8 @@ struct Change {
     auto operator<=>(const Change&) const = default;
 };
 
-/// The feature type of a change that holds for every style id of the mapping, and of one for those that it lacks.
+/// The feature type of a change that holds for every style id of the mapping, and of one for those that it does not
+/// list.
 inline constexpr int kEveryType = -1;
 inline constexpr int kNoType = _orvik_framework::kFeatureTypeCount;
 
@@ -70,13 +71,13 @@ struct ChangedAnswer {
     std::optional<std::uint64_t> after;
 };
 
-/// Compares every answer of two styles with the same mapping: all style ids and one that the mapping lacks, all 19
-/// level classes, all four questions. Two changes count only where they say something new: the feature type where both
-/// styles customise the style id or nothing else of the answer differs, and the icon flag inside the record where the
-/// icon itself stays as it is.
+/// Compares every answer of two styles with the same mapping: all style ids and one that the mapping does not list, all
+/// 19 level classes, all four questions. Two changes count only where they say something new: the feature type where
+/// both styles customise the style id or nothing else of the answer differs, and the icon flag inside the record where
+/// the icon itself stays as it is.
 ///
-/// Over the mapping of every map the style ids under one type are compared, and those under two where nothing changes
-/// for them: no change at all means that the styles are equal on every map.
+/// Over the mapping of every map, the style ids under one type are compared, and those under two only if nothing
+/// changes for the former. No change at all means that the styles are equal on every map.
 std::vector<ChangedAnswer> changedAnswers(const StyleStudy& before, const StyleStudy& after);
 
 /// The same with the rules, joined over levels and style ids, ordered by feature type and question.

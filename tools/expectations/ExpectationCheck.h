@@ -12,7 +12,7 @@
 
 namespace customstyle_tool {
 
-/// Answers that are not as expected, and alike.
+/// Equal answers that are not as expected.
 struct ExpectationFailure {
     const Expectation* expectation;
     std::optional<std::uint64_t> value;  ///< what the component answers; none: not customised

@@ -55,8 +55,8 @@ std::optional<std::uint64_t> colorIn(std::string_view text) {
 
 using ParsedLine = std::variant<Expectation, ExpectationProblem>;
 
-// Reads the words of one line. What reads a part of it answers whether that went well, and nothing is read after a
-// problem.
+// Reads the words of one line. Each function that reads a part of it returns whether that succeeded, and nothing is
+// read after a problem.
 class LineParser {
 public:
     LineParser(std::vector<Word> words, const Mapping& mapping) : m_words(std::move(words)), m_mapping(mapping) {}
@@ -138,7 +138,7 @@ private:
         return word.text == "none" || parseNext("the feature type that answers", &LineParser::parseType);
     }
 
-    // Of a style id that the mapping does not list, only the icon can be other than expected: where every icon is
+    // For a style id that the mapping does not list, only the icon can differ from what is expected: if every icon is
     // hidden.
     bool checkStyleIds() {
         if (m_result.featureType) {

@@ -46,7 +46,7 @@ enum class Aspect {
 
 struct Expectation {
     std::size_t offset = 0;          ///< of the first word in the file
-    std::string text;                ///< as the file has it, without comment
+    std::string text;                ///< as written in the file, without comment
     std::optional<int> featureType;  ///< all of its style ids, or
     unsigned int styleId = 0;        ///< this one
     LevelSet levels;
@@ -65,7 +65,7 @@ struct ExpectationProblem {
 
 struct ExpectationFile {
     std::vector<Expectation> expectations;
-    std::vector<ExpectationProblem> problems;  ///< in the order of the file; one a line at most
+    std::vector<ExpectationProblem> problems;  ///< in the order of the file; at most one per line
 };
 
 /// After this many problems, the rest of a file is not read: it is probably some other kind of file.
@@ -75,7 +75,7 @@ inline constexpr std::size_t kMostProblems = 20;
 /// not fail, and so is one about a style id that the mapping does not list.
 ExpectationFile parseExpectations(const SourceFile& file, const Mapping& mapping);
 
-/// The grammar for people, some lines.
+/// The grammar for people, a few lines long.
 const char* expectationHelp();
 
 }  // namespace customstyle_tool

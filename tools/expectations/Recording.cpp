@@ -16,7 +16,7 @@ namespace {
 using _orvik_framework::CustomConfig;
 using Value = std::optional<std::uint64_t>;
 
-// Something said of a style id or background: a value at some levels.
+// A statement about a style id or background: a value at some levels.
 struct Saying {
     Aspect aspect;
     const TopicName* topic;
@@ -29,7 +29,7 @@ struct Saying {
 using Sayings = std::vector<Saying>;
 using Ask = std::function<Value(int level)>;
 
-// Levels with the same value are said together.
+// Levels with the same value share one statement.
 void say(Sayings& sayings, Aspect aspect, const TopicName* topic, const LevelSet& levels, const Ask& ask) {
     const std::size_t first = sayings.size();
     for (std::size_t levelClass = 0; levelClass < kLevelClassCount; ++levelClass) {

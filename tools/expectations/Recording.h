@@ -9,16 +9,16 @@
 
 namespace customstyle_tool {
 
-/// Expectations that say all of a style's answers for a feature type, or a style id, at levels: those that hold for
-/// another style with the same answers, and for no other one. The icon flag inside the record, which no expectation
-/// can name, is left out; the answer about the icon is there.
+/// Expectations that state all of a style's answers for a feature type, or a style id, at levels. They hold for another
+/// style if it has the same answers, and for no other one. The icon flag inside the record, which no expectation can
+/// name, is left out; the answer about the icon is included.
 ///
 /// They are about the whole feature type where all of its style ids have the same answers, else about each style id.
 ///
-/// @param scope  the subject and levels; its offset and text pass to the results
+/// @param scope  the subject and levels; its offset and text are copied to the results
 std::vector<Expectation> recorded(const Expectation& scope, const StyleStudy& style);
 
-/// A file of expectations that says all answers of a style for all style ids of its mapping.
+/// A file of expectations that states all answers of a style for all style ids of its mapping.
 std::string recording(const StyleStudy& style);
 
 }  // namespace customstyle_tool

@@ -98,7 +98,7 @@ void Explainer::explainRecords(Explanation& explanation) {
     for (History& history : explanation.fields) sortLosses(history);
 }
 
-// How the writes that stand in a record are lost when its type does not answer.
+// How the values of a record are lost when its type does not answer.
 Loss Explainer::howSilent(const Explanation& explanation, const StyleKey& key) const {
     const CustomConfig& config = m_style.config();
     if (isCustomised(config, key.featureType, explanation.styleId, explanation.level)) {
@@ -129,7 +129,7 @@ void Explainer::explainIcon(Explanation& explanation) {
     sortLosses(explanation.icon);
 }
 
-// The icon histories of the types under which the style id stands.
+// The icon histories of the types under which the style id is listed.
 std::map<int, History> Explainer::iconHistories(const Explanation& explanation) const {
     std::map<int, History> histories;
     for (const int type : explanation.featureTypes) {
@@ -142,7 +142,7 @@ void Explainer::explainOneIcon(Explanation& explanation) {
     const auto& asked = explanation.iconTypes =
         m_probe.iconTypes(explanation.styleId, explanation.level, explanation.featureTypes);
     const std::map<int, History> histories = iconHistories(explanation);
-    // Where several types are asked, each may hide the icon; those that show it beside one that does not lose.
+    // Where several types are asked, each may hide the icon; those that show it lose to one that hides it.
     auto deciding = std::ranges::find_if(asked, [&](int type) { return histories.at(type).value != 0; });
     if (deciding == asked.end()) deciding = asked.begin();
     for (const auto& [type, own] : histories) {
@@ -178,7 +178,7 @@ void Explainer::explainLand(Explanation& explanation) {
     const History mark = historyOf(key, kMarkField);
     explanation.land.applies = mark.value != 0;
     if (explanation.land.applies && !explanation.land.winner && mark.winner) {
-        // Nobody gave the land a fill: its background is that of a customised record all the same.
+        // No rule gave the land a fill, but its background is still that of a customised record.
         explanation.land.winner = *mark.winner;
         explanation.land.winner->value = explanation.land.value;
     }

@@ -13,8 +13,8 @@ namespace customstyle_tool {
 
 /// Finds the history of every answer.
 ///
-/// What happened comes from the traced replay, and who answers is asked of the component: the rules of styling and of
-/// the queries are known to neither this class nor its helpers.
+/// What happened comes from the traced replay, and the component is asked who answers: neither this class nor its
+/// helpers know the rules of styling or of the queries.
 class Explainer {
 public:
     /// @param style  must outlive the explainer

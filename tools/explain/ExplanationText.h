@@ -20,7 +20,7 @@ std::string swatchOf(std::uint64_t color, Swatches swatches);
 
 /// What an explanation can be asked about: the values of the record, the icon, and the two backgrounds.
 enum class Topic {
-    Field,  ///< with a place in styleFields()
+    Field,  ///< with an index in styleFields()
     Icon,
     Land,
     Grid,
@@ -41,7 +41,7 @@ std::span<const TopicName> topicNames();
 /// The topic of a name, whose words may be joined by blanks, hyphens or underscores; null where there is none.
 const TopicName* findTopic(std::string_view name);
 
-/// The topic's name that is nearest to what was written, where one is near.
+/// The topic name nearest to what was written, if one is near.
 std::optional<std::string> nearestTopic(std::string_view name);
 
 const History& historyOf(const Explanation& explanation, const TopicName& topic);

@@ -14,7 +14,7 @@ std::string memberText(const JsonValue& rule, const char* name) {
     return member ? member->text() : std::string();
 }
 
-// The component looks at a level only where it is a text.
+// The component looks at a level only if it is a text.
 std::optional<std::string> levelText(const JsonValue& stylers) {
     const auto level = stylers.firstMemberIgnoringCase("level");
     if (!level || level->kind() != JsonKind::String) return {};

@@ -11,16 +11,16 @@
 
 namespace customstyle_tool {
 
-/// Where a styler stands and what it says.
+/// Where a styler is written and what it says.
 struct StylerNote {
     std::size_t rule;  ///< from 1, as people count
     std::string file;
     LinePosition position;
     std::string styler;  ///< "color"
-    std::string value;   ///< as the file writes it, quotes included
+    std::string value;   ///< as written in the file, quotes included
     std::string featureType;
     std::string elementType;
-    std::optional<std::string> level;  ///< as the file writes it, quotes included; none where the component reads none
+    std::optional<std::string> level;  ///< as written in the file, quotes included; none where the component reads none
     std::string variable{};            ///< "$road, day.toml:3:8", where the value is that of a variable; else empty
 };
 

@@ -13,7 +13,7 @@
 namespace customstyle_tool {
 namespace {
 
-// The prefix brings the mark of labels into a path, or does not.
+// Prefixes for a path that does not name labels, and for one that does.
 constexpr const char* kPlainPrefix = "geometry.";
 constexpr const char* kLabelsPrefix = "labels.";
 
@@ -22,7 +22,7 @@ std::vector<StylerValue> stylerValues() {
     for (const Styler& styler : stylers()) {
         const std::string name(styler.name);
         if (styler.kind == StylerKind::Visibility) values.push_back({name, "on"});
-        // Alpha shows where a type ignores it.
+        // A colour with alpha shows whether a type ignores it.
         values.push_back({name, styler.kind == StylerKind::Color ? "#12345678" : std::string(styler.example)});
     }
     return values;

@@ -12,7 +12,7 @@ struct StylerValue {
     std::string value;
 };
 
-/// Of an element path the component looks at the last word, and at whether the path names labels.
+/// What the component looks at in an element path: the last word, and whether the path names labels.
 struct ElementClass {
     std::string word;
     bool namesLabels;
@@ -28,7 +28,7 @@ struct StylerColumn {
     bool operator==(const StylerColumn& other) const { return elements == other.elements; }
 };
 
-/// Feature types that take the same rules.
+/// Feature types that accept the same rules.
 struct TypeGroup {
     std::vector<std::string> names;
     std::vector<StylerColumn> columns;  ///< color, visibility on, visibility off, weight, fontsize
@@ -38,7 +38,7 @@ struct TypeGroup {
 /// All feature types, in groups, by asking the component for each styler on each element of each type.
 std::vector<TypeGroup> typeGroups();
 
-/// A regular expression for the element paths of some classes, as JSON Schema has them.
+/// A regular expression for the element paths of some classes, in the syntax of JSON Schema.
 std::string patternOf(const std::vector<ElementClass>& elements);
 
 }  // namespace customstyle_tool

@@ -21,10 +21,10 @@ namespace {
 using _orvik_framework::CustomConfig;
 using Json = nlohmann::ordered_json;
 
-// A version of the layout of style files, not of this program: editors keep schemas by it.
+// The version is that of the layout of style files, not of this program: editors store schemas under this id.
 constexpr char kId[] = "urn:customstyle:style:1";
 constexpr char kColorFormat[] = "color-hex";
-// What only editors know; validators that are strict refuse it.
+// Keywords that only editors know; strict validators reject them.
 constexpr const char* kEditorWords[] = {"markdownDescription", "errorMessage", "enumDescriptions", "defaultSnippets"};
 
 constexpr char kColorPattern[] = "^#[0-9A-Fa-f]{6}(?:[0-9A-Fa-f]{2})?$";
@@ -76,7 +76,7 @@ Json featureTypeSchema(SchemaWords words) {
     return schema;
 }
 
-// A schema that any value meets, after one that editors take their proposals from.
+// A schema from which editors take their proposals, followed by one that any value meets.
 Json proposals(const Json& schema) {
     return Json::array({schema, Json::object()});
 }
@@ -214,7 +214,7 @@ std::string refusalOf(const StylerColumn& column) {
     return fmt::format("No effect: {} does nothing to this element{}.", shown, whereItWorks(column.elements));
 }
 
-// What is left of a styler where one value of it, or any, does not work.
+// What a styler may still be where one of its values, or every value, does not work.
 Json remainderOf(const StylerColumn& column) {
     const std::string& value = column.styler.value;
     if (value == "on") return {{"enum", {"off"}}, {"errorMessage", refusalOf(column)}};

@@ -18,7 +18,7 @@ struct Answer {
 };
 
 /// The value of a field, where there is a style and the value applies.
-/// @param place  in styleFields()
+/// @param place  index in styleFields()
 std::optional<std::uint64_t> fieldIn(const Answer& answer, std::size_t place);
 
 /// The feature type that answers, if one does.

@@ -6,9 +6,9 @@
 
 namespace customstyle_tool {
 
-/// As long as one lives, the renderer's questions are answered, and the log goes to those who record it and nowhere
-/// else. Guards nest; with the outermost one the switch becomes what it was, and the log goes to standard error again.
-/// The outermost one must not be made or end while other threads use the component.
+/// While one exists, the renderer's questions are answered, and the log goes only to those who record it. Guards nest;
+/// when the outermost one ends, the switch is restored, and the log goes to standard error again. The outermost one
+/// must not be created or end while other threads use the component.
 class ComponentGuard {
 public:
     ComponentGuard();
@@ -17,7 +17,7 @@ public:
     ComponentGuard& operator=(const ComponentGuard&) = delete;
 };
 
-/// Takes down what the component logs on this thread as long as it lives.
+/// Records what the component logs on this thread while it exists.
 class LogRecording {
 public:
     /// @param lines  receives the lines, prefix included

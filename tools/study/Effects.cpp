@@ -58,8 +58,8 @@ struct Settings {
     }
 };
 
-// Calls `visit(key, style)` for all that a step left behind where nothing was left out; the style of a key without a
-// slot is null.
+// Calls `visit(key, style)` for everything that a step leaves behind when nothing is left out; the style of a key
+// without a slot is null.
 template <typename Visit>
 void forEachStateAfter(const ReplayStep& step, Visit visit) {
     for (const RecordTouch& touch : step.touches) visit(touch.key, &touch.after);
@@ -69,7 +69,7 @@ void forEachStateAfter(const ReplayStep& step, Visit visit) {
     if (settings.icons) visit(kIconKey, &*settings.icons);
 }
 
-// A step, and what it leaves behind otherwise once what has been found idle so far is left out.
+// A step, and what it leaves behind differently once everything found idle so far is left out.
 struct Work {
     const ReplayStep* step;
     std::size_t place;
@@ -78,13 +78,13 @@ struct Work {
     bool isLeftOut = false;
 };
 
-// ---- A store that takes steps back ----------------------------------------------------------------------------------
+// ---- A store that can undo steps ------------------------------------------------------------------------------------
 
 class UndoableStore {
 public:
     explicit UndoableStore(const cJSON* mapping) { m_config.ParseMappingConfig(mapping); }
 
-    /// As it was before the first step.
+    /// Returns to the state before the first step.
     void startAgain() { forgetStyles(m_config); }
 
     void apply(const Work& work) {
@@ -94,7 +94,7 @@ public:
         m_config.ParseCustomConfig(work.document);
     }
 
-    /// Takes back the last of the steps, where none was left out.
+    /// Takes back the last step; no step may have been left out.
     /// @param grid, icons  the settings before the step
     void stepBack(const ReplayStep& step, const State& grid, const State& icons) {
         for (const RecordTouch& touch : step.touches) write(touch.key, touch.before);
@@ -169,7 +169,7 @@ public:
         }
     }
 
-    /// What changes; only whether anything changes, if not `details`.
+    /// What changes; without `details`, only whether anything changes.
     Effect compare(const CustomConfig& after, const LevelsByType& types, bool details) const {
         Effect effect;
         compareBackgrounds(effect, m_before, after);
@@ -224,7 +224,7 @@ struct Proof {
     }
 };
 
-// What a lane keeps from part to part: stores take longer to make than a small part to prove.
+// What a lane keeps from part to part: making the stores takes longer than proving a small part.
 struct Lane {
     Lane(const StyleStudy& study, std::unique_ptr<CustomConfig> whole)
         : patched(std::move(whole)), store(study.mapping().tracedTree()), questions(study) {}
@@ -234,7 +234,7 @@ struct Lane {
     Questions questions;
 };
 
-// What is left out beside the works in question.
+// What is left out besides the works in question.
 enum class Without : std::uint8_t { Nothing, AllIdle };
 
 class PartProof {
@@ -247,7 +247,7 @@ public:
         }
     }
 
-    // What is idle has to be so from the last rule to the first, and from the first to the last.
+    // What is idle must be idle both from the last rule to the first and from the first to the last.
     Proofs run() {
         proveBackwards();
         while (!holdsForwards()) proveBackwards();
@@ -261,7 +261,7 @@ private:
     std::size_t ruleOf(std::size_t place) const { return m_works[place].step->rule; }
     bool isKept(std::size_t place) const { return m_proof.isKept(m_works[place].place); }
 
-    // What hides others comes after them, and they are all there when it is its turn.
+    // A work that hides others comes after them, so they are all still there when its turn comes.
     void proveBackwards() {
         startAgain();
         m_proofs = {};
@@ -274,10 +274,10 @@ private:
         }
     }
 
-    // Leaves out one after the other what is idle, the first rule first; the one that changes an answer then is not
-    // taken for idle again.
+    // Leaves out the idle works one after another, starting with the first rule. If one of them then changes an answer,
+    // it is never considered idle again.
     bool holdsForwards() {
-        if (m_idle.size() < 3) return true;  // one alone, and both, have been left out already
+        if (m_idle.size() < 3) return true;  // each alone, and both together, have been left out already
         startAgain();
         std::ranges::sort(m_idle);
         for (const auto& [begin, end] : m_idle) {
@@ -315,7 +315,7 @@ private:
         }
     }
 
-    // Whether the works are idle; they are left out from then on.
+    // Whether the works are idle; if so, they are left out from then on.
     bool prove(std::size_t begin, std::size_t end, std::optional<std::size_t> step) {
         if (m_proof.isStopped) {
             ++m_proofs.unproven;
@@ -339,7 +339,7 @@ private:
         return !m_differsByOthers || !effectWithout(begin, end, Without::AllIdle).any();
     }
 
-    // Has the store as it is before a work, with all works before it.
+    // Brings the store to its state before a work, with all works before it applied.
     void moveTo(std::size_t place) {
         for (; m_position < place; ++m_position) {
             const Settings settings(*m_works[m_position].step);
@@ -357,7 +357,7 @@ private:
         }
     }
 
-    // Goes on from where the store stands without the works, until all is as it is with them, or to the end.
+    // Continues from the store's position without the works, until everything is as it is with them, or to the end.
     Effect effectWithout(std::size_t begin, std::size_t end, Without without) {
         m_different.clear();
         m_changed.clear();
@@ -376,7 +376,7 @@ private:
         return effect;
     }
 
-    // Looks where the records of a work's keys differ from what they are with the works that are being left out.
+    // Finds where the records of a work's keys differ from what they would be with the works that are being left out.
     void compare(std::size_t place, Without without) {
         Work& work = m_works[place];
         forEachStateAfter(*work.step, [&](const std::string& key, const tagCustomStyle* style) {
@@ -427,9 +427,9 @@ private:
     Lane& m_lane;
     UndoableStore& m_store;
     bool m_isOnCallingThread;
-    std::size_t m_position = 0;           // of the work before which the store stands
-    std::vector<tagCustomStyle> m_grids;  // that were written one after the other up to there
-    std::size_t m_hidingIcons = 0;        // works up to there that hide every icon
+    std::size_t m_position = 0;           // index of the work that the store applies next
+    std::vector<tagCustomStyle> m_grids;  // written up to there, in order
+    std::size_t m_hidingIcons = 0;        // number of works up to there that hide every icon
     std::vector<Work> m_works;
     Proofs m_proofs;
     using Places = std::pair<std::size_t, std::size_t>;  // of works: the first, and one past the last
@@ -438,7 +438,7 @@ private:
     std::set<std::string> m_different;  // keys that differ now
     std::vector<Changed> m_changed;
     bool m_differsByOthers = false;   // whether works that are left out could make a difference to the one in question
-    std::set<std::string> m_adopted;  // keys that differ at the end from the whole style, without changing an answer
+    std::set<std::string> m_adopted;  // keys that differ from the whole style at the end, without changing an answer
 };
 
 // ---- All parts ------------------------------------------------------------------------------------------------------
@@ -457,7 +457,7 @@ std::vector<std::vector<std::size_t>> partsOf(const StyleStudy& study) {
     return parts;
 }
 
-// From the single rules: the tree of a whole text would take as much memory again.
+// Built from the single rules: the tree of a whole text would take as much memory again.
 std::unique_ptr<CustomConfig> storeWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
     auto config = std::make_unique<CustomConfig>();
     config->ParseMappingConfig(study.mapping().speakersTree());
@@ -472,7 +472,7 @@ struct PartOutcome {
     bool leavesDifference = false;
 };
 
-// A lane more takes as long to prepare as hundreds of steps to prove.
+// Preparing one more lane takes as long as proving hundreds of steps.
 constexpr std::size_t kStepsWorthALane = 500;
 
 std::vector<PartOutcome> proveParts(Proof& proof) {
@@ -497,8 +497,9 @@ auto orderOf(const ProvenEffect& effect) {
     return std::tuple(effect.rule, effect.step ? *effect.step + 1 : 0);
 }
 
-// Style ids under types of different parts could have them cover for each other. That is rare, so everything idle is
-// left out at once first, and only then by halves, from the last rule to the first.
+// Different parts could cover for each other at a style id that is listed under types of both. That is rare, so
+// everything idle is left out at once first. Only if that changes an answer, it is left out by halves, from the last
+// rule to the first.
 class JointProof {
 public:
     explicit JointProof(Proof& proof) : m_proof(proof), m_leftOut(proof.study.steps().size()) {}
@@ -535,7 +536,7 @@ private:
         prove(effects.subspan(effects.size() / 2));
     }
 
-    // They stay left out if so.
+    // If so, they stay left out.
     bool changesNothingMoreWithout(Effects effects) {
         std::vector<bool> leftOut = m_leftOut;
         for (const ProvenEffect* each : effects) {
@@ -566,7 +567,7 @@ Proofs proveEffects(const StyleStudy& study, const ProofOptions& options) {
         all.unproven += each.proofs.unproven;
     }
     std::ranges::sort(all.effects, {}, orderOf);
-    // Each part holds beside all that the others leave behind whole.
+    // Each part was proven with nothing left out of the others.
     if (std::ranges::count(outcomes, true, &PartOutcome::leavesDifference) > 1) JointProof(proof).run(all);
     return all;
 }

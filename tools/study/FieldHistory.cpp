@@ -29,7 +29,7 @@ History historyWith(const std::optional<Write>& winner) {
     return history;
 }
 
-// What stands is not lost. Of several losses of one write, the one to the latest step counts.
+// The winner is not lost. Of several losses of one write, the one to the latest step counts.
 void add(History& history, const Loss& loss) {
     if (history.winner && isSame(*history.winner, loss.write)) return;
     const auto isOfSameWrite = [&](const Loss& each) { return isSame(each.write, loss.write); };
@@ -130,7 +130,7 @@ void FieldHistory::followGrid(std::size_t step) {
     m_gridOwner = step;
 }
 
-// ---- Telling --------------------------------------------------------------------------------------------------------
+// ---- Queries --------------------------------------------------------------------------------------------------------
 
 History FieldHistory::historyOf(const StyleKey& key, std::size_t field) const {
     History history = historyWith(standing(key, field));

@@ -15,7 +15,7 @@
 
 namespace customstyle_tool {
 
-/// The step that a field's value goes back to.
+/// The step that a field's value comes from.
 struct Owner {
     std::optional<std::size_t> step;  ///< index in the steps; none while the field is as in the base record
     bool ofLevel = false;             ///< written for the level, not inherited from all levels
@@ -35,18 +35,18 @@ struct RecordStory {
 /// The colour of the grid, which is in no record, as a field.
 inline constexpr std::size_t kGridField = kStyleFieldCount;
 
-/// A value that a step wrote and that was done away with. The customised mark is no value.
+/// A value that a step wrote and that was overwritten or reset. The customised mark does not count as a value.
 struct LostWork {
     std::size_t victim;   ///< index in the steps
     std::size_t culprit;  ///< may be another styler of the same rule, or the victim itself
     LossKind kind;        ///< Overwritten or Reset
     StyleKey key;         ///< of the record in which it was lost
-    std::size_t field;    ///< place in styleFields(), or kGridField
+    std::size_t field;    ///< index in styleFields(), or kGridField
     bool ofLevel;         ///< written for the level, not inherited from all levels
-    bool isChanged;       ///< whether the value became another one
+    bool isChanged;       ///< whether the value changed
 };
 
-/// The one history of a replay: every value, who wrote it, and who did away with it.
+/// The one history of a replay: every value, which step wrote it, and which step overwrote or reset it.
 class FieldHistory {
 public:
     /// @param steps  must outlive the history
@@ -55,7 +55,7 @@ public:
     /// In the order of the culprits.
     const std::vector<LostWork>& losses() const { return m_losses; }
 
-    /// What a step lost, and what it did away with.
+    /// What a step lost, and what it overwrote or reset.
     std::vector<LostWork> lossesOf(std::size_t victim) const;
     std::span<const LostWork> lossesBy(std::size_t culprit) const;
 
@@ -68,12 +68,11 @@ public:
     /// The story of a key; null where no step touched its records.
     const RecordStory* storyOf(const StyleKey& key) const;
 
-    /// What stands in a field of a record, and all other writes that a question which asks for this record could have
-    /// found: overwritten, reset, or, of the record for all levels, shut out. Whether the record answers is not looked
-    /// at.
+    /// The value in a field of a record, and all other writes that a question for this record could have found:
+    /// overwritten, reset or, in the record for all levels, shut out. Whether the record answers is not considered.
     History historyOf(const StyleKey& key, std::size_t field) const;
 
-    /// The same of the colour of the grid.
+    /// The same for the colour of the grid.
     History gridHistory() const;
 
 private:

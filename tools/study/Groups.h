@@ -1,4 +1,4 @@
-// Groups of things that have to do with each other.
+// Groups of related things.
 #pragma once
 
 #include <cstddef>

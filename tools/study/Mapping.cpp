@@ -63,7 +63,7 @@ std::vector<Speaker> speakersOf(const std::vector<std::vector<unsigned int>>& qu
     return speakers;
 }
 
-// A store with one record of the land, to see whether the renderer can be answered about a style id.
+// A store with one record of the land, to see whether the renderer can get an answer about a style id.
 class LookupProbe {
 public:
     LookupProbe() {
@@ -133,7 +133,7 @@ Mapping::Mapping(Kind kind, std::string text) {
     known.speakers = speakersOf(known.questionIds);
     const auto shared = std::make_shared<Known>(std::move(known));
     m_known = shared;
-    // Now and not when they are asked for: by then several threads may ask.
+    // Parsed now, not on first use: by then several threads may ask for them.
     shared->speakersTree = componentTree(speakersText());
     shared->tracedTree = componentTree(tracedText());
 }

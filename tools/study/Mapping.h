@@ -11,7 +11,7 @@
 
 namespace customstyle_tool {
 
-/// A style id that speaks for all that stand under the same feature types: each rule treats the records of a type
+/// A style id that speaks for all that are listed under the same feature types: each rule treats the records of a type
 /// alike, so their answers are the same.
 struct Speaker {
     unsigned int styleId;
@@ -54,7 +54,7 @@ public:
     /// The feature types under which a question of the renderer finds the style id, ascending.
     std::vector<int> typesOf(unsigned int styleId) const;
 
-    /// Few style ids that speak for all, those under one type first; last one that the mapping does not list.
+    /// A few style ids that speak for all, those under one type first; the last is one that the mapping does not list.
     const std::vector<Speaker>& speakers() const { return m_known->speakers; }
 
     /// A style id that the mapping does not list.
@@ -87,7 +87,7 @@ private:
     std::shared_ptr<const Known> m_known;
 };
 
-/// The style id that stands under two feature types, or under one alone, in the mapping of every map.
+/// The style id that is listed under two feature types, or under one alone, in the mapping of every map.
 int sharedStyleId(int left, int right);
 
 /// Whether a question of the renderer can find a style id that a mapping lists.

@@ -1,4 +1,4 @@
-// Parts: groups of steps that have nothing to do with each other.
+// Parts: groups of steps that do not affect each other.
 #pragma once
 
 #include <cstddef>
@@ -12,9 +12,8 @@ namespace customstyle_tool {
 /// another group addresses. What one group leaves behind does not depend on the others. All stylers of a rule are in
 /// one group. Where the store has refused keys, each step can make room for another one, and all of them are one group.
 ///
-/// @return places in the steps, ascending; the largest group first. Steps that address nothing are in the group of
-/// their
-///         rule, if the rule has one.
+/// @return indices of the steps, ascending; the largest group first. Steps that address nothing are in their rule's
+/// group, if it has one.
 std::vector<std::vector<std::size_t>> independentParts(const std::vector<ReplayStep>& steps);
 
 }  // namespace customstyle_tool

@@ -1,4 +1,4 @@
-// PatchedStore: the outcome of a style in which records can be exchanged for a while, to see what would be answered.
+// PatchedStore: the outcome of a style in which records can be replaced temporarily, to see what would be answered.
 #pragma once
 
 #include <deque>
@@ -26,7 +26,7 @@ public:
     void setGridColor(bool isSet, std::uint64_t color);
     void hideEveryIcon(bool isHidden);
 
-    /// Makes everything as it was.
+    /// Restores everything to what it was.
     void takeBack();
 
 private:

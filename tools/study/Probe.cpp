@@ -28,7 +28,8 @@ Tree listOf(const std::string& ruleText) {
     return componentTree("[" + ruleText + "]");
 }
 
-// The store of a rule, and the same where all icons were hidden: one that is shown again only shows there.
+// The store of a rule, and the same after hiding all icons and applying the rule again: only this reveals an icon that
+// the rule shows.
 std::pair<StoreImage, StoreImage> imagesOf(const std::string& ruleText, const AloneOutcome& outcome) {
     const ComponentGuard guard;
     StoreImage image(*outcome.store);

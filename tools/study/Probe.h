@@ -19,22 +19,22 @@ struct AloneOutcome {
 /// Loads the rule into an empty store.
 AloneOutcome outcomeAlone(const std::string& ruleText);
 
-/// The same of a rule that is written for the question.
+/// The same for a rule made of these values.
 AloneOutcome outcomeAlone(std::string_view featureType, std::string_view elementPath, std::string_view styler,
                           std::string_view value);
 
 /// Whether two rules do the same, each by itself, and log the same.
 bool doTheSame(const std::string& left, const std::string& right);
 
-/// Whether a rule with this one styler does what it says: it is taken without complaint, changes an answer, and hides
-/// no icon by being "on".
+/// Whether a rule with this one styler does what it says: it is accepted without complaint, changes an answer, and does
+/// not hide an icon by being "on".
 bool worksAlone(std::string_view featureType, std::string_view elementPath, std::string_view styler,
                 std::string_view value);
 
-/// The same with a value that the component takes.
+/// The same with a value that the component accepts.
 bool acceptsStyler(std::string_view featureType, std::string_view elementPath, std::string_view styler);
 
-/// The usual element paths on which a type takes a styler. The component is asked once for each type and styler.
+/// The usual element paths on which a type accepts a styler. The component is asked once for each type and styler.
 const std::vector<std::string>& elementsTaking(const std::string& featureType, const std::string& styler);
 
 }  // namespace customstyle_tool

@@ -16,9 +16,9 @@ namespace customstyle_tool {
 bool isText(const std::optional<JsonValue>& value);
 
 struct RuleView {
-    std::size_t place = 0;  ///< among the rules, from 0
+    std::size_t place = 0;  ///< index of the rule, from 0
     JsonValue value;
-    std::optional<JsonValue> featureType;  ///< of whatever kind, as are the next two
+    std::optional<JsonValue> featureType;  ///< of any kind, as are the next two
     std::optional<JsonValue> elementType;
     std::optional<JsonValue> stylers;
     int typeId = -1;                 ///< -1 for a name that the catalogue does not know
@@ -26,23 +26,24 @@ struct RuleView {
     std::string path;                ///< the element path; empty where there is no text
     std::vector<std::string> words;  ///< of the path, between its dots
 
-    /// A member of the stylers, of whatever kind.
+    /// A member of the stylers, of any kind.
     std::optional<JsonValue> member(std::string_view name) const;
 
-    /// All members of the stylers that the component takes for it once those before are gone.
+    /// All members of the stylers with this name: the component uses the first, or a later one if those before are
+    /// removed.
     std::vector<JsonValue> members(std::string_view name) const;
 
     /// A member of the stylers if it is a text, the only kind that counts.
     std::optional<JsonValue> textMember(std::string_view name) const;
 
-    /// Whether a word stands between the dots of the path.
+    /// Whether the path has this word between its dots.
     bool names(std::string_view word) const;
 
-    /// The member of the stylers that its author may have meant for a styler, where none counts: the first that is no
-    /// text, else the first in other letter case, else the first of an unknown name that is no remark.
+    /// The member of the stylers that its author may have meant as a styler, if none counts: the first that is not a
+    /// text, else the first in different letter case, else the first with an unknown name that is not a remark.
     std::optional<JsonValue> suspect() const;
 
-    /// Where the rule begins, for findings about what is not there.
+    /// The start of the rule, for findings about something that is missing.
     TextRange start() const;
 
     /// A styler with its name; the start of the rule for the empty name.

@@ -31,7 +31,7 @@ Tree copyOf(const cJSON* rule, NoMemory onNoMemory) {
     return list;
 }
 
-// Leaves of the named stylers only one in, or none for the empty name. The order of the members does not matter.
+// Keeps only one of the named stylers, or none for the empty name. The order of the members does not matter.
 Tree copyWithOnly(const cJSON* rule, const std::string& styler, const std::vector<std::string>& all,
                   NoMemory onNoMemory) {
     Tree list = copyOf(rule, onNoMemory);
@@ -54,7 +54,7 @@ public:
         const auto idleLog = logOf(copyWithOnly(rule, "", listed, m_onNoMemory));
         std::vector<std::string> names;
         for (const std::string& name : listed) {
-            // A styler that changes nothing about what a rule without stylers logs is not acted on.
+            // If the log is that of the rule without stylers, the component does not act on this styler.
             if (logOf(copyWithOnly(rule, name, listed, m_onNoMemory)) != idleLog) names.push_back(name);
         }
         return names;

@@ -20,15 +20,16 @@ using Tree = std::unique_ptr<_orvik_vi::cJSON, TreeDeleter>;
 /// The tree of a JSON text as the component reads it; null when the text is not JSON.
 Tree componentTree(std::string_view text);
 
-/// A style document with one rule, and the styler of it that is left in.
+/// A style document with one rule, and the one styler that is left in it.
 struct SingleRule {
-    std::size_t rule;    ///< place among the rules of the file, from 0
+    std::size_t rule;    ///< index of the rule in the file, from 0
     std::string styler;  ///< empty where the rule has none that the component would act on
     Tree document;       ///< a list with the one rule
 };
 
 /// The rules of a style file, each split into its stylers, in the component's order: applying all documents one after
-/// the other has the effect and the log of applying the file. A rule that comes to no styler is one document.
+/// the other has the effect and the log of applying the file. A rule without a styler that the component acts on is one
+/// document.
 /// @param onNoMemory  does not return
 std::vector<SingleRule> singleRules(const StyleSource& style, void (*onNoMemory)() = std::abort);
 

@@ -25,7 +25,7 @@ struct Effect {
 /// Style ids, each with the level classes to ask about.
 using LevelsByStyleId = std::map<unsigned int, LevelSet>;
 
-/// Adds to an effect how two answers to one question differ. Answers whether they do.
+/// Adds to an effect how two answers to one question differ. Returns whether they do.
 bool addDifference(Effect& effect, std::size_t levelClass, const Answer& left, const Answer& right);
 
 /// Adds to an effect how the backgrounds differ.

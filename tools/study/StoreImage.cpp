@@ -36,7 +36,7 @@ bool StoreImage::operator==(const StoreImage& other) const {
 }
 
 bool sameFields(const tagCustomStyle& left, const tagCustomStyle& right) {
-    // Equal bytes are soon seen and common; padding may differ.
+    // Equal bytes are common and quick to detect; padding may differ.
     // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c)
     if (std::memcmp(&left, &right, sizeof left) == 0) return true;
     return std::ranges::all_of(styleFields(), [&](const StyleField& field) {

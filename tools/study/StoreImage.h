@@ -43,7 +43,7 @@ private:
 bool sameFields(const _orvik_framework::tagCustomStyle& left, const _orvik_framework::tagCustomStyle& right);
 
 /// Calls `visit(int styleId, tagCustomStyle& record)` for each record of a slot, in its order; keys without one are
-/// passed over.
+/// skipped.
 template <typename Visit>
 void forEachSlotRecord(const _orvik_framework::CVMapPtrToPtr& slot, Visit visit) {
     for (const auto& entry : _orvik_framework::StoredRecords(slot)) {

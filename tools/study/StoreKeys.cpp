@@ -15,7 +15,7 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::tagCustomStyle;
 
-// Gives back all slots but the first ones.
+// Releases all slots but the first ones.
 void releaseSlots(CustomConfig& config, int kept) {
     for (int i = kept; i < config.m_usedLevelSlots; ++i) {
         CVMapPtrToPtr& slot = config.m_levelStyleMaps[i];

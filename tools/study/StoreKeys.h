@@ -1,4 +1,4 @@
-// The keys of a store and what is filed under them, to be looked at and to be taken back.
+// The keys of a store and what is filed under them, to look at them and to take them back.
 #pragma once
 
 #include <string>
@@ -20,7 +20,7 @@ std::vector<std::string> keysInOrder(const _orvik_framework::CustomConfig& confi
 void addKey(_orvik_framework::CustomConfig& config, const std::string& key);
 
 /// Takes back the last keys of a store.
-/// @param usedSlots  how many slots there were before they came
+/// @param usedSlots  how many slots were used before they were added
 void forgetKeys(_orvik_framework::CustomConfig& config, const std::vector<std::string>& keys, int usedSlots);
 
 /// Takes back all that rules have done. A new store would take longer: most of it is tables of names.

@@ -11,8 +11,8 @@
 
 namespace customstyle_tool {
 
-/// Asks stores in which the records have been made recognisable, so that the order in which the component asks its
-/// feature types and records is known nowhere but there.
+/// Asks stores in which the records have been made recognisable, so that only the component knows the order in which it
+/// asks its feature types and records.
 class StoreProbe {
 public:
     explicit StoreProbe(const StyleStudy& style);

@@ -1,4 +1,4 @@
-// The keys of the store, taken apart.
+// The keys of the store, split into their parts.
 #pragma once
 
 #include <compare>

@@ -19,8 +19,7 @@ public:
     const SourceFile& file() const { return *m_file; }
     const JsonDocument& document() const { return m_document; }
 
-    /// The text that the component is given: that of the file, or of a broken file a list of the rules that can be
-    /// read.
+    /// The text for the component: that of the file or, if the file is broken, a list of the rules that can be read.
     std::string_view text() const { return m_readable.empty() ? m_file->text() : std::string_view(m_readable); }
 
     /// Whether the file is JSON.

@@ -21,7 +21,7 @@ namespace customstyle_tool {
 /// One style over one mapping, read once; what is costly is computed when it is first asked for. The component alone
 /// decides what comes of a style: nothing here knows a rule of styling.
 ///
-/// Reading it takes the component's log and switch over meanwhile, see ComponentGuard. Not for several threads at once.
+/// Reading it takes over the component's log and switch meanwhile, see ComponentGuard. Not for several threads at once.
 class StyleStudy {
 public:
     /// @param isWhole  whether the file is JSON; if not, the document holds what can be read of it
@@ -37,7 +37,7 @@ public:
     /// The rules with their members.
     const std::vector<RuleView>& rules() const;
 
-    /// The store that comes of the style over the mapping, and over its speakers only.
+    /// The store that results from the style over the mapping, and over its speakers only.
     const _orvik_framework::CustomConfig& config() const;
     const _orvik_framework::CustomConfig& spokenConfig() const;
 

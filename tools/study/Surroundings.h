@@ -7,11 +7,11 @@
 
 namespace customstyle_tool {
 
-/// Work that falls into independent items.
+/// Work that consists of independent items.
 /// @param lane  which of the spread's lanes does it; no two items run in one lane at the same time
 using WorkItem = std::function<void(std::size_t item, std::size_t lane)>;
 
-/// How items are worked off: one after the other, or on several processors.
+/// How items are processed: one after the other, or on several processors.
 struct Spread {
     std::size_t lanes = 1;
     /// Calls the work once for each item, in any order and in any lane; lane 0 is the calling thread.

@@ -14,7 +14,8 @@ using _orvik_framework::CustomConfig;
 using _orvik_vi::cJSON;
 using Records = std::vector<ImageRecord>;
 
-// Marks are unlike for records of a level and of all levels, and for the first and the second marking, in every width.
+// Marks differ between records for a level and for all levels, and between the first and the second marking, in every
+// width.
 std::uint64_t markFor(bool ofLevel, bool second) {
     const std::uint64_t mark = ofLevel ? 0x5A5A5A5A5A5A5A5A : 0x3C3C3C3C3C3C3C3C;
     return second ? ~mark : mark;
@@ -61,14 +62,14 @@ class Trial {
 public:
     explicit Trial(const cJSON* mapping) { m_config.ParseMappingConfig(mapping); }
 
-    /// What the step addresses; there is always room.
+    /// The keys that the step addresses; there is always room for them.
     std::vector<std::string> keysOf(const cJSON* document) {
         forgetStyles(m_config);
         m_config.ParseCustomConfig(document);
         return keysInOrder(m_config);
     }
 
-    /// Does the step of keysOf again over marked records.
+    /// Repeats the step of keysOf over marked records.
     void applyToMarked(const cJSON* document, bool second) {
         for (const auto& [key, slot] : m_config.m_keyStyleMaps) {
             const std::uint64_t mark = markFor(parsedKey(key).level.has_value(), second);
@@ -113,7 +114,7 @@ private:
         keys.erase(refused, keys.end());
     }
 
-    // The records of the step's keys, as it leaves them over marked ones.
+    // The records of the step's keys after it has run over marked ones.
     struct MarkedRecords {
         std::vector<Records> first;   // by key
         std::vector<Records> second;  // by key
@@ -157,7 +158,7 @@ private:
         }
     }
 
-    // A record that came with the step began as a copy of its base record.
+    // A record that the step created began as a copy of its base record.
     void findTouchesOfKey(const std::string& key, const Records& before, const Records& first, const Records& second) {
         const auto [featureType, level] = parsedKey(key);
         const Records after = recordsOf(m_config, key);
@@ -178,7 +179,7 @@ private:
         }
     }
 
-    // What the step writes where there is no style for all levels, and what it has inherited in its place.
+    // Finds what the step writes where there is no style for all levels, but has inherited here instead.
     void findUndone(std::size_t begin, const Records& first, const Records& second) {
         for (std::size_t i = begin; i < m_step.touches.size(); ++i) {
             const RecordTouch& touch = m_step.touches[i];

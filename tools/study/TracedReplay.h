@@ -28,29 +28,29 @@ struct RecordTouch {
     int featureType;           ///< of the key
     std::optional<int> level;  ///< of the key; none for all levels
     int styleId;
-    tagCustomStyle before;  ///< a record that came with the step began as a base record, all 0
+    tagCustomStyle before;  ///< a record that the step created began as a base record, all 0
     tagCustomStyle after;
-    std::array<Origin, kStyleFieldCount> origins;  ///< by place in styleFields()
+    std::array<Origin, kStyleFieldCount> origins;  ///< by index in styleFields()
 };
 
 /// A value that a step wrote into a record for a level and lost at once, because its next write started the record over
-/// from that for all levels.
+/// from the one for all levels.
 struct UndoneWrite {
-    std::size_t touch;  ///< place in the step's touches
-    std::size_t field;  ///< place in styleFields(); never the mark
+    std::size_t touch;  ///< index in the step's touches
+    std::size_t field;  ///< index in styleFields(); never the mark
     std::uint64_t value;
 };
 
-/// One styler of one rule, or a rule that came to no styler.
+/// One styler of one rule, or a rule without a styler that the component acts on.
 struct ReplayStep {
-    std::size_t rule;               ///< place among the rules, from 0
-    std::string styler;             ///< "color", "visibility", "weight", "fontsize"; empty where the rule came to none
-    std::vector<std::string> log;   ///< the component's lines, prefix included
-    std::vector<std::string> keys;  ///< every style key that the step addresses, in the order of the component
-    std::vector<std::string> newKeys;        ///< those that got their slot now
-    std::vector<std::string> refused;        ///< those that got none, because every slot is taken
-    std::vector<RecordTouch> touches;        ///< in the order of the keys' slots
-    std::vector<UndoneWrite> undone;         ///< in the order of the touches
+    std::size_t rule;                  ///< index of the rule, from 0
+    std::string styler;                ///< "color", "visibility", "weight", "fontsize"; empty for a rule without one
+    std::vector<std::string> log;      ///< the component's lines, prefix included
+    std::vector<std::string> keys;     ///< every style key that the step addresses, in the order of the component
+    std::vector<std::string> newKeys;  ///< those that got their slot in this step
+    std::vector<std::string> refused;  ///< those that got none, because every slot is taken
+    std::vector<RecordTouch> touches;  ///< in the order of the keys' slots
+    std::vector<UndoneWrite> undone;   ///< in the order of the touches
     std::optional<std::uint64_t> gridColor;  ///< the grid colour that the step wrote
     bool hidesEveryIcon = false;
 };
@@ -59,8 +59,8 @@ struct ReplayStep {
 ///
 /// Each styler of a rule is handed to the component alone, in the component's order, with the log captured; the outcome
 /// is that of the whole file. Which fields a step wrote, and which it copied from the all-levels record, is found by
-/// doing the step again over marked records: what still bears a mark was not written. So the component alone decides,
-/// and nothing here knows its rules.
+/// repeating the step over marked records: what still bears a mark was not written. So the component alone decides, and
+/// nothing here knows its rules.
 class TracedReplay {
 public:
     /// @param mapping  that the component accepts, read only here; one style id for each type is enough
