@@ -9,7 +9,7 @@
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
-#include "tools/customstyle/LegendArgument.h"
+#include "tools/customstyle/Conversion.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/export/JsonLines.h"
 #include "tools/export/MapStyle.h"
@@ -21,16 +21,10 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int kReportVersion = 1;
-constexpr char kStandardOutput[] = "-";
 
-struct ExportArguments : StyleArguments {
+struct ExportArguments : StyleArguments, ConversionArguments {
     std::string target = "maplibre";
-    std::string legend = "openmaptiles";
-    std::string output = kStandardOutput;
-    std::optional<std::string> report;
-    std::string zoomOffset = "1";
     ExportOptions options;
-    bool quiet = false;
 };
 
 std::string reportText(const ExportArguments& arguments, const Losses& losses) {
@@ -52,18 +46,12 @@ int exportStyle(ExportArguments arguments) {
     std::vector<std::string> inputs = study->source().file().sources();
     inputs.push_back(arguments.legend);
     if (arguments.mappingDirectory) inputs.push_back(mappingFileIn(*arguments.mappingDirectory));
-    if (arguments.report) {
-        if (const auto problem = problemOfTarget(*arguments.report, inputs)) return complain(*problem);
-    }
     ExportOptions options = arguments.options;
     options.zoomOffset = arguments.zoomOffset.front() - '0';
     const ExportedStyle exported = exportedStyle(*study, *legend, options);
-    if (const int status = writeResult(arguments.output, jsonLines(exported.style), inputs); status != kGood)
-        return status;
-    if (!arguments.quiet) fmt::print(stderr, "{}", lossesText(exported.losses, study->source().file().path()));
-    if (!arguments.report) return kGood;
-    inputs.push_back(arguments.output);
-    return writeResult(*arguments.report, reportText(arguments, exported.losses), inputs);
+    return writeConversion({jsonLines(exported.style), lossesText(exported.losses, study->source().file().path()),
+                            reportText(arguments, exported.losses)},
+                           arguments, inputs);
 }
 
 std::vector<std::string> description() {
@@ -77,12 +65,6 @@ std::vector<std::string> description() {
         "names."};
 }
 
-Glossary lossCodes() {
-    Glossary codes{.title = "The losses are"};
-    for (const LossRow& row : lossRows()) codes.terms.push_back({std::string(row.code), std::string(row.text)});
-    return codes;
-}
-
 Option urlOption(std::string names, std::string help, std::optional<std::string>& url) {
     return {.names = std::move(names), .value = "URL", .help = std::move(help), .target = &url};
 }
@@ -94,7 +76,7 @@ Command exportCommand() {
         .purpose = Purpose::Write,
         .summary = "Write the style for another renderer, with a list of what is lost",
         .description = description(),
-        .glossary = lossCodes(),
+        .glossary = lossGlossary(lossRows()),
         .statuses = {{0, "The style is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},
         .examples = {{"a style for your own tiles with the OpenMapTiles schema",
                       "customstyle export night.json --tiles https://example.org/tiles.json -o night-map.json"},
@@ -104,25 +86,15 @@ Command exportCommand() {
     addStyleArguments(command.options, *arguments);
     std::vector<Option>& options = command.options;
     options.push_back(choiceOption("--to", "TARGET", "The renderer: maplibre", &arguments->target, {"maplibre"}));
-    options.push_back(legendOption(arguments->legend));
-    options.push_back({.names = "-o,--output",
-                       .value = "OUT",
-                       .help = "Write the style to this file; - is standard output",
-                       .target = &arguments->output,
-                       .offer = Offer::Files});
-    options.push_back({.names = "--report",
-                       .value = "FILE",
-                       .help = "Write what is lost to this file, as JSON",
-                       .target = &arguments->report,
-                       .offer = Offer::Files});
+    addLegendAndOutputs(options, *arguments);
     options.push_back(
         {.names = "--raised", .help = "Draw buildings with walls and roofs", .target = &arguments->options.isRaised});
-    options.push_back(zoomOffsetOption(arguments->zoomOffset));
+    options.push_back(zoomOffsetOption(*arguments));
     options.push_back(urlOption("--tiles", "Take the tiles from this TileJSON, or template with {z}, {x} and {y}",
                                 arguments->options.tiles));
     options.push_back(urlOption("--glyphs", "Take the glyphs of texts from this URL", arguments->options.glyphs));
     options.push_back(urlOption("--sprite", "Take the icons from this URL", arguments->options.sprite));
-    options.push_back({.names = "-q,--quiet", .help = "Do not report what is lost", .target = &arguments->quiet});
+    options.push_back(quietOption(*arguments));
     return command;
 }
 

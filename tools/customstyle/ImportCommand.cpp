@@ -11,7 +11,7 @@
 
 #include "tools/customstyle/Arguments.h"
 #include "tools/customstyle/Console.h"
-#include "tools/customstyle/LegendArgument.h"
+#include "tools/customstyle/Conversion.h"
 #include "tools/customstyle/Loading.h"
 #include "tools/export/JsonLines.h"
 #include "tools/host/Files.h"
@@ -27,16 +27,10 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int kImportReportVersion = 1;
-constexpr char kToStandardOutput[] = "-";
 
-struct ImportArguments : MappingArguments {
+struct ImportArguments : MappingArguments, ConversionArguments {
     std::string mapStyle;
     std::string source = "maplibre";
-    std::string legend = "openmaptiles";
-    std::string output = kToStandardOutput;
-    std::optional<std::string> report;
-    std::string zoomOffset = "1";
-    bool quiet = false;
 };
 
 // The map style as JSON, or why it is not JSON.
@@ -84,19 +78,11 @@ int importStyle(ImportArguments arguments) {
     if (!mapping) return kMisuse;
     const auto mapStyle = readMapStyle(arguments.mapStyle);
     if (const auto* failure = std::get_if<ReadFailure>(&mapStyle)) return complainOf(*failure);
-    std::vector<std::string> inputs = inputsOf(arguments);
-    if (arguments.report) {
-        if (const auto problem = problemOfTarget(*arguments.report, inputs)) return complain(*problem);
-    }
     const ImportedStyle imported =
         importedStyle(std::get<MapJson>(mapStyle), *legend, *mapping, arguments.zoomOffset.front() - '0');
-    if (const int status = writeResult(arguments.output, laidOutImport(imported.text), inputs); status != kGood) {
-        return status;
-    }
-    if (!arguments.quiet) fmt::print(stderr, "{}", imported.losses.text(escapedText(arguments.mapStyle)));
-    if (!arguments.report) return kGood;
-    inputs.push_back(arguments.output);
-    return writeResult(*arguments.report, importReportText(arguments, imported.losses), inputs);
+    return writeConversion({laidOutImport(imported.text), imported.losses.text(escapedText(arguments.mapStyle)),
+                            importReportText(arguments, imported.losses)},
+                           arguments, inputsOf(arguments));
 }
 
 std::vector<std::string> importDescription() {
@@ -105,16 +91,8 @@ std::vector<std::string> importDescription() {
         "legend assigns the features of the tiles to feature types, as for customstyle export.",
         "The rules say what the map style draws for a feature with the properties that the legend asks for, and no "
         "others. What a style cannot express is listed on standard error and in the file that --report names. Values "
-        "that "
-        "are not understood are left out; nothing is guessed. The component's answers are compared with what the map "
-        "style draws."};
-}
-
-Glossary importLossCodes() {
-    Glossary codes{.title = "The losses are"};
-    for (const ImportLossRow& row : importLossRows())
-        codes.terms.push_back({std::string(row.code), std::string(row.text)});
-    return codes;
+        "that are not understood are left out; nothing is guessed. The component's answers are compared with what the "
+        "map style draws."};
 }
 
 std::vector<Option> optionsOf(ImportArguments& arguments) {
@@ -125,19 +103,9 @@ std::vector<Option> optionsOf(ImportArguments& arguments) {
                                  .isRequired = true}};
     addMappingOptions(options, arguments);
     options.push_back(choiceOption("--from", "SOURCE", "The renderer: maplibre", &arguments.source, {"maplibre"}));
-    options.push_back(legendOption(arguments.legend));
-    options.push_back({.names = "-o,--output",
-                       .value = "OUT",
-                       .help = "Write the style to this file; - is standard output",
-                       .target = &arguments.output,
-                       .offer = Offer::Files});
-    options.push_back({.names = "--report",
-                       .value = "FILE",
-                       .help = "Write what is lost to this file, as JSON",
-                       .target = &arguments.report,
-                       .offer = Offer::Files});
-    options.push_back(zoomOffsetOption(arguments.zoomOffset));
-    options.push_back({.names = "-q,--quiet", .help = "Do not report what is lost", .target = &arguments.quiet});
+    addLegendAndOutputs(options, arguments);
+    options.push_back(zoomOffsetOption(arguments));
+    options.push_back(quietOption(arguments));
     return options;
 }
 
@@ -149,7 +117,7 @@ Command importCommand() {
         .summary = "Make a style to start from, from another renderer's style",
         .description = importDescription(),
         .options = optionsOf(*arguments),
-        .glossary = importLossCodes(),
+        .glossary = lossGlossary(importLossRows()),
         .statuses = {{0, "The style is written"}, {2, "Wrong usage, or a file that cannot be read or written"}},
         .examples = {{"the colours of a map style for tiles with the OpenMapTiles schema",
                       "customstyle import map-style.json -o mine.json"},

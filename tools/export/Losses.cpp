@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <vector>
@@ -13,8 +14,6 @@ namespace customstyle_tool {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-constexpr std::size_t kMostPlaces = 4;
 
 constexpr LossRow kLossRows[] = {
     {"units", "weights and font sizes have no unit; they are written as pixels"},
@@ -40,17 +39,12 @@ constexpr LossRow kLossRows[] = {
 };
 static_assert(std::size(kLossRows) == static_cast<std::size_t>(LossCode::SpriteMissing) + 1);
 
-// Where something is lost, up to a maximum number of places.
-std::string placesText(const Losses::Places& places, std::size_t most) {
-    std::vector<std::string> parts;
+std::vector<std::string> placesIn(const Losses::Places& places) {
+    std::vector<std::string> texts;
     for (const auto& [featureType, levels] : places) {
-        if (parts.size() == most) {
-            parts.push_back(fmt::format("{} more", places.size() - most));
-            break;
-        }
-        parts.push_back(fmt::format("{} at {}", catalogue().GetFeatureTypeName(featureType), levelsText(levels)));
+        texts.push_back(fmt::format("{} at {}", catalogue().GetFeatureTypeName(featureType), levelsText(levels)));
     }
-    return parts.empty() ? "" : fmt::format(" ({})", fmt::join(parts, "; "));
+    return texts;
 }
 
 }  // namespace
@@ -59,11 +53,19 @@ std::span<const LossRow> lossRows() {
     return kLossRows;
 }
 
+std::string placesText(std::span<const std::string> places, std::size_t most) {
+    if (places.empty()) return "";
+    std::vector<std::string> parts(places.begin(),
+                                   places.begin() + static_cast<std::ptrdiff_t>(std::min(most, places.size())));
+    if (most < places.size()) parts.push_back(fmt::format("{} more", places.size() - most));
+    return fmt::format(" ({})", fmt::join(parts, "; "));
+}
+
 std::string lossesText(const Losses& losses, std::string_view file) {
     std::string text;
     for (const auto& [code, places] : losses.all()) {
         const LossRow& row = kLossRows[static_cast<std::size_t>(code)];
-        text += fmt::format("{}: {}: {}{}\n", file, row.code, row.text, placesText(places, kMostPlaces));
+        text += fmt::format("{}: {}: {}{}\n", file, row.code, row.text, placesText(placesIn(places), kMostPlaces));
     }
     return text;
 }
@@ -72,7 +74,7 @@ Json lossTexts(const Losses& losses) {
     Json texts = Json::object();
     for (const auto& [code, places] : losses.all()) {
         const LossRow& row = kLossRows[static_cast<std::size_t>(code)];
-        texts[std::string(row.code)] = fmt::format("{}{}", row.text, placesText(places, places.size()));
+        texts[std::string(row.code)] = fmt::format("{}{}", row.text, placesText(placesIn(places), places.size()));
     }
     return texts;
 }

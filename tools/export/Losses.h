@@ -57,6 +57,12 @@ private:
     std::map<LossCode, Places> m_places;
 };
 
+/// " (a; b; 2 more)" for the places where something is lost; empty without places.
+/// @param most  how many are named
+std::string placesText(std::span<const std::string> places, std::size_t most);
+
+inline constexpr std::size_t kMostPlaces = 4;  ///< named in a line of text
+
 /// A line for each loss, with the first few places.
 /// @param file  precedes each line
 std::string lossesText(const Losses& losses, std::string_view file);

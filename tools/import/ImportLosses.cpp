@@ -13,9 +13,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::size_t kMostPlaces = 4;
-
-constexpr ImportLossRow kRows[] = {
+constexpr LossRow kRows[] = {
     {"not-understood", "these values and filters are not understood and left out; nothing is guessed"},
     {"no-counterpart", "these properties have no counterpart in a style"},
     {"between-zooms", "values that change within a level have the value at its start"},
@@ -29,32 +27,28 @@ constexpr ImportLossRow kRows[] = {
 };
 static_assert(std::size(kRows) == static_cast<std::size_t>(ImportLoss::NotKept) + 1);
 
-const ImportLossRow& rowOf(ImportLoss loss) {
+const LossRow& rowOf(ImportLoss loss) {
     return kRows[static_cast<std::size_t>(loss)];
 }
 
-std::string placesText(const std::set<std::string>& places) {
-    std::vector<std::string> parts;
-    for (const std::string& place : places) {
-        if (parts.size() == kMostPlaces) {
-            parts.push_back(fmt::format("{} more", places.size() - kMostPlaces));
-            break;
-        }
-        parts.push_back(escapedText(shortened(place, 80)));
-    }
-    return parts.empty() ? "" : fmt::format(" ({})", fmt::join(parts, "; "));
+// Names from the map style may be long, and may hold anything.
+std::vector<std::string> shownPlaces(const std::set<std::string>& places) {
+    std::vector<std::string> shown;
+    for (const std::string& place : places) shown.push_back(escapedText(shortened(place, 80)));
+    return shown;
 }
 
 }  // namespace
 
-std::span<const ImportLossRow> importLossRows() {
+std::span<const LossRow> importLossRows() {
     return kRows;
 }
 
 std::string ImportLosses::text(std::string_view file) const {
     std::string text;
     for (const auto& [loss, places] : m_places) {
-        text += fmt::format("{}: {}: {}{}\n", file, rowOf(loss).code, rowOf(loss).text, placesText(places));
+        text += fmt::format("{}: {}: {}{}\n", file, rowOf(loss).code, rowOf(loss).text,
+                            placesText(shownPlaces(places), kMostPlaces));
     }
     return text;
 }

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/export/Losses.h"
+
 namespace customstyle_tool {
 
 enum class ImportLoss : std::uint8_t {
@@ -24,13 +26,8 @@ enum class ImportLoss : std::uint8_t {
     NotKept,
 };
 
-struct ImportLossRow {
-    std::string_view code;  ///< stable: "not-understood"
-    std::string_view text;  ///< a sentence without full stop
-};
-
 /// In the order of ImportLoss.
-std::span<const ImportLossRow> importLossRows();
+std::span<const LossRow> importLossRows();
 
 /// The losses of one import.
 class ImportLosses {

@@ -1,0 +1,50 @@
+// What export and import have in common: a legend, a style to write, and what is lost on the way.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "tools/customstyle/Command.h"
+#include "tools/export/Legend.h"
+#include "tools/export/Losses.h"
+
+namespace customstyle_tool {
+
+struct ConversionArguments {
+    std::string legend = "openmaptiles";
+    std::string output = "-";  ///< - is standard output
+    std::optional<std::string> report;
+    std::string zoomOffset = "1";  ///< one digit
+    bool quiet = false;
+};
+
+/// --legend LEGEND, --output OUT and --report FILE
+void addLegendAndOutputs(std::vector<Option>& options, ConversionArguments& arguments);
+
+/// --zoom-offset N
+Option zoomOffsetOption(ConversionArguments& arguments);
+
+/// --quiet
+Option quietOption(ConversionArguments& arguments);
+
+/// The codes of losses for the manual.
+Glossary lossGlossary(std::span<const LossRow> rows);
+
+/// Reads a built-in legend, or a file; none after a complaint.
+std::optional<Legend> legendOrComplain(const std::string& name);
+
+struct Conversion {
+    std::string style;
+    std::string losses;  ///< for standard error
+    std::string report;
+};
+
+/// Writes the style, the losses and the report where the arguments want them.
+/// @param inputs  files that must not be overwritten
+/// @return the exit status
+int writeConversion(const Conversion& conversion, const ConversionArguments& arguments,
+                    std::vector<std::string> inputs);
+
+}  // namespace customstyle_tool
