@@ -73,6 +73,17 @@ INSTANTIATE_TEST_SUITE_P(
         ExpressionCase{"TooFewOperands", R"(["match"])", ""}),
     [](const auto& each) { return each.param.name; });
 
+class NoCssColor : public testing::TestWithParam<std::string> {};
+
+TEST_P(NoCssColor, IsTakenForOne) {
+    EXPECT_FALSE(cssColorIn(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, NoCssColor,
+                         testing::Values("", "#", "#12", "#gggggg", "rgb(1, 2)", "rgb(1, 2, 3", "rgb(nan, 0, 0)",
+                                         "rgb(0, inf, 0)", "rgba(0, 0, 0, 1e999)", "rgb(0x10, 0, 0)", "rgb(1-2, 3, 4)",
+                                         "rgb(1e, 2, 3)", "rgb(--1, 2, 3)", "hsl(0, 1, 1)"));
+
 struct FilterCase {
     std::string name;
     std::string filter;

@@ -2,6 +2,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -19,6 +21,16 @@ struct Number {
     bool isPercent = false;
 };
 
+// Takes a number from the front of a text; none where there is none, or where it is beyond all numbers.
+std::optional<double> takeNumber(std::string_view& text) {
+    const std::string digits(text.substr(0, text.find_first_not_of("+-.0123456789eE")));
+    char* end = nullptr;
+    const double number = std::strtod(digits.c_str(), &end);
+    const auto length = static_cast<std::size_t>(end - digits.c_str());
+    text.remove_prefix(length);
+    return length > 0 && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
 // The numbers in "rgba(1, 2, 3, 50%)"; none where there is anything else.
 std::optional<std::vector<Number>> argumentsIn(std::string_view text) {
     const std::size_t open = text.find('(');
@@ -28,11 +40,9 @@ std::optional<std::vector<Number>> argumentsIn(std::string_view text) {
     while (true) {
         rest.remove_prefix(std::min(rest.find_first_not_of(" ,/"), rest.size()));
         if (rest.empty()) return numbers;
-        Number number;
-        const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), number.value);
-        if (read.ec != std::errc()) return {};
-        rest.remove_prefix(static_cast<std::size_t>(read.ptr - rest.data()));
-        number.isPercent = rest.starts_with('%');
+        const auto value = takeNumber(rest);
+        if (!value) return {};
+        const Number number{*value, rest.starts_with('%')};
         if (number.isPercent) rest.remove_prefix(1);
         if (rest.starts_with("deg")) rest.remove_prefix(3);
         if (!rest.empty() && rest.find_first_of(" ,/") != 0) return {};
@@ -89,9 +99,9 @@ std::uint64_t packedRgba(double red, double green, double blue, double alpha) {
 }
 
 std::optional<std::uint64_t> cssColorIn(const std::string& text) {
-    const auto* const named =
-        std::ranges::find(kNames, std::string_view(text), &std::pair<std::string_view, std::string_view>::first);
-    if (named != kNames.end()) return hexColor(named->second.substr(1));
+    for (const auto& [name, color] : kNames) {
+        if (text == name) return hexColor(color.substr(1));
+    }
     if (text.starts_with('#')) return hexColor(std::string_view(text).substr(1));
     const auto numbers = argumentsIn(text);
     if (!numbers || (numbers->size() != 3 && numbers->size() != 4)) return {};
