@@ -128,11 +128,11 @@ TEST(LegendReader, NamesAllProblemsInTheirOrder) {
 TEST(LegendReader, ReadsTheLegendsThatComeAlong) {
     EXPECT_THAT(builtInLegendNames(), ElementsAre("openmaptiles", "studio"));
     for (const std::string& name : builtInLegendNames()) {
-        const auto read = readText(std::string(builtInLegendText(name).value()));
+        const auto read = readLegend(*builtInLegend(name));
         EXPECT_EQ(requireLegend(read).name, name);
         EXPECT_GT(requireLegend(read).layers.size(), 50U);
     }
-    EXPECT_EQ(builtInLegendText("mine"), std::nullopt);
+    EXPECT_EQ(builtInLegend("mine"), nullptr);
 }
 
 TEST(LegendReader, ReadsValuesByLevel) {

@@ -27,7 +27,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 Legend builtIn(const std::string& name) {
-    return std::get<Legend>(readLegend(SourceFile("legend", std::string(*builtInLegendText(name)))));
+    return std::get<Legend>(readLegend(*builtInLegend(name)));
 }
 
 Legend legendWith(const std::string& layers) {

@@ -31,8 +31,8 @@ BELOW = {
     "tools/check": ["tools/study"],
     "tools/explain": ["tools/study"],
     "tools/export": ["tools/study"],
-    # the way back, by the same legends
-    "tools/import": ["tools/export"],
+    # the way back, by the same legends; it writes style files
+    "tools/import": ["tools/export", "tools/layout"],
     "tools/layout": ["tools/host"],
     "tools/build": ["tools/layout"],
     # the studio's server, and nobody else, speaks HTTP
@@ -45,8 +45,7 @@ BELOW = {
     # programs
     "tools/customstyle": ["tools/build", "tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/host",
                           "tools/import", "tools/layout", "tools/minify", "tools/schema", "tools/server"],
-    "studio": ["tools/check", "tools/diff", "tools/expectations", "tools/export", "tools/layout", "tools/minify",
-               "tools/schema"],
+    "studio": ["tools/check", "tools/diff", "tools/expectations", "tools/import", "tools/minify", "tools/schema"],
     "examples": ["customstyle"],
     "cmake": [],
     # what looks at all of it

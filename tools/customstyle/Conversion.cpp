@@ -16,9 +16,7 @@ namespace customstyle_tool {
 namespace {
 
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> legendFile(const std::string& name) {
-    if (const auto text = builtInLegendText(name)) {
-        return std::make_unique<SourceFile>("legend " + name, std::string(*text));
-    }
+    if (auto file = builtInLegend(name)) return file;
     return readSource(name, fmt::format("legend, or write {}", eitherOf(builtInLegendNames())).c_str());
 }
 
@@ -71,7 +69,7 @@ std::optional<Legend> legendOrComplain(const std::string& name) {
     return {};
 }
 
-int writeConversion(const Conversion& conversion, const ConversionArguments& arguments,
+int writeConversion(const ConversionTexts& conversion, const ConversionArguments& arguments,
                     std::vector<std::string> inputs) {
     if (arguments.report) {
         if (const auto problem = problemOfTarget(*arguments.report, inputs)) return complain(*problem);

@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "tools/customstyle/Command.h"
-#include "tools/export/Legend.h"
-#include "tools/export/Losses.h"
+#include "tools/export/ExportTexts.h"
 
 namespace customstyle_tool {
 
@@ -35,16 +34,10 @@ Glossary lossGlossary(std::span<const LossRow> rows);
 /// Reads a built-in legend, or a file; none after a complaint.
 std::optional<Legend> legendOrComplain(const std::string& name);
 
-struct Conversion {
-    std::string style;
-    std::string losses;  ///< for standard error
-    std::string report;
-};
-
-/// Writes the style, the losses and the report where the arguments want them.
+/// Writes the style and the report where the arguments want them, and the losses to standard error.
 /// @param inputs  files that must not be overwritten
 /// @return the exit status
-int writeConversion(const Conversion& conversion, const ConversionArguments& arguments,
+int writeConversion(const ConversionTexts& conversion, const ConversionArguments& arguments,
                     std::vector<std::string> inputs);
 
 }  // namespace customstyle_tool

@@ -1,8 +1,5 @@
 // customstyle export: a style for other renderers, made of the component's answers.
-#include <fmt/format.h>
-
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,30 +8,16 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Conversion.h"
 #include "tools/customstyle/Loading.h"
-#include "tools/export/JsonLines.h"
-#include "tools/export/MapStyle.h"
+#include "tools/export/ExportTexts.h"
 #include "tools/host/LoadedMap.h"
 
 namespace customstyle_tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-constexpr int kReportVersion = 1;
-
 struct ExportArguments : StyleArguments, ConversionArguments {
-    std::string target = "maplibre";
+    std::string target = kMapLibre;
     ExportOptions options;
 };
-
-std::string reportText(const ExportArguments& arguments, const Losses& losses) {
-    const Json report = {{"version", kReportVersion},
-                         {"style", arguments.style},
-                         {"target", arguments.target},
-                         {"legend", arguments.legend},
-                         {"losses", lossesJson(losses)}};
-    return jsonLines(report);
-}
 
 int exportStyle(ExportArguments arguments) {
     if (arguments.report == arguments.output) return complain("--report and --output name the same file");
@@ -48,10 +31,8 @@ int exportStyle(ExportArguments arguments) {
     if (arguments.mappingDirectory) inputs.push_back(mappingFileIn(*arguments.mappingDirectory));
     ExportOptions options = arguments.options;
     options.zoomOffset = arguments.zoomOffset.front() - '0';
-    const ExportedStyle exported = exportedStyle(*study, *legend, options);
-    return writeConversion({jsonLines(exported.style), lossesText(exported.losses, study->source().file().path()),
-                            reportText(arguments, exported.losses)},
-                           arguments, inputs);
+    return writeConversion(exportTexts(*study, *legend, options, {arguments.style, arguments.legend}), arguments,
+                           inputs);
 }
 
 std::vector<std::string> description() {
@@ -85,7 +66,7 @@ Command exportCommand() {
         .run = [arguments] { return exportStyle(*arguments); }};
     addStyleArguments(command.options, *arguments);
     std::vector<Option>& options = command.options;
-    options.push_back(choiceOption("--to", "TARGET", "The renderer: maplibre", &arguments->target, {"maplibre"}));
+    options.push_back(choiceOption("--to", "TARGET", "The renderer: maplibre", &arguments->target, {kMapLibre}));
     addLegendAndOutputs(options, *arguments);
     options.push_back(
         {.names = "--raised", .help = "Draw buildings with walls and roofs", .target = &arguments->options.isRaised});

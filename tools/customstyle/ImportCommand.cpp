@@ -1,11 +1,7 @@
 // customstyle import: a style to start from, from another renderer's style.
-#include <fmt/format.h>
-
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -13,55 +9,18 @@
 #include "tools/customstyle/Console.h"
 #include "tools/customstyle/Conversion.h"
 #include "tools/customstyle/Loading.h"
-#include "tools/export/JsonLines.h"
 #include "tools/host/Files.h"
 #include "tools/host/LoadedMap.h"
-#include "tools/import/ImportedStyle.h"
-#include "tools/json/JsonDocument.h"
-#include "tools/layout/Layout.h"
-#include "tools/support/PlainText.h"
+#include "tools/import/ImportLosses.h"
+#include "tools/import/ImportTexts.h"
 
 namespace customstyle_tool {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-constexpr int kImportReportVersion = 1;
-
 struct ImportArguments : MappingArguments, ConversionArguments {
     std::string mapStyle;
-    std::string source = "maplibre";
+    std::string source = kMapLibre;
 };
-
-// The map style as JSON, or why it is not JSON.
-std::variant<MapJson, ReadFailure> readMapStyle(const std::string& path) {
-    auto file = readSource(path, "style of another renderer");
-    if (auto* failure = std::get_if<ReadFailure>(&file)) return std::move(*failure);
-    const SourceFile& source = *std::get<0>(file);
-    const auto document = documentOf(source, "style of another renderer");
-    if (const auto* failure = std::get_if<ReadFailure>(&document)) return *failure;
-    MapJson json = MapJson::parse(source.text(), nullptr, false);
-    if (json.is_discarded()) return ReadFailure{path + ": is not JSON as other programs read it"};
-    if (!json.is_object() || !json.contains("layers") || !json["layers"].is_array()) {
-        return ReadFailure{path + ": is not a style for MapLibre renderers; it has no list \"layers\""};
-    }
-    return json;
-}
-
-// In the layout of style files.
-std::string laidOutImport(std::string text) {
-    const SourceFile file("imported style", std::move(text));
-    const auto document = documentOf(file, "style file");
-    return laidOut(std::get<JsonDocument>(document));
-}
-
-std::string importReportText(const ImportArguments& arguments, const ImportLosses& losses) {
-    return jsonLines(Json{{"version", kImportReportVersion},
-                          {"map_style", arguments.mapStyle},
-                          {"source", arguments.source},
-                          {"legend", arguments.legend},
-                          {"losses", losses.json()}});
-}
 
 // The files that must not be overwritten.
 std::vector<std::string> inputsOf(const ImportArguments& arguments) {
@@ -76,13 +35,12 @@ int importStyle(ImportArguments arguments) {
     const std::optional<Legend> legend = legendOrComplain(arguments.legend);
     const auto mapping = legend ? mappingOrComplain(arguments.mappingDirectory) : std::nullopt;
     if (!mapping) return kMisuse;
-    const auto mapStyle = readMapStyle(arguments.mapStyle);
+    const auto mapStyle = readSource(arguments.mapStyle, "style of another renderer");
     if (const auto* failure = std::get_if<ReadFailure>(&mapStyle)) return complainOf(*failure);
-    const ImportedStyle imported =
-        importedStyle(std::get<MapJson>(mapStyle), *legend, *mapping, arguments.zoomOffset.front() - '0');
-    return writeConversion({laidOutImport(imported.text), imported.losses.text(escapedText(arguments.mapStyle)),
-                            importReportText(arguments, imported.losses)},
-                           arguments, inputsOf(arguments));
+    const auto imported = importTexts(*std::get<0>(mapStyle), *legend, *mapping, arguments.zoomOffset.front() - '0',
+                                      {arguments.mapStyle, arguments.legend});
+    if (const auto* failure = std::get_if<ReadFailure>(&imported)) return complainOf(*failure);
+    return writeConversion(std::get<ConversionTexts>(imported), arguments, inputsOf(arguments));
 }
 
 std::vector<std::string> importDescription() {
@@ -102,7 +60,7 @@ std::vector<Option> optionsOf(ImportArguments& arguments) {
                                  .offer = Offer::Files,
                                  .isRequired = true}};
     addMappingOptions(options, arguments);
-    options.push_back(choiceOption("--from", "SOURCE", "The renderer: maplibre", &arguments.source, {"maplibre"}));
+    options.push_back(choiceOption("--from", "SOURCE", "The renderer: maplibre", &arguments.source, {kMapLibre}));
     addLegendAndOutputs(options, arguments);
     options.push_back(zoomOffsetOption(arguments));
     options.push_back(quietOption(arguments));

@@ -1,7 +1,7 @@
 // Reading legend files.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -21,7 +21,7 @@ std::variant<Legend, LegendProblems> readLegend(const SourceFile& file);
 /// The names of the built-in legends.
 std::vector<std::string> builtInLegendNames();
 
-/// The text of a built-in legend, none if there is no such legend.
-std::optional<std::string_view> builtInLegendText(std::string_view name);
+/// The file of a built-in legend, null if there is no such legend.
+std::unique_ptr<SourceFile> builtInLegend(std::string_view name);
 
 }  // namespace customstyle_tool
