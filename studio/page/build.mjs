@@ -1,5 +1,5 @@
 // Builds the page into build/studio/: node build.mjs [OUTPUT_DIRECTORY]
-// Needs build/wasm/customstyle.wasm (script/studio-wasm) and the packages of package-lock.json (npm ci).
+// Needs the modules in build/wasm (script/studio-wasm) and the packages of package-lock.json (npm ci).
 import {execFileSync} from 'node:child_process';
 import {copyFileSync, cpSync, existsSync, mkdirSync, readdirSync, readFileSync, writeFileSync} from 'node:fs';
 import {createRequire} from 'node:module';
@@ -68,7 +68,9 @@ for (const file of readdirSync(maplibre).filter((name) => /^maplibre-gl-(worker|
   copyFileSync(join(maplibre, file), join(output, file));
 }
 copyFileSync(join(maplibre, 'maplibre-gl.css'), join(output, 'maplibre-gl.css'));
-copyFileSync(process.env.CUSTOMSTYLE_WASM ?? join(root, 'build/wasm/customstyle.wasm'), join(output, 'customstyle.wasm'));
+for (const module of ['customstyle.wasm', 'conversion.wasm']) {
+  copyFileSync(join(root, 'build/wasm', module), join(output, module));
+}
 cpSync(join(here, 'src/index.html'), join(output, 'index.html'));
 cpSync(join(here, 'src/page.css'), join(output, 'page.css'));
 cpSync(join(here, 'src/editor.css'), join(output, 'editor.css'));

@@ -13,6 +13,7 @@
 
 #include "studio/wasm/AnswersJson.h"
 #include "studio/wasm/Refusals.h"
+#include "studio/wasm/Requests.h"
 #include "studio/wasm/Vocabulary.h"
 #include "tools/check/MappingCheck.h"
 #include "tools/check/Report.h"
@@ -22,7 +23,6 @@
 #include "tools/layout/Layout.h"
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
-#include "tools/study/ComponentGuard.h"
 #include "tools/study/StyleStudy.h"
 
 namespace customstyle_studio {
@@ -37,41 +37,9 @@ using customstyle_tool::ReadFailure;
 using customstyle_tool::SourceFile;
 using customstyle_tool::StyleStudy;
 using customstyle_tool::StyleText;
-using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kKeptStyles = 3;
 constexpr std::size_t kKeptText = 2'000'000;  // bytes; what is known about a style takes a hundred times as much memory
-
-struct File {
-    std::string path;
-    std::string text;
-};
-
-std::string dumped(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-std::string failed(const std::string& why) {
-    return dumped({{"error", why}});
-}
-
-std::string textIn(const Json& object, const char* name) {
-    const auto member = object.find(name);
-    return member != object.end() && member->is_string() ? member->get<std::string>() : std::string();
-}
-
-std::optional<File> fileIn(const Json& request, const char* name) {
-    const auto member = request.find(name);
-    if (member == request.end() || !member->is_object()) return {};
-    return File{textIn(*member, "path"), textIn(*member, "text")};
-}
-
-std::optional<std::int64_t> numberIn(const Json& request, const char* name, std::int64_t highest) {
-    const auto member = request.find(name);
-    if (member == request.end() || !member->is_number_integer()) return {};
-    const auto number = member->get<std::int64_t>();
-    return number >= 0 && number <= highest ? std::optional(number) : std::nullopt;
-}
 
 // A style with one rule removed. The rest keeps its text, so only the positions differ.
 std::string withoutRule(const StyleStudy& style, std::size_t left) {
@@ -175,11 +143,6 @@ std::string answers(const Json& request) {
     return withStyle(request, "style", [](const StyleStudy& style) { return answersJson(style.config()); });
 }
 
-bool isSet(const Json& request, const char* name) {
-    const auto member = request.find(name);
-    return member != request.end() && *member == true;
-}
-
 // A text that is not a style has findings, too.
 CheckedFile checkedStyle(const File& file, const CheckOptions& options) {
     const auto style = desk().style(file);
@@ -277,11 +240,6 @@ std::string takes(const Json& /*request*/) {
     return takesJson();
 }
 
-struct Method {
-    std::string_view name;
-    std::string (*answer)(const Json& request);
-};
-
 constexpr std::array kMethods{Method{"mapping", setMapping}, Method{"load", load},       Method{"answers", answers},
                               Method{"check", check},        Method{"explain", explain}, Method{"diff", diff},
                               Method{"effect", effect},      Method{"format", format},   Method{"minify", minify},
@@ -290,12 +248,7 @@ constexpr std::array kMethods{Method{"mapping", setMapping}, Method{"load", load
 }  // namespace
 
 std::string answerTo(std::string_view request) {
-    const Json json = Json::parse(request, nullptr, false);
-    if (!json.is_object()) return failed("the request is not a JSON object");
-    const std::string name = textIn(json, "method");
-    const auto method = std::ranges::find(kMethods, name, &Method::name);
-    const customstyle_tool::ComponentGuard guard;
-    return method == kMethods.end() ? failed(fmt::format("unknown method \"{}\"", name)) : method->answer(json);
+    return answerWith(kMethods, request);
 }
 
 }  // namespace customstyle_studio

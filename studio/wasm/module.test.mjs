@@ -1,27 +1,15 @@
 // The module under Node: what it says of the example styles is what the native tool says, and it is small.
-// Needs build/wasm/customstyle.wasm and the tool, whose path is in CUSTOMSTYLE_TOOL.
 import assert from 'node:assert/strict';
-import {spawnSync} from 'node:child_process';
-import {readdirSync, readFileSync} from 'node:fs';
-import {dirname, join} from 'node:path';
 import {before, describe, test} from 'node:test';
-import {fileURLToPath} from 'node:url';
 import {Component} from './component.mjs';
+import {assertSize, fileAt, isSmall, mapping, moduleBytes, native, styles} from './native.mjs';
 
-const root = join(dirname(fileURLToPath(import.meta.url)), '../..');
-const tool = process.env.CUSTOMSTYLE_TOOL ?? join(root, 'build/dev/customstyle');
-const bytes = readFileSync(join(root, 'build/wasm/customstyle.wasm'));
-const mappingPath = 'examples/map/CustomIndex';
-const styles = readdirSync(join(root, 'examples/styles')).filter((name) => name.endsWith('.json'))
-  .map((name) => join('examples/styles', name));
-
-const fileAt = (path) => ({path, text: readFileSync(join(root, path), 'utf8')});
-const native = (...words) => spawnSync(tool, words, {cwd: root, encoding: 'utf8', maxBuffer: 1 << 28}).stdout;
+const bytes = moduleBytes('customstyle.wasm');
 
 let component;
 before(() => {
   component = new Component(new WebAssembly.Module(bytes));
-  component.answer({method: 'mapping', mapping: fileAt(mappingPath)});
+  component.answer({method: 'mapping', mapping});
 });
 
 describe('reports are those of the native tool', () => {
@@ -138,9 +126,4 @@ describe('the words of the language', () => {
   });
 });
 
-test('the module has at most 700 KB, and 250 KB compressed', {skip: process.env.CUSTOMSTYLE_STUDIO_QUICK === '1'}, () => {
-  assert.ok(bytes.length <= 700 * 1024, `${bytes.length} bytes`);
-  // With the program gzip; Node's own library needs half a percent more.
-  const compressed = spawnSync('gzip', ['-9', '--to-stdout'], {input: bytes, maxBuffer: 1 << 28}).stdout.length;
-  assert.ok(compressed > 0 && compressed <= 250 * 1024, `${compressed} compressed`);
-});
+test('the module has at most 700 KB, and 250 KB compressed', {skip: !isSmall}, () => assertSize(bytes, 700, 250));

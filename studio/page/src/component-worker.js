@@ -1,7 +1,7 @@
-// Runs the component beside the page, so that no style can hold the page up.
+// Runs a module beside the page, so that no style can hold the page up. The worker has the module's name.
 import {Component} from '../../wasm/component.mjs';
 
-const file = new URL('customstyle.wasm', self.location.href);
+const file = new URL(`${self.name}.wasm`, self.location.href);
 // One for all requests, those that come before it is there included.
 const loading = WebAssembly.compileStreaming(fetch(file)).then((module) => new Component(module));
 

@@ -4,9 +4,13 @@ const kPatience = 20_000; // milliseconds
 const kMostRestarts = 3; // without an answer
 
 export class ComponentClient {
-  /** @param {string} workerUrl */
-  constructor(workerUrl) {
+  /**
+   * @param {string} workerUrl
+   * @param {string} [module] its file without ".wasm"
+   */
+  constructor(workerUrl, module = 'customstyle') {
     this.workerUrl = workerUrl;
+    this.module = module;
     this.patience = kPatience;
     this.waiting = new Map();
     this.number = 0;
@@ -14,8 +18,14 @@ export class ComponentClient {
     this.start();
   }
 
+  /** Ends the component; nothing may be asked any more. */
+  end() {
+    this.worker.terminate();
+    this.lost = 'the component has ended';
+  }
+
   start() {
-    this.worker = new Worker(this.workerUrl, {type: 'module'});
+    this.worker = new Worker(this.workerUrl, {type: 'module', name: this.module});
     this.worker.onmessage = ({data}) => this.settle(data);
   }
 

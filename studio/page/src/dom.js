@@ -17,6 +17,9 @@ export function element(name, properties = {}, ...children) {
   return made;
 }
 
+/** A field of a record in words. */
+export const named = (field) => field.replaceAll('_', ' ');
+
 export function swatch(color) {
   const made = element('span', {class: 'swatch', 'aria-hidden': 'true'});
   made.style.backgroundColor = color;

@@ -26,7 +26,7 @@ export const look = EditorView.theme({
   '.cm-panels': {backgroundColor: 'var(--raised)', color: 'var(--text)'},
   '.cm-chip': {display: 'inline-block', width: '12px', height: '12px', border: '1px solid var(--quiet)', borderRadius: '3px',
     marginRight: '4px', verticalAlign: '-1px', cursor: 'pointer', padding: 0},
-  '.cm-idle': {opacity: 0.55},
+  '.cm-idle, .cm-idle *': {color: 'var(--quiet)', fontStyle: 'italic'},
   '.cm-diagnostic': {color: 'var(--text)'},
 });
 
@@ -234,7 +234,8 @@ export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, on
       return view.state.doc.toString();
     },
     set(text) {
-      view.dispatch({changes: {from: 0, to: view.state.doc.length, insert: text}, selection: {anchor: 0}, scrollIntoView: true});
+      view.dispatch({changes: {from: 0, to: view.state.doc.length, insert: text}, selection: {anchor: 0}, scrollIntoView: true,
+        annotations: isolateHistory.of('full')}); // a step of its own for "undo"
     },
     /** Makes the text another one; cursor and view stay where nothing changes, and "undo" leads back. */
     update(text) {
@@ -245,7 +246,7 @@ export function createEditor(host, {vocabulary, onChange, onCursor, onFormat, on
       let kept = 0;
       while (kept < shorter - from && now.at(-1 - kept) === text.at(-1 - kept)) ++kept;
       view.dispatch({changes: {from, to: now.length - kept, insert: text.slice(from, text.length - kept)},
-        annotations: isolateHistory.of('full')}); // a step of its own for "undo"
+        annotations: isolateHistory.of('full')});
     },
     /** Carries out changes of separate parts; the cursor goes to the first. */
     change(changes) {

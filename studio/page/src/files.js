@@ -7,9 +7,40 @@ let handle = null; // of the file that is open
 /** Save asks for a file again: another style is in the editor. */
 export const forgetFile = () => (handle = null);
 
-async function read(file, use) {
+async function read(file) {
   if (file.size > kLongest) throw new Error(`${file.name} is larger than 16 MB`);
-  use({name: file.name, text: await file.text()});
+  return {name: file.name, text: await file.text()};
+}
+
+// Null where the user changes their mind.
+async function chosenHandle() {
+  try {
+    return (await window.showOpenFilePicker({types: [kKind]}))[0];
+  } catch (error) {
+    if (error.name !== 'AbortError') throw error;
+    return null;
+  }
+}
+
+async function uploaded(input) {
+  await new Promise((resolve) => {
+    input.value = ''; // so that the same file can be chosen again
+    input.onchange = resolve;
+    input.oncancel = resolve;
+    input.click();
+  });
+  return input.files[0];
+}
+
+/**
+ * Lets the user choose a file.
+ * @param {HTMLInputElement} input for an upload
+ * @returns {Promise<{name: string, text: string, handle?: FileSystemFileHandle} | null>} null where none is chosen
+ */
+export async function readFile(input) {
+  const chosen = window.showOpenFilePicker ? await chosenHandle() : null;
+  const file = window.showOpenFilePicker ? await chosen?.getFile() : await uploaded(input);
+  return file ? {...await read(file), handle: chosen} : null;
 }
 
 /**
@@ -17,38 +48,23 @@ async function read(file, use) {
  * @param {(file: {name: string, text: string}) => void} use
  */
 export async function openFile(input, use) {
-  if (window.showOpenFilePicker) {
-    try {
-      const [chosen] = await window.showOpenFilePicker({types: [kKind]});
-      await read(await chosen.getFile(), use);
-      handle = chosen;
-    } catch (error) {
-      if (error.name !== 'AbortError') throw error;
-    }
-    return;
-  }
-  await new Promise((resolve) => {
-    input.value = ''; // so that the same file can be chosen again
-    input.onchange = resolve;
-    input.click();
-  });
-  if (input.files[0]) await read(input.files[0], use);
+  const file = await readFile(input);
+  if (!file) return;
+  const {name, text} = file;
+  use({name, text});
+  handle = file.handle;
 }
 
-/** @returns {Promise<string>} what happened, in words */
-export async function saveFile(name, text) {
-  if (window.showSaveFilePicker) {
-    try {
-      handle ??= await window.showSaveFilePicker({suggestedName: name, types: [kKind]});
-      const stream = await handle.createWritable();
-      await stream.write(text);
-      await stream.close();
-      return `${handle.name} is saved`;
-    } catch (error) {
-      if (error.name === 'AbortError') return 'not saved';
-      if (error.name !== 'SecurityError' && error.name !== 'NotAllowedError') return `not saved: ${error.message}`;
-    }
-  }
+const askWhere = (name) => window.showSaveFilePicker({suggestedName: name, types: [kKind]});
+
+async function write(file, text) {
+  const stream = await file.createWritable();
+  await stream.write(text);
+  await stream.close();
+  return `${file.name} is saved`;
+}
+
+function download(name, text) {
   const link = document.createElement('a');
   link.href = URL.createObjectURL(new Blob([text], {type: 'application/json'}));
   link.download = name;
@@ -56,3 +72,21 @@ export async function saveFile(name, text) {
   setTimeout(() => URL.revokeObjectURL(link.href), 1000);
   return `${name} is downloaded`;
 }
+
+// Where the browser lets no page write files, they are downloaded.
+async function writtenOrDownloaded(where, name, text) {
+  if (!window.showSaveFilePicker) return download(name, text);
+  try {
+    return await write(await where(), text);
+  } catch (error) {
+    if (error.name === 'AbortError') return 'not saved';
+    if (error.name !== 'SecurityError' && error.name !== 'NotAllowedError') return `not saved: ${error.message}`;
+    return download(name, text);
+  }
+}
+
+/** Saves the style that is open. @returns {Promise<string>} what happened, in words */
+export const saveFile = (name, text) => writtenOrDownloaded(async () => (handle ??= await askWhere(name)), name, text);
+
+/** Saves something else, always into another file. @returns {Promise<string>} what happened, in words */
+export const saveCopy = (name, text) => writtenOrDownloaded(() => askWhere(name), name, text);

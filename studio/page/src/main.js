@@ -7,17 +7,18 @@ import {cameras, CityMap, warmUp} from './map.js';
 import {indexOfByte} from './offsets.js';
 import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} from './panels.js';
 import {CityIds} from './city-ids.js';
+import {ExportDialog, ImportDialog} from './conversion.js';
 import {showDifference} from './difference.js';
 import {DiskFile, filesOfServer, followServer} from './disk.js';
 import {forgetFile, openFile, saveFile} from './files.js';
-import {element} from './dom.js';
+import {element, named} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
 const kQuickCheck = 150; // milliseconds
 const kLongestPause = 300; // milliseconds without a keystroke before long proofs begin
 // No example has a name with blanks.
 const kDisk = 'on disk';
-const kBeforeLink = 'before the link';
+const kPrevious = 'previous style';
 const at = (id) => document.getElementById(id);
 const fetchJson = async (path) => (await fetch(path)).json();
 const fetchText = async (path) => (await fetch(path)).text();
@@ -29,6 +30,9 @@ const kPanels = [
   {id: 'levels', title: 'Levels', draw: levelsPanel},
   {id: 'specimens', title: 'All types', draw: specimenPanel},
 ];
+
+// The page has no commands; it completes names.
+const remedyHere = (remedy) => remedy.replace(/\bcustomstyle list \w+/, 'the list of Ctrl+Space');
 
 class Studio {
   findings = [];
@@ -81,11 +85,12 @@ class Studio {
     if (this.disk) this.disk.isOpen = false;
     const kept = recall('style');
     if (linked) {
-      if (kept && kept.text !== linked.text) remember('style-before-link', kept);
+      if (kept && kept.text !== linked.text) remember('previous-style', kept);
       this.file = {name: 'shared.json'};
       return linked.text;
     }
     this.file = {name: kept?.name ?? 'night.json'};
+    this.isTyped = Boolean(kept);
     return kept?.text ?? example;
   }
 
@@ -109,11 +114,16 @@ class Studio {
     return {path: this.file.name, text: this.text};
   }
 
+  get kept() {
+    return {name: this.file.name, text: this.text};
+  }
+
   changed() {
     if (this.editor.text === this.text) return;
     this.text = this.editor.text;
+    this.isTyped = true;
     if (this.onDisk) this.disk.keepDraft();
-    else remember('style', {name: this.file.name, text: this.text});
+    else remember('style', this.kept);
     this.showFile();
     this.typedAt = performance.now();
     this.refresh();
@@ -208,7 +218,7 @@ class Studio {
     const rank = {error: 0, warning: 1, note: 2};
     this.findings = list.map((finding) => {
       const [from, to] = [indexOf(finding.range.begin.offset), indexOf(finding.range.end.offset)];
-      return {...finding, from, to, line: finding.range.begin.line, fix: fixOf(finding, indexOf, rules[finding.rule - 1])};
+      return {...finding, remedy: remedyHere(finding.remedy), from, to, line: finding.range.begin.line, fix: fixOf(finding, indexOf, rules[finding.rule - 1])};
     });
     this.findings.sort((a, b) => rank[a.severity] - rank[b.severity] || a.from - b.from);
     if (!this.editor) return;
@@ -362,7 +372,7 @@ class Studio {
     if (effect.error) return '';
     const {changes} = effect.difference;
     if (changes.length === 0) return `Rule ${rule + 1} has no effect on this map.`;
-    const fields = [...new Set(changes.map(({feature_type: type, field}) => `${type ?? 'every type'} ${field}`))];
+    const fields = [...new Set(changes.map(({feature_type: type, field}) => `${type ?? 'every type'} ${named(field)}`))];
     return `Rule ${rule + 1} changes ${fields.slice(0, 8).join(', ')}${fields.length > 8 ? ` and ${fields.length - 8} more` : ''}.`;
   }
 
@@ -403,7 +413,7 @@ class Studio {
     const explanation = await this.explain(id, levelOfClass(levelIndex));
     const from = explanation[field]?.from;
     if (from) this.goToRule(from.rule - 1);
-    else this.say(`no rule sets ${field.replaceAll('_', ' ')} here`);
+    else this.say(`no rule sets ${named(field)} here`);
   }
 
   goTo({from, to}) {
@@ -493,7 +503,7 @@ class Studio {
     at('count').textContent = this.findings.length > 0 ? `(${this.findings.length})` : '';
     at('tabs').replaceChildren(...kPanels.map(({id, title}) => element('button', {
       type: 'button', role: 'tab', 'aria-selected': `${id === this.panel}`, 'data-panel': id, tabIndex: id === this.panel ? 0 : -1,
-      onclick: () => this.selectPanel(id)}, id === 'findings' ? `${title} (${this.findings.length})` : title)));
+      onclick: () => this.selectPanel(id)}, title, id === 'findings' && element('span', {class: 'count'}, ` (${this.findings.length})`))));
     if (focused) at('tabs').querySelector(`[data-panel="${this.panel}"]`)?.focus();
   }
 
@@ -517,14 +527,34 @@ class Studio {
     this.drawPanel(['levels', 'specimens']);
   }
 
-  /** Opens another style; the file on the disk stays as it is. */
+  // What was typed can be had back when another style has taken its place.
+  keepPrevious() {
+    if (!this.isTyped || this.onDisk) return;
+    remember('previous-style', this.kept);
+    this.offerPrevious();
+  }
+
+  offerPrevious() {
+    const examples = at('examples');
+    if (!recall('previous-style') || examples.querySelector(`[value="${kPrevious}"]`)) return;
+    examples.firstElementChild.after(element('option', {value: kPrevious}, 'your previous style'));
+  }
+
+  openPrevious() {
+    const {name, text} = recall('previous-style');
+    return this.load(name, text);
+  }
+
+  /** Opens another style; the file on the disk stays as it is, and "undo" leads back. */
   async load(name, text, isOnDisk = false) {
+    this.keepPrevious();
     if (this.disk) this.disk.isOpen = isOnDisk;
     this.file = {name};
     this.firstText = text;
     forgetFile();
     this.editor.set(text);
-    if (!isOnDisk) remember('style', {name, text});
+    this.isTyped = false;
+    if (!isOnDisk) remember('style', this.kept);
     this.showFile();
     this.showConflict();
     this.say(`${name} is open`);
@@ -533,14 +563,13 @@ class Studio {
   connect(examples) {
     this.showView('map');
     if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on disk`));
-    const beforeLink = recall('style-before-link');
-    if (beforeLink) at('examples').append(element('option', {value: kBeforeLink}, 'your style before the link'));
+    this.offerPrevious();
     at('examples').append(...examples.map((name) => element('option', {value: name}, name)));
     at('cameras').append(...cameras.map(({name}, i) => element('option', {value: i}, name)));
     const listen = (id, event, act) => at(id).addEventListener(event, act);
     listen('examples', 'change', async ({target}) => {
       if (target.value === kDisk) await this.openDisk();
-      else if (target.value === kBeforeLink) await this.load(beforeLink.name, beforeLink.text);
+      else if (target.value === kPrevious) await this.openPrevious();
       else if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
       target.value = '';
     });
@@ -558,6 +587,9 @@ class Studio {
       event.preventDefault();
       this.save();
     });
+    const [exporting, importing] = [new ExportDialog(this), new ImportDialog(this)];
+    listen('export-open', 'click', () => exporting.open());
+    listen('import-open', 'click', () => importing.open());
     listen('format', 'click', () => this.format());
     listen('share', 'click', async () => {
       history.replaceState(null, '', await linkOf(this.text));

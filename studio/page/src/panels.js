@@ -1,9 +1,9 @@
 // The panels below the map: findings, explanation, effects, levels, specimens.
-import {element, swatch} from './dom.js';
+import {element, named, swatch} from './dom.js';
+import {levelsText} from './levels.js';
 import {areaLook, areaTypes, buildingLook, cssColor, kOtherLevels, labelLook, levelOfClass, lineLook, lineTypes} from './look.js';
 
 const kHow = {overwritten: 'overwritten later'};
-const named = (field) => field.replaceAll('_', ' ');
 const isColor = (value) => value !== null && typeof value === 'object' && 'rgb' in value;
 const inWords = (value) => (isColor(value) ? `${value.rgb}${value.alpha === 255 ? '' : ` alpha ${value.alpha}`}` : `${value ?? 'not set'}`);
 const shown = (value) => (isColor(value) ? [swatch(cssColor(value)), inWords(value)] : [inWords(value)]);
@@ -60,21 +60,8 @@ export function effectsPanel(page) {
   const {changes} = effect.difference;
   return element('div', {}, element('p', {}, effect.title, changes.length === 0 ? ': nothing changes on this map, proven for every style id at every level.' : ` (${changes.length})`),
     element('ul', {}, ...changes.slice(0, 200).map((change) => element('li', {},
-      element('strong', {}, `${change.feature_type ?? 'every type'} ${change.field}`), ` ${levelsText(change.levels)}: `,
+      element('strong', {}, `${change.feature_type ?? 'every type'} ${named(change.field)}`), ` ${levelsText(change.levels)}: `,
       ...shown(change.a), ' → ', ...shown(change.b), ' ', change.b_from && jump(page, change.b_from.rule)))));
-}
-
-function levelsText(levels) {
-  if (levels.length === kOtherLevels + 1) return 'at all levels';
-  const numbers = levels.filter((level) => level !== 'other');
-  const parts = [];
-  for (const level of numbers) {
-    const last = parts.at(-1);
-    if (last && last[1] === level - 1) last[1] = level;
-    else parts.push([level, level]);
-  }
-  const text = parts.map(([from, to]) => (from === to ? `${from}` : `${from}-${to}`)).join(', ');
-  return `at ${text}${levels.includes('other') ? ' and others' : ''}`;
 }
 
 // ---- Levels ---------------------------------------------------------------------------------------------------------------
@@ -96,10 +83,15 @@ export function levelsPanel(page) {
     element('table', {class: 'matrix'}, element('thead', {}, head), element('tbody', {}, ...rows)));
 }
 
+function cellText(value) {
+  if (isColor(value)) return value.alpha === 0 ? 'clear' : '';
+  return `${value ?? ''}`;
+}
+
 function matrixCell(page, id, field, value, index) {
   const button = element('button', {type: 'button', title: inWords(value ?? null),
     'aria-label': `${named(field)} at level ${levelName(index)}: ${inWords(value ?? null)}`,
-    onclick: () => page.goToWriter(id, field, index)}, isColor(value) ? '' : `${value ?? ''}`);
+    onclick: () => page.goToWriter(id, field, index)}, cellText(value));
   if (isColor(value)) button.style.backgroundColor = cssColor(value);
   return element('td', {'aria-current': page.levelClass === index ? 'true' : undefined}, button);
 }

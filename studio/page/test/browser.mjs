@@ -1,6 +1,7 @@
 // A browser on the built page, for tests and for pictures.
 import {spawn} from 'node:child_process';
-import {existsSync} from 'node:fs';
+import {existsSync, readFileSync} from 'node:fs';
+import {createRequire} from 'node:module';
 import {dirname, join} from 'node:path';
 import {createInterface} from 'node:readline';
 import {fileURLToPath} from 'node:url';
@@ -64,6 +65,15 @@ export async function typeStyle(page, text) {
   await page.evaluate((style) => window.studio.editor.set(style), text);
   await page.waitForFunction((style) => window.studio.text === style && window.studio.settled === style, text);
   await whenDrawn(page);
+}
+
+/** What an axe finds against the rules of accessibility on the page as it stands. */
+export async function brokenRules(page) {
+  if (!await page.evaluate(() => Boolean(window.axe))) await page.evaluate(readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8'));
+  return page.evaluate(async () => {
+    const {violations} = await window.axe.run(document, {resultTypes: ['violations']});
+    return violations.flatMap(({id, nodes}) => nodes.map(({target, failureSummary}) => `${id}: ${target} ${failureSummary}`));
+  });
 }
 
 /** How many pixels of the map have a colour, give or take a little. */
