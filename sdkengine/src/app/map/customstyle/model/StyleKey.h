@@ -25,50 +25,66 @@ public:
     StyleKeys(int featureType, int level) : StyleKeys(level) { selectType(featureType); }
 
     void selectType(int featureType) {
-        const auto number = static_cast<unsigned int>(featureType);
-        m_type.tail = 0;
-        if (number > 99) {
-            m_type = numberWords(featureType);
-        } else if (number > 9) {
-            m_type.head = ('0' + number / 10) | ('0' + number % 10) << 8;
-            m_type.size = 2;
-        } else {
-            m_type.head = '0' + number;
-            m_type.size = 1;
-        }
+        const std::size_t sizeBefore = m_type.size;
+        m_type = typeWords(featureType);
+        // A walk over all types changes the size twice.
+        if (m_type.size != sizeBefore) m_levelPart = shifted(m_level, m_type.size);
     }
 
     const StyleKeyWords& ofType() const { return m_type; }
 
-    StyleKeyWords ofLevel() const { return joined(m_type, m_level); }
+    StyleKeyWords ofLevel() const { return overlaid(m_type, m_levelPart); }
 
     /// The key of a rule: that of all levels where `allLevels` is not 0.
     StyleKeyWords ofScope(int allLevels) const { return allLevels != 0 ? ofType() : ofLevel(); }
 
 private:
+    static StyleKeyWords typeWords(int featureType) {
+        const auto number = static_cast<unsigned int>(featureType);
+        if (number > 99) return numberWords(featureType);
+        StyleKeyWords words;
+        words.head = number > 9 ? ('0' + number / 10) | ('0' + number % 10) << 8 : '0' + number;
+        words.size = number > 9 ? 2 : 1;
+        return words;
+    }
+
     static StyleKeyWords numberWords(int number) {
         char digits[kStyleKeyCapacity];
         const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
         return StyleKeyWords({digits, static_cast<std::size_t>(end - digits)});
     }
 
-    // Cut to 15 characters. Only an id outside the catalogue can need more, and its key is never registered.
-    static StyleKeyWords joined(const StyleKeyWords& front, const StyleKeyWords& back) {
-        StyleKeyWords key = front;
-        key.size = std::min(front.size + back.size, kStyleKeyCapacity - 1);
-        if (front.size < 8) {
-            const std::size_t shift = 8 * front.size;
-            key.head |= back.head << shift;
+    // Moved up by at least one character, and cut to 15. Only an id outside the catalogue can need more, and its key is
+    // never registered.
+    static StyleKeyWords shifted(const StyleKeyWords& words, std::size_t characters) {
+        StyleKeyWords moved;
+        moved.size = std::min(words.size + characters, kStyleKeyCapacity - 1);
+        if (characters < 8) {
+            const std::size_t bits = 8 * characters;
+            moved.head = words.head << bits;
             // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult): a number has a digit at least
-            key.tail = back.tail << shift | back.head >> (64 - shift);
+            moved.tail = words.tail << bits | words.head >> (64 - bits);
         } else {
-            key.tail |= back.head << 8 * (front.size - 8);
+            moved.tail = words.head << 8 * (characters - 8);
         }
+        return moved;
+    }
+
+    // Each is 0 where the other has characters; the second one's end is the end of both.
+    static StyleKeyWords overlaid(const StyleKeyWords& front, const StyleKeyWords& moved) {
+        StyleKeyWords key = moved;
+        key.head |= front.head;
+        key.tail |= front.tail;
         return key;
     }
 
+    static StyleKeyWords joined(const StyleKeyWords& front, const StyleKeyWords& back) {
+        return overlaid(front, shifted(back, front.size));
+    }
+
     StyleKeyWords m_type;
-    StyleKeyWords m_level;  // with its colon
+    StyleKeyWords m_level;      // with its colon
+    StyleKeyWords m_levelPart;  // the same, moved up to make room for the type
 };
 
 /// The text of a key; as long as keys are, it needs no memory of its own.

@@ -11,8 +11,9 @@ namespace _orvik_framework {
 /// The record whose fill is the background of the land at a level, or null. The land has one background, so its first
 /// record decides; the others are not consulted even when that one is not customised.
 inline const tagCustomStyle* landBackground(const CustomConfig& config, int level) {
-    const CVMapPtrToPtr* records = effectiveRecords(config, StyleKeys(EMAPCUSTOMSTYLE_LAND, level));
-    const tagCustomStyle* first = records == nullptr ? nullptr : StoredRecords(*records).first().record;
+    const tagCustomStyle* first =
+        effectiveRecord(config, StyleKeys(EMAPCUSTOMSTYLE_LAND, level),
+                        [](const CVMapPtrToPtr& records) { return StoredRecords(records).first().record; });
     return first != nullptr && first->m_custom != 0 ? first : nullptr;
 }
 

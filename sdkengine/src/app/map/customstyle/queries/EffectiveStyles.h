@@ -16,19 +16,25 @@ bool isInEffect(const CustomConfig& config, const Key& key, int allLevels) {
     return found != config.m_styleEffectLevels.end() && found->second == allLevels;
 }
 
-/// The records in effect for the type and level of the keys, or null. Styles for the level itself replace those for all
-/// levels, even where they hold nothing for a style id.
-inline const CVMapPtrToPtr* effectiveRecords(const CustomConfig& config, const StyleKeys& keys) {
+/// The record in effect under the type and level of the keys, or null: what `recordOf(const CVMapPtrToPtr& slot)` finds
+/// in the slot. Styles for the level itself replace those for all levels, even where they hold no such record.
+template <typename RecordOf>
+const tagCustomStyle* effectiveRecord(const CustomConfig& config, const StyleKeys& keys, RecordOf recordOf) {
+    const auto recordUnder = [&](const StyleKeyWords& key) -> const tagCustomStyle* {
+        const CVMapPtrToPtr* slot = findSlot(config, key);
+        return slot == nullptr ? nullptr : recordOf(*slot);
+    };
     const StyleKeyWords levelKey = keys.ofLevel();
-    if (isInEffect(config, levelKey, 0)) return findSlot(config, levelKey);
-    if (isInEffect(config, keys.ofType(), 1)) return findSlot(config, keys.ofType());
-    return nullptr;
+    if (isInEffect(config, levelKey, 0)) return recordUnder(levelKey);
+    // Few slots hold the record, so most walks need not know whether the type's key is in effect.
+    const tagCustomStyle* record = recordUnder(keys.ofType());
+    return record != nullptr && isInEffect(config, keys.ofType(), 1) ? record : nullptr;
 }
 
 /// The record in effect for a style id under the type and level of the keys, customised or not, or null.
 inline const tagCustomStyle* effectiveRecord(const CustomConfig& config, const StyleKeys& keys, unsigned int styleId) {
-    const CVMapPtrToPtr* records = effectiveRecords(config, keys);
-    return records == nullptr ? nullptr : findRecord(*records, queriedKey(styleId));
+    return effectiveRecord(config, keys,
+                           [key = queriedKey(styleId)](const CVMapPtrToPtr& slot) { return findRecord(slot, key); });
 }
 
 /// The same if it is customised.

@@ -62,8 +62,11 @@ struct ShortTextEqual {
 
     bool operator()(std::string_view left, std::string_view right) const { return left == right; }
     // Standard libraries differ in the order in which a table passes its key and the one that it looks for.
-    bool operator()(const StyleKeyWords& left, std::string_view right) const { return left == StyleKeyWords(right); }
-    bool operator()(std::string_view left, const StyleKeyWords& right) const { return StyleKeyWords(left) == right; }
+    bool operator()(const StyleKeyWords& left, std::string_view right) const {
+        // Where compilers know the size of the key, only the loads for that size remain.
+        return left.size == right.size() && left == StyleKeyWords({right.data(), left.size});
+    }
+    bool operator()(std::string_view left, const StyleKeyWords& right) const { return operator()(right, left); }
 };
 
 /// Table by style key or feature type name. A style key is the decimal feature type id ("13", all levels), or id and
