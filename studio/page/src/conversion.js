@@ -1,11 +1,10 @@
 // Export to MapLibre and import from there: two dialogs, and the module that converts.
 import {ComponentClient} from './component.js';
-import {element} from './dom.js';
+import {at, element} from './dom.js';
 import {readFile, saveCopy} from './files.js';
 import {levelsText} from './levels.js';
 
 const kShownPlaces = 4;
-const at = (id) => document.getElementById(id);
 
 // The module is loaded for each conversion and goes with its answer: a file that it cannot bear costs the page nothing.
 async function converted(request) {
@@ -39,6 +38,9 @@ function lossItem({text, places}) {
   return element('li', {}, sentence(text), names.length > 0 && (isLong
     ? element('details', {}, element('summary', {}, `${names.length} places`), list()) : list()));
 }
+
+/** Whether a text is a style for MapLibre renderers, at a glance. */
+export const isMapStyle = (text) => /^\s*\{/.test(text) && /"version"\s*:\s*8\b/.test(text) && /"layers"\s*:\s*\[/.test(text);
 
 /** What both dialogs have in common: options, a conversion for each change of them, and what is lost. */
 class ConversionDialog {
@@ -132,8 +134,10 @@ export class ImportDialog extends ConversionDialog {
     this.part('do').addEventListener('click', () => this.use());
   }
 
-  open() {
+  /** @param {{name: string, text: string}} [file] that has been chosen already */
+  open(file) {
     this.dialog.showModal();
+    if (file) this.take(file);
   }
 
   async choose() {

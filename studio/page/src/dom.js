@@ -17,6 +17,9 @@ export function element(name, properties = {}, ...children) {
   return made;
 }
 
+/** The element of the page with this id. */
+export const at = (id) => document.getElementById(id);
+
 /** A field of a record in words. */
 export const named = (field) => field.replaceAll('_', ' ');
 

@@ -15,6 +15,8 @@ import {tags} from '@lezer/highlight';
 export const look = EditorView.theme({
   '&': {height: '100%', fontSize: '12px', backgroundColor: 'var(--ground)', color: 'var(--text)'},
   '.cm-scroller': {fontFamily: 'ui-monospace, "Noto Sans Mono", monospace'},
+  // What does not fit on the line goes on below it, indented.
+  '.cm-line': {paddingLeft: '34px', textIndent: '-28px'},
   '.cm-gutters': {backgroundColor: 'var(--raised)', color: 'var(--quiet)', borderRight: '1px solid var(--line)'},
   '.cm-activeLine': {backgroundColor: 'color-mix(in srgb, var(--accent) 8%, transparent)'},
   '.cm-activeLineGutter': {backgroundColor: 'transparent'},

@@ -45,14 +45,13 @@ export async function readFile(input) {
 
 /**
  * Lets the user choose a file; Save writes to it from then on, where the browser can.
- * @param {(file: {name: string, text: string}) => void} use
+ * @param {(file: {name: string, text: string}) => any} use false where it does not open the file
  */
 export async function openFile(input, use) {
   const file = await readFile(input);
   if (!file) return;
   const {name, text} = file;
-  use({name, text});
-  handle = file.handle;
+  if (use({name, text}) !== false) handle = file.handle;
 }
 
 const askWhere = (name) => window.showSaveFilePicker({suggestedName: name, types: [kKind]});

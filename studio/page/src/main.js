@@ -7,11 +7,11 @@ import {cameras, CityMap, warmUp} from './map.js';
 import {indexOfByte} from './offsets.js';
 import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} from './panels.js';
 import {CityIds} from './city-ids.js';
-import {ExportDialog, ImportDialog} from './conversion.js';
+import {ExportDialog, ImportDialog, isMapStyle} from './conversion.js';
 import {showDifference} from './difference.js';
 import {DiskFile, filesOfServer, followServer} from './disk.js';
 import {forgetFile, openFile, saveFile} from './files.js';
-import {element, named} from './dom.js';
+import {at, element, named} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
 const kQuickCheck = 150; // milliseconds
@@ -19,7 +19,6 @@ const kLongestPause = 300; // milliseconds without a keystroke before long proof
 // No example has a name with blanks.
 const kDisk = 'on disk';
 const kPrevious = 'previous style';
-const at = (id) => document.getElementById(id);
 const fetchJson = async (path) => (await fetch(path)).json();
 const fetchText = async (path) => (await fetch(path)).text();
 
@@ -216,10 +215,10 @@ class Studio {
     const indexOf = indexOfByte(this.text);
     const rules = this.editor ? rulesOf(this.editor.view.state) : [];
     const rank = {error: 0, warning: 1, note: 2};
-    this.findings = list.map((finding) => {
-      const [from, to] = [indexOf(finding.range.begin.offset), indexOf(finding.range.end.offset)];
-      return {...finding, remedy: remedyHere(finding.remedy), from, to, line: finding.range.begin.line, fix: fixOf(finding, indexOf, rules[finding.rule - 1])};
-    });
+    const placeOf = ({begin, end}) => ({from: indexOf(begin.offset), to: indexOf(end.offset), line: begin.line});
+    this.findings = list.map((finding) => ({...finding, ...placeOf(finding.range), remedy: remedyHere(finding.remedy),
+      related: finding.related.map(({text, range}) => ({text, ...placeOf(range)})),
+      fix: fixOf(finding, indexOf, rules[finding.rule - 1])}));
     this.findings.sort((a, b) => rank[a.severity] - rank[b.severity] || a.from - b.from);
     if (!this.editor) return;
     const idle = this.findings.filter(({fix, rule}) => fix?.takesRuleOut && rules[rule - 1]).map(({rule}) => rules[rule - 1]);
@@ -229,11 +228,12 @@ class Studio {
   }
 
   diagnostic(finding) {
-    const {from, to, severity, message, remedy, code, fix} = finding;
+    const {from, to, severity, message, remedy, code, fix, related} = finding;
     const end = Math.min(Math.max(to, from + 1), this.text.length);
     return {from: Math.min(from, end), to: end, severity: severity === 'note' ? 'info' : severity, source: code,
       message: `${message}\nRemedy: ${remedy}`,
-      actions: fix ? [{name: fix.label, apply: () => this.applyFix(finding)}] : []};
+      actions: [...(fix ? [{name: fix.label, apply: () => this.applyFix(finding)}] : []),
+        ...related.map((place) => ({name: `Line ${place.line}: ${place.text}`, apply: () => this.goTo(place)}))]};
   }
 
   applyFix(finding) {
@@ -560,6 +560,16 @@ class Studio {
     this.say(`${name} is open`);
   }
 
+  /** Lets the user choose a style file; a map style is imported. */
+  openFile(importing) {
+    const use = (file) => {
+      if (!isMapStyle(file.text)) return this.load(file.name, file.text);
+      importing.open(file);
+      return false;
+    };
+    return openFile(at('file-input'), use).catch((error) => this.say(`not opened: ${error.message}`));
+  }
+
   connect(examples) {
     this.showView('map');
     if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on disk`));
@@ -573,8 +583,6 @@ class Studio {
       else if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
       target.value = '';
     });
-    listen('open', 'click', () => openFile(at('file-input'), (file) => this.load(file.name, file.text))
-      .catch((error) => this.say(`not opened: ${error.message}`)));
     listen('save', 'click', () => this.save());
     listen('keep-mine', 'click', () => this.settleConflict(() => this.disk.keepMine()));
     listen('take-theirs', 'click', () => this.settleConflict(() => this.disk.takeTheirs()));
@@ -590,6 +598,7 @@ class Studio {
     const [exporting, importing] = [new ExportDialog(this), new ImportDialog(this)];
     listen('export-open', 'click', () => exporting.open());
     listen('import-open', 'click', () => importing.open());
+    listen('open', 'click', () => this.openFile(importing));
     listen('format', 'click', () => this.format());
     listen('share', 'click', async () => {
       history.replaceState(null, '', await linkOf(this.text));

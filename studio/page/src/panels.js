@@ -18,12 +18,12 @@ function jump(page, rule, text = `rule ${rule}`) {
 export function findingsPanel(page) {
   const {findings} = page;
   if (findings.length === 0) return element('p', {}, 'No findings. Click something on the map to see which rule made its look.');
-  return element('ul', {}, ...findings.map((finding) => element('li', {},
-    element('button', {type: 'button', class: 'plain', onclick: () => page.goTo(finding)},
-      `line ${finding.line}`), ' ',
+  const link = (place) => element('button', {type: 'button', class: 'plain', onclick: () => page.goTo(place)}, `line ${place.line}`);
+  return element('ul', {}, ...findings.map((finding) => element('li', {}, link(finding), ' ',
     element('span', {class: finding.severity}, `${finding.severity}: `), finding.message,
     element('div', {class: 'quiet'}, `Remedy: ${finding.remedy} `,
-      finding.fix && element('button', {type: 'button', 'data-fix': finding.code, onclick: () => page.applyFix(finding)}, finding.fix.label)))));
+      finding.fix && element('button', {type: 'button', 'data-fix': finding.code, onclick: () => page.applyFix(finding)}, finding.fix.label)),
+    ...finding.related.map((place) => element('div', {class: 'quiet'}, link(place), ` ${place.text}`)))));
 }
 
 // ---- Explanation ----------------------------------------------------------------------------------------------------------

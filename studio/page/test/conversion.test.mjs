@@ -160,6 +160,15 @@ describe('import', () => {
     assert.equal(await editorText(), roads);
   });
 
+  test('is offered for a map style that is opened', async () => {
+    const before = await editorText();
+    const chooser = page.waitForEvent('filechooser');
+    await button('open').click();
+    await (await chooser).setFiles(inFolder('exported.json'));
+    await isReady('import');
+    assert.equal(await editorText(), before);
+  });
+
   test('follows another choice of tiles', async () => {
     const layer = {id: 'a', type: 'fill', 'source-layer': 'water', paint: {'fill-color': '#123456'}};
     await button('import-open').click();

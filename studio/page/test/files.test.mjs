@@ -1,7 +1,7 @@
 // Opening and saving with the file pickers of the browser: which file is written.
 import assert from 'node:assert/strict';
 import {beforeEach, describe, test} from 'node:test';
-import {forgetFile, openFile, saveFile} from '../src/files.js';
+import {forgetFile, openFile, saveCopy, saveFile} from '../src/files.js';
 
 const use = () => forgetFile(); // as the page does with each style that it opens
 
@@ -48,6 +48,21 @@ describe('saving', () => {
     window.showSaveFilePicker = () => assert.fail('asked again');
     await saveFile('night.json', '[2]');
     assert.deepEqual(written, {'picked-night.json': '[2]'});
+  });
+
+  test('keeps to the open file when the page does not open the one that was chosen', async () => {
+    await open(handleOf('my.json'));
+    picked = handleOf('map-style.json');
+    await openFile(null, () => false);
+    await saveFile('my.json', '[4]');
+    assert.deepEqual(written, {'my.json': '[4]'});
+  });
+
+  test('of a copy leaves the open file alone', async () => {
+    await open(handleOf('my.json'));
+    assert.equal(await saveCopy('map.json', '[5]'), 'picked-map.json is saved');
+    await saveFile('my.json', '[6]');
+    assert.deepEqual(written, {'picked-map.json': '[5]', 'my.json': '[6]'});
   });
 
   test('keeps to the open file when one that is too long was chosen', async () => {

@@ -233,6 +233,24 @@ describe('the rule in question', () => {
     await page.mouse.move(0, 0);
   });
 
+  test('is found by somebody who sees a wrong colour, and mended', async () => {
+    const {page} = studio;
+    const wrong = rule('provincialway', 'geometry', {color: '#00ff00'});
+    await typeStyle(page, styleOf(...kRoads.map((type) => rule(type, 'geometry.fill', {color: '#ff00c8'})), wrong));
+    await page.locator('[data-panel="findings"]').click();
+    assert.match(await page.locator('#panel').textContent(), /rule 6 overwrites all that it writes/);
+    await page.locator('#map canvas').click({position: await place(page, 'provincialway')});
+    await page.locator('#panel button', {hasText: 'rule 6: provincialway geometry'}).first().waitFor();
+    await page.locator('[data-panel="findings"]').click();
+    await page.locator('#panel li div', {hasText: 'overwritten here'}).locator('button').click();
+    assert.equal(await page.evaluate(() => window.studio.rule), 5);
+    await page.evaluate(() => window.studio.editor.goToRule(5));
+    await page.keyboard.insertText(JSON.stringify({...wrong, elementType: 'geometry.stroke'}));
+    await page.waitForFunction(() => window.studio.findings.length === 0 && window.studio.settled === window.studio.editor.text);
+    await whenDrawn(page);
+    assert.ok(await pixelsOf(page, kMagenta) > 500);
+  });
+
   test('is left out on the other side of the comparison', async () => {
     const {page} = studio;
     await typeStyle(page, magentaRoads);
