@@ -320,8 +320,9 @@ constexpr CodeInfo kInfos[] = {
  {"featureType": "arterial", "elementType": "geometry.fill", "stylers": {<<"color": "#3366cc">>}}])"},
     {Code::NoEffect, "no-effect", Warning, Style, "no effect, proven",
      "The file was loaded again without this rule or styler, and every answer of the component stayed the same: for all "
-     "style ids, all levels and all four queries; without --mapping, on every map. Everything reported with this code can "
-     "be removed, alone or together.",
+     "style ids, all levels and all four queries; without --mapping, on every map. Whatever is reported "
+     "with this code can be removed: each alone, and all of it together. If you remove some of it, check again: two rules "
+     "that say the same can each be needed once a third is gone.",
      "remove it",
      R"([{"featureType": "country", "elementType": "labels.text.fill", "stylers": {<<"color": "#3366cc">>}},
  {"featureType": "country", "elementType": "labels.text.fill", "stylers": {"color": "#cc3366"}}])"},
