@@ -26,8 +26,8 @@ async function prepare(page, {style, view, isCompared, isDark}) {
     await page.locator('#compare-with').selectOption('plain');
     await page.locator('#compare').check();
     await page.locator('[data-panel="effects"]').click();
-    await page.waitForFunction(() => window.studio.before && window.studio.effect?.difference);
-    await page.evaluate(() => new Promise((resolve) => window.studio.before.whenDrawn(resolve)));
+    await page.waitForFunction(() => window.studio.comparison.before && window.studio.effect?.difference);
+    await page.evaluate(() => new Promise((resolve) => window.studio.comparison.before.whenDrawn(resolve)));
   }
   await whenDrawn(page);
 }

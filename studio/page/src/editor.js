@@ -122,7 +122,7 @@ export function rulesOf(state) {
   return rules;
 }
 
-export function ruleAt(state, position) {
+function ruleAt(state, position) {
   return rulesOf(state).findIndex(({from, to}) => position >= from && position <= to);
 }
 

@@ -1,6 +1,9 @@
 // How the map draws a feature type: the look of the legend, overlaid by what the component answers.
 import legend from '../../../tools/export/legends/studio.json';
 
+/** The colours behind everything where the style sets none. */
+export const {backgrounds} = legend;
+
 /** Level classes: levels 4 to 21, then all others. */
 const kLowest = 4;
 export const kOtherLevels = 18;
@@ -27,7 +30,7 @@ function atLevel(value, level) {
 }
 
 const looks = new Map(legend.layers.map(({kind, type, look}) => [`${kind} ${type}`, look]));
-looks.set('area land', {fill: legend.backgrounds.land});
+looks.set('area land', {fill: backgrounds.land});
 
 // How the legend draws a type: a function from a key to its value.
 function baseOf(kind, type, level = 0) {

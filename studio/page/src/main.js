@@ -7,6 +7,7 @@ import {cameras, CityMap, warmUp} from './map.js';
 import {indexOfByte} from './offsets.js';
 import {effectsPanel, explainPanel, findingsPanel, levelsPanel, specimenPanel} from './panels.js';
 import {CityIds} from './city-ids.js';
+import {Comparison} from './comparison.js';
 import {ExportDialog, ImportDialog, isMapStyle} from './conversion.js';
 import {showDifference} from './difference.js';
 import {DiskFile, filesOfServer, followServer} from './disk.js';
@@ -19,6 +20,7 @@ const kLongestPause = 300; // milliseconds without a keystroke before long proof
 // No example has a name with blanks.
 const kDisk = 'on disk';
 const kPrevious = 'previous style';
+const listen = (id, event, act) => at(id).addEventListener(event, act);
 const fetchJson = async (path) => (await fetch(path)).json();
 const fetchText = async (path) => (await fetch(path)).text();
 
@@ -67,6 +69,7 @@ class Studio {
     this.vocabulary = vocabulary;
     this.createEditor();
     this.connect(examples);
+    this.comparison = new Comparison(this);
     this.drawPanels();
     performance.mark('studio-page');
     await this.refresh();
@@ -207,7 +210,8 @@ class Studio {
     this.map.show(answers);
     if (typedAt) this.map.whenDrawn(() => (this.timings.redraw = performance.now() - typedAt));
     if (this.picked) this.explainAgain();
-    if (this.compared) this.showBefore();
+    if (this.comparison.isOn) this.comparison.refresh();
+    else this.showEffectOfRule();
     this.drawPanel(['levels', 'specimens']);
   }
 
@@ -262,7 +266,7 @@ class Studio {
       },
       mapping: async (file) => {
         if (file.text === this.mappingText || !await this.takeMapping(file)) return;
-        for (const map of [this.map, this.before]) if (map) map.ids = this.ids;
+        for (const map of [this.map, this.comparison.before]) if (map) map.ids = this.ids;
         this.say('the mapping has changed on disk and is used');
         await this.refresh();
       },
@@ -327,6 +331,7 @@ class Studio {
   async openDisk() {
     const {style} = await filesOfServer();
     if (!style) return this.say('the server does not answer');
+    this.keepPrevious();
     this.disk.isOpen = true;
     this.disk.open(style);
     await this.load(style.name, this.disk.first, true);
@@ -355,15 +360,14 @@ class Studio {
 
   async showEffectOfRule() {
     const rule = this.rule;
-    const isWanted = this.panel === 'effects' || at('compare').checked;
-    const isComparison = this.compared && at('compare-with').value !== 'rule';
-    if (rule < 0 || !isWanted || isComparison) return this.map.light([]);
+    const {isOn, kind} = this.comparison;
+    if (rule < 0 || (this.panel !== 'effects' && !isOn) || (isOn && kind !== 'rule')) return this.map.light([]);
     const effect = await this.ask({method: 'effect', style: this.style, rule});
     if (rule !== this.rule) return undefined;
     this.effect = effect.error ? effect : {...effect, title: `What rule ${rule + 1} does`};
     this.without = effect.without;
     this.map.light(effect.error ? [] : [...new Set(effect.difference.changes.flatMap(({ids}) => ids))]);
-    if (this.compared && at('compare-with').value === 'rule') this.showBefore();
+    if (isOn) this.comparison.show();
     return this.drawPanel(['effects']);
   }
 
@@ -439,48 +443,6 @@ class Studio {
     return classOfLevel(this.level);
   }
 
-  // ---- Before and after ---------------------------------------------------------------------------------------------------
-
-  async compare(isOn) {
-    this.compared = isOn;
-    for (const id of ['map-before', 'swipe', 'divide']) at(id).hidden = !isOn;
-    if (!isOn) return;
-    if (!this.before) {
-      const {map} = this.map;
-      this.before = new CityMap(at('map-before'), {...this.city, ids: this.ids, camera: {center: map.getCenter(), zoom: map.getZoom()}});
-      this.followMap();
-      map.on('move', () => this.followMap());
-    }
-    this.before.map.resize();
-    this.swipe();
-    await this.showBefore();
-  }
-
-  followMap() {
-    const {map} = this.map;
-    if (!this.compared) return;
-    this.before.map.jumpTo({center: map.getCenter(), zoom: map.getZoom(), pitch: map.getPitch(), bearing: map.getBearing()});
-  }
-
-  swipe() {
-    const share = Number(at('swipe').value);
-    at('map-before').style.clipPath = `inset(0 ${100 - share}% 0 0)`;
-    at('divide').style.left = `${share}%`;
-  }
-
-  async showBefore() {
-    const kind = at('compare-with').value;
-    const text = {start: this.firstText, plain: '[]', rule: this.without ?? this.text}[kind];
-    const before = {path: 'before.json', text};
-    const [answers, difference] = await Promise.all([
-      this.ask({method: 'answers', style: before}), this.ask({method: 'diff', before, after: this.style})]);
-    this.before.pinnedLevel = this.map.pinnedLevel;
-    this.before.is3d = this.map.is3d;
-    if (!answers.error) this.before.show(answers);
-    if (kind !== 'rule') this.effect = difference.error ? difference : {difference, title: 'What changed'};
-    this.drawPanel(['effects']);
-  }
-
   // ---- The page -----------------------------------------------------------------------------------------------------------
 
   say(text) {
@@ -540,9 +502,10 @@ class Studio {
     examples.firstElementChild.after(element('option', {value: kPrevious}, 'your previous style'));
   }
 
-  openPrevious() {
+  async openPrevious() {
     const {name, text} = recall('previous-style');
-    return this.load(name, text);
+    await this.load(name, text);
+    this.isTyped = true;
   }
 
   /** Opens another style; the file on the disk stays as it is, and "undo" leads back. */
@@ -572,40 +535,47 @@ class Studio {
 
   connect(examples) {
     this.showView('map');
+    this.connectFiles(examples);
+    this.connectConflict();
+    this.connectMap();
+    listen('format', 'click', () => this.format());
+    listen('share', 'click', () => this.share());
+    listen('theme', 'click', () => this.setTheme(document.documentElement.dataset.theme === 'dark' ? 'light' : 'dark'));
+    listen('tabs', 'keydown', (event) => this.walkTabs(event));
+    for (const button of document.querySelectorAll('#views button')) {
+      button.addEventListener('click', () => this.showView(button.dataset.view));
+    }
+  }
+
+  connectFiles(examples) {
     if (this.disk) at('examples').append(element('option', {value: kDisk}, `${this.disk.name} on disk`));
     this.offerPrevious();
     at('examples').append(...examples.map((name) => element('option', {value: name}, name)));
-    at('cameras').append(...cameras.map(({name}, i) => element('option', {value: i}, name)));
-    const listen = (id, event, act) => at(id).addEventListener(event, act);
     listen('examples', 'change', async ({target}) => {
-      if (target.value === kDisk) await this.openDisk();
-      else if (target.value === kPrevious) await this.openPrevious();
-      else if (target.value) await this.load(target.value, await fetchText(`examples/${target.value}`));
+      await this.openExample(target.value);
       target.value = '';
-    });
-    listen('save', 'click', () => this.save());
-    listen('keep-mine', 'click', () => this.settleConflict(() => this.disk.keepMine()));
-    listen('take-theirs', 'click', () => this.settleConflict(() => this.disk.takeTheirs()));
-    listen('show-difference', 'click', () => this.showDifference());
-    listen('difference-mine', 'click', () => this.settleConflict(() => this.disk.keepMine()));
-    listen('difference-theirs', 'click', () => this.settleConflict(() => this.disk.takeTheirs()));
-    listen('difference-close', 'click', () => at('difference').close());
-    document.addEventListener('keydown', (event) => {
-      if (event.key !== 's' || !(event.ctrlKey || event.metaKey) || event.defaultPrevented) return;
-      event.preventDefault();
-      this.save();
     });
     const [exporting, importing] = [new ExportDialog(this), new ImportDialog(this)];
     listen('export-open', 'click', () => exporting.open());
     listen('import-open', 'click', () => importing.open());
     listen('open', 'click', () => this.openFile(importing));
-    listen('format', 'click', () => this.format());
-    listen('share', 'click', async () => {
-      history.replaceState(null, '', await linkOf(this.text));
-      const copied = await navigator.clipboard?.writeText(location.href).then(() => true, () => false);
-      this.say(copied ? 'the link is in the clipboard' : 'the link is in the address bar');
+    listen('save', 'click', () => this.save());
+    document.addEventListener('keydown', (event) => {
+      if (event.key !== 's' || !(event.ctrlKey || event.metaKey) || event.defaultPrevented) return;
+      event.preventDefault();
+      this.save();
     });
-    listen('theme', 'click', () => this.setTheme(document.documentElement.dataset.theme === 'dark' ? 'light' : 'dark'));
+  }
+
+  connectConflict() {
+    for (const id of ['keep-mine', 'difference-mine']) listen(id, 'click', () => this.settleConflict(() => this.disk.keepMine()));
+    for (const id of ['take-theirs', 'difference-theirs']) listen(id, 'click', () => this.settleConflict(() => this.disk.takeTheirs()));
+    listen('show-difference', 'click', () => this.showDifference());
+    listen('difference-close', 'click', () => at('difference').close());
+  }
+
+  connectMap() {
+    at('cameras').append(...cameras.map(({name}, i) => element('option', {value: i}, name)));
     listen('level', 'input', ({target}) => {
       at('follow').checked = false;
       this.map.pin(Number(target.value));
@@ -613,20 +583,22 @@ class Studio {
     listen('follow', 'change', ({target}) => this.map.pin(target.checked ? null : Number(at('level').value)));
     listen('three', 'change', ({target}) => this.map.set3d(target.checked));
     listen('cameras', 'change', ({target}) => this.goToCamera(cameras[target.value]));
-    listen('compare', 'change', ({target}) => this.compare(target.checked));
-    listen('compare-with', 'change', () => at('compare').checked && this.compare(true));
-    listen('swipe', 'input', () => this.swipe());
-    listen('tabs', 'keydown', (event) => this.walkTabs(event));
-    for (const button of document.querySelectorAll('#views button')) {
-      button.addEventListener('click', () => this.showView(button.dataset.view));
-    }
     this.map.addEventListener('level', () => this.showLevel());
     this.map.map.on('click', ({point}) => this.explainAt(point));
-    this.map.map.on('moveend', () => {
-      const {map} = this.map;
-      remember('camera', {center: map.getCenter(), zoom: map.getZoom(), pitch: map.getPitch(), bearing: map.getBearing()});
-    });
+    this.map.map.on('moveend', () => remember('camera', this.map.camera));
     this.showLevel();
+  }
+
+  async openExample(value) {
+    if (value === kDisk) await this.openDisk();
+    else if (value === kPrevious) await this.openPrevious();
+    else if (value) await this.load(value, await fetchText(`examples/${value}`));
+  }
+
+  async share() {
+    history.replaceState(null, '', await linkOf(this.text));
+    const copied = await navigator.clipboard?.writeText(location.href).then(() => true, () => false);
+    this.say(copied ? 'the link is in the clipboard' : 'the link is in the address bar');
   }
 
   goToCamera({center, zoom, pitch = 0, bearing = 0, is3d = false}) {

@@ -1,5 +1,5 @@
 // The layers of the map, and what they look like by the component's answers at one level.
-import {areaLook, areaTypes, buildingLook, classOfLevel, cssColor, iconOf, isShownFrom, kNothing, labelLook, labelTypes, lineLabelTypes,
+import {areaLook, areaTypes, backgrounds, buildingLook, classOfLevel, cssColor, iconOf, isShownFrom, kNothing, labelLook, labelTypes, lineLabelTypes,
   lineLook, lineTypes} from './look.js';
 
 const typeIs = (type) => ['==', ['get', 't'], type];
@@ -89,8 +89,8 @@ export function valuesAt(answers, ids, {level, is3d}) {
   const at = classOfLevel(level);
   const recordsOf = recordLists(answers, ids, at);
   const values = {
-    grid: {'background-color': answers.grid[at] ? cssColor(answers.grid[at]) : '#e4e2dd'},
-    land: {'fill-color': answers.land[at] ? cssColor(answers.land[at]) : '#f3f1ec'},
+    grid: {'background-color': answers.grid[at] ? cssColor(answers.grid[at]) : backgrounds.grid},
+    land: {'fill-color': answers.land[at] ? cssColor(answers.land[at]) : backgrounds.land},
   };
   for (const each of typeLayers) values[each.id] = layerValues(each, recordsOf(each.of), {level, is3d});
   return values;

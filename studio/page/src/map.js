@@ -100,6 +100,12 @@ export class CityMap extends EventTarget {
     return this.pinnedLevel ?? levelOfZoom(this.map.getZoom());
   }
 
+  /** Where it is looked at from. */
+  get camera() {
+    const {map} = this;
+    return {center: map.getCenter(), zoom: map.getZoom(), pitch: map.getPitch(), bearing: map.getBearing()};
+  }
+
   pin(level) {
     this.pinnedLevel = level;
     this.update();

@@ -2,7 +2,6 @@
 
 /** @returns {(byte: number) => number} the index in `text` of a byte of its UTF-8 form */
 export function indexOfByte(text) {
-  // eslint-disable-next-line no-control-regex
   if (/^[\x00-\x7f]*$/.test(text)) return (byte) => Math.min(byte, text.length);
   const starts = []; // the byte at which each unit begins
   let byte = 0;

@@ -1,7 +1,7 @@
 // The panels below the map: findings, explanation, effects, levels, specimens.
 import {element, named, swatch} from './dom.js';
 import {levelsText} from './levels.js';
-import {areaLook, areaTypes, buildingLook, cssColor, kOtherLevels, labelLook, levelOfClass, lineLook, lineTypes} from './look.js';
+import {areaLook, areaTypes, backgrounds, buildingLook, cssColor, kOtherLevels, labelLook, levelOfClass, lineLook, lineTypes} from './look.js';
 
 const kHow = {overwritten: 'overwritten later'};
 const isColor = (value) => value !== null && typeof value === 'object' && 'rgb' in value;
@@ -72,7 +72,7 @@ export function levelsPanel(page) {
   const select = element('select', {id: 'matrix-type', onchange: ({target}) => page.showLevelsOf(target.value)},
     ...Object.keys(mapping).map((name) => element('option', {value: name, selected: name === type}, name)));
   const id = (mapping[type] ?? [])[0];
-  const records = id === undefined ? [] : answers.styles[id].map((index) => answers.records[index]);
+  const records = (answers.styles[id] ?? []).map((index) => answers.records[index]);
   const fields = vocabulary.fields.map(({word}) => word).filter((field) => records.some(({style}) => style[field] !== undefined));
   const head = element('tr', {}, element('th', {}, 'Level'), ...records.map((_, i) => element('th', {scope: 'col'}, levelName(i))));
   const rows = fields.map((field) => element('tr', {}, element('th', {scope: 'row'}, named(field)),
@@ -114,7 +114,7 @@ function drawn(type, record, {land, grid}, levelClass, level) {
   const context = canvas.getContext('2d');
   context.scale(2, 2);
   const background = type === 'grid' ? grid : land;
-  context.fillStyle = background[levelClass] ? cssColor(background[levelClass]) : '#f3f1ec';
+  context.fillStyle = background[levelClass] ? cssColor(background[levelClass]) : backgrounds[type === 'grid' ? 'grid' : 'land'];
   context.fillRect(0, 0, 150, 44);
   if (type === 'building') drawBuilding(context, record);
   else if (areaTypes.includes(type)) drawArea(context, areaLook(type, record));

@@ -122,6 +122,19 @@ describe('the file on the disk', () => {
     await other.profile.close();
     await page.evaluate(() => history.replaceState(null, '', location.pathname));
   });
+
+  test('comes back, and what was typed into an example is kept', async () => {
+    const {page} = studio;
+    await page.locator('#examples').selectOption('pale.json');
+    await page.waitForFunction(() => window.studio.file.name === 'pale.json');
+    await type(page, '[ ]');
+    await page.locator('#examples').selectOption({label: 'night.json on disk'});
+    await hasText(page, roads('#445566'));
+    await page.locator('#examples').selectOption({label: 'your previous style'});
+    await hasText(page, '[ ]');
+    assert.equal(await page.evaluate(() => window.studio.file.name), 'pale.json');
+    assert.equal(onDisk(), roads('#445566'));
+  });
 });
 
 describe('two who write', () => {

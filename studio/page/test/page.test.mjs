@@ -186,6 +186,10 @@ describe('the editor', () => {
     await page.locator('#panel', {hasText: 'What rule 2 does'}).waitFor();
     assert.match(await page.locator('#panel').textContent(), /cityhighway fill/);
     assert.ok(await page.evaluate(() => JSON.stringify(window.studio.map.map.getFilter('lit-lines')).includes('1301')));
+    const second = styleOf(rule('cityhighway', 'geometry.fill', {color: '#ff00c8'})).slice(3, -2);
+    await page.evaluate(([before, after]) => window.studio.editor.update(window.studio.text.replace(before, after)),
+      [second, second.replace('#ff00c8', '#12ab34')]);
+    await page.locator('#panel', {hasText: '#12ab34'}).waitFor();
   });
 });
 
@@ -254,11 +258,12 @@ describe('the rule in question', () => {
   test('is left out on the other side of the comparison', async () => {
     const {page} = studio;
     await typeStyle(page, magentaRoads);
+    await page.locator('[data-panel="findings"]').click();
+    await page.evaluate(() => window.studio.editor.goToRule(3));
     await page.locator('#compare-with').selectOption('rule');
     await page.locator('#compare').check();
-    await page.evaluate(() => window.studio.editor.goToRule(3));
     await page.waitForFunction((text) => window.studio.without && !window.studio.without.includes('provincialway') &&
-      window.studio.before.answers && window.studio.text === text, magentaRoads);
+      window.studio.comparison.before.answers && window.studio.text === text, magentaRoads);
     await page.locator('#compare').uncheck();
     await page.locator('#compare-with').selectOption('start');
   });
