@@ -9,21 +9,21 @@
 
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 #include "vi/vos/VLog.h"
 
 namespace {
 
 using namespace _orvik_framework;
+using customstyle_test::kIntMax;
+using customstyle_test::kIntMin;
 
 using StyleIds = std::set<unsigned int>;
 
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
-
 // Style ids up to 2^31 - 1 only: the others are found or not by the size of pointers, which PointerSizeTest looks at.
 StyleIds styleIdsToAsk(const CustomConfig& config) {
-    StyleIds ids = {0, 1, kHighest};
+    StyleIds ids = {0, 1, kIntMax};
     for (const CVMapPtrToPtr& records : config.m_typeStyleMaps) {
         for (const StoredRecord& entry : StoredRecords(records)) ids.insert({entry.styleId(), entry.styleId() + 1});
     }
@@ -31,7 +31,7 @@ StyleIds styleIdsToAsk(const CustomConfig& config) {
 }
 
 std::set<int> levelsToAsk() {
-    std::set<int> levels = {kLowest, -1, 100, kHighest};
+    std::set<int> levels = {kIntMin, -1, 100, kIntMax};
     for (int level = 0; level <= 25; ++level) levels.insert(level);
     return levels;
 }

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "tests/check/CheckedText.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/check/StyleCheck.h"
 #include "tools/host/Files.h"
@@ -41,10 +42,6 @@ class OneRule : public testing::TestWithParam<RuleCase> {};
 TEST_P(OneRule, HasTheseFindings) {
     const auto& [name, featureType, elementType, stylers, findings] = GetParam();
     EXPECT_EQ(codesWithPlaces(checkedStyle(styleOf({ruleText(featureType, elementType, stylers)}))), findings);
-}
-
-std::string caseName(const testing::TestParamInfo<RuleCase>& rule) {
-    return rule.param.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -8,7 +8,6 @@
 namespace customstyle_test {
 namespace {
 
-constexpr int kHighway = 13;
 constexpr int kHighwayLabel = 28;
 
 class WorkedExample : public testing::Test {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/study/LoadedText.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 #include "tools/diff/DiffText.h"
 
@@ -22,10 +23,6 @@ struct TextCase {
 
 void PrintTo(const TextCase& textCase, std::ostream* stream) {
     *stream << textCase.name;
-}
-
-std::string caseName(const testing::TestParamInfo<TextCase>& info) {
-    return info.param.name;
 }
 
 std::string styleText(const std::vector<RuleBuilder>& rules) {

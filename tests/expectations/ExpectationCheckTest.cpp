@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/study/LoadedText.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 #include "tools/expectations/ExpectationCheck.h"
 
@@ -40,10 +41,6 @@ struct CheckCase {
     const char* line;
     std::vector<std::string> failures;
 };
-
-std::string caseName(const testing::TestParamInfo<CheckCase>& info) {
-    return info.param.name;
-}
 
 class Expected : public testing::TestWithParam<CheckCase> {};
 

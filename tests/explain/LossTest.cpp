@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/study/LoadedText.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 #include "tools/explain/ExplanationText.h"
 
@@ -18,7 +19,6 @@ using customstyle_tool::Explanation;
 using customstyle_tool::Loss;
 using customstyle_tool::LossKind;
 
-constexpr int kHighway = 13;
 constexpr int kShared = 5000;  // a style id under manmade, education, highway and poilabel
 
 constexpr unsigned int kNeverFound = 4294967291;  // the renderer's view of -5, under the same types
@@ -59,10 +59,6 @@ struct LossCase {
 
 void PrintTo(const LossCase& lossCase, std::ostream* stream) {
     *stream << lossCase.name;
-}
-
-std::string caseName(const testing::TestParamInfo<LossCase>& info) {
-    return info.param.name;
 }
 
 std::string textOf(const std::vector<RuleBuilder>& rules) {

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/CaseName.h"
+#include "tests/support/IntLimits.h"
 #include "tools/json/JsonDocument.h"
 
 namespace customstyle_test {
@@ -24,11 +26,6 @@ JsonDocument documentOf(std::string_view text) {
 
 JsonValue childAt(const JsonValue& value, std::size_t position) {
     return *std::ranges::next(value.children().begin(), static_cast<std::ptrdiff_t>(position));
-}
-
-template <typename Info>
-std::string caseName(const Info& info) {
-    return info.param.name;
 }
 
 // ---- Kinds and places -----------------------------------------------------------------------------------------------
@@ -64,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(JsonDocument, OutermostValue,
                                          KindCase{"TheNumberEndsWhereItStopsBeingOne", "1.2.3", JsonKind::Number,
                                                   "1.2"},
                                          KindCase{"TheFirstValueCounts", "{} []", JsonKind::Object, "{}"}),
-                         caseName<testing::TestParamInfo<KindCase>>);
+                         caseName);
 
 TEST(JsonDocument, ChildrenKeepTheirOrderAndPlaces) {
     const JsonDocument document = documentOf(R"([1, [2, 3], "four"])");
@@ -166,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TextCase{"ANulEscapeCuts", R"("a\u0000b")", "a", "a\0b"sv},
                     TextCase{"WrongDigitsCutAsNul", R"("a\u00gzb")", "a", "a\0b"sv},
                     TextCase{"AnEscapedQuoteAmongTheDigits", R"("a\u12\"b")", "a", "a\0b"sv}),
-    caseName<testing::TestParamInfo<TextCase>>);
+    caseName);
 
 TEST(JsonDocument, OtherKindsHaveNoText) {
     for (const char* json : {"1", "true", "null", "[\"a\"]", "{\"a\":1}"})
@@ -183,8 +180,6 @@ struct NumberCase {
 };
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr int kIntMax = std::numeric_limits<int>::max();
-constexpr int kIntMin = std::numeric_limits<int>::min();
 
 class Number : public testing::TestWithParam<NumberCase> {};
 
@@ -208,7 +203,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{"TheSmallest", "4.9e-324", std::numeric_limits<double>::denorm_min(), 0},
                     NumberCase{"TrueCountsOne", "true", 0, 1}, NumberCase{"FalseCountsZero", "false", 0, 0},
                     NumberCase{"ATextIsNoNumber", "\"15\"", 0, 0}, NumberCase{"AListIsNoNumber", "[15]", 0, 0}),
-    caseName<testing::TestParamInfo<NumberCase>>);
+    caseName);
 
 // ---- Text after the value -------------------------------------------------------------------------------------------
 
@@ -231,7 +226,7 @@ INSTANTIATE_TEST_SUITE_P(JsonDocument, TextBehindTheValue,
                                          BehindCase{"AComment", "[1] // end", 4}, BehindCase{"AtOnce", "{}}", 2},
                                          BehindCase{"BehindALineEnd", "[]\n[]", 3},
                                          BehindCase{"ARestOfANumber", "1.2.3", 3}),
-                         caseName<testing::TestParamInfo<BehindCase>>);
+                         caseName);
 
 // ---- Ways and lookups -----------------------------------------------------------------------------------------------
 
@@ -279,7 +274,7 @@ INSTANTIATE_TEST_SUITE_P(JsonDocument, FirstMemberIgnoringCase,
                                          LookupCase{"MembersOfMembersDoNotCount", R"({"b":{"a":1}})", "a",
                                                     std::nullopt},
                                          LookupCase{"ScalarsHaveNoMembers", "1", "", std::nullopt}),
-                         caseName<testing::TestParamInfo<LookupCase>>);
+                         caseName);
 
 }  // namespace
 }  // namespace customstyle_test

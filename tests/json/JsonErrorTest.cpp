@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/CaseName.h"
 #include "tools/json/JsonDocument.h"
 #include "tools/json/JsonError.h"
 
@@ -30,10 +31,6 @@ TEST_P(Refusal, TellsPlaceAndReason) {
     ASSERT_TRUE(std::holds_alternative<JsonError>(result));
     EXPECT_EQ(std::get<JsonError>(result).reason(), GetParam().reason);
     EXPECT_EQ(std::get<JsonError>(result).offset, place);
-}
-
-std::string caseName(const testing::TestParamInfo<ErrorCase>& info) {
-    return info.param.name;
 }
 
 constexpr auto kNoValue = "the text holds no JSON value"sv;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/CaseName.h"
 #include "tools/json/LineIndex.h"
 
 namespace customstyle_test {
@@ -20,10 +21,6 @@ struct PositionCase {
     std::size_t offset;
     LinePosition position;
 };
-
-std::string caseName(const testing::TestParamInfo<PositionCase>& info) {
-    return info.param.name;
-}
 
 class Position : public testing::TestWithParam<PositionCase> {};
 

@@ -3,12 +3,14 @@
 #include <string>
 #include <variant>
 
+#include "tests/support/CaseName.h"
 #include "tools/layout/Columns.h"
 #include "tools/layout/Layout.h"
 
 namespace {
 
 using namespace customstyle_tool;
+using customstyle_test::caseName;
 
 std::string laidOutText(std::string_view text) {
     return laidOut(std::get<JsonDocument>(parseJson(text)));
@@ -21,10 +23,6 @@ struct Case {
 };
 
 class LayoutOf : public testing::TestWithParam<Case> {};
-
-std::string caseName(const testing::TestParamInfo<Case>& info) {
-    return info.param.name;
-}
 
 TEST_P(LayoutOf, IsAsAPersonWouldWriteIt) {
     EXPECT_EQ(laidOutText(GetParam().text), GetParam().laidOut);

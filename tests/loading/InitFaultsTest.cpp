@@ -20,9 +20,6 @@ namespace {
 
 using testing::ElementsAre;
 
-// The records of the test mapping: two for each of the types 0 to 71.
-constexpr int kRecords = 144;
-
 class InitWithFaults : public testing::Test {
 protected:
     TemporaryDirectory m_directory;
@@ -49,11 +46,11 @@ TEST_F(InitWithFaults, WithoutMemoryForTheStyleFileItIsRefusedAndTheMappingStays
     const std::string style = m_directory.write("style.json", "[]");
     const int filesBefore = openFiles();
     const MemoryAccounts accounts;
-    const FaultyMemory memory(1 + kRecords);
+    const FaultyMemory memory(1 + kTestRecords);
     EXPECT_EQ(m_config.Init(m_directory.prefix().c_str(), style.c_str()), 0);
     EXPECT_THAT(m_log.take(), ElementsAre("ZRX Custom Map: custom config file parse failed"));
     EXPECT_EQ(m_config.m_typeStyleMaps[71].GetCount(), 2);
-    EXPECT_EQ(accounts.blocks(), kRecords);
+    EXPECT_EQ(accounts.blocks(), kTestRecords);
     EXPECT_EQ(openFiles(), filesBefore);
 }
 
@@ -67,7 +64,7 @@ TEST_F(InitWithFaults, AnyOneAllocationMayFailAndNothingIsLost) {
         const FaultyMemory memory(successes);
         CustomConfig().Init(m_directory.prefix().c_str(), style.c_str());
         reached = memory.hasFailed();
-        EXPECT_EQ(m_log.take().size(), successes == 0 || successes == 1 + kRecords ? 1U : 0U) << successes;
+        EXPECT_EQ(m_log.take().size(), successes == 0 || successes == 1 + kTestRecords ? 1U : 0U) << successes;
         ASSERT_LT(successes, 200U);
     }
     EXPECT_EQ(accounts.blocks(), 0);

@@ -16,9 +16,6 @@ namespace {
 using namespace std::string_literals;
 using testing::ElementsAre;
 
-// The records of the test mapping: two for each of the types 0 to 71.
-constexpr int kRecords = 144;
-
 int recordsIn(const CustomConfig& config) {
     int records = 0;
     for (const auto& typeRecords : config.m_typeStyleMaps) records += typeRecords.GetCount();
@@ -49,7 +46,7 @@ constexpr char kStyleNotJson[] = "custom config file parse failed, format error"
 const std::string kUpToGrid = kGood.substr(0, kGood.rfind(",\n")) + "}";
 
 const FilesCase kFiles[] = {
-    {"Good", kGood, "[]", 1, "", kRecords, 0, 0},
+    {"Good", kGood, "[]", 1, "", kTestRecords, 0, 0},
     {"NoFiles", kNone, kNone, 0, kMappingMissing, 0, 0, 0},
     {"NoMapping", kNone, "[]", 0, kMappingMissing, 0, 0, 0},
     {"MappingIsNotJson", "not JSON", "[]", 0, kMappingNotJson, 0, 1, 8},
@@ -59,31 +56,31 @@ const FilesCase kFiles[] = {
     {"MappingIsAnEmptyObject", "{}", "[]", 0, kMappingRefused, 0, 0, 0},
     {"MappingIsAnArray", "[]", "[]", 0, kMappingRefused, 0, 0, 0},
     {"MappingIsANumber", "5", "[]", 0, kMappingRefused, 0, 0, 0},
-    {"MappingLacksTheGrid", kUpToGrid, "[]", 0, kMappingRefused, kRecords - 2, 0, 0},
+    {"MappingLacksTheGrid", kUpToGrid, "[]", 0, kMappingRefused, kTestRecords - 2, 0, 0},
     {"MappingHasATypeThatIsNoArray", R"({"land":[1],"green":5})", "[]", 0, kMappingRefused, 1, 0, 0},
     {"BothAreWrong", "not JSON", "not JSON", 0, kMappingNotJson, 0, 1, 8},
-    {"NoStyle", kGood, kNone, 0, kStyleMissing, kRecords, 0, 0},
-    {"StyleIsNotJson", kGood, "not JSON", 0, kStyleNotJson, kRecords, 1, 8},
-    {"StyleIsCut", kGood, R"([{"featureType": "la)", 0, kStyleNotJson, kRecords, 1, 20},
-    {"StyleIsEmpty", kGood, "", 0, kStyleNotJson, kRecords, 1, 0},
-    {"StyleHasHalfAByteOrderMark", kGood, "\xEF\xBB", 0, kStyleNotJson, kRecords, 1, 2},
-    {"StyleIsAllNul", kGood, "\0\0\0"s, 0, kStyleNotJson, kRecords, 1, 3},
-    {"StyleBeginsWithNul", kGood, "\0[]"s, 0, kStyleNotJson, kRecords, 1, 3},
-    {"StyleHasNulInItsArray", kGood, "[\0]"s, 0, kStyleNotJson, kRecords, 1, 3},
-    {"StyleHasNulInAText", kGood, "[\"a\0b\"]"s, 0, kStyleNotJson, kRecords, 1, 7},
-    {"StyleHasAByteOrderMark", kGood, "\xEF\xBB\xBF[]", 1, "", kRecords, 0, 0},
-    {"StyleIsFollowedByText", kGood, "[] and more", 1, "", kRecords, 0, 0},
-    {"StyleIsFollowedByNuls", kGood, "[]\0\0"s, 1, "", kRecords, 0, 0},
-    {"StyleIsFollowedByNulAndText", kGood, "[]\0 x"s, 1, "", kRecords, 0, 0},
-    {"MappingIsFollowedByText", kGood + "]", "[]", 1, "", kRecords, 0, 0},
-    {"MappingHasAByteOrderMark", "\xEF\xBB\xBF" + kGood, "[]", 1, "", kRecords, 0, 0},
-    {"StyleIsAnObject", kGood, "{}", 1, "", kRecords, 0, 0},
-    {"StyleIsAText", kGood, R"("")", 1, "", kRecords, 0, 0},
-    {"StyleIsANumber", kGood, "0", 1, "", kRecords, 0, 0},
-    {"StyleIsALongNumber", kGood, "1234567890", 1, "", kRecords, 0, 0},
-    {"StyleIsTrue", kGood, "true", 1, "", kRecords, 0, 0},
-    {"StyleIsNull", kGood, "null", 1, "", kRecords, 0, 0},
-    {"RulesAreRefused", kGood, "[{}]", 1, R"(warning, "featureType" is  illegal or absent)", kRecords, 0, 0},
+    {"NoStyle", kGood, kNone, 0, kStyleMissing, kTestRecords, 0, 0},
+    {"StyleIsNotJson", kGood, "not JSON", 0, kStyleNotJson, kTestRecords, 1, 8},
+    {"StyleIsCut", kGood, R"([{"featureType": "la)", 0, kStyleNotJson, kTestRecords, 1, 20},
+    {"StyleIsEmpty", kGood, "", 0, kStyleNotJson, kTestRecords, 1, 0},
+    {"StyleHasHalfAByteOrderMark", kGood, "\xEF\xBB", 0, kStyleNotJson, kTestRecords, 1, 2},
+    {"StyleIsAllNul", kGood, "\0\0\0"s, 0, kStyleNotJson, kTestRecords, 1, 3},
+    {"StyleBeginsWithNul", kGood, "\0[]"s, 0, kStyleNotJson, kTestRecords, 1, 3},
+    {"StyleHasNulInItsArray", kGood, "[\0]"s, 0, kStyleNotJson, kTestRecords, 1, 3},
+    {"StyleHasNulInAText", kGood, "[\"a\0b\"]"s, 0, kStyleNotJson, kTestRecords, 1, 7},
+    {"StyleHasAByteOrderMark", kGood, "\xEF\xBB\xBF[]", 1, "", kTestRecords, 0, 0},
+    {"StyleIsFollowedByText", kGood, "[] and more", 1, "", kTestRecords, 0, 0},
+    {"StyleIsFollowedByNuls", kGood, "[]\0\0"s, 1, "", kTestRecords, 0, 0},
+    {"StyleIsFollowedByNulAndText", kGood, "[]\0 x"s, 1, "", kTestRecords, 0, 0},
+    {"MappingIsFollowedByText", kGood + "]", "[]", 1, "", kTestRecords, 0, 0},
+    {"MappingHasAByteOrderMark", "\xEF\xBB\xBF" + kGood, "[]", 1, "", kTestRecords, 0, 0},
+    {"StyleIsAnObject", kGood, "{}", 1, "", kTestRecords, 0, 0},
+    {"StyleIsAText", kGood, R"("")", 1, "", kTestRecords, 0, 0},
+    {"StyleIsANumber", kGood, "0", 1, "", kTestRecords, 0, 0},
+    {"StyleIsALongNumber", kGood, "1234567890", 1, "", kTestRecords, 0, 0},
+    {"StyleIsTrue", kGood, "true", 1, "", kTestRecords, 0, 0},
+    {"StyleIsNull", kGood, "null", 1, "", kTestRecords, 0, 0},
+    {"RulesAreRefused", kGood, "[{}]", 1, R"(warning, "featureType" is  illegal or absent)", kTestRecords, 0, 0},
 };
 
 class Files : public testing::TestWithParam<FilesCase> {
@@ -154,7 +151,7 @@ TEST_F(Init, ADirectoryWithoutSeparatorIsAPrefixOfTheFileName) {
     m_directory.write("bCustomIndex", testMapping());
     const std::string style = m_directory.write("style.json", "[]");
     EXPECT_EQ(load(m_directory.prefix() + "b", style), 1);
-    EXPECT_EQ(recordsIn(m_config), kRecords);
+    EXPECT_EQ(recordsIn(m_config), kTestRecords);
 }
 
 TEST_F(Init, ADirectoryWithoutSeparatorDoesNotFindTheFileInside) {
@@ -222,7 +219,7 @@ TEST_F(Init, ASecondCallAddsRules) {
     EXPECT_EQ(firstRecordAt(m_config, "13").m_fillColor, 0xff332211U);
     EXPECT_EQ(firstRecordAt(m_config, "13").m_borderColor, 0xff665544U);
     EXPECT_EQ(m_config.m_usedLevelSlots, 2);
-    EXPECT_EQ(recordsIn(m_config), kRecords);
+    EXPECT_EQ(recordsIn(m_config), kTestRecords);
 }
 
 TEST_F(Init, ASecondCallDoesNotFreeTheRecordsThatItReplaces) {
@@ -234,8 +231,9 @@ TEST_F(Init, ASecondCallDoesNotFreeTheRecordsThatItReplaces) {
         EXPECT_EQ(config.Init(m_directory.prefix().c_str(), style.c_str()), 1);
         EXPECT_EQ(config.Init(m_directory.prefix().c_str(), style.c_str()), 1);
     }
-    EXPECT_EQ(accounts.blocks(), kRecords);
-    EXPECT_EQ(accounts.bytes(), kRecords * static_cast<std::ptrdiff_t>(sizeof(std::uint64_t) + sizeof(tagCustomStyle)));
+    EXPECT_EQ(accounts.blocks(), kTestRecords);
+    EXPECT_EQ(accounts.bytes(),
+              kTestRecords * static_cast<std::ptrdiff_t>(sizeof(std::uint64_t) + sizeof(tagCustomStyle)));
 }
 
 TEST_F(Init, WorksWhateverTheSwitchSays) {

@@ -12,12 +12,6 @@ namespace {
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-std::vector<std::string> keysOf(const CustomConfig& config) {
-    std::vector<std::string> keys;
-    for (const auto& [key, slot] : config.m_keyStyleMaps) keys.push_back(key);
-    return keys;
-}
-
 // ---- Order ----------------------------------------------------------------------------------------------------------
 
 constexpr char kColorLine[] = R"(ZRX Custom Map: warning, "elementType" is invalid.)";
@@ -75,7 +69,7 @@ TEST(Stylers, ThatAreNotTextsAreLeftOut) {
 // ---- Members --------------------------------------------------------------------------------------------------------
 
 /// A store to which one rule, given as JSON text, has been applied.
-std::unique_ptr<CustomConfig> styledWith(const std::string& rule) {
+std::unique_ptr<CustomConfig> styledWithRule(const std::string& rule) {
     std::unique_ptr<CustomConfig> config = loadedWith({});
     config->ParseCustomConfig(parsed("[" + rule + "]").get());
     return config;
@@ -83,7 +77,7 @@ std::unique_ptr<CustomConfig> styledWith(const std::string& rule) {
 
 TEST(Members, MayStandInAnyOrderAmongOthers) {
     const LogCapture silent;
-    const auto config = styledWith(
+    const auto config = styledWithRule(
         R"({"x":1,"stylers":{"y":2,"color":"#112233"},"level":"10","elementType":"fill","featureType":"land"})");
     EXPECT_THAT(keysOf(*config), ElementsAre("0"));
 }
@@ -91,8 +85,8 @@ TEST(Members, MayStandInAnyOrderAmongOthers) {
 TEST(Members, ThatStandTwiceCountOnce) {
     const LogCapture silent;
     const auto config =
-        styledWith(R"({"featureType":"land","featureType":"water","elementType":"geometry","elementType":"icon",)"
-                   R"("stylers":{"color":"#112233","color":"#445566"},"stylers":5})");
+        styledWithRule(R"({"featureType":"land","featureType":"water","elementType":"geometry","elementType":"icon",)"
+                       R"("stylers":{"color":"#112233","color":"#445566"},"stylers":5})");
     EXPECT_THAT(keysOf(*config), ElementsAre("0"));
     EXPECT_EQ(firstRecordAt(*config, "0").m_fillColor, 0xff332211U);
 }
@@ -100,14 +94,14 @@ TEST(Members, ThatStandTwiceCountOnce) {
 TEST(Members, AreFoundInOtherLetterCase) {
     const LogCapture silent;
     const auto config =
-        styledWith(R"({"FEATURETYPE":"land","ElementType":"geometry","Stylers":{"color":"#112233","Level":"10"}})");
+        styledWithRule(R"({"FEATURETYPE":"land","ElementType":"geometry","Stylers":{"color":"#112233","Level":"10"}})");
     EXPECT_THAT(keysOf(*config), ElementsAre("0:10"));
 }
 
 TEST(Members, AStylerInOtherLetterCaseIsLeftOutBesideGoodOnes) {
     const LogCapture silent;
     const auto config =
-        styledWith(R"({"featureType":"land","elementType":"geometry","stylers":{"Color":"#112233","weight":"3"}})");
+        styledWithRule(R"({"featureType":"land","elementType":"geometry","stylers":{"Color":"#112233","weight":"3"}})");
     EXPECT_EQ(firstRecordAt(*config, "0").m_fillColorSet, 0);
     EXPECT_EQ(firstRecordAt(*config, "0").m_fillWeight, 3);
 }

@@ -24,12 +24,6 @@ std::unique_ptr<CustomConfig> styledWith(const std::string& json) {
     return config;
 }
 
-std::vector<std::string> keysOf(const CustomConfig& config) {
-    std::vector<std::string> keys;
-    for (const auto& [key, slot] : config.m_keyStyleMaps) keys.push_back(key);
-    return keys;
-}
-
 // ---- Refused rules --------------------------------------------------------------------------------------------------
 
 struct RefusedCase {

@@ -4,17 +4,13 @@
 #include <cstdint>
 
 #include "customstyle/CustomConfig.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/StyleBuilder.h"
 
 namespace customstyle_test {
 namespace {
 
 using _orvik_framework::CustomConfig;
-
-template <typename Case>
-std::string caseName(const testing::TestParamInfo<Case>& each) {
-    return each.param.name;
-}
 
 // ---- "level" --------------------------------------------------------------------------------------------------------
 
@@ -76,7 +72,7 @@ TEST_P(Level, IsReadAndClamped) {
     EXPECT_EQ(level, GetParam().level);
 }
 
-INSTANTIATE_TEST_SUITE_P(StylerValues, Level, testing::ValuesIn(kLevels), caseName<LevelCase>);
+INSTANTIATE_TEST_SUITE_P(StylerValues, Level, testing::ValuesIn(kLevels), caseName);
 
 struct NoLevelCase {
     const char* name;
@@ -102,7 +98,7 @@ TEST_P(NoLevel, MeansAllLevels) {
     EXPECT_EQ(level, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(StylerValues, NoLevel, testing::ValuesIn(kNoLevels), caseName<NoLevelCase>);
+INSTANTIATE_TEST_SUITE_P(StylerValues, NoLevel, testing::ValuesIn(kNoLevels), caseName);
 
 // ---- The styler list ------------------------------------------------------------------------------------------------
 
@@ -136,7 +132,7 @@ TEST_P(StylerList, NamesTheStylersThatAreTexts) {
     EXPECT_EQ(config.ParseCustomStyler(parsed(GetParam().stylers).get()).ToUtf8(), GetParam().list);
 }
 
-INSTANTIATE_TEST_SUITE_P(StylerValues, StylerList, testing::ValuesIn(kLists), caseName<ListCase>);
+INSTANTIATE_TEST_SUITE_P(StylerValues, StylerList, testing::ValuesIn(kLists), caseName);
 
 // ---- Colours --------------------------------------------------------------------------------------------------------
 
@@ -202,7 +198,7 @@ TEST_P(ColorValue, IsPacked) {
     EXPECT_EQ(static_cast<std::uint32_t>(packed), GetParam().packed);
 }
 
-INSTANTIATE_TEST_SUITE_P(StylerValues, ColorValue, testing::ValuesIn(kColors), caseName<ColorCase>);
+INSTANTIATE_TEST_SUITE_P(StylerValues, ColorValue, testing::ValuesIn(kColors), caseName);
 
 TEST(StylerValues, AnOpaqueColourIsANegativeInt) {
     EXPECT_EQ(CustomConfig().CalculateColorValue("#ff0000", 13), -16776961);
@@ -252,7 +248,7 @@ TEST_P(WeightValue, IsReadFromTheLastDigitOn) {
     EXPECT_EQ(CustomConfig().CalculateWeightValue(GetParam().text.c_str()), GetParam().weight);
 }
 
-INSTANTIATE_TEST_SUITE_P(StylerValues, WeightValue, testing::ValuesIn(kWeights), caseName<WeightCase>);
+INSTANTIATE_TEST_SUITE_P(StylerValues, WeightValue, testing::ValuesIn(kWeights), caseName);
 
 // ---- Digits ---------------------------------------------------------------------------------------------------------
 
@@ -292,7 +288,7 @@ TEST_P(AllDigits, AreAsciiAndAtLeastOne) {
     EXPECT_EQ(CustomConfig().IsValueAllDigit(GetParam().text), GetParam().allDigits);
 }
 
-INSTANTIATE_TEST_SUITE_P(StylerValues, AllDigits, testing::ValuesIn(kDigits), caseName<DigitsCase>);
+INSTANTIATE_TEST_SUITE_P(StylerValues, AllDigits, testing::ValuesIn(kDigits), caseName);
 
 }  // namespace
 }  // namespace customstyle_test

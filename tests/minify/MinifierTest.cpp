@@ -3,6 +3,7 @@
 #include <string>
 #include <variant>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/StyleBuilder.h"
 #include "tests/support/TestStore.h"
@@ -12,6 +13,7 @@
 namespace {
 
 using namespace customstyle_tool;
+using customstyle_test::caseName;
 using customstyle_test::rule;
 using customstyle_test::styleOf;
 using customstyle_test::testMapping;
@@ -28,10 +30,6 @@ struct Case {
 };
 
 class MinifiedStyle : public testing::TestWithParam<Case> {};
-
-std::string caseName(const testing::TestParamInfo<Case>& info) {
-    return info.param.name;
-}
 
 TEST_P(MinifiedStyle, IsTheShortestWithTheSameEffect) {
     const Minified result = minifiedText(GetParam().style);

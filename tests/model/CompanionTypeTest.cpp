@@ -9,7 +9,6 @@
 namespace customstyle_test {
 namespace {
 
-constexpr int kHighway = 13;
 constexpr int kRailway = 24;
 
 class CompanionType : public testing::Test {

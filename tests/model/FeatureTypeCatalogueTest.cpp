@@ -1,18 +1,16 @@
 // The feature types: their ids and names.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 
+#include "tests/support/CaseName.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
 
 using namespace _orvik_framework;
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kIntMax = std::numeric_limits<int>::max();
 
 struct CatalogueRow {
     int id;
@@ -96,10 +94,6 @@ constexpr CatalogueRow kRows[] = {
     {72, EMAPCUSTOMSTYLE_ALL, "all"},
 };
 
-std::string rowName(const testing::TestParamInfo<CatalogueRow>& info) {
-    return info.param.name;
-}
-
 class FeatureType : public testing::TestWithParam<CatalogueRow> {
 protected:
     CustomConfig m_config;
@@ -119,7 +113,7 @@ TEST_P(FeatureType, StandsInBothTables) {
     EXPECT_EQ(m_config.m_featureTypeNames.at(GetParam().id), GetParam().name);
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogue, FeatureType, testing::ValuesIn(kRows), rowName);
+INSTANTIATE_TEST_SUITE_P(Catalogue, FeatureType, testing::ValuesIn(kRows), caseName);
 
 class FeatureTypes : public testing::Test {
 protected:

@@ -9,7 +9,9 @@
 
 #include "customstyle/StoredRecords.h"
 #include "tests/model/BaseRecords.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/FaultyMemory.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 #include "vi/vos/VMem.h"
 
@@ -18,9 +20,6 @@ namespace {
 
 using _orvik_framework::StoredRecord;
 using _orvik_framework::StoredRecords;
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kHighway = 13;
 
 class KeyRegistration : public testing::Test {
 protected:
@@ -41,10 +40,6 @@ struct KeyCase {
     int level;
     const char* key;
 };
-
-std::string caseName(const testing::TestParamInfo<KeyCase>& info) {
-    return info.param.name;
-}
 
 class StyleKeyText : public testing::TestWithParam<KeyCase> {};
 

@@ -11,7 +11,6 @@
 namespace customstyle_test {
 namespace {
 
-constexpr int kHighway = 13;
 constexpr int kStyleId = 7;
 
 class RecordWalk : public testing::Test {

@@ -2,19 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <string>
 
 #include "tests/model/BaseRecords.h"
 #include "tests/support/FaultyMemory.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
 namespace {
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kIntMax = std::numeric_limits<int>::max();
-constexpr int kHighway = 13;
 
 void writeAll(CustomConfig& config, int featureType, int allLevels, int level) {
     config.SetTypeColor(featureType, "fill", 0xff0000ff, allLevels, level);

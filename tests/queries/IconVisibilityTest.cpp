@@ -1,17 +1,14 @@
 // Whether the icon of a style id is hidden at a level.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 
 #include "tests/queries/QueryStore.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/LogCapture.h"
 
 namespace customstyle_test {
 namespace {
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kIntMax = std::numeric_limits<int>::max();
 
 class IconVisibility : public testing::Test {
 protected:

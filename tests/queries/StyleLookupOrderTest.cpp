@@ -1,27 +1,21 @@
 // The order in which feature types answer, parents last, and the parents asked directly.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "tests/queries/QueryStore.h"
+#include "tests/support/CaseName.h"
+#include "tests/support/IntLimits.h"
 
 namespace customstyle_test {
 namespace {
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kIntMax = std::numeric_limits<int>::max();
 
 struct OrderCase {
     const char* name;
     std::vector<std::string> keys;  // keys under which style id 7 is customised
     int answer;                     // at level 15
 };
-
-std::string caseName(const testing::TestParamInfo<OrderCase>& info) {
-    return info.param.name;
-}
 
 class FeatureTypeOrder : public testing::TestWithParam<OrderCase> {};
 

@@ -1,18 +1,15 @@
 // The customised style of a style id at a level: which feature type answers, and with which record.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "tests/queries/QueryStore.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/LogCapture.h"
 
 namespace customstyle_test {
 namespace {
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kIntMax = std::numeric_limits<int>::max();
 
 class StyleLookup : public testing::Test {
 protected:

@@ -3,12 +3,14 @@
 
 #include <string>
 
+#include "tests/support/CaseName.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/Probe.h"
 
 namespace {
 
 using namespace customstyle_tool;
+using customstyle_test::caseName;
 
 struct StylerValue {
     const char* name;
@@ -24,10 +26,6 @@ struct Case {
 };
 
 class RuleThat : public testing::TestWithParam<Case> {};
-
-std::string caseName(const testing::TestParamInfo<Case>& info) {
-    return info.param.name;
-}
 
 TEST_P(RuleThat, WorksOrNot) {
     const auto& [name, type, element, styler, works] = GetParam();

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "tests/model/BaseRecords.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 #include "tools/study/StoreImage.h"
 
@@ -16,10 +17,6 @@ struct ChangeCase {
     const char* name;
     std::function<void(CustomConfig&)> change;
 };
-
-std::string caseName(const testing::TestParamInfo<ChangeCase>& info) {
-    return info.param.name;
-}
 
 const ChangeCase kChanges[] = {
     {"AField", [](CustomConfig& config) { ++firstRecordAt(config, "13").m_fillColor; }},

@@ -2,12 +2,12 @@
 // random stores that files alone could not produce.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <random>
 
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
 #include "tests/stylesnapshot/SameAnswers.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -17,9 +17,6 @@ namespace {
 using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
-
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
 
 /// Writes into a store at random, partly past the loader: odd levels and types, ids shared between types and from 2^31
 /// on, keys without a record, slots taken away, records changed by hand.
@@ -45,10 +42,10 @@ private:
         return chance(10) ? pick(-2, 75) : std::vector{0, 1, 4, 9, 13, 28, 45, 53, 71, 72}[std::size_t(pick(0, 9))];
     }
     int pickLevel() {
-        return chance(8) ? std::vector{kLowest, -1, 0, 3, 22, 31, 32, 100, kHighest}[std::size_t(pick(0, 8))]
+        return chance(8) ? std::vector{kIntMin, -1, 0, 3, 22, 31, 32, 100, kIntMax}[std::size_t(pick(0, 8))]
                          : pick(4, 21);
     }
-    int pickStyleId() { return chance(8) ? pick(kLowest, kHighest) : pick(-3, 40); }
+    int pickStyleId() { return chance(8) ? pick(kIntMin, kIntMax) : pick(-3, 40); }
     std::string pickElement() {
         static const std::vector<std::string> kElements = {"all",    "labels",     "geometry", "fill",
                                                            "stroke", "topsurface", "icon",     "none"};

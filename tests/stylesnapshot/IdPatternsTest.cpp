@@ -1,13 +1,13 @@
 // However a map numbers its styles, a snapshot answers like its store.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <random>
 #include <vector>
 
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
 #include "tests/stylesnapshot/SameAnswers.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -18,8 +18,6 @@ using _orvik_framework::StoredRecords;
 using _orvik_framework::StyleSnapshot;
 using Ids = std::vector<int>;
 
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
 constexpr int kTypes = 72;
 constexpr std::size_t kMostIdsAsked = 200;
 
@@ -86,7 +84,7 @@ std::set<unsigned> someIdsOf(const CustomConfig& config) {
 void expectSameAnswersAboutSome(const CustomConfig& config) {
     const StyleSnapshot snapshot(config);
     const QueriesEnabled enabled;
-    expectSameAnswers(config, snapshot, someIdsOf(config), {7, 12, 21, 100, kLowest, kHighest});
+    expectSameAnswers(config, snapshot, someIdsOf(config), {7, 12, 21, 100, kIntMin, kIntMax});
 }
 
 struct PatternCase {
@@ -100,7 +98,7 @@ void PrintTo(const PatternCase& each, std::ostream* stream) {
 
 Ids clustersWithOutliers() {
     Ids ids = idsFrom(1000, 300);
-    for (const int id : {-1, 0, kLowest, kHighest, 70000}) ids.push_back(id);
+    for (const int id : {-1, 0, kIntMin, kIntMax, 70000}) ids.push_back(id);
     for (const int id : idsFrom(41001, 90)) ids.push_back(id);
     return ids;
 }
@@ -127,7 +125,7 @@ TEST_P(SnapshotWithIds, AnswersLikeAStoreWithoutRules) {
 INSTANTIATE_TEST_SUITE_P(
     Patterns, SnapshotWithIds,
     testing::Values(PatternCase{"NoId", {}}, PatternCase{"OneId", {4711}}, PatternCase{"Zero", {0}},
-                    PatternCase{"Extremes", {kLowest, kLowest + 1, -1, 0, 1, kHighest - 1, kHighest}},
+                    PatternCase{"Extremes", {kIntMin, kIntMin + 1, -1, 0, 1, kIntMax - 1, kIntMax}},
                     PatternCase{"Negative", idsFrom(-400, 400)}, PatternCase{"AroundZero", idsFrom(-150, 300)},
                     PatternCase{"Dense", idsFrom(1, 2000)}, PatternCase{"Descending", idsFrom(2000, 1000, -1)},
                     PatternCase{"EverySeventeenth", idsFrom(0, 600, 17)},

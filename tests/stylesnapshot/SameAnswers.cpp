@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "customstyle/StoredRecords.h"
+#include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -17,11 +16,8 @@ using _orvik_framework::StyleSnapshot;
 
 namespace {
 
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
-
 std::set<int> levelsToAsk() {
-    std::set<int> levels = {kLowest, kLowest + 1, -2, -1, 99, 100, 101, kHighest - 1, kHighest};
+    std::set<int> levels = {kIntMin, kIntMin + 1, -2, -1, 99, 100, 101, kIntMax - 1, kIntMax};
     for (int level = 0; level <= 40; ++level) levels.insert(level);
     return levels;
 }

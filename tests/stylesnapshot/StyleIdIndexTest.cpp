@@ -15,35 +15,35 @@ namespace {
 using _orvik_framework::PerfectIdIndex;
 using _orvik_framework::StyleIdIndex;
 using Entries = std::vector<StyleIdIndex::Entry>;
-using Ids = std::vector<std::uint32_t>;
+using IdNumbers = std::vector<std::uint32_t>;
 
-constexpr std::uint32_t kHighest = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t kHighestId = std::numeric_limits<std::uint32_t>::max();
 constexpr std::size_t kBytesOfAPage = 12;
 
-Ids idsFrom(std::uint32_t first, std::size_t count, std::uint32_t stride = 1) {
-    Ids ids;
+IdNumbers idNumbersFrom(std::uint32_t first, std::size_t count, std::uint32_t stride = 1) {
+    IdNumbers ids;
     for (std::size_t i = 0; i < count; ++i) ids.push_back(first + static_cast<std::uint32_t>(i) * stride);
     return ids;
 }
 
-Ids joined(std::initializer_list<Ids> parts) {
-    Ids all;
-    for (const Ids& part : parts) all.insert(all.end(), part.begin(), part.end());
+IdNumbers joined(std::initializer_list<IdNumbers> parts) {
+    IdNumbers all;
+    for (const IdNumbers& part : parts) all.insert(all.end(), part.begin(), part.end());
     return all;
 }
 
-Ids randomIds(std::size_t count, std::uint32_t below) {
+IdNumbers randomIds(std::size_t count, std::uint32_t below) {
     std::mt19937 random(static_cast<unsigned>(count));
     std::map<std::uint32_t, int> ids;
     while (ids.size() < count) ids[std::uniform_int_distribution<std::uint32_t>(0, below - 1)(random)] = 1;
-    Ids all;
+    IdNumbers all;
     for (const auto& [id, unused] : ids) all.push_back(id);
     std::ranges::shuffle(all, random);
     return all;
 }
 
 // Clusters of a few ids each, anywhere.
-Ids randomClusters(std::size_t clusters, unsigned seed) {
+IdNumbers randomClusters(std::size_t clusters, unsigned seed) {
     std::mt19937 random(seed);
     const auto next = [&random] { return static_cast<std::uint32_t>(random()); };
     std::map<std::uint32_t, int> ids;
@@ -51,13 +51,13 @@ Ids randomClusters(std::size_t clusters, unsigned seed) {
         const std::uint32_t first = next() >> next() % 32;
         for (std::uint32_t id = 0, count = next() % 90; id < count; ++id) ids[first + id * (1 + next() % 2)] = 1;
     }
-    Ids all;
+    IdNumbers all;
     for (const auto& [id, unused] : ids) all.push_back(id);
     return all;
 }
 
 // A number for each id, none above `highest` and none 0.
-Entries numbered(const Ids& ids, std::uint32_t highest) {
+Entries numbered(const IdNumbers& ids, std::uint32_t highest) {
     Entries entries;
     for (const std::uint32_t id : ids) {
         entries.push_back({id, 1 + static_cast<std::uint32_t>(entries.size() * 31 % highest)});
@@ -67,7 +67,7 @@ Entries numbered(const Ids& ids, std::uint32_t highest) {
 
 struct IdsCase {
     const char* name;
-    Ids ids;
+    IdNumbers ids;
 };
 
 void PrintTo(const IdsCase& each, std::ostream* stream) {
@@ -78,27 +78,28 @@ const IdsCase kCases[] = {
     {"NoId", {}},
     {"Zero", {0}},
     {"OneId", {4711}},
-    {"TheHighestId", {kHighest}},
-    {"BothEnds", {0, kHighest}},
+    {"TheHighestId", {kHighestId}},
+    {"BothEnds", {0, kHighestId}},
     {"BothSidesOf2To31", {0x7ffffffe, 0x7fffffff, 0x80000000, 0x80000001}},
-    {"NegativeIds", idsFrom(0u - 500, 500)},
-    {"NegativeAndPositiveIds", idsFrom(0u - 200, 400)},
-    {"NeighboursOfTheHighest", idsFrom(kHighest - 99, 100)},
-    {"DenseIds", idsFrom(1, 1000)},
-    {"DenseIdsFarAway", idsFrom(3000000000, 1000)},
-    {"DenseIdsDescending", idsFrom(5000, 1000, kHighest)},
-    {"TwoClustersOnOnePage", joined({idsFrom(1000, 40), idsFrom(1000 + (1u << 20), 60)})},
-    {"ClustersOnEveryMillion", joined({idsFrom(1000000, 50), idsFrom(2000000, 50), idsFrom(3000000, 50)})},
-    {"ClustersWithOutliers", joined({idsFrom(1000, 300), {17, 0x7fffffff, 0x80000000, kHighest}})},
-    {"EverySeventeenth", idsFrom(0, 600, 17)},
-    {"EveryThousandth", idsFrom(5, 600, 1000)},
-    {"OnePerPage", idsFrom(9, 3000, 65536)},
-    {"SameLowerBits", idsFrom(0, 4096, 1u << 20)},
-    {"RandomIds", randomIds(2000, kHighest)},
+    {"NegativeIds", idNumbersFrom(0u - 500, 500)},
+    {"NegativeAndPositiveIds", idNumbersFrom(0u - 200, 400)},
+    {"NeighboursOfTheHighest", idNumbersFrom(kHighestId - 99, 100)},
+    {"DenseIds", idNumbersFrom(1, 1000)},
+    {"DenseIdsFarAway", idNumbersFrom(3000000000, 1000)},
+    {"DenseIdsDescending", idNumbersFrom(5000, 1000, kHighestId)},
+    {"TwoClustersOnOnePage", joined({idNumbersFrom(1000, 40), idNumbersFrom(1000 + (1u << 20), 60)})},
+    {"ClustersOnEveryMillion",
+     joined({idNumbersFrom(1000000, 50), idNumbersFrom(2000000, 50), idNumbersFrom(3000000, 50)})},
+    {"ClustersWithOutliers", joined({idNumbersFrom(1000, 300), {17, 0x7fffffff, 0x80000000, kHighestId}})},
+    {"EverySeventeenth", idNumbersFrom(0, 600, 17)},
+    {"EveryThousandth", idNumbersFrom(5, 600, 1000)},
+    {"OnePerPage", idNumbersFrom(9, 3000, 65536)},
+    {"SameLowerBits", idNumbersFrom(0, 4096, 1u << 20)},
+    {"RandomIds", randomIds(2000, kHighestId)},
     {"RandomIdsBelow10000", randomIds(2000, 10000)},
     {"RandomClusters", randomClusters(40, 1)},
     {"ManyRandomClusters", randomClusters(900, 2)},
-    {"70000DenseIds", idsFrom(0, 70000)},
+    {"70000DenseIds", idNumbersFrom(0, 70000)},
     {"70000RandomIdsBelow200000", randomIds(70000, 200000)},
 };
 
@@ -116,7 +117,7 @@ protected:
             for (const std::uint32_t asked : {id, id - 1, id + 1, id ^ 0x80000000, id + (1u << 20)})
                 expectNumber(asked);
         }
-        for (const std::uint32_t id : {0u, 1u, 0x7fffffffu, 0x80000000u, kHighest}) expectNumber(id);
+        for (const std::uint32_t id : {0u, 1u, 0x7fffffffu, 0x80000000u, kHighestId}) expectNumber(id);
     }
 };
 
@@ -125,7 +126,7 @@ TEST_P(StyleIdIndexOf, FindsEachAndNoOther) {
 }
 
 TEST_P(StyleIdIndexOf, WithNumbersAbove255FindsEachAndNoOther) {
-    for (const std::uint32_t highest : {256u, kHighest}) expectNumbers(numbered(GetParam().ids, highest));
+    for (const std::uint32_t highest : {256u, kHighestId}) expectNumbers(numbered(GetParam().ids, highest));
 }
 
 TEST_P(StyleIdIndexOf, TakesNoMoreMemoryThanAHashTable) {
@@ -136,11 +137,11 @@ TEST_P(StyleIdIndexOf, TakesNoMoreMemoryThanAHashTable) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Ids, StyleIdIndexOf, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(IdNumbers, StyleIdIndexOf, testing::ValuesIn(kCases),
                          [](const auto& each) { return each.param.name; });
 
 TEST(StyleIdIndex, KeepsDenseIdsInAByteEach) {
-    EXPECT_LE(StyleIdIndex(numbered(idsFrom(1000, 50000), 255)).bytes(), 52000u);
+    EXPECT_LE(StyleIdIndex(numbered(idNumbersFrom(1000, 50000), 255)).bytes(), 52000u);
 }
 
 TEST(StyleIdIndex, OfRandomClustersFindsEachAndNoOther) {

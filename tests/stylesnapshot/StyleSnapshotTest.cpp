@@ -9,8 +9,6 @@ namespace {
 
 using _orvik_framework::StyleSnapshot;
 
-constexpr int kHighway = 13;
-
 TEST(StyleSnapshot, OutlivesItsStore) {
     auto config = loadedWith({rule("highway", "geometry.fill").color("#112233")});
     const StyleSnapshot snapshot(*config);

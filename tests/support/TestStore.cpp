@@ -80,6 +80,12 @@ std::unique_ptr<CustomConfig> loadedWith(std::initializer_list<RuleBuilder> rule
     return config;
 }
 
+std::vector<std::string> keysOf(const CustomConfig& config) {
+    std::vector<std::string> keys;
+    for (const auto& [key, slot] : config.m_keyStyleMaps) keys.push_back(key);
+    return keys;
+}
+
 tagCustomStyle* recordAt(const CustomConfig& config, const std::string& key, int styleId) {
     const auto slot = config.m_keyStyleMaps.find(key);
     if (slot == config.m_keyStyleMaps.end() || slot->second == nullptr) return nullptr;

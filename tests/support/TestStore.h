@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "customstyle/CustomConfig.h"
 #include "tests/support/StyleBuilder.h"
@@ -13,6 +14,9 @@ namespace customstyle_test {
 using _orvik_framework::CustomConfig;
 using _orvik_framework::tagCustomStyle;
 
+/// The feature type of most examples.
+inline constexpr int kHighway = 13;
+
 /// The test mapping: type T has the style ids 1000 + 10 T and 1000 + 10 T + 1, and no two types share one.
 constexpr int firstStyleId(int featureType) {
     return 1000 + 10 * featureType;
@@ -21,11 +25,17 @@ constexpr int secondStyleId(int featureType) {
     return firstStyleId(featureType) + 1;
 }
 
+/// The records of the test mapping: two for each of the types 0 to 71.
+inline constexpr int kTestRecords = 144;
+
 /// The test mapping as the text of a mapping file.
 std::string testMapping();
 
 /// A store with the base records of the test mapping, to which the rules have been applied in order.
 std::unique_ptr<CustomConfig> loadedWith(std::initializer_list<RuleBuilder> rules);
+
+/// The keys that hold records ("13", "13:15"), in order.
+std::vector<std::string> keysOf(const CustomConfig& config);
 
 /// The record filed under a key ("13", "13:15") for a style id, or null.
 tagCustomStyle* recordAt(const CustomConfig& config, const std::string& key, int styleId);

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "tests/support/CaseName.h"
 #include "vi/vos/VLog.h"
 
 namespace customstyle_test {
@@ -36,10 +37,6 @@ struct EscapeCase {
     const char* text;
     const char* line;
 };
-
-std::string caseName(const testing::TestParamInfo<EscapeCase>& info) {
-    return info.param.name;
-}
 
 class VLogLine : public testing::TestWithParam<EscapeCase> {};
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/CaseName.h"
 #include "vi/vos/VMap.h"
 
 namespace customstyle_test {
@@ -132,10 +133,6 @@ struct KeyPattern {
     std::uintptr_t first;
     std::uintptr_t step;
 };
-
-std::string caseName(const testing::TestParamInfo<KeyPattern>& info) {
-    return info.param.name;
-}
 
 class VMapKeys : public testing::TestWithParam<KeyPattern> {
 protected:

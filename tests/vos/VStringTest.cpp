@@ -1,18 +1,15 @@
 // CVString as a value: joining, comparing, searching, cutting and formatting.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 
+#include "tests/support/IntLimits.h"
 #include "vi/vos/VString.h"
 
 namespace customstyle_test {
 namespace {
 
 using _orvik_vi::CVString;
-
-constexpr int kIntMin = std::numeric_limits<int>::min();
-constexpr int kIntMax = std::numeric_limits<int>::max();
 
 TEST(VString, IsEmptyAtFirst) {
     const CVString text;

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "tests/support/CaseName.h"
 #include "vi/vos/VString.h"
 
 namespace customstyle_test {
@@ -15,10 +16,6 @@ struct Utf8Case {
     const char* utf8;
     const char16_t* utf16;
 };
-
-std::string caseName(const testing::TestParamInfo<Utf8Case>& info) {
-    return info.param.name;
-}
 
 class WellFormedUtf8 : public testing::TestWithParam<Utf8Case> {};
 
