@@ -24,20 +24,20 @@ constexpr DispatchRow kWeightRows[] = {
 };
 // clang-format on
 
-constexpr SizeFields kWholeGeometry{kFillWeight, kBorderWeight};
-constexpr SizeFields kGeometryStroke{kBorderWeight};
-constexpr SizeFields kGeometryFill{kFillWeight};
+constexpr SizeFields kWeightsOfGeometry{kFillWeight, kBorderWeight};
+constexpr SizeFields kWeightOfStroke{kBorderWeight};
+constexpr SizeFields kWeightOfFill{kFillWeight};
 constexpr ElementFields<SizeField> kGeometryWeights[] = {
-    {u"all", kWholeGeometry},     {u"geometry", kWholeGeometry}, {u"labels", kWholeGeometry},
-    {u"stroke", kGeometryStroke}, {u"fill", kGeometryFill},
+    {u"all", kWeightsOfGeometry}, {u"geometry", kWeightsOfGeometry}, {u"labels", kWeightsOfGeometry},
+    {u"stroke", kWeightOfStroke}, {u"fill", kWeightOfFill},
 };
 
-constexpr SizeFields kWholeText{kTextFillWeight, kTextStrokeWeight};
-constexpr SizeFields kTextStroke{kTextStrokeWeight};
-constexpr SizeFields kTextFill{kTextFillWeight};
+constexpr SizeFields kWeightsOfText{kTextFillWeight, kTextStrokeWeight};
+constexpr SizeFields kWeightOfTextStroke{kTextStrokeWeight};
+constexpr SizeFields kWeightOfTextFill{kTextFillWeight};
 constexpr ElementFields<SizeField> kTextWeights[] = {
-    {u"all", kWholeText},     {u"geometry", kWholeText}, {u"labels", kWholeText},
-    {u"stroke", kTextStroke}, {u"fill", kTextFill},
+    {u"all", kWeightsOfText},         {u"geometry", kWeightsOfText}, {u"labels", kWeightsOfText},
+    {u"stroke", kWeightOfTextStroke}, {u"fill", kWeightOfTextFill},
 };
 
 }  // namespace
