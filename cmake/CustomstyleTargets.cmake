@@ -8,7 +8,13 @@ if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 
-# For programs and libraries alike.
+# Where there is memory for it, g++ does not collect garbage, which takes a tenth of its time: up to 1.5 GB for a file.
+cmake_host_system_information(RESULT memory QUERY TOTAL_PHYSICAL_MEMORY)
+if(PROJECT_IS_TOP_LEVEL AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND memory GREATER 12000)
+  add_compile_options("$<$<CONFIG:Release>:SHELL:--param ggc-min-heapsize=1048576>")
+endif()
+
+# For programs and libraries alike. CUSTOMSTYLE_UNCHECKED are sanitizers that a folder does without.
 function(customstyle_target_settings target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
@@ -20,7 +26,7 @@ function(customstyle_target_settings target)
   endif()
   if(CUSTOMSTYLE_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${CUSTOMSTYLE_SANITIZE} -fno-sanitize-recover=all
-                                             -fno-omit-frame-pointer)
+                                             -fno-omit-frame-pointer ${CUSTOMSTYLE_UNCHECKED})
     # GCC takes members of the standard library for uninitialised when its own checks stand in between.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PUBLIC -fsanitize=${CUSTOMSTYLE_SANITIZE})
