@@ -2,6 +2,7 @@
 """output_schemas.py TOOL ROOT: whether every JSON that the tool prints, and each legend that comes along, meets its schema
 in docs/schemas, and whether the schemas refuse what they should.
 """
+import functools
 import json
 import pathlib
 import subprocess
@@ -60,13 +61,20 @@ def misread(document):
     yield document | {"version": 0}
 
 
-def failures_of(root, name, call, found):
+@functools.cache
+def validator_of(root, name):
     schema = json.loads((root / f"docs/schemas/{name}.schema.json").read_text())
     jsonschema.Draft202012Validator.check_schema(schema)
-    validator = jsonschema.Draft202012Validator(schema)
+    return jsonschema.Draft202012Validator(schema)
+
+
+def failures_of(validator, call, found):
     for document in found:
         yield from [f"{call}: {error.json_path}: {error.message[:200]}" for error in validator.iter_errors(document)][:3]
-    if found and any(validator.is_valid(wrong) for wrong in misread(found[0])):
+
+
+def leniencies(validator, name, document):
+    if any(validator.is_valid(wrong) for wrong in misread(document)):
         yield f"{name}: the schema takes anything"
 
 
@@ -74,10 +82,15 @@ def main(tool, root):
     root = pathlib.Path(root)
     failures = []
     count = 0
+    refused = set()
     with tempfile.TemporaryDirectory() as scratch:
         for name, call, found in (*outputs(tool, root, pathlib.Path(scratch)), *legends(root)):
             count += len(found)
-            failures += failures_of(root, name, call, found)
+            validator = validator_of(root, name)
+            failures += failures_of(validator, call, found)
+            if found and name not in refused:
+                refused.add(name)
+                failures += leniencies(validator, name, found[0])
     print(f"{count} documents, {len(failures)} failures")
     print("\n".join(failures[:30]))
     return 1 if failures or count < 50 else 0
