@@ -1,9 +1,10 @@
 // What changes on the map between two styles, in pictures: node compare.mjs FOLDER BEFORE AFTER [VIEW...]
 // Writes before, after and difference of each view; exits with 1 where a picture differs.
+import {spawnSync} from 'node:child_process';
 import {mkdirSync, readFileSync, writeFileSync} from 'node:fs';
 import {basename, join} from 'node:path';
 import {compressed, kLargest, views} from './shots.mjs';
-import {openStudio, startBrowser, whenDrawn} from './test/browser.mjs';
+import {openStudio, startBrowser, tool, whenDrawn} from './test/browser.mjs';
 
 const [folder, before, after, ...wanted] = process.argv.slice(2);
 const names = wanted.length > 0 ? wanted : Object.keys(views);
@@ -14,13 +15,14 @@ if (!after || unknown) {
   process.exit(2);
 }
 
+// The command says what is wrong with a style sooner than a browser has started.
 function textOf(path) {
-  try {
-    return readFileSync(path, 'utf8');
-  } catch (error) {
-    console.error(`${path}: cannot be read: ${error.message}`);
+  const {status, stderr} = spawnSync(tool, ['dump', path], {encoding: 'utf8', stdio: ['ignore', 'ignore', 'pipe']});
+  if (status !== 0) {
+    console.error(stderr.trim() || `${tool}: cannot be run`);
     process.exit(2);
   }
+  return readFileSync(path, 'utf8');
 }
 const styles = {before: {name: basename(before), text: textOf(before)}, after: {name: basename(after), text: textOf(after)}};
 
