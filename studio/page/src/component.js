@@ -68,7 +68,7 @@ export class ComponentClient {
     if (++this.restarts > kMostRestarts) this.lost = `the component does not start: ${why}; reload the page`;
     for (const {reject, timer} of this.waiting.values()) {
       clearTimeout(timer);
-      reject(new Error(this.lost ?? `the component was restarted: ${why}`));
+      reject(new Error(this.lost ?? `the component was restarted: ${why}`, {cause: why}));
     }
     this.waiting.clear();
     if (this.lost) return;

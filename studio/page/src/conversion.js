@@ -12,7 +12,7 @@ async function converted(request) {
   try {
     return await client.ask(request);
   } catch (error) {
-    return {error: `This cannot be converted here: ${error.message}. The command customstyle ${request.method} has no such limits.`};
+    return {error: `This cannot be converted here: ${error.cause ?? error.message}. Try again, or use the command customstyle ${request.method}.`};
   } finally {
     client.end();
   }
