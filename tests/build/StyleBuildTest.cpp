@@ -49,7 +49,7 @@ std::string_view nameOf(const SourceFile& style, JsonValue value) {
     return style.text().substr(value.nameRange().begin, value.nameRange().size());
 }
 
-// Each value of a style is written in the base as it stands in the style, and so is each name.
+// The base has each value and each name as the style has it.
 void expectToLeadBack(const SourceFile& style, JsonValue parent) {
     for (const JsonValue value : parent.children()) {
         const bool holdsOthers = value.kind() == JsonKind::Array || value.kind() == JsonKind::Object;

@@ -18,7 +18,7 @@ customstyle_tool::CheckedFile checkedStyle(std::string_view text, std::string_vi
 /// Checks a mapping text, with what is shown on request.
 customstyle_tool::CheckedFile checkedMapping(std::string_view text);
 
-/// "code: the text at its place", in the order of the findings.
+/// "code: the text at its position", in the order of the findings.
 std::vector<std::string> codesWithPlaces(const customstyle_tool::CheckedFile& checked);
 
 /// Those of one code: "message".

@@ -1,4 +1,4 @@
-// Carrying out remedies: what is written otherwise or taken out, and that nothing else changes.
+// Applying remedies: what is rewritten or removed, and that nothing else changes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         Remedy{"NothingToDo", "[]", "[]"}),
     [](const auto& remedy) { return remedy.param.name; });
 
-// Every answer of a style for the standard mapping, which its take-outs must not change.
+// Every answer of a style for the standard mapping, which removals must not change.
 std::vector<std::string> answersOf(const std::string& style) {
     const ComponentGuard guard;
     const auto config = storeOf(defaultMapping(), style);

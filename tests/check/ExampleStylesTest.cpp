@@ -100,7 +100,7 @@ TEST_F(Mistakes, HaveOneFindingEach) {
     }
 }
 
-// What concerns the file as a whole cannot stand beside all the rest, and the example map has style ids for each type.
+// What concerns the file as a whole excludes all the rest, and the example map has style ids for each type.
 TEST_F(Mistakes, AreOfEveryKindThatOneFileCanHold) {
     std::set<std::string> missing;
     for (const CodeInfo& info : codeInfos()) {

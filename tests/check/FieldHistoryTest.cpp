@@ -14,7 +14,7 @@ using namespace customstyle_tool;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The losses of a style: "victim < culprit: field, how", by place of the steps.
+// The losses of a style: "victim < culprit: field, how", by index of the steps.
 std::vector<std::string> lossesOf(std::initializer_list<std::string> rules) {
     const SourceFile file("style.json", fmt::format("[{}]", fmt::join(rules, ",")));
     const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));

@@ -1,4 +1,4 @@
-// The table of codes: every example brings about its finding, and the documentation says what the table says.
+// The table of codes: every example causes its finding, and the documentation says what the table says.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ TEST_P(CodeExample, HasThatFindingOnlyAndAtItsPlace) {
     const CheckedFile checked = GetParam().has(Trait::Mapping)
                                     ? checkedMapping(example.text)
                                     : checkedStyle(example.text, example.mapping, GetParam().has(Trait::OnRequest));
-    // What is hidden is not there without what hides it.
+    // Nothing is hidden without what hides it.
     const std::size_t count = GetParam().code == Code::HiddenByRule ? 2 : 1;
     ASSERT_EQ(checked.findings.size(), count) << testing::PrintToString(codesWithPlaces(checked));
     EXPECT_EQ(infoOf(checked.findings[0].code).name, std::string_view(GetParam().name));

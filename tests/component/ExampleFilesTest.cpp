@@ -53,7 +53,7 @@ TEST(ExampleMap, HasSeveralStyleIdsForEachType) {
     for (int type = 0; type <= 71; ++type) EXPECT_GT(config.m_typeStyleMaps[type].GetCount(), 1) << type;
 }
 
-/// Lines that stand in the log one after another for the same reason.
+/// Consecutive lines of the log with the same reason.
 struct LinesOfLog {
     int count;
     const char* message;
@@ -68,7 +68,7 @@ const LinesOfLog kMistakes[] = {
     {4, R"(warning, "featureType" is  illegal or absent)"},  // a text, null, a number and a list in place of a rule
     {2, R"(warning, "elementType" is illegal or absent)"},   // absent, a number
     {3, R"(warning, "stylers" is illegal or absent)"},       // absent, a list, a text
-    {8, R"(warning, "stylers" is undefined)"},               // none, a level, two other names, four that are no texts
+    {8, R"(warning, "stylers" is undefined)"},               // none, a level, two other names, four that are not texts
     {8, R"(warning, "elementType" is invalid.)"},            // elements without colour
     {3, R"(warning, "visibility" is illegal or absent)"},    // "OFF", "none", ""
     {1, R"(warning, "elementType" is invalid.)"},            // an element without visibility
@@ -92,7 +92,7 @@ TEST(ExampleMistakes, LoadAndAreAllReportedInTheirOrder) {
     EXPECT_EQ(log.take(), expected);
 }
 
-/// What the note of a rule says of its log line; a rule that is no object is one of the mistakes.
+/// What the note of a rule says of its log line; a rule that is not an object is one of the mistakes.
 bool isSaidToBeLogged(const _orvik_vi::cJSON* rule) {
     const auto* note = _orvik_vi::cJSON_GetObjectItem(rule, "note");
     return note == nullptr || std::string(note->valuestring).starts_with("Logged");

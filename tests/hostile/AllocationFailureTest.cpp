@@ -125,7 +125,7 @@ protected:
     }
 
     TemporaryDirectory m_directory;
-    std::ptrdiff_t m_textsNotJson = 0;  // texts that are no JSON stay in memory
+    std::ptrdiff_t m_textsNotJson = 0;  // texts that are not JSON stay in memory
 };
 
 TEST_P(FailingAllocation, OfAConstructionLeavesNothing) {

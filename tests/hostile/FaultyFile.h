@@ -10,7 +10,7 @@ namespace customstyle_test {
 struct FaultyFile {
     std::string content;
     std::size_t toldLength;      ///< the length as it was when the file was opened
-    std::size_t readableLength;  ///< reading fails behind it
+    std::size_t readableLength;  ///< reading fails after it
 };
 
 /// Puts a file under a path, replacing an earlier one.

@@ -1,4 +1,4 @@
-// What stands at the two paths: no plain files, files without sense, numbers without measure, rules without number.
+// What the two paths may name: things that are not plain files, senseless files, huge numbers, very many rules.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -67,7 +67,7 @@ protected:
     std::vector<std::string> m_lines;
 };
 
-// ---- No plain files -------------------------------------------------------------------------------------------------
+// ---- Not plain files ------------------------------------------------------------------------------------------------
 
 struct ObstacleCase {
     const char* name;
@@ -127,7 +127,7 @@ TEST_F(HostileFiles, PathsOfAnyLengthAreRefused) {
     EXPECT_THAT(m_log.take(), ElementsAre(logLine(kStyleMissing)));
 }
 
-// ---- Files without sense --------------------------------------------------------------------------------------------
+// ---- Senseless contents ---------------------------------------------------------------------------------------------
 
 struct ContentCase {
     const char* name;
@@ -199,7 +199,7 @@ TEST_P(Content, OfTheStyle) {
 INSTANTIATE_TEST_SUITE_P(HostileFiles, Content, testing::ValuesIn(kContents),
                          [](const auto& each) { return each.param.name; });
 
-// Every prefix of a style is a style that somebody cut; only the whole one is JSON.
+// A style may be cut anywhere; only the whole one is JSON.
 TEST_F(HostileFiles, AStyleThatIsCutAnywhereIsRefused) {
     m_directory.write("CustomIndex", testMapping());
     const std::string whole =
@@ -211,7 +211,7 @@ TEST_F(HostileFiles, AStyleThatIsCutAnywhereIsRefused) {
     }
 }
 
-// ---- Numbers without measure ----------------------------------------------------------------------------------------
+// ---- Huge numbers ---------------------------------------------------------------------------------------------------
 
 struct NumberCase {
     const char* name;
@@ -242,7 +242,7 @@ INSTANTIATE_TEST_SUITE_P(HostileFiles, StyleIdNumber,
                                          NumberCase{"ListsInside", "[5]", 0}, NumberCase{"TextsInside", "\"5\"", 0}),
                          [](const auto& each) { return each.param.name; });
 
-// ---- Rules without number -------------------------------------------------------------------------------------------
+// ---- Very many rules ------------------------------------------------------------------------------------------------
 
 TEST_F(HostileFiles, TwoHundredThousandRulesAreReadToTheLastOne) {
     std::string style = "[";

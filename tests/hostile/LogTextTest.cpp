@@ -11,7 +11,7 @@ namespace {
 
 struct NameCase {
     const char* name;
-    std::string inFile;  ///< as it stands between the quotes of the file
+    std::string inFile;  ///< as the file has it, between the quotes
     std::string inLog;   ///< as the host receives it
     std::string onScreen;
 };

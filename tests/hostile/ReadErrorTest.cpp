@@ -25,7 +25,7 @@ FaultyFile whole(const std::string& content) {
     return {content, content.size(), content.size()};
 }
 
-// Memory as it looks that was in use before.
+// Memory that looks as if it was in use before.
 void* allocateUsed(std::size_t size, const char*, int) {
     void* block = std::malloc(size);
     if (block != nullptr) std::memset(block, '1', size);
@@ -101,7 +101,7 @@ TEST_F(ReadError, AFileThatShrankEndsInZeros) {
     EXPECT_THAT(m_lines, IsEmpty());
 }
 
-// ---- Lengths that no memory holds -----------------------------------------------------------------------------------
+// ---- Lengths beyond any memory --------------------------------------------------------------------------------------
 
 void* refuseLarge(std::size_t size, const char*, int) {
     return size > 1U << 30 ? nullptr : std::malloc(size);

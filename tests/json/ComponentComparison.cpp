@@ -24,7 +24,7 @@ int typeOf(JsonKind kind) {
     return kTypes[static_cast<int>(kind)];
 }
 
-// Behind a NUL the component's parser keeps what it decoded, only nobody sees it.
+// The component's parser keeps what it decodes after a NUL, but nobody sees it.
 bool sameText(const char* expected, const std::string& visible, const std::string& whole) {
     return visible == expected && std::memcmp(expected, whole.c_str(), whole.size() + 1) == 0;
 }

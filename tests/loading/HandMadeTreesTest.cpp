@@ -1,4 +1,4 @@
-// Trees that no text can give: a host made them by hand, with members that lack a name or a text.
+// Trees that no text yields: a host made them by hand, with members that lack a name or a text.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Every step that Init asks of the engine, in order, on each of its ways out.
+// Every call that Init makes to the engine, in order, for each way in which it ends.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ const std::string kNotJson = "[nonsense";
 
 struct OrderCase {
     const char* name;
-    const char* mapping;  // null: there is no such file
+    const char* mapping;  // null: the file does not exist
     const char* style;
     std::size_t refusedSize;
     int answer;
@@ -56,7 +56,7 @@ Steps logged(const char* message) {
     return {"log ZRX Custom Map: " + std::string(message)};
 }
 
-// Neither is the file closed where it was not opened, nor is a text released that is no JSON.
+// A file that was not opened is not closed, and a text that is not JSON is not released.
 const Steps kEnd{"destroy file"};
 const Steps kClosed{"close"};
 const Steps kAllReleased{"release buffer", "free tree", "close"};

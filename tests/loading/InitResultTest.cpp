@@ -1,4 +1,4 @@
-// What Init makes of the rule parser's answer, with a parser of rules in place of the component's.
+// What Init does with the rule parser's answer, with a parser of rules in place of the component's.
 #include <gtest/gtest.h>
 
 #include "tests/support/LogCapture.h"

@@ -26,7 +26,7 @@ int recordsIn(const CustomConfig& config) {
 
 struct FilesCase {
     const char* name;
-    std::optional<std::string> mapping;  ///< none: there is no such file
+    std::optional<std::string> mapping;  ///< none: the file does not exist
     std::optional<std::string> style;
     int result;
     const char* message;
@@ -188,7 +188,7 @@ TEST_F(Init, PathsAreUtf8) {
 TEST_F(Init, BothFilesMayBeOneAndTheSame) {
     const std::string mapping = m_directory.write("CustomIndex", testMapping());
     EXPECT_EQ(load(m_directory.prefix(), mapping), 1);
-    EXPECT_EQ(m_log.take().size(), 72U);  // its members are no rules
+    EXPECT_EQ(m_log.take().size(), 72U);  // its members are not rules
 }
 
 // ---- Results --------------------------------------------------------------------------------------------------------

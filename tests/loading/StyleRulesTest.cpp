@@ -158,7 +158,7 @@ TEST(StyleRules, OneHundredThousandRulesLoad) {
 
 // ---- The element path -----------------------------------------------------------------------------------------------
 
-// A font size tells by its message what became of a path: whether it names labels, and its last word.
+// The message about a font size shows what became of a path: whether it names labels, and its last word.
 struct PathCase {
     const char* name;
     const char* path;

@@ -58,7 +58,7 @@ TracedHost::TracedHost() {
 TracedHost::~TracedHost() {
     cJSON_InitHooks(nullptr);
     _orvik_vi::CVLog::SetSink({});
-    // Texts that are no JSON stay in memory for good.
+    // Texts that are not JSON stay in memory for good.
     for (void* buffer : g_buffers) std::free(buffer);
     g_buffers.clear();
 }

@@ -1,4 +1,4 @@
-// The walk over the base styles that formats them for nobody.
+// The walk over the base styles that formats them, and prints nothing.
 #include <gtest/gtest.h>
 
 #include "tests/model/BaseRecords.h"

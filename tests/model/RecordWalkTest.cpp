@@ -31,7 +31,7 @@ protected:
     CustomConfig m_config;
 };
 
-/// A customised record with a fill colour and a fill weight; 0 stands for one that was never written.
+/// A customised record with a fill colour and a fill weight; 0 means never written.
 tagCustomStyle written(int styleId, std::uint64_t color, std::uint8_t weight) {
     tagCustomStyle record = baseRecord(styleId);
     record.m_fillColor = color;

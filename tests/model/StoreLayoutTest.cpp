@@ -1,4 +1,4 @@
-// How records and store lie in memory.
+// The layout of records and store in memory.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace {
 
 using namespace _orvik_framework;
 
-// Places in the record, by the alignment of 64-bit integers: 8 bytes nearly everywhere, 4 on 32-bit x86.
+// Offsets in the record, by the alignment of 64-bit integers: 8 bytes nearly everywhere, 4 on 32-bit x86.
 struct RecordPlace {
     const char* what;
     std::size_t actual;

@@ -1,4 +1,4 @@
-// Birth, release and death of the store, and its log.
+// Construction, release and destruction of the store, and its log.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -88,7 +88,7 @@ TEST(StoredRecords, AreOneElementArraysFromTheEnginesHeap) {
     const RecordingHeap heap;
     const auto config = loadedWith(kThreeSlots);
     EXPECT_EQ(accounts.blocks(), 144 + 6);
-    // 120 bytes, or 112 where 64-bit fields stand at multiples of 4.
+    // 120 bytes, or 112 where 64-bit fields are aligned to 4 bytes.
     constexpr std::ptrdiff_t kCountAndRecord = sizeof(std::uint64_t) + sizeof(tagCustomStyle);
     EXPECT_EQ(accounts.bytes(), (144 + 6) * kCountAndRecord);
     for (const HeapRequest& request : heap.requests()) {

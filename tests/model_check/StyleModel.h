@@ -19,7 +19,7 @@ struct Value {
 
 using Members = std::vector<std::pair<std::string, Value>>;
 
-/// One rule of a style file. `stylers` without members of its own stands for a member that is no object.
+/// One rule of a style file. `stylers` without members means a member that is not an object.
 struct Rule {
     Members frame;  ///< featureType, elementType
     std::optional<Members> stylers;

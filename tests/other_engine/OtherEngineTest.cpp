@@ -1,5 +1,5 @@
 // The component over the base library of another engine: it asks for what our base library's headers declare, and
-// relies neither on their default arguments nor on the JSON package behind them.
+// relies neither on their default arguments nor on the JSON package that implements them.
 #include <gtest/gtest.h>
 
 #include <deque>

@@ -1,4 +1,4 @@
-// What dump and explain tell: the answers, and who gave them.
+// What dump and explain report: the answers, and their sources.
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>

@@ -16,7 +16,7 @@ namespace customstyle_test::properties {
 
 constexpr std::size_t kLevelClasses = 19;
 
-/// 4 to 21, and one that stands for all others.
+/// 4 to 21, and one for all others.
 int levelOf(std::size_t levelClass);
 
 /// A map, ready to be asked about.

@@ -1,4 +1,4 @@
-// What check claims: what it says can be taken out changes nothing, and what it blames is to blame.
+// What check claims: what it offers to remove changes nothing, and what it blames is the cause.
 
 #include "tests/properties/CheckedStyle.h"
 

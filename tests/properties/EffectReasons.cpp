@@ -98,7 +98,7 @@ bool nothingHappens(const Said& said) {
 
 // ---- Levels ----
 
-// Whether a part gives a field of some type a value at a level that is not there behind another one.
+// Whether a part gives a field of some type a value at a level that is gone after another part.
 bool isLost(const CheckedStyle& style, const Part& victim, const Part& culprit, const std::string& field,
             std::size_t levelClass) {
     const StyleModel before = storeAt(style, culprit, false);

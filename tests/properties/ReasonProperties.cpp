@@ -17,7 +17,7 @@ bool isSo(const CheckedStyle& style, const Json& finding) {
     return true;
 }
 
-// Whether a styler that undoes its own work is told so.
+// Whether it is reported that a styler undoes its own work.
 bool isTold(const CheckedStyle& style, const Part& part) {
     return std::ranges::any_of(style.findings(), [&](const Json& finding) {
         if (finding.at("code") != "level-resets-itself") return false;

@@ -44,13 +44,13 @@ bool isOfLevel(const std::string& key);
 /// Whether a write is into a record: neither the grid nor every icon.
 bool isRecord(const Write& write);
 
-/// The store before a part, or behind it.
+/// The store before a part, or after it.
 model::StyleModel storeAt(const CheckedStyle& style, const Part& part, bool behind);
 
-/// Whether the store behind a part is that before it.
+/// Whether a part leaves the store as it was.
 bool changesNothing(const CheckedStyle& style, const Part& part);
 
-/// What a part writes where nothing stands in its way.
+/// What a part writes if nothing prevents it.
 Written alone(const CheckedStyle& style, const Part& part);
 
 /// A part undoes its own work at a level.

@@ -37,7 +37,7 @@ struct WrittenMember {
     std::size_t begin, end;
 };
 
-/// A style as text, with a note of what stands where.
+/// A style as text, with the position of each part.
 struct WrittenStyle {
     std::string text;
     std::vector<WrittenMember> members;

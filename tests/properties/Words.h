@@ -15,16 +15,16 @@ public:
 
     const std::string& text() const { return m_text; }
 
-    /// What stands between two phrases; empty where they do not both stand there.
+    /// The text between two phrases; empty unless both are there.
     std::string textAfter(const std::string& before, const std::string& after) const;
 
     /// The same as a list with commas.
     std::vector<std::string> namesAfter(const std::string& before, const std::string& after) const;
 
-    /// All that stands in quotes.
+    /// All texts in quotes.
     std::vector<std::string> quoted() const;
 
-    /// The level classes of "all levels", "level 12" or "levels 4-9, 12, other" behind a phrase; none without it.
+    /// The level classes of "all levels", "level 12" or "levels 4-9, 12, other" after a phrase; none without it.
     std::set<std::size_t> levelsAfter(const std::string& before) const;
 
     std::uint64_t numberAfter(const std::string& before) const;

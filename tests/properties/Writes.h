@@ -18,7 +18,7 @@ using Write = std::pair<std::string, std::string>;
 /// What was written, and the value; a flag's is 1 or 0.
 using Written = std::map<Write, std::uint64_t>;
 
-/// Everything that one styler of a rule writes where nothing stands in its way.
+/// Everything that one styler of a rule writes if nothing prevents it.
 /// @param styler  its name; empty for all
 /// @param before  the rules before it: where they have made a style for all levels, a rule that writes to a level
 ///                several times undoes its own work
@@ -32,7 +32,8 @@ Rule onlyStyler(const Rule& rule, const std::string& styler);
 inline constexpr std::size_t kTurnCount = 4;
 std::string stylerAt(std::size_t turn);
 
-/// The place of a styler in the order in which the component applies those of a rule; kTurnCount for what is none.
+/// The index of a styler in the order in which the component applies those of a rule; kTurnCount for what is not a
+/// styler.
 std::size_t turnOf(const std::string& styler);
 
 }  // namespace customstyle_test::properties

@@ -1,4 +1,4 @@
-// Styles of which it is known what they are worth.
+// Styles that are known to work or not.
 #pragma once
 
 #include <string>

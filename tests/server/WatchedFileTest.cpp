@@ -74,7 +74,7 @@ TEST_F(WatchedFileTest, SeesAFileThatTakesThePlaceAndHasItsTimeAndLength) {
     EXPECT_THAT(file.state().text, Optional(std::string("new")));
 }
 
-// Whoever has read "between" has to learn that it is gone.
+// Who has read "between" must be notified that it is gone.
 TEST_F(WatchedFileTest, TellsOfTheSameContentAfterAnother) {
     WatchedFile file(m_path);
     write("between");

@@ -8,8 +8,8 @@ import os
 import re
 import sys
 
-# A folder, and what stands right below it. What a folder may include are its own files, what stands below it, and what
-# stands below that in turn. Folders are named as include paths name them; "customstyle" means the public headers.
+# A folder, and the folders right below it. A folder may include its own files, the folders below it, and what is below
+# those in turn. Folders are named as include paths name them; "customstyle" means the public headers.
 BELOW = {
     # base library and component
     "vi": [],

@@ -92,7 +92,7 @@ TEST(Proofs, EndWhenTheTimeIsUp) {
     EXPECT_EQ(proofs.unproven, 1U);
 }
 
-// One style id stands under all types. Each of these rules draws nothing, but makes its type answer for the icon, and
+// One style id belongs to all types. Each of these rules draws nothing, but makes its type answer for the icon, and
 // shows it: without all of them the last rule hides it.
 std::unique_ptr<StyleStudy> iconShownByMany() {
     const std::string mapping = mappingText([](int) { return std::vector{7}; });

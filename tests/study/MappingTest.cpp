@@ -1,4 +1,4 @@
-// The style ids of a mapping, and the few that speak for all.
+// The style ids of a mapping, and the few that represent all.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// What a rule does that stands alone.
+// What a rule does on its own.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,4 @@
-// Images of stores: what makes two of them unlike.
+// Images of stores: what makes two of them differ.
 #include <gtest/gtest.h>
 
 #include <functional>

@@ -61,7 +61,7 @@ void styleAllTypes(CustomConfig& config) {
     }
 }
 
-/// Gives each customised record a fill of its own, by its style id.
+/// Gives each customised record another fill, by its style id.
 void paintEachRecord(CustomConfig& config) {
     for (int slot = 0; slot < config.m_usedLevelSlots; ++slot) {
         for (const StoredRecord& entry : StoredRecords(config.m_levelStyleMaps[slot])) {

@@ -20,7 +20,7 @@ tagCustomStyle markedRecord(int styleId);
 std::unique_ptr<CustomConfig> markedStore();
 
 /// The keys that a call registered in a marked store, in the order of their slots, with what happened to their records:
-/// "13+ fill border, 28-". "+" stands for m_custom 1 and "-" for m_custom 0; then the values that became `value` while
+/// "13+ fill border, 28-". "+" means m_custom 1 and "-" m_custom 0; then the values that became `value` while
 /// their flags became 1, and the icon flag as it is now ("icon=0"). "72 empty" is a key without records. At the end
 /// "grid" when the grid got the colour `value`, and "every-icon" when all icons were hidden. Whatever else changed
 /// stands there at length.

@@ -1,4 +1,4 @@
-// Who receives a text of its own: engines link against these signatures.
+// Which functions receive a copy of the text: engines link against these signatures.
 #include <gtest/gtest.h>
 
 #include <type_traits>

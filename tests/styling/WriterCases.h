@@ -10,7 +10,7 @@ namespace customstyle_test {
 /// What a writer does with the two records of a type.
 struct WriterCase {
     const char* element;
-    const char* changes;       ///< as changesIn tells them, behind the key
+    const char* changes;       ///< as changesIn prints them, after the key
     const char* message = "";  ///< logged for each of the records
 };
 

@@ -17,7 +17,7 @@ public:
     bool hasFailed() const;
 };
 
-/// Blocks and bytes of the engine's heap that came to be outstanding since it was made.
+/// Blocks and bytes of the engine's heap that are allocated since its construction and not yet freed.
 class MemoryAccounts {
 public:
     MemoryAccounts();

@@ -1,4 +1,4 @@
-// The ends of int, which levels, types and lengths are tried with.
+// The limits of int, as levels, types and lengths.
 #pragma once
 
 #include <limits>

@@ -24,7 +24,7 @@ std::string newDirectory() {
     }
 }
 
-// An unreadable file is no reason to stop.
+// Unreadable files are removed, too.
 int removeOne(const char* path, const struct stat*, int, FTW*) {
     std::remove(path);
     return 0;

@@ -1,4 +1,4 @@
-// CVFile between its calls of the system: names that come to stand for something else, reads that a signal breaks off.
+// CVFile between its calls of the system: paths that are replaced meanwhile, reads that a signal interrupts.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -70,7 +70,7 @@ protected:
         g_interruptions = 0;
     }
 
-    /// What opening answers when the name is given to something else after the first look at it.
+    /// What opening answers when the path is replaced after the first check.
     int openedWhileReplaced(const std::function<void(const char* path)>& make) {
         g_beforeOpen = [this, make] {
             fs::remove(m_path);

@@ -14,7 +14,7 @@ namespace {
 using namespace std::string_view_literals;
 using namespace _orvik_vi;
 
-/// The tree of a text that stands in a block of exactly its length, so that a step beyond the end can be noticed.
+/// The tree of a text in a block of exactly its length, so that a read past the end is noticed.
 Tree parsedExactly(std::string_view text) {
     const auto block = std::make_unique<char[]>(text.size());
     text.copy(block.get(), text.size());

@@ -149,7 +149,7 @@ function requireShortSteps(layer, property) {
 
 // --- one export ---
 
-// "other" stands for all levels beyond 4 to 21.
+// "other" means all levels outside 4 to 21.
 const levelName = (level) => (level >= 4 && level <= 21 ? level : 'other');
 
 function answersOf(dump) {
@@ -289,7 +289,7 @@ function randomStyle(random, types) {
     featureType: random(40) === 0 ? 'all' : random(3) ? pick(few) : pick(types), elementType: pick(elements), stylers: stylers()}));
 }
 
-// Few style ids, so that many stand under several types; some types have none.
+// Few style ids, so that many belong to several types; some types have none.
 function randomMapping(random, types) {
   return Object.fromEntries(types.map((type) => [type, [...new Set(Array.from({length: random(5)}, () => 1 + random(120)))]]));
 }
