@@ -16,7 +16,7 @@ after(() => rmSync(prefix, {recursive: true, force: true}));
 test('the installed command serves the installed page', async () => {
   const {address, close} = await startServer(command, ['studio', '--port', '0']);
   try {
-    for (const file of ['page.js', 'customstyle.wasm', 'tiles/tiles.json', 'examples/night.json']) {
+    for (const file of ['page.js', 'customstyle.wasm', 'conversion.wasm', 'tiles/tiles.json', 'examples/night.json']) {
       const answer = await fetch(address + file);
       assert.equal(answer.status, 200, file);
       assert.deepEqual(Buffer.from(await answer.arrayBuffer()), readFileSync(join(builtPage, file)), file);
