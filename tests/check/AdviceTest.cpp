@@ -121,7 +121,7 @@ TEST_P(RandomAdvice, LeavesEveryAnswerAsItIsWhenAllOfItIsFollowed) {
     _orvik_framework::CustomConfig rest;
     rest.ParseMappingConfig(componentTree(mapping).get());
     for (std::size_t i = 0; i < canGo.size(); ++i) {
-        if (!canGo[i]) rest.ParseCustomConfig(file.study->singles()[i].document.get());
+        if (!canGo[i]) rest.ParseCustomConfig(file.study->singles()[i].document().get());
     }
     EXPECT_FALSE(fullDifferenceBetween(*storeOf(mapping, file.file->text()), rest).any());
 }

@@ -142,7 +142,7 @@ std::unique_ptr<CustomConfig> loadedWithout(const StyleStudy& study, const std::
     auto config = std::make_unique<CustomConfig>();
     config->ParseMappingConfig(parsed(study.mapping().text()).get());
     for (std::size_t i = 0; i < study.singles().size(); ++i) {
-        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document.get());
+        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document().get());
     }
     return config;
 }

@@ -39,7 +39,7 @@ std::vector<Finding> checkStyle(const StyleStudy& study, const CheckOptions& opt
 }
 
 CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& mapping, const CheckOptions& options,
-                        const Surroundings& surroundings, const RefusalLog& refusalLog) {
+                        const Spread& spread, const RefusalLog& refusalLog) {
     JsonReading read = readJson(file->text());
     CheckedStyle checked;
     for (const JsonError& error : read.errors) {
@@ -48,8 +48,7 @@ CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& m
         if (refusalLog) checked.findings.back().log = refusalLog(*file);
     }
     if (!read.document) return checked;
-    checked.study =
-        std::make_unique<StyleStudy>(file, std::move(*read.document), mapping, surroundings, read.errors.empty());
+    checked.study = std::make_unique<StyleStudy>(file, std::move(*read.document), mapping, spread, read.errors.empty());
     append(checked.findings, checkStyle(*checked.study, options));
     sortFindings(checked.findings);
     if (file->isBuilt()) std::ranges::for_each(checked.findings, leadBack);

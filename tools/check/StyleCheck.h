@@ -30,7 +30,6 @@ struct CheckedStyle {
 
 /// Reads a file and checks it. If it is not JSON, checks the rules that can be read.
 CheckedStyle checkStyle(std::shared_ptr<const SourceFile> file, const Mapping& mapping,
-                        const CheckOptions& options = {}, const Surroundings& surroundings = {},
-                        const RefusalLog& refusalLog = {});
+                        const CheckOptions& options = {}, const Spread& spread = {}, const RefusalLog& refusalLog = {});
 
 }  // namespace customstyle_tool

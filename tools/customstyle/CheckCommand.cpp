@@ -325,7 +325,7 @@ private:
         const CheckOptions options{.effects = m_arguments.effects || configuration.effects,
                                    .progress = [&line](std::size_t done, std::size_t all) { line.show(done, all); },
                                    .isTimeUp = [this] { return isTimeUp(); }};
-        return checkStyle(file, mapping, options, hostSurroundings(), logOfStyle);
+        return checkStyle(file, mapping, options, hostSpread(), logOfStyle);
     }
 
     bool isTimeUp() const {

@@ -44,7 +44,7 @@ void report(const StyleSource& style, const Minified& result, const MinifyArgume
 
 Minified minifiedWithProgress(const StyleSource& style, const std::optional<std::string>& mapping) {
     const ProgressLine line(style.file().path());
-    return minified(style, mapping, hostSurroundings().spread);
+    return minified(style, mapping, hostSpread());
 }
 
 int minify(MinifyArguments arguments) {

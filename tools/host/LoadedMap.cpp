@@ -6,7 +6,6 @@
 #include <atomic>
 #include <filesystem>
 #include <future>
-#include <new>
 #include <thread>
 #include <vector>
 
@@ -77,10 +76,10 @@ Problem problemOfMappingDirectory(const std::string& path) {
                                    path.empty() ? "\"\"" : path, reason)};
 }
 
-Surroundings hostSurroundings() {
+Spread hostSpread() {
     const std::size_t lanes = std::max(1U, std::thread::hardware_concurrency());
     const auto run = [lanes](std::size_t items, const WorkItem& work) { runInLanes(lanes, items, work); };
-    return {{lanes, run}, [] { throw std::bad_alloc(); }};
+    return {lanes, run};
 }
 
 std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirectory) {
@@ -102,7 +101,7 @@ StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std
     if (mappingDirectory) mapping = loadMapping(*mappingDirectory);
     if (const ReadFailure* failure = std::get_if<ReadFailure>(&mapping)) return *failure;
     return std::make_unique<StyleStudy>(std::move(file), std::get<0>(std::move(document)),
-                                        std::get<0>(std::move(mapping)), hostSurroundings());
+                                        std::get<0>(std::move(mapping)), hostSpread());
 }
 
 StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,

@@ -17,8 +17,8 @@ std::string mappingFileIn(const std::string& mappingDirectory);
 /// Why a path is not a directory with a mapping file; nothing if it is.
 std::optional<ReadFailure> problemOfMappingDirectory(const std::string& path);
 
-/// With several lanes, one for each processor, and std::bad_alloc where memory runs out.
-Surroundings hostSurroundings();
+/// A lane for each processor.
+Spread hostSpread();
 
 using StyleOrFailure = std::variant<std::unique_ptr<StyleStudy>, ReadFailure>;
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/study/Spread.h"
 #include "tools/study/StyleSource.h"
-#include "tools/study/Surroundings.h"
 
 namespace customstyle_tool {
 

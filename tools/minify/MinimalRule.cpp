@@ -1,13 +1,8 @@
 #include "tools/minify/MinimalRule.h"
 
-#include <cjson/cJSON.h>
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdlib>
-#include <limits>
-#include <new>
 #include <string_view>
 
 #include "customstyle/CustomConfig.h"
@@ -20,7 +15,6 @@ namespace {
 
 using _orvik_framework::CustomConfig;
 using _orvik_framework::CVString;
-using _orvik_vi::cJSON;
 
 // Empty where the component would not get as far as the stylers. Its own list names the stylers that it acts on.
 std::optional<MinimalRule> minimalRule(const CustomConfig& component, const RuleView& rule) {
@@ -60,17 +54,6 @@ std::string member(std::string_view name, std::string_view value) {
     return fmt::format("{}:{}", jsonText(name), jsonText(value));
 }
 
-// Ends the program as operator new does when memory runs out, even where nothing can be thrown.
-void endWithoutMemory() {
-    constexpr std::size_t kMoreThanAnyHeapHas = std::numeric_limits<std::ptrdiff_t>::max();
-    ::operator delete(::operator new(kMoreThanAnyHeapHas));
-    std::abort();
-}
-
-void addText(cJSON* object, const char* name, const std::string& value) {
-    if (cJSON_AddStringToObject(object, name, value.c_str()) == nullptr) endWithoutMemory();
-}
-
 }  // namespace
 
 std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earlier,
@@ -85,20 +68,6 @@ std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earli
         }
     }
     return joined;
-}
-
-Tree treeOf(const MinimalRule& rule) {
-    Tree list(cJSON_CreateArray());
-    cJSON* const object = cJSON_CreateObject();
-    if (list == nullptr || object == nullptr) endWithoutMemory();
-    cJSON_AddItemToArray(list.get(), object);
-    addText(object, "featureType", rule.featureType);
-    addText(object, "elementType", rule.elementType);
-    cJSON* const stylers = cJSON_AddObjectToObject(object, "stylers");
-    if (stylers == nullptr) endWithoutMemory();
-    for (const auto& [name, value] : rule.stylers) addText(stylers, name.c_str(), value);
-    if (rule.level) addText(stylers, "level", std::to_string(*rule.level));
-    return list;
 }
 
 std::string textOf(const MinimalRule& rule) {

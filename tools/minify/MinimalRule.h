@@ -34,9 +34,8 @@ std::vector<MinimalStyler> joinedStylers(const std::vector<MinimalStyler>& earli
 /// spelling. The component itself is asked what it reads.
 std::vector<MinimalRule> minimalRules(const StyleSource& style);
 
-/// A rule as text, and as a list with one rule for the component.
+/// A rule as text.
 std::string textOf(const MinimalRule& rule);
-Tree treeOf(const MinimalRule& rule);
 
 /// A style file's text without unnecessary blanks.
 std::string textOf(const std::vector<MinimalRule>& rules);

@@ -13,7 +13,7 @@ namespace customstyle_tool {
 
 /// A rule, ready for the component. It never changes, so many versions of a style can share it.
 struct ReadyRule {
-    explicit ReadyRule(MinimalRule minimal) : rule(std::move(minimal)), text(textOf(rule)), tree(treeOf(rule)) {}
+    explicit ReadyRule(MinimalRule minimal) : rule(std::move(minimal)), text(textOf(rule)), tree(listWith(text)) {}
 
     MinimalRule rule;
     std::string text;

@@ -37,7 +37,7 @@ std::vector<int> typesReachedFromType(int featureType) {
     for (const Styler& styler : stylers()) each.push_back({std::string(styler.name), std::string(styler.example)});
     for (const char* path : kPaths) {
         const std::string& name = featureTypeNames()[static_cast<std::size_t>(featureType)];
-        alone.ParseCustomConfig(treeOf({name, path, {}, each}).get());
+        alone.ParseCustomConfig(listWith(textOf({name, path, {}, each})).get());
     }
     std::vector<int> types{featureType};
     for (const auto& [key, slot] : alone.m_keyStyleMaps) types.push_back(parsedKey(key).featureType);

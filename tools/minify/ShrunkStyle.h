@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tools/minify/MinimalRule.h"
-#include "tools/study/Surroundings.h"
+#include "tools/study/Spread.h"
 
 namespace customstyle_tool {
 

@@ -73,7 +73,7 @@ void forEachStateAfter(const ReplayStep& step, Visit visit) {
 struct Work {
     const ReplayStep* step;
     std::size_t place;
-    const cJSON* document;
+    Tree document;
     std::map<std::string, State> adopted{};
     bool isLeftOut = false;
 };
@@ -91,7 +91,7 @@ public:
         if (m_isMarked) {
             for (const std::string& key : work.step->keys) note(key);
         }
-        m_config.ParseCustomConfig(work.document);
+        m_config.ParseCustomConfig(work.document.get());
     }
 
     /// Takes back the last step; no step may have been left out.
@@ -243,7 +243,7 @@ public:
         : m_proof(proof), m_lane(lane), m_store(lane.store), m_isOnCallingThread(isOnCallingThread) {
         const StyleStudy& study = proof.study;
         for (const std::size_t step : steps) {
-            m_works.push_back({&study.steps()[step], step, study.singles()[step].document.get()});
+            m_works.push_back({&study.steps()[step], step, study.singles()[step].document()});
         }
     }
 
@@ -457,12 +457,12 @@ std::vector<std::vector<std::size_t>> partsOf(const StyleStudy& study) {
     return parts;
 }
 
-// Built from the single rules: the tree of a whole text would take as much memory again.
+// Built from the single rules: the tree of a whole text would take much memory.
 std::unique_ptr<CustomConfig> storeWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
     auto config = std::make_unique<CustomConfig>();
     config->ParseMappingConfig(study.mapping().speakersTree());
     for (std::size_t i = 0; i < study.singles().size(); ++i) {
-        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document.get());
+        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document().get());
     }
     return config;
 }
@@ -479,7 +479,7 @@ std::vector<PartOutcome> proveParts(Proof& proof) {
     const StyleStudy& study = proof.study;
     const std::vector<std::vector<std::size_t>> parts = partsOf(study);
     const Spread alone;
-    const Spread& spread = proof.all < kStepsWorthALane ? alone : study.surroundings().spread;
+    const Spread& spread = proof.all < kStepsWorthALane ? alone : study.spread();
     std::vector<std::unique_ptr<Lane>> lanes(spread.lanes);
     for (auto& lane : lanes) {
         lane = std::make_unique<Lane>(study, storeWithout(study, std::vector<bool>(study.steps().size())));

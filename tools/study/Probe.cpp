@@ -24,10 +24,6 @@ std::unique_ptr<CustomConfig> emptyStore() {
     return store;
 }
 
-Tree listOf(const std::string& ruleText) {
-    return componentTree("[" + ruleText + "]");
-}
-
 // The store of a rule, and the same after hiding all icons and applying the rule again: only this reveals an icon that
 // the rule shows.
 std::pair<StoreImage, StoreImage> imagesOf(const std::string& ruleText, const AloneOutcome& outcome) {
@@ -36,7 +32,7 @@ std::pair<StoreImage, StoreImage> imagesOf(const std::string& ruleText, const Al
     for (const auto& [key, slot] : outcome.store->m_keyStyleMaps) {
         forEachSlotRecord(*slot, [](int, tagCustomStyle& record) { record.m_iconHidden = 1; });
     }
-    outcome.store->ParseCustomConfig(listOf(ruleText).get());
+    outcome.store->ParseCustomConfig(listWith(ruleText).get());
     return {std::move(image), StoreImage(*outcome.store)};
 }
 
@@ -46,7 +42,7 @@ AloneOutcome outcomeAlone(const std::string& ruleText) {
     AloneOutcome outcome;
     const LogRecording recording(outcome.log);
     outcome.store = emptyStore();
-    outcome.store->ParseCustomConfig(listOf(ruleText).get());
+    outcome.store->ParseCustomConfig(listWith(ruleText).get());
     return outcome;
 }
 

@@ -2,9 +2,14 @@
 
 #include <cjson/cJSON.h>
 
+#include <atomic>
+#include <cstddef>
+#include <cstdlib>
+#include <limits>
+#include <new>
+
 #include "customstyle/CustomConfig.h"
 #include "tools/study/ComponentGuard.h"
-#include "tools/study/StyleSource.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
@@ -12,33 +17,32 @@ namespace {
 
 using _orvik_framework::CustomConfig;
 using _orvik_vi::cJSON;
+using Names = std::vector<std::string>;
 
 // The names in the component's own list of a rule's stylers: "color;;weight;".
-std::vector<std::string> namesIn(const std::string& list) {
-    std::vector<std::string> names = split(list, ';');
+Names namesIn(const std::string& list) {
+    Names names = split(list, ';');
     std::erase(names, "");
     return names;
 }
 
-using NoMemory = void (*)();
-
-// A list with a copy of the rule.
-Tree copyOf(const cJSON* rule, NoMemory onNoMemory) {
-    Tree list(cJSON_CreateArray());
-    Tree copy(cJSON_Duplicate(rule, 1));
-    if (list == nullptr || copy == nullptr) onNoMemory();
-    cJSON_AddItemToArray(list.get(), copy.release());
-    return list;
+Names without(Names names, const std::string& name) {
+    std::erase(names, name);
+    return names;
 }
 
-// Keeps only one of the named stylers, or none for the empty name. The order of the members does not matter.
-Tree copyWithOnly(const cJSON* rule, const std::string& styler, const std::vector<std::string>& all,
-                  NoMemory onNoMemory) {
-    Tree list = copyOf(rule, onNoMemory);
-    cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(list->child, "stylers");
-    for (const std::string& other : all) {
-        if (other == styler) continue;
-        while (cJSON* member = cJSON_DetachItemFromObject(stylers, other.c_str())) cJSON_Delete(member);
+// Ends the program as operator new does when memory runs out, even where nothing can be thrown.
+void endWithoutMemory() {
+    constexpr std::size_t kMoreThanAnyHeapHas = std::numeric_limits<std::ptrdiff_t>::max();
+    ::operator delete(::operator new(kMoreThanAnyHeapHas));
+    std::abort();
+}
+
+Tree listWithout(const Names& omitted, std::string_view rule) {
+    Tree list = listWith(rule);
+    cJSON* const stylers = _orvik_vi::cJSON_GetObjectItem(list->child, "stylers");
+    for (const std::string& name : omitted) {
+        while (cJSON* member = cJSON_DetachItemFromObject(stylers, name.c_str())) cJSON_Delete(member);
     }
     return list;
 }
@@ -46,17 +50,15 @@ Tree copyWithOnly(const cJSON* rule, const std::string& styler, const std::vecto
 // Asks the component which stylers of a rule it acts on.
 class StylerJudge {
 public:
-    explicit StylerJudge(NoMemory onNoMemory) : m_onNoMemory(onNoMemory) {}
-
-    std::vector<std::string> actedOn(const cJSON* rule) {
-        const cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(rule, "stylers");
-        const auto listed = namesIn(m_component.ParseCustomStyler(stylers).ToUtf8());
-        const auto idleLog = logOf(copyWithOnly(rule, "", listed, m_onNoMemory));
-        std::vector<std::string> names;
-        for (const std::string& name : listed) {
-            // If the log is that of the rule without stylers, the component does not act on this styler.
-            if (logOf(copyWithOnly(rule, name, listed, m_onNoMemory)) != idleLog) names.push_back(name);
-        }
+    Names actedOn(std::string_view rule) {
+        const Tree whole = listWith(rule);
+        const cJSON* stylers = _orvik_vi::cJSON_GetObjectItem(whole->child, "stylers");
+        const Names listed = namesIn(m_component.ParseCustomStyler(stylers).ToUtf8());
+        const auto idleLog = logOf(listWithout(listed, rule));
+        // If the log is that of the rule without stylers, the component does not act on this styler.
+        Names names = listed;
+        std::erase_if(
+            names, [&](const std::string& name) { return logOf(listWithout(without(listed, name), rule)) == idleLog; });
         return names;
     }
 
@@ -68,29 +70,40 @@ private:
         return lines;
     }
 
-    NoMemory m_onNoMemory;
     CustomConfig m_component;  // without style ids, so that rules leave nothing behind but their keys
 };
 
 }  // namespace
 
+// The package notes in a global where it failed. A text takes microseconds, so waiting does not.
 Tree componentTree(std::string_view text) {
-    return Tree(_orvik_vi::cJSON_Parse(text, 1));
+    static std::atomic_flag isParsing;
+    while (isParsing.test_and_set(std::memory_order_acquire)) {
+    }
+    Tree tree(_orvik_vi::cJSON_Parse(text, 1));
+    isParsing.clear(std::memory_order_release);
+    return tree;
 }
 
-std::vector<SingleRule> singleRules(const StyleSource& style, void (*onNoMemory)()) {
+Tree listWith(std::string_view rule) {
+    Tree list = componentTree("[" + std::string(rule) + "]");
+    if (list == nullptr) endWithoutMemory();
+    return list;
+}
+
+Tree SingleRule::document() const {
+    return listWithout(omitted, text);
+}
+
+std::vector<SingleRule> singleRules(const StyleSource& style) {
     const ComponentGuard guard;
     std::vector<SingleRule> rules;
-    StylerJudge judge(onNoMemory);
-    const Tree tree = componentTree(style.text());
-    std::size_t place = 0;
-    const cJSON* rule = nullptr;
-    cJSON_ArrayForEach(rule, tree.get()) {
-        const std::vector<std::string> names = judge.actedOn(rule);
-        for (const std::string& name : names)
-            rules.push_back({place, name, copyWithOnly(rule, name, names, onNoMemory)});
-        if (names.empty()) rules.push_back({place, "", copyOf(rule, onNoMemory)});
-        ++place;
+    StylerJudge judge;
+    for (std::size_t place = 0; place < style.rules().size(); ++place) {
+        const std::string_view text = style.rules()[place].source();
+        const Names names = judge.actedOn(text);
+        for (const std::string& name : names) rules.push_back({place, name, without(names, name), text});
+        if (names.empty()) rules.push_back({place, "", {}, text});
     }
     return rules;
 }

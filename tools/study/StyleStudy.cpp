@@ -9,12 +9,12 @@ namespace customstyle_tool {
 
 using _orvik_framework::CustomConfig;
 
-StyleStudy::StyleStudy(std::shared_ptr<const SourceFile> file, JsonDocument document, Mapping mapping,
-                       Surroundings surroundings, bool isWhole)
+StyleStudy::StyleStudy(std::shared_ptr<const SourceFile> file, JsonDocument document, Mapping mapping, Spread spread,
+                       bool isWhole)
     : m_file(std::move(file)),
       m_source(*m_file, std::move(document), isWhole),
       m_mapping(std::move(mapping)),
-      m_surroundings(std::move(surroundings)) {}
+      m_spread(std::move(spread)) {}
 
 const std::vector<RuleView>& StyleStudy::rules() const {
     if (m_rules == nullptr) m_rules = std::make_unique<std::vector<RuleView>>(viewsOf(m_source));
@@ -37,9 +37,7 @@ const SpeakerAnswers& StyleStudy::answers() const {
 }
 
 const std::vector<SingleRule>& StyleStudy::singles() const {
-    if (m_singles == nullptr) {
-        m_singles = std::make_unique<std::vector<SingleRule>>(singleRules(m_source, m_surroundings.onNoMemory));
-    }
+    if (m_singles == nullptr) m_singles = std::make_unique<std::vector<SingleRule>>(singleRules(m_source));
     return *m_singles;
 }
 

@@ -12,8 +12,8 @@
 #include "tools/study/RuleView.h"
 #include "tools/study/SingleRules.h"
 #include "tools/study/SpeakerAnswers.h"
+#include "tools/study/Spread.h"
 #include "tools/study/StyleSource.h"
-#include "tools/study/Surroundings.h"
 #include "tools/study/TracedReplay.h"
 
 namespace customstyle_tool {
@@ -25,14 +25,14 @@ namespace customstyle_tool {
 class StyleStudy {
 public:
     /// @param isWhole  whether the file is JSON; if not, the document holds what can be read of it
-    StyleStudy(std::shared_ptr<const SourceFile> file, JsonDocument document, Mapping mapping,
-               Surroundings surroundings = {}, bool isWhole = true);
+    StyleStudy(std::shared_ptr<const SourceFile> file, JsonDocument document, Mapping mapping, Spread spread = {},
+               bool isWhole = true);
     StyleStudy(const StyleStudy&) = delete;
     StyleStudy& operator=(const StyleStudy&) = delete;
 
     const StyleSource& source() const { return m_source; }
     const Mapping& mapping() const { return m_mapping; }
-    const Surroundings& surroundings() const { return m_surroundings; }
+    const Spread& spread() const { return m_spread; }
 
     /// The rules with their members.
     const std::vector<RuleView>& rules() const;
@@ -44,7 +44,7 @@ public:
     /// What the latter answers for the mapping's speakers.
     const SpeakerAnswers& answers() const;
 
-    /// The rules one at a time as trees for the component, each split into its stylers.
+    /// The rules one at a time for the component, each split into its stylers.
     const std::vector<SingleRule>& singles() const;
 
     /// What each of them did, traced over one style id for each type that has any.
@@ -64,7 +64,7 @@ private:
     std::shared_ptr<const SourceFile> m_file;
     StyleSource m_source;
     Mapping m_mapping;
-    Surroundings m_surroundings;
+    Spread m_spread;
 
     // Each is made when it is first asked for.
     mutable std::unique_ptr<std::vector<RuleView>> m_rules;

@@ -209,7 +209,7 @@ TracedReplay::TracedReplay(const cJSON* mapping, const std::vector<SingleRule>& 
         ReplayStep& step = m_steps.emplace_back();
         step.rule = single.rule;
         step.styler = single.styler;
-        Stepper(*m_config, trial, step).apply(single.document.get());
+        Stepper(*m_config, trial, step).apply(single.document().get());
     }
 }
 

@@ -1,8 +1,7 @@
-// What a study takes from the program around it, so that it runs where there are no threads and no exceptions.
+// How a study's work is spread, so that it runs where there are no threads.
 #pragma once
 
 #include <cstddef>
-#include <cstdlib>
 #include <functional>
 
 namespace customstyle_tool {
@@ -18,12 +17,6 @@ struct Spread {
     std::function<void(std::size_t items, const WorkItem& work)> run = [](std::size_t items, const WorkItem& work) {
         for (std::size_t item = 0; item < items; ++item) work(item, 0);
     };
-};
-
-/// The seams of a study. The defaults need nothing.
-struct Surroundings {
-    Spread spread{};
-    void (*onNoMemory)() = std::abort;  ///< does not return
 };
 
 }  // namespace customstyle_tool
