@@ -98,6 +98,12 @@ INSTANTIATE_TEST_SUITE_P(
              text({rule("all", "icon").visibility("off")})},
         Case{"TheSameRuleForAnotherTypeStays", styleOf({kFill, rule("green", "fill").color("#3366cc")}),
              text({kFill, rule("green", "fill").color("#3366cc")})},
+        Case{"TheSameColorForTheGridIsSaidOnce",
+             styleOf({rule("grid", "fill").color("#3366cc"), rule("grid", "fill").color("#3366cc")}),
+             text({rule("grid", "all").color("#3366cc")})},
+        Case{"EveryIconIsHiddenOnce",
+             styleOf({rule("all", "icon").visibility("off"), rule("all", "icon").visibility("off")}),
+             text({rule("all", "icon").visibility("off")})},
         Case{"WhatHasNoEffectOnAnyMapGoes", styleOf({rule("highwaylabel", "labels.text.topsurface").color("#3366cc")}),
              "[]"},
         Case{"ATypeThatKeepsAnIconShownStays",
@@ -116,6 +122,17 @@ std::string mappingWithWater(const std::string& ids) {
     std::string mapping = testMapping();
     const std::size_t begin = mapping.find('[', mapping.find("\"water\""));
     return mapping.replace(begin, mapping.find(']', begin) - begin + 1, ids);
+}
+
+// Too many to try all pairs.
+TEST(Minifier, MergesTheRulesForEachOfManyLevels) {
+    std::string style;
+    for (int level = 4; level <= 21; ++level) {
+        const std::string number = std::to_string(level);
+        style += (style.empty() ? "[" : ",") + rule("water", "fill").weight(number).level(number).json() + "," +
+                 rule("water", "fill").color("#33" + std::to_string(level + 10) + "cc").level(number).json();
+    }
+    EXPECT_EQ(minifiedText(style + "]").rules, 18U);
 }
 
 TEST(Minifier, UsesWhatTheMappingCannotShow) {
