@@ -111,6 +111,11 @@ INSTANTIATE_TEST_SUITE_P(
                              "geometry",
                              R"({"COLOR": "#3366cc", "color": "#3366cc"})",
                              {R"(member-letter-case: "COLOR")", R"(member-doubled: "color")"}},
+                    RuleCase{"CapitalsThatAreIgnoredEvenWhereTheStylerDoesNothing",
+                             "all",
+                             "labels.icon",
+                             R"({"visibility": "off", "WEIGHT": "76"})",
+                             {R"(member-letter-case: "WEIGHT")"}},
                     RuleCase{"TypeInStylers",
                              "water",
                              "geometry",
@@ -148,6 +153,13 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{
             "OnForNothing", "land", "labels", R"({"visibility": "on"})", {R"(nothing-reached: "visibility": "on")"}}),
     caseName);
+
+// The component does not get as far as the stylers.
+TEST(StyleCheck, DoesNotBlameAMemberForARuleThatIsSkippedForItsType) {
+    EXPECT_EQ(
+        codesWithPlaces(checkedStyle(R"([{"featureType": true, "elementType": "all", "stylers": {"hue": "1"}}])")),
+        (std::vector<std::string>{"type-not-text: true", R"(member-unknown: "hue")"}));
+}
 
 TEST(StyleCheck, SaysWhatIsDrawnInsteadOfAMalformedColor) {
     const CheckedFile checked = checkedStyle(styleOf({ruleText("water", "geometry", R"({"color": "red"})")}));

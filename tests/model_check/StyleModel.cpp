@@ -48,9 +48,9 @@ std::uint64_t channel(const std::string& text, std::size_t position) {
     return 16 * hexDigit(text, position) + hexDigit(text, position + 1);
 }
 
-// #rrggbb or #rrggbbaa becomes alpha, blue, green, red. Boundaries are always opaque.
+// #rrggbb or #rrggbbaa becomes alpha, blue, green, red. Boundaries are always opaque, and so is a shorter text.
 std::uint64_t colourOf(const std::string& text, int featureType) {
-    const std::uint64_t alpha = text.size() == 7 || featureType == kBoundary ? 255 : channel(text, 7);
+    const std::uint64_t alpha = text.size() <= 7 || featureType == kBoundary ? 255 : channel(text, 7);
     return ((alpha * 256 + channel(text, 5)) * 256 + channel(text, 3)) * 256 + channel(text, 1);
 }
 

@@ -1,6 +1,7 @@
 // What check claims: what it offers to remove changes nothing, and what it blames is the cause.
 
 #include "tests/properties/CheckedStyle.h"
+#include "tests/properties/Mistakes.h"
 
 namespace customstyle_test::properties {
 namespace {
@@ -44,13 +45,27 @@ private:
     std::vector<Part> m_all;  // from the top
 };
 
+// What is said of rules with mistakes and of broken texts.
+std::optional<Failure> formFails(const Trial& trial) {
+    if (trial.variant % 2 != 0) return jsonFails(trial);
+    const Trial mistaken = withMistakes(trial);
+    const CheckedStyle style(mistaken);
+    auto failure = reasonsFail(style);
+    if (!failure) failure = logFails(style);
+    if (failure) failure->detail += "\nwith mistakes: " + written(mistaken.rules).text;
+    return failure;
+}
+
 }  // namespace
 
 std::optional<Failure> checkHolds(const Trial& trial) {
     const CheckedStyle style(trial);
     if (auto failure = Removals(style).fail()) return failure;
     if (auto failure = blameFails(style)) return failure;
-    return reasonsFail(style);
+    if (auto failure = reasonsFail(style)) return failure;
+    if (auto failure = logFails(style)) return failure;
+    if (auto failure = formFails(trial)) return failure;
+    return trial.variant % 250 == 0 ? slotsFail(trial.variant) : std::nullopt;
 }
 
 }  // namespace customstyle_test::properties

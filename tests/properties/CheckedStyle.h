@@ -59,4 +59,14 @@ std::optional<Failure> blameFails(const CheckedStyle& style);
 /// Whether what the findings say is so.
 std::optional<Failure> reasonsFail(const CheckedStyle& style);
 
+/// Whether they give all that the component logs about a rule, and nothing else.
+std::optional<Failure> logFails(const CheckedStyle& style);
+
+/// Whether they tell a text that the component refuses, and one that only it reads, from JSON. The text is that of the
+/// trial with faults.
+std::optional<Failure> jsonFails(const Trial& trial);
+
+/// Whether they tell what a style does that needs nearly all slots of the store, or more.
+std::optional<Failure> slotsFail(unsigned seed);
+
 }  // namespace customstyle_test::properties

@@ -10,7 +10,7 @@ using Json = nlohmann::json;
 
 bool isSo(const CheckedStyle& style, const Json& finding) {
     const std::string code = finding.at("code");
-    for (const auto* reasons : {&kEffectReasons, &kReachReasons}) {
+    for (const auto* reasons : {&kEffectReasons, &kReachReasons, &kMemberReasons}) {
         const auto reason = reasons->find(code);
         if (reason != reasons->end()) return reason->second(Said(style, finding));
     }

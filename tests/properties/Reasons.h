@@ -29,9 +29,11 @@ struct Said {
 /// Whether what is said is so.
 using Reason = bool (*)(const Said& said);
 
-/// By code: what check says of effects and of rules among each other, and of what a rule by itself reaches.
+/// By code: what check says of effects and of rules among each other, of what a rule by itself reaches, and of its
+/// members.
 extern const std::map<std::string, Reason> kEffectReasons;
 extern const std::map<std::string, Reason> kReachReasons;
+extern const std::map<std::string, Reason> kMemberReasons;
 
 /// The feature type of a key, and that of a name.
 int typeOf(const std::string& key);

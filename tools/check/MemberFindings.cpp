@@ -39,6 +39,18 @@ struct Place {
 const Place kInRule{kRuleMembers, kStylerMembers, "a rule", "move it into \"stylers\""};
 const Place kInStylers{kStylerMembers, kRuleMembers, "\"stylers\"", "move it out of \"stylers\", beside it"};
 
+// A rule in which each member counts.
+constexpr const char* kWholeRule =
+    R"({"featureType": "highwaylabel", "elementType": "labels", "stylers": {"color": "#3366cc", "visibility": "on", )"
+    R"("weight": "3", "fontsize": "12", "level": "9"}})";
+
+// Whether the component reads a member under a name in another letter case, in whatever rule.
+bool isReadAs(const std::string& name, const std::string& known) {
+    std::string rule = kWholeRule;
+    rule.replace(rule.find(inQuotes(known)), inQuotes(known).size(), inQuotes(name));
+    return doTheSame(rule, kWholeRule);
+}
+
 class MemberCheck {
 public:
     MemberCheck(StyleFindings& found, const RuleView& rule, const Place& place)
@@ -98,8 +110,7 @@ private:
     }
 
     void checkLetterCase(JsonValue member, const std::string& known) {
-        const std::string corrected = m_rule.textWith(member.nameRange(), "\"" + known + "\"");
-        const bool isRead = doTheSame(std::string(m_rule.value.source()), corrected);
+        const bool isRead = isReadAs(member.name(), known);
         const Code code = isRead ? Code::MemberCaseAccepted : Code::MemberLetterCase;
         const char* const message =
             isRead ? "the component accepts {}, but it is spelt \"{}\"" : "{} is ignored; the styler is spelt \"{}\"";
@@ -138,8 +149,9 @@ void checkKind(StyleFindings& found, const RuleView& rule, const std::string& na
     if (!text.empty()) propose(finding, text);
 }
 
-// The component's log line about a rule without a styler.
+// The component's log line about a rule without a styler. It looks at the stylers last.
 std::string lineOfNoStyler(const StyleStudy& study, const RuleView& rule) {
+    if (rule.typeId == -1 || !isText(rule.elementType)) return {};
     const auto [begin, end] = study.stepsOf(rule.place);
     const bool isEmpty =
         end - begin == 1 && study.steps()[begin].styler.empty() && study.steps()[begin].log.size() == 1;
