@@ -1,5 +1,4 @@
 // What check claims: what it offers to remove changes nothing, and what it blames is the cause.
-
 #include "tests/properties/CheckedStyle.h"
 #include "tests/properties/Mistakes.h"
 
