@@ -59,6 +59,11 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"LandColor", "land", "geometry.fill", R"({"color": "#3366cc"})", {}},
         RuleCase{"GridColor", "grid", "geometry.fill", R"({"color": "#3366cc"})", {}},
         RuleCase{"ShortElement", "highway", "labels.fill", R"({"color": "#3366cc"})", {}},
+        RuleCase{"OnlyUnknownStylers",
+                 "water",
+                 "geometry",
+                 R"({"note": "x", "opacity": "1", "blend": "2"})",
+                 {R"(no-styler: "opacity")", R"(member-unknown: "blend")"}},
         RuleCase{"BareIcon", "poilabel", "icon", R"({"visibility": "off"})", {R"(parent-answers-last: "poilabel")"}}),
     caseName);
 

@@ -40,6 +40,14 @@ TEST_F(Walk, MeetsTheOldestEntryFirst) {
     EXPECT_EQ(StoredRecords(m_map).first().id(), 30);
 }
 
+TEST_F(Walk, CanBeSteppedByHand) {
+    for (const int id : {30, 10}) m_map[storedKey(id)] = &m_record;
+    auto entry = StoredRecords(m_map).begin();
+    EXPECT_EQ(entry->id(), 30);
+    entry++;
+    EXPECT_EQ(entry->id(), 10);
+}
+
 TEST_F(Walk, HandsOutTheRecordThatTheStoreHolds) {
     m_map[storedKey(7)] = &m_record;
     for (const auto& [key, record] : StoredRecords(m_map)) {

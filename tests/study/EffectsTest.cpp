@@ -65,6 +65,20 @@ TEST(Idle, IsARuleForAStyleIdThatNoQuestionFindsOnly) {
                 IsEmpty());
 }
 
+TEST(Idle, IsOnlyTheSecondOfTwoRulesThatHideEveryIcon) {
+    EXPECT_THAT(idleOf({rule("all", "icon").visibility("off"), rule("all", "icon").visibility("off")}),
+                ElementsAre("2 visibility"));
+}
+
+// The first two draw nothing, but each leaves a style of its type behind.
+TEST(Idle, IsWhatChangesNothingTogetherWithAllTheRest) {
+    EXPECT_THAT(idleOf({rule("highwaylabel", "labels.text.topsurface").color("#112233"),
+                        rule("hotellabel", "labels.text.topsurface").color("#112233"),
+                        rule("water", "fill").color("#111111").weight("3"),
+                        rule("water", "fill").color("#111111").weight("3")}),
+                ElementsAre("1 color", "2 color", "4"));
+}
+
 TEST(Idle, IsNoRuleThatHidesEveryIconOnAMapWithoutStyleIds) {
     EXPECT_THAT(idleOf(*loadedText("{}", styleOf({rule("all", "icon").visibility("off")}))), IsEmpty());
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "customstyle/StyleSnapshot.h"
+#include "tests/stylesnapshot/SameAnswers.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -35,6 +36,17 @@ TEST(StyleSnapshot, LendsOneRecordToStyleIdsThatLookAlike) {
     EXPECT_EQ(snapshot.FindStyle(firstStyleId(kHighway), 10).style,
               snapshot.FindStyle(secondStyleId(kHighway), 10).style);
     EXPECT_EQ(snapshot.FindStyle(firstStyleId(kHighway), 10).style->m_ID, 0);
+}
+
+// A host may file a slot under any key.
+TEST(StyleSnapshot, LeavesOutKeysOfTypesThatDoNotExist) {
+    const auto config = loadedWith({rule("highway", "geometry.fill").color("#112233")});
+    for (const char* key : {"-1", "-13", "73", "100000"}) {
+        config->m_keyStyleMaps.emplace(key, config->m_keyStyleMaps.at("13"));
+        config->m_styleEffectLevels.emplace(key, 1);
+    }
+    const QueriesEnabled enabled;
+    expectSameAnswers(*config, StyleSnapshot(*config));
 }
 
 /// A store with `count` style ids spread over the types, and all slots in use.

@@ -139,6 +139,15 @@ TEST(VJson, NothingIsFoundOfNothing) {
 }
 
 // Every two bytes that are not NUL, as the name of a member and as the name asked for.
+TEST(VJson, ChildrenAreVisitedInOrderAndNothingHasNone) {
+    std::string visited;
+    const auto visit = [&](const cJSON& child) { visited += std::to_string(child.valueint); };
+    forEachChild(nullptr, visit);
+    EXPECT_EQ(visited, "");
+    forEachChild(parsedExactly("[3,1,2]").get(), visit);
+    EXPECT_EQ(visited, "312");
+}
+
 TEST(VJson, MembersAreFoundAsThePackageFindsThem) {
     char name[] = "x";
     char asked[] = "x";

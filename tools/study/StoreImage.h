@@ -23,16 +23,13 @@ class StoreImage {
 public:
     explicit StoreImage(const _orvik_framework::CustomConfig& config);
 
-    /// The records of each key that has a slot, in the slot's order.
-    const std::map<std::string, std::vector<ImageRecord>>& slots() const { return m_slots; }
-
     /// Field by field; padding does not count.
     bool operator==(const StoreImage& other) const;
 
 private:
     void addSlot(const std::string& key, const _orvik_framework::CVMapPtrToPtr& slot);
 
-    std::map<std::string, std::vector<ImageRecord>> m_slots;
+    std::map<std::string, std::vector<ImageRecord>> m_slots;  // in the order of the slot
     std::map<std::string, int> m_effectLevels;
     std::uint64_t m_gridColor;
     bool m_gridColorSet;
