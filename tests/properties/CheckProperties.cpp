@@ -64,7 +64,7 @@ std::optional<Failure> checkHolds(const Trial& trial) {
     if (auto failure = reasonsFail(style)) return failure;
     if (auto failure = logFails(style)) return failure;
     if (auto failure = formFails(trial)) return failure;
-    return trial.variant % 250 == 0 ? slotsFail(trial.variant) : std::nullopt;
+    return trial.variant % 100 == 0 ? slotsFail(trial.variant) : std::nullopt;
 }
 
 }  // namespace customstyle_test::properties
