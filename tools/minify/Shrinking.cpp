@@ -12,12 +12,6 @@ namespace {
 
 constexpr std::size_t kMostToPair = 12;
 
-std::size_t sizeOf(const PlacedRules& rules) {
-    std::size_t size = 0;
-    for (const PlacedRule& each : rules) size += each.ready->text.size();
-    return size;
-}
-
 PlacedRules without(PlacedRules rules, std::size_t begin, std::size_t end) {
     const auto at = [&](std::size_t index) { return rules.begin() + static_cast<PlacedRules::difference_type>(index); };
     rules.erase(at(begin), at(end));
@@ -60,7 +54,6 @@ bool Shrinking::shrink() {
         isChanged |= removeLevels();
         isChanged |= shortenNames();
         isChanged |= mergeRules();
-        isChanged |= widenRules();
         if (!isChanged) isChanged = replacePairs();
         isShorter |= isChanged;
     }
@@ -208,45 +201,6 @@ bool Shrinking::replacePair(std::size_t kept, std::size_t dropped) {
         }
     }
     return false;
-}
-
-bool Shrinking::widenRules() {
-    bool isChanged = false;
-    for (std::size_t i = 0; i < rules().size() && isComplete(); ++i) {
-        for (const char* path : elementPaths()) {
-            if (i < rules().size()) isChanged |= widen(i, path);
-        }
-    }
-    return isChanged;
-}
-
-// A rule may write more than it has to, if other rules then have less to write.
-bool Shrinking::widen(std::size_t index, const std::string& path) {
-    const MinimalRule& narrow = rules()[index].rule();
-    if (narrow.elementType == path || !reaches(narrow.featureType, path, narrow)) return false;
-    MinimalRule wide = narrow;
-    wide.elementType = path;
-    PlacedRules candidate = with(rules(), index, std::move(wide));
-    if (!isSame(candidate)) return false;
-    candidate = withoutRepeated(std::move(candidate), index);
-    if (sizeOf(candidate) >= sizeOf(rules())) return false;
-    m_cluster.accept(m_part, std::move(candidate));
-    return true;
-}
-
-// Leaves out the rules that a wide one makes unnecessary.
-PlacedRules Shrinking::withoutRepeated(PlacedRules candidate, std::size_t index) {
-    const MinimalRule& wide = candidate[index].rule();
-    for (std::size_t i = candidate.size(); i-- > 0;) {
-        const MinimalRule& other = candidate[i].rule();
-        if (i == index || !holdsStylersOf(wide, other)) continue;
-        if (!reaches(wide.featureType, wide.elementType, other)) continue;
-        PlacedRules shorter = without(candidate, i, i + 1);
-        if (!isSame(shorter)) continue;
-        candidate = std::move(shorter);
-        if (i < index) --index;
-    }
-    return candidate;
 }
 
 bool Shrinking::reaches(const std::string& featureType, const std::string& path, const MinimalRule& rule) {

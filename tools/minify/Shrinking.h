@@ -41,9 +41,6 @@ private:
     bool shortenNames();
     bool replacePairs();
     bool replacePair(std::size_t kept, std::size_t dropped);
-    bool widenRules();
-    bool widen(std::size_t index, const std::string& path);
-    PlacedRules withoutRepeated(PlacedRules candidate, std::size_t index);
 
     /// Whether a rule with this type and path writes all that another writes.
     bool reaches(const std::string& featureType, const std::string& path, const MinimalRule& rule);
