@@ -42,8 +42,10 @@ TEST_F(Walk, MeetsTheOldestEntryFirst) {
 
 TEST_F(Walk, CanBeSteppedByHand) {
     for (const int id : {30, 10}) m_map[storedKey(id)] = &m_record;
-    auto entry = StoredRecords(m_map).begin();
+    const StoredRecords records(m_map);
+    auto entry = records.begin();
     EXPECT_EQ(entry->id(), 30);
+    // cppcheck-suppress postfixOperator; every iterator has it
     entry++;
     EXPECT_EQ(entry->id(), 10);
 }
