@@ -15,7 +15,7 @@ public:
         }
     }
 
-    /// Each alone, and all of them, one after another. Of others than the first or the last ones two can cover for each
+    /// Each alone, and all of them, one after another from either end. In other selections two rules can cover for each
     /// other.
     std::optional<Failure> fail() const {
         for (const Part& part : m_all) {
