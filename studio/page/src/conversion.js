@@ -5,6 +5,7 @@ import {readFile, saveCopy} from './files.js';
 import {levelsText} from './levels.js';
 
 const kShownPlaces = 4;
+const kLegends = {openmaptiles: 'tiles with the OpenMapTiles schema', studio: 'the studio’s tiles'};
 
 // The module is loaded for each conversion and goes with its answer: a file that it cannot bear costs the page nothing.
 async function converted(request) {
@@ -48,6 +49,7 @@ class ConversionDialog {
   constructor(id) {
     this.id = id;
     this.dialog = at(id);
+    this.part('legend').append(...Object.entries(kLegends).map(([value, title]) => element('option', {value}, title)));
     this.part('close').addEventListener('click', () => this.dialog.close());
     this.dialog.addEventListener('close', () => this.forget());
   }
@@ -153,7 +155,7 @@ export class ImportDialog extends ConversionDialog {
   take(file) {
     this.file = file;
     const [, legend] = /"customstyle:legend":\s*"(\w+)"/.exec(file.text) ?? [];
-    if ([...this.part('legend').options].some(({value}) => value === legend)) this.part('legend').value = legend;
+    if (Object.hasOwn(kLegends, legend)) this.part('legend').value = legend;
     return this.ask();
   }
 
