@@ -450,8 +450,10 @@ class Studio {
   }
 
   selectPanel(id) {
+    const isOpened = id !== this.panel;
     this.panel = id;
     this.drawPanels();
+    if (isOpened) this.scrollToLevel();
     this.showEffectOfRule();
   }
 
@@ -474,6 +476,12 @@ class Studio {
     at('panel').replaceChildren(kPanels.find(({id}) => id === this.panel).draw(this));
   }
 
+  // At once: nothing moves, whatever readers prefer.
+  scrollToLevel() {
+    const cell = at('panel').querySelector('.matrix [aria-current]');
+    if (cell) at('panel').scrollTo({left: cell.offsetLeft - at('panel').clientWidth / 2, behavior: 'instant'});
+  }
+
   /** Shows one of the three parts where there is room for one only. */
   showView(view) {
     document.body.dataset.view = view;
@@ -487,6 +495,7 @@ class Studio {
     at('level').value = this.map.level;
     at('level-text').textContent = this.map.level;
     this.drawPanel(['levels', 'specimens']);
+    this.scrollToLevel();
   }
 
   // What was typed can be had back when another style has taken its place.

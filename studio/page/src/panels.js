@@ -79,7 +79,7 @@ export function levelsPanel(page) {
     ...records.map(({style}, i) => matrixCell(page, id, field, style[field], i))));
   rows.push(element('tr', {}, element('th', {scope: 'row'}, 'icon'), ...records.map((record, i) =>
     matrixCell(page, id, 'icon', record.icon_hidden ? 'off' : 'on', i))));
-  return element('div', {}, element('p', {}, element('label', {}, 'Feature type ', select)),
+  return element('div', {class: 'levels'}, element('p', {}, element('label', {}, 'Feature type ', select)),
     element('table', {class: 'matrix'}, element('thead', {}, head), element('tbody', {}, ...rows)));
 }
 

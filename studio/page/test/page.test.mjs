@@ -449,6 +449,25 @@ describe('the page', () => {
     await other.profile.close();
   });
 
+  test('shows a phone the current level among all levels', async () => {
+    const other = await openStudio(started, {size: {width: 390, height: 720}});
+    const {page} = other;
+    const isShown = () => page.evaluate(() => {
+      const [type, field, cell] = ['#matrix-type', 'th', 'td[aria-current]'].map((part) => document.querySelector(`#panel ${part}`).getBoundingClientRect());
+      return type.left >= 0 && field.right <= cell.left && cell.right <= window.innerWidth;
+    });
+    await page.locator('#views [data-view="panels"]').click();
+    await page.locator('[data-panel="levels"]').click();
+    assert.ok(await isShown(), 'opened');
+    for (const level of ['21', '4']) {
+      await page.locator('#views [data-view="map"]').click();
+      await page.locator('#level').fill(level);
+      await page.locator('#views [data-view="panels"]').click();
+      assert.ok(await isShown(), level);
+    }
+    await other.profile.close();
+  });
+
   test('leads a phone from the map to the reason, and on to the rule', async () => {
     const other = await openStudio(started, {size: {width: 390, height: 720}});
     const {page} = other;
