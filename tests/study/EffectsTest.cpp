@@ -9,6 +9,7 @@
 
 #include "tests/study/LoadedText.h"
 #include "tests/study/Sources.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 #include "tools/study/ComponentGuard.h"
@@ -125,12 +126,41 @@ TEST(Proofs, KeepOneOfThoseThatCoverForEachOther) {
 TEST(Proofs, OfThoseThatCoverForEachOtherEndWhenTheTimeIsUp) {
     const auto study = iconShownByMany();
     int asked = 0;
-    // Each alone is proven in time, all of them together are not.
+    // Each alone is proven in time, of the four together only the first is.
     const Proofs proofs = proveEffects(*study, {.isTimeUp = [&] { return ++asked > 5; }});
-    EXPECT_EQ(std::ranges::count(proofs.effects, true, &ProvenEffect::isIdle), 0);
-    EXPECT_EQ(proofs.unproven, 4U);
-    EXPECT_EQ(proofs.effects.size(), 1U);
+    EXPECT_EQ(std::ranges::count(proofs.effects, true, &ProvenEffect::isIdle), 1);
+    EXPECT_EQ(proofs.unproven, 3U);
+    EXPECT_EQ(proofs.effects.size(), 2U);
 }
+
+// One style id belongs to all types. Rules 1 and 2 draw nothing, but make their types answer for the icon, and show it.
+// Rule 3 hides it for a type that is asked later, and rule 4 makes this type draw nothing. So rules 1 and 2 can only go
+// after rule 3, or one of them has to stay.
+struct CoverCase {
+    const char* name;
+    const char* firstType;
+    const char* secondType;
+    const char* hiddenType;
+};
+
+const CoverCase kCovers[] = {
+    {"InDifferentParts", "highwaylabel", "roadlabel", "hotellabel"},
+    {"InOnePart", "highway", "highway", "highwaylabel"},  // the first two rules address the label type, too
+};
+
+class Cover : public testing::TestWithParam<CoverCase> {};
+
+TEST_P(Cover, IsNotIdleOnceTheOtherOneThatCoversIsLeftOut) {
+    const auto& [name, firstType, secondType, hiddenType] = GetParam();
+    const std::string style = styleOf({rule(firstType, "labels.text.topsurface").color("#112233"),
+                                       rule(secondType, "labels.text.topsurface").color("#112233"),
+                                       rule(hiddenType, "icon").visibility("off"),
+                                       rule(hiddenType, "labels.text.topsurface").color("#112233")});
+    EXPECT_THAT(idleOf(*loadedText(mappingText([](int) { return std::vector{7}; }), style)),
+                ElementsAre("1 color", "3 visibility"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Proofs, Cover, testing::ValuesIn(kCovers), caseName);
 
 TEST(Proofs, LeaveOutNothingThatIsKept) {
     const auto study = loadedText(
@@ -218,6 +248,49 @@ TEST_P(ProofOfARandomStyle, FindsAllThatIsIdleByItselfAndWithoutWhatIsIdleAfterI
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, ProofOfARandomStyle, testing::Range(0u, 40u));
+
+// Few types with style ids in common. Most rules draw nothing, but make their type answer for the icon, so that they
+// often cover for each other.
+std::unique_ptr<StyleStudy> styleOfCoveringRules(RandomFiles& files) {
+    const auto oneOf = [&](std::initializer_list<const char*> texts) {
+        return texts.begin()[files.below(static_cast<int>(texts.size()))];
+    };
+    const std::string mapping = mappingText([&](int) {
+        return files.oneIn(4) ? std::vector{5, -8} : std::vector{7, 5};
+    });
+    std::vector<std::string> rules;
+    for (int i = 3 + files.below(6); i > 0; --i) {
+        const char* const type = oneOf({"highway", "highwaylabel", "hotellabel", "poilabel", "roadlabel"});
+        RuleBuilder drawsNothing = rule(type, "labels.text.topsurface").color(oneOf({"#111111", "#222222"}));
+        if (files.oneIn(4)) drawsNothing.level("9");
+        if (files.oneIn(3)) rules.push_back(rule(type, "icon").visibility(oneOf({"off", "on"})).json());
+        rules.push_back(drawsNothing.json());
+    }
+    return loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));
+}
+
+class ProofOfCoveringRules : public testing::TestWithParam<unsigned> {};
+
+TEST_P(ProofOfCoveringRules, LetsIdleOnesGoOneByOneInBothOrders) {
+    const ComponentGuard guard;
+    RandomFiles files(GetParam());
+    const auto study = styleOfCoveringRules(files);
+    std::vector<std::vector<bool>> idle;
+    for (const ProvenEffect& effect : proveEffects(*study).effects) {
+        if (effect.isIdle) idle.push_back(stepsOf(*study, effect));
+    }
+    for (const bool isReverse : {false, true}) {
+        std::vector<bool> leftOut(study->steps().size());
+        for (const std::vector<bool>& each : idle) {
+            EXPECT_TRUE(isSameWithout(*study, each));
+            leftOut = both(leftOut, each);
+            EXPECT_TRUE(isSameWithout(*study, leftOut)) << study->source().text();
+        }
+        if (!isReverse) std::ranges::reverse(idle);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ProofOfCoveringRules, testing::Range(0u, 100u));
 
 }  // namespace
 }  // namespace customstyle_test

@@ -6,7 +6,6 @@
 #include <map>
 #include <memory>
 #include <set>
-#include <span>
 #include <tuple>
 
 #include "tools/study/ComponentGuard.h"
@@ -224,10 +223,18 @@ struct Proof {
     }
 };
 
+// Built from the single rules: the tree of a whole text would take much memory.
+std::unique_ptr<CustomConfig> wholeStore(const StyleStudy& study) {
+    auto config = std::make_unique<CustomConfig>();
+    config->ParseMappingConfig(study.mapping().speakersTree());
+    for (const SingleRule& single : study.singles()) config->ParseCustomConfig(single.document().get());
+    return config;
+}
+
 // What a lane keeps from part to part: making the stores takes longer than proving a small part.
 struct Lane {
-    Lane(const StyleStudy& study, std::unique_ptr<CustomConfig> whole)
-        : patched(std::move(whole)), store(study.mapping().tracedTree()), questions(study) {}
+    explicit Lane(const StyleStudy& study)
+        : patched(wholeStore(study)), store(study.mapping().tracedTree()), questions(study) {}
 
     PatchedStore patched;
     UndoableStore store;
@@ -254,8 +261,8 @@ public:
         return std::move(m_proofs);
     }
 
-    /// Whether the store differs once all that is idle is left out, even if no answer changes.
-    bool leavesDifference() const { return !m_adopted.empty(); }
+    /// Whether the store differs once some of what is idle is left out, even if no answer changes.
+    bool leavesDifference() const { return m_leavesDifference; }
 
 private:
     std::size_t ruleOf(std::size_t place) const { return m_works[place].step->rule; }
@@ -266,6 +273,7 @@ private:
         startAgain();
         m_proofs = {};
         m_idle.clear();
+        m_leavesDifference = false;
         for (std::size_t end = m_works.size(); end > 0;) {
             std::size_t begin = end - 1;
             while (begin > 0 && ruleOf(begin - 1) == ruleOf(begin)) --begin;
@@ -288,6 +296,7 @@ private:
                 m_neverIdle.insert({begin, end});
                 return false;
             }
+            m_leavesDifference |= !m_different.empty();
             adopt();
             for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = true;
         }
@@ -336,7 +345,10 @@ private:
         m_differsByOthers = false;
         effect = effectWithout(begin, end, Without::Nothing);
         if (effect.any() || m_neverIdle.contains({begin, end})) return false;
-        return !m_differsByOthers || !effectWithout(begin, end, Without::AllIdle).any();
+        const bool differsAlone = !m_different.empty();
+        if (m_differsByOthers && effectWithout(begin, end, Without::AllIdle).any()) return false;
+        m_leavesDifference |= differsAlone || !m_different.empty();
+        return true;
     }
 
     // Brings the store to its state before a work, with all works before it applied.
@@ -439,32 +451,25 @@ private:
     std::vector<Changed> m_changed;
     bool m_differsByOthers = false;   // whether works that are left out could make a difference to the one in question
     std::set<std::string> m_adopted;  // keys that differ from the whole style at the end, without changing an answer
+    bool m_leavesDifference = false;
 };
 
 // ---- All parts ------------------------------------------------------------------------------------------------------
 
-std::vector<std::vector<std::size_t>> partsOf(const StyleStudy& study) {
-    std::vector<std::vector<std::size_t>> parts = independentParts(study.steps());
+using Part = std::vector<std::size_t>;  // indices of steps, ascending
+
+std::vector<Part> partsOf(const StyleStudy& study) {
+    std::vector<Part> parts = independentParts(study.steps());
     std::vector<bool> isInPart(study.steps().size());
-    for (const auto& part : parts) {
+    for (const Part& part : parts) {
         for (const std::size_t step : part) isInPart[step] = true;
     }
-    std::vector<std::size_t> rest;
+    Part rest;
     for (std::size_t i = 0; i < isInPart.size(); ++i) {
         if (!isInPart[i]) rest.push_back(i);
     }
     if (!rest.empty()) parts.push_back(std::move(rest));
     return parts;
-}
-
-// Built from the single rules: the tree of a whole text would take much memory.
-std::unique_ptr<CustomConfig> storeWithout(const StyleStudy& study, const std::vector<bool>& leftOut) {
-    auto config = std::make_unique<CustomConfig>();
-    config->ParseMappingConfig(study.mapping().speakersTree());
-    for (std::size_t i = 0; i < study.singles().size(); ++i) {
-        if (!leftOut[i]) config->ParseCustomConfig(study.singles()[i].document().get());
-    }
-    return config;
 }
 
 struct PartOutcome {
@@ -475,17 +480,15 @@ struct PartOutcome {
 // Preparing one more lane takes as long as proving hundreds of steps.
 constexpr std::size_t kStepsWorthALane = 500;
 
-std::vector<PartOutcome> proveParts(Proof& proof) {
+std::vector<PartOutcome> proveParts(Proof& proof, const std::vector<Part>& parts) {
     const StyleStudy& study = proof.study;
-    const std::vector<std::vector<std::size_t>> parts = partsOf(study);
+    study.spokenConfig();  // computed now, not on first use: by then several threads may ask for it
     const Spread alone;
     const Spread& spread = proof.all < kStepsWorthALane ? alone : study.spread();
     std::vector<std::unique_ptr<Lane>> lanes(spread.lanes);
-    for (auto& lane : lanes) {
-        lane = std::make_unique<Lane>(study, storeWithout(study, std::vector<bool>(study.steps().size())));
-    }
     std::vector<PartOutcome> outcomes(parts.size());
     spread.run(parts.size(), [&](std::size_t part, std::size_t lane) {
+        if (lanes[lane] == nullptr) lanes[lane] = std::make_unique<Lane>(study);
         PartProof partProof(proof, parts[part], *lanes[lane], lane == 0);
         outcomes[part].proofs = partProof.run();
         outcomes[part].leavesDifference = partProof.leavesDifference();
@@ -493,66 +496,26 @@ std::vector<PartOutcome> proveParts(Proof& proof) {
     return outcomes;
 }
 
+// Each part is proven with nothing left out of the others, but different parts could cover for each other at a style id
+// that is listed under types of both. That takes records that differ without changing an answer. It is rare, so that
+// only the parts with such records are proven again, as one.
+std::vector<PartOutcome> proveAll(Proof& proof) {
+    const std::vector<Part> parts = partsOf(proof.study);
+    std::vector<PartOutcome> outcomes = proveParts(proof, parts);
+    if (std::ranges::count(outcomes, true, &PartOutcome::leavesDifference) < 2) return outcomes;
+    Part joined;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (outcomes[i].leavesDifference) joined.insert(joined.end(), parts[i].begin(), parts[i].end());
+    }
+    std::ranges::sort(joined);
+    std::erase_if(outcomes, [](const PartOutcome& each) { return each.leavesDifference; });
+    outcomes.push_back(std::move(proveParts(proof, {joined}).front()));
+    return outcomes;
+}
+
 auto orderOf(const ProvenEffect& effect) {
     return std::tuple(effect.rule, effect.step ? *effect.step + 1 : 0);
 }
-
-// Different parts could cover for each other at a style id that is listed under types of both. That is rare, so
-// everything idle is left out at once first. Only if that changes an answer, it is left out by halves, from the last
-// rule to the first.
-class JointProof {
-public:
-    explicit JointProof(Proof& proof) : m_proof(proof), m_leftOut(proof.study.steps().size()) {}
-
-    void run(Proofs& proofs) {
-        std::vector<ProvenEffect*> idle;
-        for (auto each = proofs.effects.rbegin(); each != proofs.effects.rend(); ++each) {
-            if (each->isIdle) idle.push_back(&*each);
-        }
-        if (idle.empty() || changesNothingMoreWithout(idle)) return;
-        proveHalves(idle);
-        proofs.unproven += m_unproven.size();
-        std::erase_if(proofs.effects, [&](const ProvenEffect& each) { return m_unproven.contains(orderOf(each)); });
-    }
-
-private:
-    using Effects = std::span<ProvenEffect* const>;
-
-    void prove(Effects effects) {
-        if (m_proof.isStopped) {
-            for (const ProvenEffect* each : effects) m_unproven.insert(orderOf(*each));
-        } else if (!changesNothingMoreWithout(effects)) {
-            proveHalves(effects);
-        }
-    }
-
-    void proveHalves(Effects effects) {
-        m_proof.watchTime();
-        if (effects.size() == 1) {
-            effects.front()->isIdle = false;
-            return;
-        }
-        prove(effects.first(effects.size() / 2));
-        prove(effects.subspan(effects.size() / 2));
-    }
-
-    // If so, they stay left out.
-    bool changesNothingMoreWithout(Effects effects) {
-        std::vector<bool> leftOut = m_leftOut;
-        for (const ProvenEffect* each : effects) {
-            const auto [begin, end] = m_proof.study.stepsOf(each->rule);
-            for (std::size_t i = each->step.value_or(begin); i < (each->step ? *each->step + 1 : end); ++i)
-                leftOut[i] = true;
-        }
-        if (differenceBetween(m_proof.study.spokenConfig(), *storeWithout(m_proof.study, leftOut)).any()) return false;
-        m_leftOut = std::move(leftOut);
-        return true;
-    }
-
-    Proof& m_proof;
-    std::vector<bool> m_leftOut;  // by step
-    std::set<std::tuple<std::size_t, std::size_t>> m_unproven;
-};
 
 }  // namespace
 
@@ -560,15 +523,12 @@ Proofs proveEffects(const StyleStudy& study, const ProofOptions& options) {
     const ComponentGuard guard;
     Proof proof{study, options};
     proof.all = study.steps().size();
-    std::vector<PartOutcome> outcomes = proveParts(proof);
     Proofs all;
-    for (const PartOutcome& each : outcomes) {
+    for (const PartOutcome& each : proveAll(proof)) {
         all.effects.insert(all.effects.end(), each.proofs.effects.begin(), each.proofs.effects.end());
         all.unproven += each.proofs.unproven;
     }
     std::ranges::sort(all.effects, {}, orderOf);
-    // Each part was proven with nothing left out of the others.
-    if (std::ranges::count(outcomes, true, &PartOutcome::leavesDifference) > 1) JointProof(proof).run(all);
     return all;
 }
 
