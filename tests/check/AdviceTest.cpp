@@ -54,6 +54,12 @@ TEST(WhatCanGo, IsOneOfTwoRulesThatSayTheSame) {
     EXPECT_TRUE(file.findings[0].canGo);
 }
 
+TEST(WhatCanGo, IsARuleThatWritesWhatNoRuleHasSet) {
+    EXPECT_THAT(
+        saidOf(checked({{"highway", "all", R"({"weight": "3"})"}, {"highway", "all", R"({"visibility": "on"})"}})),
+        ElementsAre("2 no-effect: the rule has no effect on the map: it writes what is already there"));
+}
+
 // A rule for "all" takes a slot; where all are taken, that one would go to a rule that is refused.
 TEST(WhatCanGo, LeavesTheSlotsOfAFullStoreAsTheyAre) {
     const auto isRemovable = [](const std::string& rules) {

@@ -173,6 +173,20 @@ INSTANTIATE_TEST_SUITE_P(
                  R"({"type": "boundary", "kind": "line", "source_layer": "b"})", "not-kept"}),
     [](const auto& each) { return each.param.name; });
 
+class PropertyThatTheLegendDecides : public testing::TestWithParam<const char*> {};
+
+TEST_P(PropertyThatTheLegendDecides, IsNoLoss) {
+    const std::string property = GetParam();
+    const ImportedStyle style = imported(
+        R"({"id": "a", "type": "fill", "source-layer": "water", "layout": {")" + property + R"(": "any"}})", kWater);
+    EXPECT_THAT(codesOf(style), Not(Contains("no-counterpart")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Imports, PropertyThatTheLegendDecides,
+                         testing::Values("fill-antialias", "fill-extrusion-base", "fill-extrusion-height",
+                                         "icon-padding", "symbol-placement", "symbol-spacing", "text-anchor",
+                                         "text-max-width", "text-offset", "text-optional", "text-padding"));
+
 TEST(ImportedStyle, LeavesOutWhatItDoesNotUnderstand) {
     const ImportedStyle style = imported(R"({"id": "a", "type": "line", "source-layer": "roads",
                      "paint": {"line-color": ["var", "red"], "line-width": 3}})",

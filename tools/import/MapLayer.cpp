@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kEndOfLevel = 0.99;  // of a zoom
 
-// Properties that are read, and properties without which the drawing is the same.
+// Properties that are read, and those that no rule can set because the legend decides, such as where a text stands.
 constexpr std::string_view kKnownProperties[] = {"background-color",
                                                  "background-opacity",
                                                  "fill-color",
