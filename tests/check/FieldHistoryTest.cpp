@@ -11,6 +11,8 @@ namespace customstyle_test {
 namespace {
 
 using namespace customstyle_tool;
+using _orvik_framework::EMAPCUSTOMSTYLE_HIGHWAY;
+using _orvik_framework::EMAPCUSTOMSTYLE_HIGHWAYLABEL;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -61,6 +63,30 @@ TEST(FieldHistory, AddsUpForALevelWithoutAStyleForAllLevels) {
     EXPECT_THAT(
         lossesOf({atLevel("geometry.stroke", R"("color": "#222222")"), atLevel("geometry.fill", R"("weight": "3")")}),
         IsEmpty());
+}
+
+// Hiding for a level starts over from the style for all levels with the geometry, and again with the icon, for both
+// types.
+TEST(FieldHistory, KnowsWhatAStepUndoesItselfInEachOfItsRecords) {
+    const SourceFile file("style.json",
+                          fmt::format("[{},{}]", ruleText("highway", "all", R"({"color": "#112233"})"),
+                                      ruleText("highway", "all", R"({"visibility": "off", "level": "9"})")));
+    const StyleSource style(file, std::get<JsonDocument>(parseJson(file.text())));
+    const TracedReplay replay(Mapping::standard().tracedTree(), singleRules(style));
+    const FieldHistory recorded(replay.steps());
+    for (const int type : {EMAPCUSTOMSTYLE_HIGHWAY, EMAPCUSTOMSTYLE_HIGHWAYLABEL}) {
+        const History history = recorded.historyOf({type, 9}, fieldIndex("text fill"));
+        ASSERT_TRUE(history.winner);
+        EXPECT_EQ(history.winner->step, 0U);
+        ASSERT_EQ(history.losses.size(), 1U);
+        const Loss& loss = history.losses.front();
+        EXPECT_EQ(loss.kind, LossKind::Reset);
+        EXPECT_EQ(loss.byStep, 1U);
+        EXPECT_EQ(loss.write.step, 1U);
+        EXPECT_EQ(loss.write.featureType, type);
+        EXPECT_EQ(loss.write.level, 9);
+        EXPECT_EQ(loss.write.value, 0U);
+    }
 }
 
 TEST(FieldHistory, KnowsTheOwnersInTheEnd) {

@@ -21,13 +21,16 @@ namespace customstyle_test {
 namespace {
 
 using namespace customstyle_tool;
+using _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL;
+using _orvik_framework::EMAPCUSTOMSTYLE_WATER;
+using _orvik_framework::kStyleSlotCount;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 // "1" for an idle rule, "1 color" for an idle styler.
-std::vector<std::string> idleOf(const StyleStudy& study) {
+std::vector<std::string> idleOf(const StyleStudy& study, const ProofOptions& options = {}) {
     std::vector<std::string> idle;
-    for (const ProvenEffect& effect : proveEffects(study).effects) {
+    for (const ProvenEffect& effect : proveEffects(study, options).effects) {
         if (!effect.isIdle) continue;
         const std::string styler = effect.step ? " " + study.steps()[*effect.step].styler : "";
         idle.push_back(std::to_string(effect.rule + 1) + styler);
@@ -170,6 +173,86 @@ TEST(Proofs, LeaveOutNothingThatIsKept) {
     EXPECT_EQ(proofs.effects[0].rule, 1U);
 }
 
+// ---- Full stores ----------------------------------------------------------------------------------------------------
+
+// Each takes one slot and draws nothing: a type's label type, which they address as well, comes before it. The first
+// types are left to the tests.
+std::vector<std::string> rulesForAllSlotsButOne() {
+    std::vector<std::string> rules;
+    for (int type = EMAPCUSTOMSTYLE_OTHERLABEL; rules.size() + 1 < kStyleSlotCount; --type) {
+        for (int level = 3; level <= 21 && rules.size() + 1 < kStyleSlotCount; ++level) {
+            RuleBuilder filler = rule(catalogue().GetFeatureTypeName(type), "labels.text.topsurface").color("#112233");
+            if (level > 3) filler.level(std::to_string(level));
+            rules.push_back(filler.json());
+        }
+    }
+    return rules;
+}
+
+struct LastSlotCase {
+    const char* name;
+    RuleBuilder refused;
+    const char* levels;  // at which the refused rule would have an effect
+};
+
+const LastSlotCase kLastSlots[] = {
+    {"AtALevel", rule("water", "fill").color("#111111").level("9"), "9"},
+    {"AtAllLevels", rule("water", "fill").color("#111111"), "all levels"},
+};
+
+class LastSlot : public testing::TestWithParam<LastSlotCase> {};
+
+TEST_P(LastSlot, GoesToARefusedRuleOnceTheOneThatTookItIsLeftOut) {
+    std::vector<std::string> rules = rulesForAllSlotsButOne();
+    const std::size_t fillers = rules.size();
+    rules.push_back(rule("green", "labels.text.topsurface").color("#112233").json());
+    rules.push_back(GetParam().refused.json());
+    const auto study = loadedText(testMapping(), fmt::format("[{}]", fmt::join(rules, ",")));
+    ASSERT_THAT(study->steps().back().refused, testing::SizeIs(1));
+    const Proofs proofs = proveEffects(*study, {.kept = std::vector<bool>(fillers, true), .details = true});
+    ASSERT_EQ(proofs.effects.size(), 2U);
+    EXPECT_EQ(levelsText(proofs.effects[0].effect.styles), GetParam().levels);
+    EXPECT_FALSE(proofs.effects[0].isIdle);
+    EXPECT_TRUE(proofs.effects[1].isIdle);
+}
+
+INSTANTIATE_TEST_SUITE_P(Proofs, LastSlot, testing::ValuesIn(kLastSlots), caseName);
+
+struct FreedSlotsCase {
+    const char* name;
+    std::vector<RuleBuilder> last;
+    std::vector<std::string> idle;
+};
+
+// No question finds the style id of the water. Rule 1240 takes the last slot but one, and rule 1241 the last one.
+const RuleBuilder kTakesTheLastSlot = rule("water", "fill").color("#111111");
+const RuleBuilder kTakesTheFirstFreedSlot = rule("water", "fill").color("#222222").level("9");
+const RuleBuilder kShowsOnceItHasASlot = rule("green", "fill").color("#333333");
+
+const FreedSlotsCase kFreedSlots[] = {
+    {"ToTheRuleThatShows", {kTakesTheLastSlot, kTakesTheFirstFreedSlot, kShowsOnceItHasASlot}, {"1241 color"}},
+    {"ToALaterRuleForTheKeyThatIsLeftOut",
+     {kTakesTheLastSlot, kTakesTheFirstFreedSlot, rule("water", "fill").color("#444444"), kShowsOnceItHasASlot},
+     {"1240 color", "1241 color"}},
+};
+
+class FreedSlots : public testing::TestWithParam<FreedSlotsCase> {};
+
+TEST_P(FreedSlots, OfIdleRulesGo) {
+    std::vector<std::string> rules = rulesForAllSlotsButOne();
+    std::vector<bool> kept(rules.size(), true);
+    for (const RuleBuilder& each : GetParam().last) rules.push_back(each.json());
+    kept.back() = false;
+    kept.push_back(false);
+    kept.resize(rules.size(), true);
+    const std::string mapping =
+        mappingText([](int type) { return std::vector{type == EMAPCUSTOMSTYLE_WATER ? -5 : 7}; });
+    const auto study = loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));
+    EXPECT_EQ(idleOf(*study, {.kept = kept}), GetParam().idle);
+}
+
+INSTANTIATE_TEST_SUITE_P(Proofs, FreedSlots, testing::ValuesIn(kFreedSlots), caseName);
+
 TEST(Parts, HoldTheRulesThatShareRecords) {
     const auto study = loadedText(
         testMapping(), styleOf({rule("water", "fill").color("#222222"), rule("highway", "all").color("#111111"),
@@ -249,48 +332,75 @@ TEST_P(ProofOfARandomStyle, FindsAllThatIsIdleByItselfAndWithoutWhatIsIdleAfterI
 
 INSTANTIATE_TEST_SUITE_P(Seeds, ProofOfARandomStyle, testing::Range(0u, 40u));
 
+const char* oneOf(RandomFiles& files, std::initializer_list<const char*> texts) {
+    return texts.begin()[files.below(static_cast<int>(texts.size()))];
+}
+
 // Few types with style ids in common. Most rules draw nothing, but make their type answer for the icon, so that they
 // often cover for each other.
 std::unique_ptr<StyleStudy> styleOfCoveringRules(RandomFiles& files) {
-    const auto oneOf = [&](std::initializer_list<const char*> texts) {
-        return texts.begin()[files.below(static_cast<int>(texts.size()))];
-    };
     const std::string mapping = mappingText([&](int) {
         return files.oneIn(4) ? std::vector{5, -8} : std::vector{7, 5};
     });
     std::vector<std::string> rules;
     for (int i = 3 + files.below(6); i > 0; --i) {
-        const char* const type = oneOf({"highway", "highwaylabel", "hotellabel", "poilabel", "roadlabel"});
-        RuleBuilder drawsNothing = rule(type, "labels.text.topsurface").color(oneOf({"#111111", "#222222"}));
+        const char* const type = oneOf(files, {"highway", "highwaylabel", "hotellabel", "poilabel", "roadlabel"});
+        RuleBuilder drawsNothing = rule(type, "labels.text.topsurface").color(oneOf(files, {"#111111", "#222222"}));
         if (files.oneIn(4)) drawsNothing.level("9");
-        if (files.oneIn(3)) rules.push_back(rule(type, "icon").visibility(oneOf({"off", "on"})).json());
+        if (files.oneIn(3)) rules.push_back(rule(type, "icon").visibility(oneOf(files, {"off", "on"})).json());
         rules.push_back(drawsNothing.json());
     }
     return loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));
 }
 
-class ProofOfCoveringRules : public testing::TestWithParam<unsigned> {};
-
-TEST_P(ProofOfCoveringRules, LetsIdleOnesGoOneByOneInBothOrders) {
+void expectIdleOnesToGoOneByOneInBothOrders(const StyleStudy& study, const ProofOptions& options = {}) {
     const ComponentGuard guard;
-    RandomFiles files(GetParam());
-    const auto study = styleOfCoveringRules(files);
     std::vector<std::vector<bool>> idle;
-    for (const ProvenEffect& effect : proveEffects(*study).effects) {
-        if (effect.isIdle) idle.push_back(stepsOf(*study, effect));
+    for (const ProvenEffect& effect : proveEffects(study, options).effects) {
+        if (effect.isIdle) idle.push_back(stepsOf(study, effect));
     }
     for (const bool isReverse : {false, true}) {
-        std::vector<bool> leftOut(study->steps().size());
+        if (isReverse) std::ranges::reverse(idle);
+        std::vector<bool> leftOut(study.steps().size());
         for (const std::vector<bool>& each : idle) {
-            EXPECT_TRUE(isSameWithout(*study, each));
+            EXPECT_TRUE(isSameWithout(study, each));
             leftOut = both(leftOut, each);
-            EXPECT_TRUE(isSameWithout(*study, leftOut)) << study->source().text();
+            EXPECT_TRUE(isSameWithout(study, leftOut)) << study.source().text();
         }
-        if (!isReverse) std::ranges::reverse(idle);
     }
 }
 
+class ProofOfCoveringRules : public testing::TestWithParam<unsigned> {};
+
+TEST_P(ProofOfCoveringRules, LetsIdleOnesGoOneByOneInBothOrders) {
+    RandomFiles files(GetParam());
+    expectIdleOnesToGoOneByOneInBothOrders(*styleOfCoveringRules(files));
+}
+
 INSTANTIATE_TEST_SUITE_P(Seeds, ProofOfCoveringRules, testing::Range(0u, 100u));
+
+class ProofInAFullStore : public testing::TestWithParam<unsigned> {};
+
+TEST_P(ProofInAFullStore, LetsIdleOnesGoOneByOneInBothOrders) {
+    RandomFiles files(GetParam());
+    std::vector<std::string> rules = rulesForAllSlotsButOne();
+    std::vector<bool> kept(rules.size() - 3, true);
+    kept.resize(rules.size());
+    for (int i = 0; i < 8; ++i) {
+        const char* const type = oneOf(files, {"land", "green", "water"});
+        RuleBuilder last = files.oneIn(3) ? rule(type, "icon").visibility("off")
+                                          : rule(type, "labels.text.topsurface").color("#112233");
+        if (!files.oneIn(3)) last.level(oneOf(files, {"9", "10"}));
+        rules.push_back(last.json());
+        kept.push_back(files.oneIn(3));
+    }
+    const std::string mapping =
+        mappingText([](int type) { return std::vector{type == EMAPCUSTOMSTYLE_WATER ? -5 : 7}; });
+    expectIdleOnesToGoOneByOneInBothOrders(*loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ","))),
+                                           {.kept = kept});
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ProofInAFullStore, testing::Range(0u, 4u));
 
 }  // namespace
 }  // namespace customstyle_test

@@ -83,6 +83,14 @@ TEST(StoreDifference, OfAStyleIdThatOneStoreHasAloneIsAtEveryLevel) {
     EXPECT_EQ(effect.styleIds, 1u);
 }
 
+TEST(StoreDifference, OfAStyleIdWithoutARecordIsNone) {
+    const auto left = loadedWith({rule("water", "geometry").color("#112233")});
+    const auto right = loadedWith({rule("water", "geometry").color("#112233")});
+    (*right->m_keyStyleMaps.at("2"))[_orvik_framework::storedKey(99999)] = nullptr;
+    const QueriesEnabled enabled;
+    EXPECT_FALSE(differenceBetween(*left, *right).any());
+}
+
 TEST(StoreDifference, OfBytesThatBelongToNoFieldIsNone) {
     constexpr std::size_t kBehindTheSize = offsetof(tagCustomStyle, m_fontSize) + 1;
     static_assert(kBehindTheSize < offsetof(tagCustomStyle, m_fontSizeSet));

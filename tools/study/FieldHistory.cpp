@@ -17,10 +17,6 @@ bool isSameValue(const StyleField& field, const RecordTouch& touch) {
            appliesIn(field, touch.before) == appliesIn(field, touch.after);
 }
 
-bool isSame(const Write& left, const Write& right) {
-    return left.step == right.step && left.level == right.level;
-}
-
 History historyWith(const std::optional<Write>& winner) {
     History history;
     history.winner = winner;
@@ -29,14 +25,15 @@ History historyWith(const std::optional<Write>& winner) {
     return history;
 }
 
-// The winner is not lost. Of several losses of one write, the one to the latest step counts.
+// A step writes a field for one level or for all, so that it has one write at most in a history. The winner is not
+// lost. Of several losses of one write, the last one counts.
 void add(History& history, const Loss& loss) {
-    if (history.winner && isSame(*history.winner, loss.write)) return;
-    const auto isOfSameWrite = [&](const Loss& each) { return isSame(each.write, loss.write); };
-    const auto known = std::ranges::find_if(history.losses, isOfSameWrite);
+    if (history.winner && history.winner->step == loss.write.step) return;
+    const auto stepOf = [](const Loss& each) { return each.write.step; };
+    const auto known = std::ranges::find(history.losses, loss.write.step, stepOf);
     if (known == history.losses.end()) {
         history.losses.push_back(loss);
-    } else if (known->byStep <= loss.byStep) {
+    } else {
         *known = loss;
     }
 }
@@ -104,8 +101,7 @@ void FieldHistory::followField(std::size_t step, const RecordTouch& touch, std::
     if (origin == Origin::Written) {
         owner = {step, touch.level.has_value()};
     } else {
-        const RecordStory* const ofAll = storyOf({touch.featureType, {}});
-        owner = {ofAll == nullptr ? std::nullopt : ofAll->owners[field].step, false};
+        owner = {m_records.at({touch.featureType, {}}).owners[field].step, false};
     }
     const bool isOwnWork = origin == Origin::Written || before.ofLevel;
     if (field == kMarkField || !before.step || before.step == owner.step || !isOwnWork) return;

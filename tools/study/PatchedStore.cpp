@@ -50,7 +50,7 @@ void PatchedStore::takeBack() {
         if (patch->slot == nullptr) continue;
         m_config->m_keyStyleMaps.emplace(patch->key, patch->slot);
         m_config->m_styleEffectLevels.emplace(patch->key, parsedKey(patch->key).level ? 0 : 1);
-        if (patch->style) write(*patch->slot, *patch->style);
+        write(*patch->slot, patch->style);
     }
     m_patches.clear();
     m_ownSlots.clear();

@@ -32,8 +32,8 @@ public:
 private:
     struct Patch {
         std::string key;
-        _orvik_framework::CVMapPtrToPtr* slot;                  // null where the key had none
-        std::optional<_orvik_framework::tagCustomStyle> style;  // of its records
+        _orvik_framework::CVMapPtrToPtr* slot;     // null where the key had none
+        _orvik_framework::tagCustomStyle style{};  // of its records
     };
 
     void write(_orvik_framework::CVMapPtrToPtr& slot, const _orvik_framework::tagCustomStyle& style);

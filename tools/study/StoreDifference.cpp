@@ -34,12 +34,12 @@ LevelSet levelsOfKey(const std::string& key) {
 void addQuestionsOfKey(LevelsByStyleId& questions, const std::string& key, const CVMapPtrToPtr& slot,
                        const CVMapPtrToPtr* otherSlot) {
     const LevelSet levels = levelsOfKey(key);
-    for (const auto& entry : _orvik_framework::StoredRecords(slot)) {
-        if (entry.record == nullptr) continue;
+    forEachSlotRecord(slot, [&](int styleId, const tagCustomStyle& record) {
         const tagCustomStyle* other =
-            otherSlot == nullptr ? nullptr : _orvik_framework::findRecord(*otherSlot, entry.key);
-        if (other == nullptr || !sameFields(*entry.record, *other)) questions[entry.styleId()] |= levels;
-    }
+            otherSlot == nullptr ? nullptr
+                                 : _orvik_framework::findRecord(*otherSlot, _orvik_framework::storedKey(styleId));
+        if (other == nullptr || !sameFields(record, *other)) questions[static_cast<unsigned int>(styleId)] |= levels;
+    });
 }
 
 void addQuestions(LevelsByStyleId& questions, const CustomConfig& config, const CustomConfig& other,
