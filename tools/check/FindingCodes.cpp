@@ -1,12 +1,7 @@
 #include "tools/check/FindingCodes.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <iterator>
-
-#include "customstyle/FeatureTypeTable.h"
-#include "tools/vocabulary/FeatureTypes.h"
 
 namespace customstyle_tool {
 namespace {
@@ -418,55 +413,6 @@ constexpr bool eachInfoStandsAtItsCode() {
 }
 static_assert(eachInfoStandsAtItsCode());
 
-// Lists for all types of a mapping except some, each with an id of its own.
-std::string mappingMembersWithout(std::initializer_list<std::string_view> excepted) {
-    const std::span<const std::string> names = mappedTypeNames();
-    std::string members;
-    for (std::size_t type = 0; type < names.size(); ++type) {
-        if (std::ranges::find(excepted, names[type]) != excepted.end()) continue;
-        members += fmt::format(R"({}"{}": [{}])", members.empty() ? "" : ", ", names[type], 10000 + type);
-    }
-    return members;
-}
-
-// Rules for the types "land" to "otherlabel", without "boundary", at each level up to `highest`.
-// @param marked  the rule that is marked
-// @param most    the maximum number of rules
-std::string rulesForLevelsTo(int highest, std::size_t marked, std::size_t most) {
-    std::string rules;
-    std::size_t count = 0;
-    for (const auto& type : _orvik_framework::kFeatureTypes) {
-        if (type.labelOwner == _orvik_framework::LabelOwner::Nobody || type.hasFixedWeight) continue;
-        for (int level = 4; level <= highest && count < most; ++level) {
-            const char* const styler = ++count == marked ? R"(<<"color": "#3366cc">>)" : R"("color": "#3366cc")";
-            rules +=
-                fmt::format(R"({}{{"featureType": "{}", "elementType": "geometry", "stylers": {{{}, "level": "{}"}}}})",
-                            rules.empty() ? "[" : ",\n ", type.name, styler, level);
-        }
-    }
-    return rules + "]";
-}
-
-void replaceAll(std::string& text, std::string_view word, const std::string& by) {
-    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + by.size())) {
-        text.replace(at, word.size(), by);
-    }
-}
-
-std::string expanded(std::string text) {
-    replaceAll(text, "(1000 x [)", std::string(1000, '['));
-    replaceAll(text, "(FF)", "\xFF");
-    replaceAll(text, "(FE)", "\xFE");
-    replaceAll(text, R"((every type))", mappingMembersWithout({}));
-    replaceAll(text, R"((every type but "water"))", mappingMembersWithout({"water"}));
-    replaceAll(text, R"((every type but "nationalwaysign" and "provincialwaysign"))",
-               mappingMembersWithout({"nationalwaysign", "provincialwaysign"}));
-    replaceAll(text, R"((every type but "green" and "water"))", mappingMembersWithout({"green", "water"}));
-    if (text == "(70 types at levels 4 to 18)") return rulesForLevelsTo(18, 993, 1241);
-    if (text == "(1,242 rules for as many types and levels)") return rulesForLevelsTo(21, 1242, 1242);
-    return text;
-}
-
 }  // namespace
 
 std::string_view severityName(Severity severity) {
@@ -489,19 +435,11 @@ std::optional<Code> codeNamed(std::string_view name) {
     return found->code;
 }
 
-Example exampleOf(const CodeInfo& info) {
-    std::string text = expanded(info.example);
-    const std::size_t begin = text.find("<<");
-    text.erase(begin, 2);
-    const std::size_t end = text.find(">>");
-    text.erase(end, 2);
-    return {std::move(text), {begin, end}, expanded(info.exampleMapping)};
-}
-
 std::string shownExample(const CodeInfo& info) {
     std::string text = info.example;
-    replaceAll(text, "<<", "");
-    replaceAll(text, ">>", "");
+    for (const char* mark : {"<<", ">>"}) {
+        if (const std::size_t at = text.find(mark); at != text.npos) text.erase(at, 2);
+    }
     return text;
 }
 

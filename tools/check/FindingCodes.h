@@ -7,8 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "tools/json/JsonDocument.h"
-
 namespace customstyle_tool {
 
 enum class Severity : std::uint8_t { Error, Warning, Note };
@@ -131,8 +129,10 @@ struct CodeInfo {
     Trait traits;
     const char* title;
     const char* explanation;
-    const char* remedy;               ///< used where a finding has no better one
-    const char* example;              ///< see exampleOf; empty where nothing causes the finding
+    const char* remedy;  ///< used where a finding has no better one
+    /// A file that causes the finding, with << and >> around the place; what is too long or is not text is named in
+    /// parentheses: (1000 x [). Empty where nothing causes the finding.
+    const char* example;
     const char* exampleMapping = "";  ///< the mapping file that the example of a style needs, if any
 
     constexpr bool has(Trait trait) const {
@@ -146,17 +146,7 @@ const CodeInfo& infoOf(Code code);
 /// The code with a name, or none.
 std::optional<Code> codeNamed(std::string_view name);
 
-/// A file that causes a finding, and where the finding is in it. The table writes << and >> around the place, and puts
-/// in parentheses the name of what is too long or is not text: (1000 x [).
-struct Example {
-    std::string text;
-    TextRange place;
-    std::string mapping;  ///< empty where any mapping will do
-};
-
-Example exampleOf(const CodeInfo& info);
-
-/// The example as the table writes it, without << and >>.
+/// The example as people read it, without << and >>.
 std::string shownExample(const CodeInfo& info);
 
 }  // namespace customstyle_tool
