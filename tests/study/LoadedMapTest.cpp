@@ -31,14 +31,18 @@ std::string failureOf(const StyleOrFailure& loaded) {
 
 class StyleFile : public testing::Test {
 protected:
+    static StyleOrFailure loaded(const std::string& text, const std::optional<std::string>& mappingDirectory = {}) {
+        return studyOf(std::make_unique<SourceFile>("style.json", text), mappingDirectory, Mapping::standard());
+    }
+
     QueriesEnabled m_enabled;  // loading turns the questions on, and they are to be as before afterwards
     TemporaryDirectory m_directory;
 };
 
 TEST_F(StyleFile, IsLoadedOverTheDefaultMapping) {
-    const StyleOrFailure loaded = loadStyle(m_directory.write("style.json", kBlueWater), {});
-    ASSERT_EQ(failureOf(loaded), "none");
-    const StyleStudy& style = *std::get<0>(loaded);
+    const StyleOrFailure study = loaded(kBlueWater);
+    ASSERT_EQ(failureOf(study), "none");
+    const StyleStudy& style = *std::get<0>(study);
     EXPECT_EQ(style.source().rules().size(), 1U);
     EXPECT_EQ(style.mapping().text(), defaultMapping());
     EXPECT_EQ(ask(style.config(), kWater, 9).style.m_fillColor, 0xffff0000U);
@@ -48,31 +52,29 @@ TEST_F(StyleFile, IsLoadedOverTheMappingOfADirectory) {
     std::string mapping = defaultMapping();
     mapping.replace(mapping.find("1002"), 4, "7");
     m_directory.write("CustomIndex", mapping);
-    const StyleOrFailure loaded = loadStyle(m_directory.write("style.json", kBlueWater), m_directory.path().string());
-    ASSERT_EQ(failureOf(loaded), "none");
-    EXPECT_EQ(ask(std::get<0>(loaded)->config(), 7, 9).featureType, 2);
-    EXPECT_EQ(ask(std::get<0>(loaded)->config(), kWater, 9).featureType, -1);
+    const StyleOrFailure study = loaded(kBlueWater, m_directory.path().string());
+    ASSERT_EQ(failureOf(study), "none");
+    EXPECT_EQ(ask(std::get<0>(study)->config(), 7, 9).featureType, 2);
+    EXPECT_EQ(ask(std::get<0>(study)->config(), kWater, 9).featureType, -1);
 }
 
 TEST_F(StyleFile, IsLoadedWithoutTheLogOfItsRules) {
     LogCapture log;
-    loadStyle(m_directory.write("style.json", R"([{"featureType": "lake"}])"), {});
+    loaded(R"([{"featureType": "lake"}])");
     EXPECT_TRUE(log.take().empty());
 }
 
 TEST_F(StyleFile, ThatIsEmptyIsNotLoaded) {
-    const std::string path = m_directory.write("style.json", "");
-    EXPECT_EQ(failureOf(loadStyle(path, {})), path + ": is empty; a style file holds JSON");
+    EXPECT_EQ(failureOf(loaded("")), "style.json: is empty; a style file holds JSON");
 }
 
 TEST_F(StyleFile, ThatIsNoJsonIsNotLoadedAndThePlaceIsTold) {
-    const std::string path = m_directory.write("style.json", "[\n 1,]");
-    EXPECT_THAT(failureOf(loadStyle(path, {})), StartsWith(path + ":2:3: is not JSON: "));
+    EXPECT_THAT(failureOf(loaded("[\n 1,]")), StartsWith("style.json:2:3: is not JSON: "));
 }
 
 TEST_F(StyleFile, IsNotLoadedOverAMappingThatTheComponentRefuses) {
     m_directory.write("CustomIndex", "{}");
-    EXPECT_THAT(failureOf(loadStyle(m_directory.write("style.json", kBlueWater), m_directory.path().string())),
+    EXPECT_THAT(failureOf(loaded(kBlueWater, m_directory.path().string())),
                 HasSubstr("CustomIndex: has no list of style ids for land, green"));
 }
 

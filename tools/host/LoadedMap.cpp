@@ -104,11 +104,4 @@ StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std
                                         std::get<0>(std::move(mapping)), hostSpread());
 }
 
-StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
-                         const Mapping& without) {
-    auto read = readSource(styleFile, kStyle);
-    if (const ReadFailure* failure = std::get_if<ReadFailure>(&read)) return *failure;
-    return studyOf(std::get<0>(std::move(read)), mappingDirectory, without);
-}
-
 }  // namespace customstyle_tool

@@ -27,12 +27,6 @@ std::variant<Mapping, ReadFailure> loadMapping(const std::string& mappingDirecto
 
 /// A style over the mapping of a directory, or over `without` if there is no directory.
 StyleOrFailure studyOf(std::unique_ptr<SourceFile> file, const std::optional<std::string>& mappingDirectory,
-                       const Mapping& without = Mapping::standard());
-
-/// Reads a style file.
-/// @param mappingDirectory  directory of the file "CustomIndex"
-/// @param without           the mapping if there is no directory
-StyleOrFailure loadStyle(const std::string& styleFile, const std::optional<std::string>& mappingDirectory,
-                         const Mapping& without = Mapping::standard());
+                       const Mapping& without);
 
 }  // namespace customstyle_tool
