@@ -21,10 +21,9 @@ public:
 
     /// Forgets everything, and applies the rules.
     /// @param level  only rules for all levels and for this one
-    void load(const PlacedRules& rules, std::optional<int> level = {});
+    void load(const PlacedRules& rules, std::optional<int> level);
 
     const _orvik_framework::CustomConfig& config() const { return m_config; }
-    _orvik_framework::CustomConfig& config() { return m_config; }
     const std::set<int>& featureTypes() const { return m_featureTypes; }
 
 private:

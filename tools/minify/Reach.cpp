@@ -1,9 +1,9 @@
 #include "tools/minify/Reach.h"
 
 #include "customstyle/StoredRecords.h"
-#include "tools/study/ComponentGuard.h"
 #include "tools/study/Probe.h"
 #include "tools/study/StyleKey.h"
+#include "tools/study/StyleStudy.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/StyleFields.h"
 #include "tools/vocabulary/Stylers.h"
@@ -11,7 +11,6 @@
 namespace customstyle_tool {
 namespace {
 
-using _orvik_framework::CustomConfig;
 using _orvik_framework::StoredRecords;
 
 // The number after the fields of each type says that it has a style at all.
@@ -31,16 +30,14 @@ constexpr const char* kPaths[] = {"all",      "fill",     "icon",       "labels"
                                   "all.icon", "geometry", "all.stroke", "topsurface", "all.geometry", "all.topsurface"};
 
 std::vector<int> typesReachedFromType(int featureType) {
-    const ComponentGuard guard;
-    CustomConfig alone;
     std::vector<MinimalStyler> each;
     for (const Styler& styler : stylers()) each.push_back({std::string(styler.name), std::string(styler.example)});
-    for (const char* path : kPaths) {
-        const std::string& name = featureTypeNames()[static_cast<std::size_t>(featureType)];
-        alone.ParseCustomConfig(listWith(textOf({name, path, {}, each})).get());
-    }
+    std::vector<MinimalRule> rules;
+    const std::string& name = featureTypeNames()[static_cast<std::size_t>(featureType)];
+    for (const char* path : kPaths) rules.push_back({name, path, {}, each});
+    const auto store = storeOf("{}", textOf(rules));
     std::vector<int> types{featureType};
-    for (const auto& [key, slot] : alone.m_keyStyleMaps) types.push_back(parsedKey(key).featureType);
+    for (const auto& [key, slot] : store->m_keyStyleMaps) types.push_back(parsedKey(key).featureType);
     return types;
 }
 
