@@ -103,6 +103,16 @@ void addLeniencies(StyleFindings& found, JsonValue value) {
     for (const JsonValue child : value.children()) addLeniencies(found, child);
 }
 
+// Every text and every name with a zero character in it.
+std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document) {
+    std::vector<Finding> findings;
+    // Only an escape or a zero byte can produce this character.
+    if (file.text().find("\\u") == std::string_view::npos && file.text().find('\0') == std::string_view::npos)
+        return {};
+    addCutTexts(findings, file, document.root());
+    return findings;
+}
+
 }  // namespace
 
 Finding jsonFinding(const SourceFile& file, const JsonError& error, std::string_view consequence) {
@@ -117,15 +127,6 @@ std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument&
     while (isBlank(file.text()[end - 1])) --end;
     return Finding(Code::TextAfterEnd, file, {*begin, end}, "$",
                    "the component stops reading before this; everything from here on is ignored");
-}
-
-std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document) {
-    std::vector<Finding> findings;
-    // Only an escape or a zero byte can produce this character.
-    if (file.text().find("\\u") == std::string_view::npos && file.text().find('\0') == std::string_view::npos)
-        return {};
-    addCutTexts(findings, file, document.root());
-    return findings;
 }
 
 std::vector<Finding> findInDocument(const StyleStudy& study) {

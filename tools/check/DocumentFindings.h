@@ -21,9 +21,6 @@ Finding jsonFinding(const SourceFile& file, const JsonError& error, std::string_
 /// The text after the outermost value, if there is any.
 std::optional<Finding> textBehindEnd(const SourceFile& file, const JsonDocument& document);
 
-/// Every text and every name with a zero character in it.
-std::vector<Finding> textsCutAtNul(const SourceFile& file, const JsonDocument& document);
-
 /// The kind of a value, with its article: "a number", "an object".
 std::string_view kindName(JsonKind kind);
 

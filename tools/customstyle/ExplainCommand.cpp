@@ -149,7 +149,7 @@ Option fieldOption(std::string& field) {
         choiceOption("--field", "FIELD", fmt::format("Explain only this: {}", eitherOf(names)), &field, names);
     option.problem = [names](const std::string& word) {
         if (findTopic(word) != nullptr) return std::string();
-        const auto meant = likelyName(word, names);
+        const auto meant = nearestTopic(word);
         return fmt::format("unknown field {}{}", inQuotes(word),
                            meant ? didYouMean(meant) : fmt::format("; write {}", eitherOf(names)));
     };

@@ -53,6 +53,16 @@ std::string paragraph(const std::string& text) {
     return "\n" + (keepsLines ? text + "\n" : wrapped(text, 0, 0));
 }
 
+// How an option is shown with its value: "-o, --output OUT", "FILE...".
+std::string shownNames(const Option& option) {
+    if (option.isArgument()) {
+        return option.names.substr(0, option.names.find(',')) + (option.isRepeatable() ? "..." : "");
+    }
+    std::string names;
+    for (const char c : option.names) names += c == ',' ? std::string(", ") : std::string(1, c);
+    return option.value.empty() ? names : names + " " + option.value;
+}
+
 std::string rowsOf(const Command& command, bool arguments) {
     std::string rows;
     for (const Option& option : command.options) {
@@ -81,21 +91,7 @@ std::string exampleRows(const Command& command) {
     return rows;
 }
 
-}  // namespace
-
-const char* programSummary() {
-    return "Check, explain, compare, test and rewrite custom map styles.";
-}
-
-std::string shownNames(const Option& option) {
-    if (option.isArgument()) {
-        return option.names.substr(0, option.names.find(',')) + (option.isRepeatable() ? "..." : "");
-    }
-    std::string names;
-    for (const char c : option.names) names += c == ',' ? std::string(", ") : std::string(1, c);
-    return option.value.empty() ? names : names + " " + option.value;
-}
-
+// "customstyle diff [OPTION]... A B".
 std::string usageOf(const Command& command) {
     std::string usage = fmt::format("customstyle {} [OPTION]...", command.name);
     for (const Option& option : command.options) {
@@ -103,6 +99,12 @@ std::string usageOf(const Command& command) {
         usage += option.isRequired ? " " + shownNames(option) : fmt::format(" [{}]", shownNames(option));
     }
     return usage;
+}
+
+}  // namespace
+
+const char* programSummary() {
+    return "Check, explain, compare, test and rewrite custom map styles.";
 }
 
 std::string programHelp(std::span<const Command> commands) {

@@ -14,10 +14,4 @@ std::string commandHelp(const Command& command);
 /// What the program is, in one sentence.
 const char* programSummary();
 
-/// "customstyle diff [OPTION]... A B".
-std::string usageOf(const Command& command);
-
-/// How an option is shown with its value: "-o, --output OUT", "FILE...".
-std::string shownNames(const Option& option);
-
 }  // namespace customstyle_tool

@@ -26,6 +26,11 @@ constexpr RulePart kParts[] = {{"geometry.fill", "color", "fill"},
                                {"labels.icon", "visibility", "icon"}};
 static_assert(std::size(kParts) == kRulePartCount);
 
+// The place of a part by the record's field.
+std::size_t rulePartOf(std::string_view field) {
+    return static_cast<std::size_t>(std::ranges::find(kParts, field, &RulePart::field) - std::begin(kParts));
+}
+
 // Reads the look of one feature from the layers that draw it.
 class LookReader {
 public:
@@ -181,10 +186,6 @@ private:
 
 std::span<const RulePart> ruleParts() {
     return kParts;
-}
-
-std::size_t rulePartOf(std::string_view field) {
-    return static_cast<std::size_t>(std::ranges::find(kParts, field, &RulePart::field) - std::begin(kParts));
 }
 
 DrawnLook drawnLook(const LegendLayer& legend, const std::vector<MapLayer*>& layers, int level, const Scene& scene) {

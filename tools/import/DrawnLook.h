@@ -34,7 +34,4 @@ using DrawnLook = std::array<std::optional<std::uint64_t>, kRulePartCount>;
 /// @param level  for the look of the legend
 DrawnLook drawnLook(const LegendLayer& legend, const std::vector<MapLayer*>& layers, int level, const Scene& scene);
 
-/// The place of a part by the record's field.
-std::size_t rulePartOf(std::string_view field);
-
 }  // namespace customstyle_tool

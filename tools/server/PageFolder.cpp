@@ -8,6 +8,7 @@
 #include <array>
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 namespace customstyle_tool {
 namespace {
@@ -63,8 +64,7 @@ bool isPlainPath(std::string_view path) {
     return false;
 }
 
-}  // namespace
-
+// Where the page may be by default: installed, and in a build tree.
 std::vector<std::string> usualPageFolders() {
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
@@ -72,6 +72,8 @@ std::vector<std::string> usualPageFolders() {
     const fs::path above = program.parent_path().parent_path();
     return {(above / "share" / "customstyle" / "studio").string(), (above / "studio").string()};
 }
+
+}  // namespace
 
 std::variant<PageFolder, ReadFailure> PageFolder::find(const std::optional<std::string>& folder) {
     const std::vector<std::string> folders = folder ? std::vector{*folder} : usualPageFolders();

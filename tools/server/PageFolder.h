@@ -5,19 +5,15 @@
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
 #include "tools/json/SourceFile.h"
 #include "tools/server/HttpServer.h"
 
 namespace customstyle_tool {
 
-/// Where the page may be by default: installed, and in a build tree.
-std::vector<std::string> usualPageFolders();
-
 class PageFolder {
 public:
-    /// @param folder  of the page; without it the first of usualPageFolders() that has one
+    /// @param folder  of the page; without it where the page is installed, or where the build tree has it
     static std::variant<PageFolder, ReadFailure> find(const std::optional<std::string>& folder);
 
     struct File {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace customstyle_tool {
@@ -25,8 +26,8 @@ struct CharacterRange {
 constexpr CharacterRange kEscaped[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},     {0x200B, 0x200F},
                                        {0x2028, 0x202E}, {0x2060, 0x2069}, {0xFEFF, 0xFEFF}, {0xD800, 0xDFFF}};
 
-bool isEscaped(char32_t character) {
-    return std::ranges::any_of(kEscaped, [character](const CharacterRange& range) {
+bool isIn(std::span<const CharacterRange> ranges, char32_t character) {
+    return std::ranges::any_of(ranges, [character](const CharacterRange& range) {
         return character >= range.first && character <= range.last;
     });
 }
@@ -69,23 +70,29 @@ std::size_t columnsOf(char32_t character) {
     constexpr CharacterRange kWide[] = {{0x1100, 0x115F}, {0x2E80, 0xA4CF},   {0xAC00, 0xD7A3},
                                         {0xF900, 0xFAFF}, {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},
                                         {0xFFE0, 0xFFE6}, {0x1F300, 0x1FAFF}, {0x20000, 0x3FFFD}};
-    const auto isIn = [character](const CharacterRange& range) {
-        return character >= range.first && character <= range.last;
-    };
-    return std::ranges::any_of(kWide, isIn) ? 2 : 1;
+    return isIn(kWide, character) ? 2 : 1;
 }
 
-}  // namespace
+// A character as it may be printed: unchanged, or as an escape if it would control the terminal, change the direction
+// of writing, or is not UTF-8.
+struct PrintableCharacter {
+    std::string_view source;
+    std::string shown;
+    std::size_t columns;
+};
 
 PrintableCharacter nextCharacter(std::string_view text) {
     const auto [character, size] = decode(text);
     if (size == 0) return {text.substr(0, 1), fmt::format("\\x{:02x}", static_cast<std::uint32_t>(character)), 4};
     if (character == '\t') return {text.substr(0, 1), " ", 1};
-    if (!isEscaped(character)) return {text.substr(0, size), std::string(text.substr(0, size)), columnsOf(character)};
+    if (!isIn(kEscaped, character))
+        return {text.substr(0, size), std::string(text.substr(0, size)), columnsOf(character)};
     std::string escape = escapeOf(character);
     const std::size_t columns = escape.size();
     return {text.substr(0, size), std::move(escape), columns};
 }
+
+}  // namespace
 
 bool isUtf8(std::string_view text) {
     while (!text.empty()) {

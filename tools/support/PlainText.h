@@ -7,15 +7,6 @@
 
 namespace customstyle_tool {
 
-/// The next character of a text as it may be printed: unchanged, or as an escape if it would control the terminal,
-/// change the direction of writing, or is not UTF-8.
-struct PrintableCharacter {
-    std::string_view source;
-    std::string shown;
-    std::size_t columns;
-};
-PrintableCharacter nextCharacter(std::string_view text);
-
 /// A text with everything that could do more than be read written as an escape: \n, \u001b, \xff. Tabs become blanks.
 std::string escapedText(std::string_view text);
 
