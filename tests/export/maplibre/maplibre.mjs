@@ -152,12 +152,25 @@ function requireShortSteps(layer, property) {
 // "other" means all levels outside 4 to 21.
 const levelName = (level) => (level >= 4 && level <= 21 ? level : 'other');
 
+// The members of the styles that are dumped, and those that some part above reads.
+const dumped = new Set();
+const read = new Set();
+const watched = (style) => new Proxy(style, {get: (target, member) => read.add(member) && target[member]});
+
 function answersOf(dump) {
   const answers = new Map();
   for (const {id, levels, style, icon} of dump.styles) {
-    for (const level of levels) answers.set(`${id} ${level}`, {style, icon});
+    Object.keys(style).forEach((member) => dumped.add(member));
+    const answer = {style: watched(style), icon};
+    for (const level of levels) answers.set(`${id} ${level}`, answer);
   }
   return answers;
+}
+
+// A field that no part draws would be exported unseen, and one that no style sets would not be looked at.
+function requireEveryFieldDrawn() {
+  for (const member of dumped) if (!read.has(member)) fail(`"${member}" of a dumped style: no part draws it`);
+  for (const member of read) if (!dumped.has(member)) fail(`"${member}" is drawn, but no style sets it`);
 }
 
 // Whether a value is the expected one, or, where the tiles do not tell style ids apart, that of most of them.
@@ -303,13 +316,19 @@ function checkAll(folder) {
       if (bytes > 250_000) fail(`${file} over ${legend}: ${bytes} bytes`);
     }
   }
+  const tried = new Set();
   for (let seed = 1; seed <= kRandomStyles; ++seed) {
     const random = generator(seed);
     const file = join(folder, 'style.json');
-    writeFileSync(file, JSON.stringify(randomStyle(random, types)));
+    const style = randomStyle(random, types);
+    for (const rule of style) Object.keys(rule.stylers).forEach((styler) => tried.add(styler));
+    writeFileSync(file, JSON.stringify(style));
     writeFileSync(join(folder, 'CustomIndex'), JSON.stringify(randomMapping(random, types)));
     checkExport(`random style ${seed}`, file, folder, ['studio', 'openmaptiles'][seed % 2], seed % 4 < 2);
   }
+  const {stylers} = JSON.parse(run('list', 'stylers', '--format', 'json'));
+  for (const {name} of stylers) if (!tried.has(name)) fail(`no random style has the styler "${name}"`);
+  requireEveryFieldDrawn();
 }
 
 const folder = mkdtempSync(join(tmpdir(), 'customstyle-export-'));
