@@ -113,6 +113,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FilterCase{"AllButOne", R"(["all", ["==", "class", "motorway"], ["<", "lanes", 4]])", false},
                     FilterCase{"NoneOf", R"(["none", ["==", "class", "path"]])", true},
                     FilterCase{"Not", R"(["!", ["==", ["get", "class"], "motorway"]])", false},
+                    FilterCase{"NotOfANumber", R"(["!", ["get", "lanes"]])", std::nullopt},
+                    FilterCase{"ANumberAmongConditions", R"(["all", ["get", "lanes"]])", std::nullopt},
                     FilterCase{"TextsAndNumbersDoNotCompare", R"(["<", ["get", "class"], 4])", false},
                     FilterCase{"WhatDecidesCounts", R"(["all", ["within", {}], ["==", "class", "path"]])", false},
                     FilterCase{"WhatIsNotUnderstood", R"(["all", ["within", {}], ["==", "class", "motorway"]])",

@@ -43,7 +43,18 @@ const Members& objectOf(const Said& said) {
 }
 
 const std::vector<std::string> kOfRule = {"featureType", "elementType", "stylers"};
-const std::vector<std::string> kOfStylers = {"color", "visibility", "weight", "fontsize", "level"};
+
+std::vector<std::string> namesOfStylers() {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : kStylers) names.emplace_back(name);
+    return names;
+}
+
+std::vector<std::string> namesInStylers() {
+    std::vector<std::string> names = namesOfStylers();
+    names.emplace_back("level");
+    return names;
+}
 
 bool isAmong(const std::vector<std::string>& names, const std::string& name) {
     return std::ranges::any_of(names, [&](const std::string& each) { return isNamed({each, {}}, name); });
@@ -73,7 +84,7 @@ bool stylersNotObject(const Said& said) {
 
 bool noStyler(const Said& said) {
     const Members& stylers = *ruleOf(said).stylers;
-    return std::ranges::none_of(std::span(kOfStylers).first(kTurnCount), [&](const std::string& name) {
+    return std::ranges::none_of(namesOfStylers(), [&](const std::string& name) {
         const auto first = std::ranges::find_if(stylers, [&](const auto& each) { return isNamed(each, name); });
         return first != stylers.end() && first->first == name && first->second.text;
     });
@@ -81,12 +92,12 @@ bool noStyler(const Said& said) {
 
 bool memberUnknown(const Said& said) {
     const std::string name = said.words.textAfter("has no member \"", "\"");
-    return countOf(objectOf(said), name) > 0 && !isAmong(kOfRule, name) && !isAmong(kOfStylers, name);
+    return countOf(objectOf(said), name) > 0 && !isAmong(kOfRule, name) && !isAmong(namesInStylers(), name);
 }
 
 bool memberMisplaced(const Said& said) {
     const std::string name = said.words.textAfter("has no member \"", "\"");
-    return countOf(objectOf(said), name) > 0 && isAmong(said.part.styler ? kOfRule : kOfStylers, name);
+    return countOf(objectOf(said), name) > 0 && isAmong(said.part.styler ? kOfRule : namesInStylers(), name);
 }
 
 bool memberDoubled(const Said& said) {
@@ -101,8 +112,8 @@ std::vector<std::string> logOf(const Rule& rule) {
 
 // Only stylers have to be spelt exactly.
 bool letterCaseAccepted(const Said& said) {
-    const std::vector<std::string> stylers(kOfStylers.begin(), kOfStylers.begin() + kTurnCount);
-    return !isAmong(stylers, said.words.quoted().at(0)) && said.words.quoted().at(0) != said.words.quoted().at(1);
+    return !isAmong(namesOfStylers(), said.words.quoted().at(0)) &&
+           said.words.quoted().at(0) != said.words.quoted().at(1);
 }
 
 bool valueNotText(const Said& said) {
@@ -114,8 +125,7 @@ bool valueNotText(const Said& said) {
 
 // The styler that is said to be dropped.
 std::string droppedStyler(const Said& said) {
-    for (std::size_t turn = 0; turn < kTurnCount; ++turn) {
-        const std::string styler = stylerAt(turn);
+    for (const std::string& styler : namesOfStylers()) {
         if (said.says(("the " + styler + " is dropped").c_str()) || said.says((" has no " + styler + ";").c_str()))
             return styler;
     }
@@ -134,10 +144,9 @@ bool isSeen(const Write& write) {
 
 // Whether some styler has an effect on the rule's type and element.
 bool isElement(const Said& said) {
-    const Members examples = {{"color", {"#3366cc"}}, {"visibility", {"off"}}, {"weight", {"3"}}, {"fontsize", {"12"}}};
-    return std::ranges::any_of(examples, [&](const auto& example) {
+    return std::ranges::any_of(kStylers, [&](const ExampleOfStyler& example) {
         Rule rule = ruleOf(said);
-        rule.stylers = Members{example};
+        rule.stylers = Members{{example.name, {example.value}}};
         const Written writes = valuesOf(rule, "");
         return logOf(rule).empty() && std::ranges::any_of(writes, [](const auto& each) { return isSeen(each.first); });
     });

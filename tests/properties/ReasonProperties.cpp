@@ -8,13 +8,14 @@ namespace {
 
 using Json = nlohmann::json;
 
+// A code without a reason is not so: whoever adds a finding about rules has to say when it is true.
 bool isSo(const CheckedStyle& style, const Json& finding) {
     const std::string code = finding.at("code");
     for (const auto* reasons : {&kEffectReasons, &kReachReasons, &kMemberReasons}) {
         const auto reason = reasons->find(code);
         if (reason != reasons->end()) return reason->second(Said(style, finding));
     }
-    return true;
+    return false;
 }
 
 // Whether it is reported that a styler undoes its own work.

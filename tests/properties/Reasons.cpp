@@ -52,7 +52,7 @@ StyleModel storeAt(const CheckedStyle& style, const Part& part, bool behind) {
         return model;
     }
     const std::size_t end = turnOf(style.stylerOf(part)) + (behind ? 1 : 0);
-    for (std::size_t turn = 0; turn < end; ++turn) model.apply(onlyStyler(rule, stylerAt(turn)));
+    for (std::size_t turn = 0; turn < end; ++turn) model.apply(onlyStyler(rule, kStylers[turn].name));
     return model;
 }
 

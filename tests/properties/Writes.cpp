@@ -6,10 +6,8 @@
 namespace customstyle_test::properties {
 namespace {
 
-constexpr const char* kTurns[] = {"color", "visibility", "weight", "fontsize"};
-
 bool isStyler(const std::string& name) {
-    return std::ranges::find(kTurns, name) != std::end(kTurns);
+    return turnOf(name) != kTurnCount;
 }
 
 // A value of 0 shows by its flag. Icons have none: an icon shown again only shows where it was hidden.
@@ -60,12 +58,8 @@ Rule onlyStyler(const Rule& rule, const std::string& styler) {
     return only;
 }
 
-std::string stylerAt(std::size_t turn) {
-    return kTurns[turn];
-}
-
 std::size_t turnOf(const std::string& styler) {
-    return static_cast<std::size_t>(std::ranges::find(kTurns, styler) - std::begin(kTurns));
+    return static_cast<std::size_t>(std::ranges::find(kStylers, styler, &ExampleOfStyler::name) - kStylers);
 }
 
 }  // namespace customstyle_test::properties

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <set>
 #include <span>
@@ -28,9 +29,15 @@ std::set<Write> writesOf(const Rule& rule, const std::string& styler);
 /// The rule without its other stylers.
 Rule onlyStyler(const Rule& rule, const std::string& styler);
 
+struct ExampleOfStyler {
+    const char* name;
+    const char* value;  ///< one that has an effect wherever the styler can have one
+};
+
 /// The stylers in the order in which the component applies those of a rule.
-inline constexpr std::size_t kTurnCount = 4;
-std::string stylerAt(std::size_t turn);
+inline constexpr ExampleOfStyler kStylers[] = {
+    {"color", "#3366cc"}, {"visibility", "off"}, {"weight", "3"}, {"fontsize", "12"}};
+inline constexpr std::size_t kTurnCount = std::size(kStylers);
 
 /// The index of a styler in the order in which the component applies those of a rule; kTurnCount for what is not a
 /// styler.

@@ -39,16 +39,23 @@ struct Place {
 const Place kInRule{kRuleMembers, kStylerMembers, "a rule", "move it into \"stylers\""};
 const Place kInStylers{kStylerMembers, kRuleMembers, "\"stylers\"", "move it out of \"stylers\", beside it"};
 
-// A rule in which each member counts.
-constexpr const char* kWholeRule =
-    R"({"featureType": "highwaylabel", "elementType": "labels", "stylers": {"color": "#3366cc", "visibility": "on", )"
-    R"("weight": "3", "fontsize": "12", "level": "9"}})";
+// A rule in which each member counts. "off" would make the colour transparent.
+std::string wholeRule() {
+    std::string stylerMembers;
+    for (const Styler& each : stylers()) {
+        const std::string_view value = each.kind == StylerKind::Visibility ? "on" : each.example;
+        stylerMembers += fmt::format("{}: {}, ", inQuotes(each.name), inQuotes(value));
+    }
+    return R"({"featureType": "highwaylabel", "elementType": "labels", "stylers": {)" + stylerMembers +
+           inQuotes(kLevelMember) + R"(: "9"}})";
+}
 
 // Whether the component reads a member under a name in another letter case, in whatever rule.
 bool isReadAs(const std::string& name, const std::string& known) {
-    std::string rule = kWholeRule;
+    const std::string whole = wholeRule();
+    std::string rule = whole;
     rule.replace(rule.find(inQuotes(known)), inQuotes(known).size(), inQuotes(name));
-    return doTheSame(rule, kWholeRule);
+    return doTheSame(rule, whole);
 }
 
 class MemberCheck {
