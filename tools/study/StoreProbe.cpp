@@ -11,7 +11,6 @@ using _orvik_framework::CustomConfig;
 using _orvik_framework::tagCustomStyle;
 
 void showEveryIcon(CustomConfig& config) {
-    config.m_allIconsHidden = 0;
     for (const auto& [key, slot] : config.m_keyStyleMaps) {
         forEachSlotRecord(*slot, [](int, tagCustomStyle& record) { record.m_iconHidden = 0; });
     }

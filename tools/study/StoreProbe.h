@@ -17,7 +17,8 @@ class StoreProbe {
 public:
     explicit StoreProbe(const StyleStudy& style);
 
-    /// The types whose records are asked for the icon flag of a style id, of those given.
+    /// The types whose records are asked for the icon flag of a style id, of those given. Only for styles in which no
+    /// rule hides every icon: there no record is asked.
     std::vector<int> iconTypes(unsigned int styleId, int level, const std::vector<int>& featureTypes) const;
 
     /// The style id whose record speaks for the background of the land; none where no record is asked.
