@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
+#include "tools/support/Numbers.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/Levels.h"
@@ -15,23 +15,21 @@ namespace {
 
 constexpr long long kWidestRange = 1000;
 
-// The number that a whole text is: plain decimal, without leading zeros.
+// Plain decimal, without leading zeros.
 template <typename Number>
-std::optional<Number> numberOf(std::string_view text) {
-    Number number{};
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (result.ec != std::errc() || text != std::to_string(number)) return {};
-    return number;
+std::optional<Number> plainNumberIn(std::string_view text) {
+    const auto number = numberIn<Number>(text);
+    return number && text == std::to_string(*number) ? number : std::nullopt;
 }
 
 // The numbers of "7" or "4-9"; none where it is neither.
 template <typename Number>
 std::optional<std::vector<Number>> numbersOf(const std::string& piece) {
-    if (const auto single = numberOf<Number>(piece)) return std::vector<Number>{*single};
+    if (const auto single = plainNumberIn<Number>(piece)) return std::vector<Number>{*single};
     const std::size_t dash = piece.find('-', 1);
     if (dash == std::string::npos) return {};
-    const auto first = numberOf<Number>(std::string_view(piece).substr(0, dash));
-    const auto last = numberOf<Number>(std::string_view(piece).substr(dash + 1));
+    const auto first = plainNumberIn<Number>(std::string_view(piece).substr(0, dash));
+    const auto last = plainNumberIn<Number>(std::string_view(piece).substr(dash + 1));
     if (!first || !last || *first > *last || static_cast<long long>(*last) - *first >= kWidestRange) return {};
     std::vector<Number> numbers;
     for (long long number = *first; number <= *last; ++number) numbers.push_back(static_cast<Number>(number));

@@ -2,7 +2,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <map>
@@ -27,6 +26,7 @@
 #include "tools/host/AtomicFile.h"
 #include "tools/host/LoadLog.h"
 #include "tools/host/LoadedMap.h"
+#include "tools/support/Numbers.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
@@ -55,15 +55,8 @@ struct CheckArguments {
     bool codesMarkdown = false;
 };
 
-std::optional<unsigned int> secondsIn(const std::string& text) {
-    unsigned int seconds = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
-    return seconds;
-}
-
 std::string problemOfSeconds(const std::string& text) {
-    return secondsIn(text) ? "" : fmt::format("\"{}\" is not a number of seconds", text);
+    return numberIn<unsigned int>(text) ? "" : fmt::format("\"{}\" is not a number of seconds", text);
 }
 
 // What the proofs about the styles of a run were made for, and how far they got.
@@ -329,7 +322,7 @@ private:
     }
 
     bool isTimeUp() const {
-        const std::chrono::seconds limit(secondsIn(m_arguments.proofTime).value_or(0));
+        const std::chrono::seconds limit(numberIn<unsigned int>(m_arguments.proofTime).value_or(0));
         return limit.count() > 0 && std::chrono::steady_clock::now() - m_begin > limit;
     }
 

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -22,6 +21,7 @@
 #include "tools/host/Files.h"
 #include "tools/host/LoadedMap.h"
 #include "tools/server/StudioService.h"
+#include "tools/support/Numbers.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
@@ -39,14 +39,9 @@ struct StudioArguments : MappingArguments {
     bool open = false;
 };
 
-std::optional<std::uint16_t> portIn(const std::string& word) {
-    std::uint16_t port = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), port);
-    return error == std::errc() && end == word.data() + word.size() ? std::optional(port) : std::nullopt;
-}
-
 std::string problemOfPort(const std::string& word) {
-    return portIn(word) ? "" : fmt::format("\"{}\" is not a port; write a number from 0 to 65535", word);
+    return numberIn<std::uint16_t>(word) ? ""
+                                         : fmt::format("\"{}\" is not a port; write a number from 0 to 65535", word);
 }
 
 // Why a style cannot be edited here; nothing if it can.
@@ -113,7 +108,7 @@ void openBrowser(const std::string& address) {
 using Started = std::variant<std::unique_ptr<StudioService>, int>;
 
 Started start(const StudioFiles& files, const std::optional<std::string>& port) {
-    if (port) return StudioService::start(files, *portIn(*port));
+    if (port) return StudioService::start(files, *numberIn<std::uint16_t>(*port));
     Started started = EADDRINUSE;
     for (std::uint16_t each = kFirstPort; each <= kLastPort; ++each) {
         started = StudioService::start(files, each);

@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <variant>
 
 #include "tools/json/LineIndex.h"
+#include "tools/support/Numbers.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
@@ -21,14 +21,6 @@ struct Word {
     std::size_t offset;
     std::string_view text;
 };
-
-template <typename Number>
-std::optional<Number> numberIn(std::string_view text, int base = 10) {
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
-    return number;
-}
 
 std::string typeHint(std::string_view word) {
     const auto meant = likelyFeatureType(word);

@@ -3,13 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <set>
 #include <tuple>
 
 #include "customstyle/CustomConfig.h"
+#include "tools/support/Numbers.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
 #include "tools/vocabulary/FeatureTypes.h"
@@ -37,10 +37,9 @@ std::string nearest(std::string_view word, std::span<const std::string> known) {
 // "#rrggbb" or "#rrggbbaa" as the component packs it.
 std::optional<std::uint64_t> packedColor(std::string_view text) {
     if ((text.size() != 7 && text.size() != 9) || text.front() != '#') return {};
-    std::uint32_t number = 0;
-    const auto read = std::from_chars(text.data() + 1, text.data() + text.size(), number, 16);
-    if (read.ptr != text.data() + text.size()) return {};
-    if (text.size() == 7) number = number << 8 | 0xff;
+    const auto digits = numberIn<std::uint32_t>(text.substr(1), 16);
+    if (!digits) return {};
+    const std::uint32_t number = text.size() == 7 ? *digits << 8 | 0xff : *digits;
     return (number & 0xff) << 24 | (number & 0xff00) << 8 | (number & 0xff0000) >> 8 | number >> 24;
 }
 
@@ -299,15 +298,11 @@ private:
 
     int levelNamed(JsonValue step) {
         const std::string name = step.wholeName();
-        int level = 0;
-        const auto read = std::from_chars(name.data(), name.data() + name.size(), level);
-        const bool isLevel =
-            read.ec == std::errc() && name == std::to_string(level) && level >= 0 && level <= kHighestLevelHere;
-        if (!isLevel) {
-            complainAt(step.nameRange().begin,
-                       fmt::format("{} is not a level from 0 to {}", inQuotes(name), kHighestLevelHere));
-        }
-        return isLevel ? level : 0;
+        const auto level = numberIn<int>(std::string_view(name));
+        if (level && *level >= 0 && *level <= kHighestLevelHere && name == std::to_string(*level)) return *level;
+        complainAt(step.nameRange().begin,
+                   fmt::format("{} is not a level from 0 to {}", inQuotes(name), kHighestLevelHere));
+        return 0;
     }
 
     // What fits together only when the kind is known.

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "tools/import/Expression.h"
+#include "tools/support/Numbers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -83,10 +83,9 @@ std::optional<std::uint64_t> hexColor(std::string_view digits) {
         for (const char digit : digits) full.append(2, digit);
     }
     if (full.size() == 6) full += "ff";
-    std::uint32_t number = 0;
-    const auto read = std::from_chars(full.data(), full.data() + full.size(), number, 16);
-    if (full.size() != 8 || read.ptr != full.data() + full.size()) return {};
-    return packedRgba(number >> 24, number >> 16 & 0xff, number >> 8 & 0xff, (number & 0xff) / 255.0);
+    const auto number = numberIn<std::uint32_t>(std::string_view(full), 16);
+    if (full.size() != 8 || !number) return {};
+    return packedRgba(*number >> 24, *number >> 16 & 0xff, *number >> 8 & 0xff, (*number & 0xff) / 255.0);
 }
 
 }  // namespace
