@@ -6,23 +6,8 @@
 namespace customstyle_tool {
 namespace {
 
-constexpr std::size_t kLineWidth = 96;
-
-// A text wrapped into lines of a readable width, each after the margin.
-std::string wrapped(std::string_view text, std::string_view margin) {
-    std::string lines;
-    std::string line;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(' '), text.size());
-        if (!line.empty() && line.size() + 1 + end > kLineWidth) {
-            lines += fmt::format("{}{}\n", margin, line);
-            line.clear();
-        }
-        line += (line.empty() ? "" : " ") + std::string(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return lines + fmt::format("{}{}\n", margin, line);
-}
+constexpr std::size_t kWidth = 98;
+constexpr std::size_t kMargin = 2;
 
 std::string capitalised(std::string text) {
     if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
@@ -31,8 +16,8 @@ std::string capitalised(std::string text) {
 
 std::string codeText(const CodeInfo& info) {
     std::string text = fmt::format("{} ({}): {}\n", info.name, severityName(info.severity), info.title);
-    text += wrapped(info.explanation, "  ");
-    text += wrapped(fmt::format("Remedy: {}.", info.remedy), "  ");
+    text += wrapped(info.explanation, kWidth, kMargin);
+    text += wrapped(fmt::format("Remedy: {}.", info.remedy), kWidth, kMargin);
     const std::string example = shownExample(info);
     if (!example.empty()) text += "  Example:\n" + indented(example, "    ");
     return text;

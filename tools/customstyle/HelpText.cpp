@@ -2,10 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "tools/support/PlainText.h"
 
 namespace customstyle_tool {
 namespace {
@@ -20,37 +21,15 @@ const std::pair<Purpose, const char*> kPurposes[] = {
     {Purpose::SetUp, "Set up editors and shells:"},
 };
 
-// A text in lines that start at a column; the first line is already there up to `used`.
-std::string wrapped(std::string_view text, std::size_t column, std::size_t used) {
-    std::string lines;
-    std::size_t width = used;
-    const auto startLine = [&] {
-        lines += "\n" + std::string(column, ' ');
-        width = column;
-    };
-    if (used >= column && used > 0) startLine();
-    lines.append(column - width, ' ');
-    width = column;
-    while (!text.empty()) {
-        const std::string_view word = text.substr(0, text.find(' '));
-        text.remove_prefix(std::min(text.size(), word.size() + 1));
-        if (width > column && width + 1 + word.size() > kWidth) startLine();
-        if (width > column) lines += ' ';
-        width += word.size() + (width > column ? 1 : 0);
-        lines += word;
-    }
-    return lines + "\n";
-}
-
 std::string row(const std::string& left, const std::string& right) {
     const std::string head = "  " + left;
-    return head + wrapped(right, kColumn, head.size() + 1 > kColumn ? kColumn : head.size());
+    return head + wrapped(right, kWidth, kColumn, head.size() + 1 > kColumn ? kColumn : head.size());
 }
 
 // A paragraph; an example, which starts with a blank or has lines of its own, stays as it is.
 std::string paragraph(const std::string& text) {
     const bool keepsLines = text.starts_with(' ') || text.find('\n') != std::string::npos;
-    return "\n" + (keepsLines ? text + "\n" : wrapped(text, 0, 0));
+    return "\n" + (keepsLines ? text + "\n" : wrapped(text, kWidth));
 }
 
 // How an option is shown with its value: "-o, --output OUT", "FILE...".

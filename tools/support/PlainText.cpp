@@ -135,6 +135,27 @@ std::string indented(std::string_view text, std::string_view margin) {
     return lines;
 }
 
+std::string wrapped(std::string_view text, std::size_t width, std::size_t column, std::size_t used) {
+    std::string lines;
+    std::size_t at = used;
+    const auto startLine = [&] {
+        lines += "\n" + std::string(column, ' ');
+        at = column;
+    };
+    if (used >= column && used > 0) startLine();
+    lines.append(column - at, ' ');
+    at = column;
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        text.remove_prefix(std::min(text.size(), word.size() + 1));
+        if (at > column && at + 1 + word.size() > width) startLine();
+        if (at > column) lines += ' ';
+        at += word.size() + (at > column ? 1 : 0);
+        lines += word;
+    }
+    return lines + "\n";
+}
+
 std::string shortened(std::string_view text, std::size_t most) {
     if (text.size() <= most) return std::string(text);
     std::size_t end = most;

@@ -22,6 +22,10 @@ std::vector<std::string> split(std::string_view text, char separator);
 /// The lines of a text, each after a margin.
 std::string indented(std::string_view text, std::string_view margin);
 
+/// A text in lines of at most `width` columns, wrapped at blanks, each from a column on.
+/// @param used  how many columns of the first line are there already; from `column` on the text begins a new line
+std::string wrapped(std::string_view text, std::size_t width, std::size_t column = 0, std::size_t used = 0);
+
 /// A text cut to at most this many bytes, with dots for the rest.
 std::string shortened(std::string_view text, std::size_t most);
 
