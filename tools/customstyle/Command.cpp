@@ -22,4 +22,12 @@ std::vector<Command> registeredCommands() {
     return commands;
 }
 
+std::vector<std::string> visibleNames(std::span<const Command> commands) {
+    std::vector<std::string> names;
+    for (const Command& command : commands) {
+        if (!command.isHidden) names.push_back(command.name);
+    }
+    return names;
+}
+
 }  // namespace customstyle_tool

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <variant>
 #include <vector>
@@ -90,5 +91,8 @@ private:
 
 /// All subcommands, by purpose and name.
 std::vector<Command> registeredCommands();
+
+/// The names of those that are not hidden.
+std::vector<std::string> visibleNames(std::span<const Command> commands);
 
 }  // namespace customstyle_tool

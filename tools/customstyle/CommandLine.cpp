@@ -152,16 +152,8 @@ Request programProblem(const std::string& text) {
             .problem = fmt::format("customstyle: {}\nRun customstyle --help for more.\n", text)};
 }
 
-std::vector<std::string> namesOf(std::span<const Command> commands) {
-    std::vector<std::string> names;
-    for (const Command& command : commands) {
-        if (!command.isHidden) names.push_back(command.name);
-    }
-    return names;
-}
-
 std::string listed(std::span<const Command> commands) {
-    return fmt::format("; the commands are {}", fmt::join(namesOf(commands), ", "));
+    return fmt::format("; the commands are {}", fmt::join(visibleNames(commands), ", "));
 }
 
 Request unknownFirstWord(const std::string& word, std::span<const Command> commands) {
@@ -170,7 +162,7 @@ Request unknownFirstWord(const std::string& word, std::span<const Command> comma
         return programProblem(
             fmt::format("unknown option \"{}\"{}", escapedText(word), didYouMean(likelyName(word, names))));
     }
-    const auto meant = likelyName(word, namesOf(commands));
+    const auto meant = likelyName(word, visibleNames(commands));
     return programProblem(
         fmt::format("unknown command \"{}\"{}", escapedText(word), meant ? didYouMean(meant) : listed(commands)));
 }

@@ -39,14 +39,6 @@ void forEachOption(const Command& command, const std::function<void(const Option
     }
 }
 
-std::vector<std::string> visibleNames(std::span<const Command> commands) {
-    std::vector<std::string> names;
-    for (const Command& command : commands) {
-        if (!command.isHidden) names.push_back(command.name);
-    }
-    return names;
-}
-
 // The first sentence without a full stop.
 std::string shortHelp(const Option& option) {
     return option.help.substr(0, option.help.find_first_of(";:("));
