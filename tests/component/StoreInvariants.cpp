@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "customstyle/StoredRecords.h"
+#include "tests/support/RecordTable.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -26,29 +27,16 @@ void expectFlag(int flag) {
     EXPECT_TRUE(flag == 0 || flag == 1) << flag;
 }
 
-// A value other than 0 has its flag.
-template <typename Value>
-void expectPair(Value value, int applies) {
-    expectFlag(applies);
-    EXPECT_TRUE(applies == 1 || value == 0) << +value;
-}
-
+// A value other than 0 has its flag, and a colour uses 32 bits.
 void expectSoundRecord(const tagCustomStyle& record) {
-    expectPair(record.m_textFillColor, record.m_textFillColorSet);
-    expectPair(record.m_textStrokeColor, record.m_textStrokeColorSet);
-    expectPair(record.m_textFillWeight, record.m_textFillWeightSet);
-    expectPair(record.m_textStrokeWeight, record.m_textStrokeWeightSet);
-    expectPair(record.m_fontSize, record.m_fontSizeSet);
-    expectPair(record.m_fillColor, record.m_fillColorSet);
-    expectPair(record.m_borderColor, record.m_borderColorSet);
-    expectPair(record.m_fillWeight, record.m_fillWeightSet);
-    expectPair(record.m_borderWeight, record.m_borderWeightSet);
-    expectPair(record.m_topSurfaceColor, record.m_topSurfaceColorSet);
+    for (const RecordField& field : kRecordFields) {
+        const std::uint64_t value = valueIn(record, field);
+        expectFlag(record.*field.applies);
+        EXPECT_TRUE(record.*field.applies == 1 || value == 0) << field.member << " " << value;
+        EXPECT_EQ(value >> 32, 0U) << field.member;
+    }
     expectFlag(record.m_iconHidden);
     expectFlag(record.m_custom);
-    const std::uint64_t colours = record.m_textFillColor | record.m_textStrokeColor | record.m_fillColor |
-                                  record.m_borderColor | record.m_topSurfaceColor;
-    EXPECT_EQ(colours >> 32, 0U);
 }
 
 void expectSoundKey(const std::string& key) {

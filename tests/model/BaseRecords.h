@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "customstyle/CustomConfig.h"
+#include "tests/support/RecordTable.h"
 #include "vi/vos/VTempl.h"
 
 namespace customstyle_test {
@@ -22,31 +23,18 @@ inline _orvik_framework::tagCustomStyle& addBaseRecord(_orvik_framework::CustomC
     return *record;
 }
 
-/// A record in which every field has a value of its own.
+/// A record in which every member has a value of its own, and colours use all of their bits.
 inline _orvik_framework::tagCustomStyle fullRecord(int styleId) {
-    return {.m_ID = styleId,
-            .m_textFillColor = 101,
-            .m_textStrokeColor = 102,
-            .m_textFillColorSet = 103,
-            .m_textStrokeColorSet = 104,
-            .m_textFillWeight = 105,
-            .m_textStrokeWeight = 106,
-            .m_textFillWeightSet = 107,
-            .m_textStrokeWeightSet = 108,
-            .m_fontSize = 109,
-            .m_fontSizeSet = 110,
-            .m_fillColor = 111,
-            .m_borderColor = 0x1122334455667788,
-            .m_fillWeight = 113,
-            .m_borderWeight = 114,
-            .m_fillColorSet = 115,
-            .m_borderColorSet = 116,
-            .m_iconHidden = 117,
-            .m_fillWeightSet = 118,
-            .m_borderWeightSet = 119,
-            .m_topSurfaceColor = 120,
-            .m_topSurfaceColorSet = 121,
-            .m_custom = 122};
+    _orvik_framework::tagCustomStyle record{};
+    record.m_ID = styleId;
+    int number = 100;
+    for (const RecordField& field : kRecordFields) {
+        setValueIn(record, field, 0x1122334455667700 + static_cast<std::uint64_t>(++number));
+        record.*field.applies = ++number;
+    }
+    record.m_iconHidden = ++number;
+    record.m_custom = ++number;
+    return record;
 }
 
 }  // namespace customstyle_test

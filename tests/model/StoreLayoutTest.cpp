@@ -1,11 +1,17 @@
 // The layout of records and store in memory.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <string>
+#include <string_view>
 #include <type_traits>
 #include <unordered_map>
+#include <variant>
 
+#include "tests/support/RecordTable.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -15,7 +21,7 @@ using namespace _orvik_framework;
 
 // Offsets in the record, by the alignment of 64-bit integers: 8 bytes nearly everywhere, 4 on 32-bit x86.
 struct RecordPlace {
-    const char* what;
+    std::string_view what;
     std::size_t actual;
     std::size_t alignedTo8;
     std::size_t alignedTo4;
@@ -59,6 +65,23 @@ TEST(StyleRecord, FieldsStandAtTheirOffsets) {
     ASSERT_TRUE(alignment == 8 || (alignment == 4 && sizeof(void*) == 4));
     for (const RecordPlace& place : kRecordPlaces) {
         EXPECT_EQ(place.actual, alignment == 8 ? place.alignedTo8 : place.alignedTo4) << place.what;
+    }
+}
+
+// The other tests read the record through their table, so its members must have the names that they say.
+TEST(StyleRecord, TheTableOfTheTestsNamesItsMembers) {
+    const tagCustomStyle record{};
+    const auto expectPlace = [&](const std::string& member, const auto& place) {
+        const auto named = std::ranges::find(kRecordPlaces, member, &RecordPlace::what);
+        ASSERT_NE(named, std::end(kRecordPlaces)) << member;
+        EXPECT_EQ(reinterpret_cast<const char*>(&place) - reinterpret_cast<const char*>(&record),
+                  static_cast<std::ptrdiff_t>(named->actual))
+            << member;
+    };
+    for (const RecordField& field : kRecordFields) {
+        const std::string member = std::string("m_") + field.member;
+        std::visit([&](auto value) { expectPlace(member, record.*value); }, field.value);
+        expectPlace(member + "Set", record.*field.applies);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "customstyle/StoredRecords.h"
+#include "tests/support/RecordTable.h"
 
 namespace customstyle_test::model {
 
@@ -12,31 +13,11 @@ using _orvik_framework::StoredRecord;
 using _orvik_framework::StoredRecords;
 using _orvik_framework::tagCustomStyle;
 
-Record fieldsOf(const tagCustomStyle& s) {
-    const auto flag = [](int value) { return static_cast<std::uint64_t>(value); };
-    Record record = {{"textFillColor", s.m_textFillColor},
-                     {"textStrokeColor", s.m_textStrokeColor},
-                     {"textFillColorSet", flag(s.m_textFillColorSet)},
-                     {"textStrokeColorSet", flag(s.m_textStrokeColorSet)},
-                     {"textFillWeight", s.m_textFillWeight},
-                     {"textStrokeWeight", s.m_textStrokeWeight},
-                     {"textFillWeightSet", flag(s.m_textFillWeightSet)},
-                     {"textStrokeWeightSet", flag(s.m_textStrokeWeightSet)},
-                     {"fontSize", s.m_fontSize},
-                     {"fontSizeSet", flag(s.m_fontSizeSet)},
-                     {"fillColor", s.m_fillColor},
-                     {"borderColor", s.m_borderColor},
-                     {"fillWeight", s.m_fillWeight},
-                     {"borderWeight", s.m_borderWeight},
-                     {"fillColorSet", flag(s.m_fillColorSet)},
-                     {"borderColorSet", flag(s.m_borderColorSet)},
-                     {"iconHidden", flag(s.m_iconHidden)},
-                     {"fillWeightSet", flag(s.m_fillWeightSet)},
-                     {"borderWeightSet", flag(s.m_borderWeightSet)},
-                     {"topSurfaceColor", s.m_topSurfaceColor},
-                     {"topSurfaceColorSet", flag(s.m_topSurfaceColorSet)},
-                     {"custom", flag(s.m_custom)}};
-    std::erase_if(record, [](const auto& field) { return field.second == 0; });
+Record fieldsOf(const tagCustomStyle& style) {
+    Record record;
+    tellMembers(style, [&](const std::string& name, std::uint64_t value) {
+        if (value != 0 && name != "ID") record[name] = value;
+    });
     return record;
 }
 

@@ -48,7 +48,7 @@ TEST_F(BackRegion, TheLandHasNoColourWhileTheSwitchIsOff) {
 
 TEST_F(BackRegion, TheLandHasTheFillColourOfItsRecord) {
     m_store.add("0", 7) = fullRecord(7);
-    EXPECT_EQ(land(15), 111u);
+    EXPECT_EQ(land(15), fullRecord(7).m_fillColor);
 }
 
 TEST_F(BackRegion, AllBitsOfTheColourAreHandedOut) {

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "customstyle/StoredRecords.h"
+#include "tests/support/RecordTable.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -12,35 +13,12 @@ using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::StoredRecord;
 using _orvik_framework::StoredRecords;
 
-template <typename Value>
-struct NamedField {
-    const char* name;
-    Value tagCustomStyle::*value;
-    int tagCustomStyle::*applies;
-};
-
-constexpr NamedField<std::uint64_t> kColours[] = {
-    {"text-fill", &tagCustomStyle::m_textFillColor, &tagCustomStyle::m_textFillColorSet},
-    {"text-stroke", &tagCustomStyle::m_textStrokeColor, &tagCustomStyle::m_textStrokeColorSet},
-    {"fill", &tagCustomStyle::m_fillColor, &tagCustomStyle::m_fillColorSet},
-    {"border", &tagCustomStyle::m_borderColor, &tagCustomStyle::m_borderColorSet},
-    {"top", &tagCustomStyle::m_topSurfaceColor, &tagCustomStyle::m_topSurfaceColorSet},
-};
-
-constexpr NamedField<std::uint8_t> kSizes[] = {
-    {"text-fill-weight", &tagCustomStyle::m_textFillWeight, &tagCustomStyle::m_textFillWeightSet},
-    {"text-stroke-weight", &tagCustomStyle::m_textStrokeWeight, &tagCustomStyle::m_textStrokeWeightSet},
-    {"fill-weight", &tagCustomStyle::m_fillWeight, &tagCustomStyle::m_fillWeightSet},
-    {"border-weight", &tagCustomStyle::m_borderWeight, &tagCustomStyle::m_borderWeightSet},
-    {"size", &tagCustomStyle::m_fontSize, &tagCustomStyle::m_fontSizeSet},
-};
-
-template <typename Value>
-std::string changeOf(const NamedField<Value>& field, const tagCustomStyle& before, const tagCustomStyle& after,
+std::string changeOf(const RecordField& field, const tagCustomStyle& before, const tagCustomStyle& after,
                      std::uint64_t value) {
-    if (after.*field.value == before.*field.value && after.*field.applies == before.*field.applies) return {};
-    std::string text = std::string(" ") + field.name;
-    if (after.*field.value != value) text += "=" + std::to_string(after.*field.value);
+    const std::uint64_t changed = valueIn(after, field);
+    if (changed == valueIn(before, field) && after.*field.applies == before.*field.applies) return {};
+    std::string text = std::string(" ") + field.brief;
+    if (changed != value) text += "=" + std::to_string(changed);
     if (after.*field.applies != 1) text += " with flag " + std::to_string(after.*field.applies);
     return text;
 }
@@ -50,8 +28,7 @@ std::string changesOf(const tagCustomStyle& record, std::uint64_t value) {
     std::string text = record.m_custom == 1   ? "+"
                        : record.m_custom == 0 ? "-"
                                               : " m_custom=" + std::to_string(record.m_custom);
-    for (const auto& field : kColours) text += changeOf(field, before, record, value);
-    for (const auto& field : kSizes) text += changeOf(field, before, record, value);
+    for (const RecordField& field : kRecordFields) text += changeOf(field, before, record, value);
     if (record.m_iconHidden != before.m_iconHidden) text += " icon=" + std::to_string(record.m_iconHidden);
     return text;
 }
@@ -87,12 +64,11 @@ void append(std::string& list, const std::string& item) {
 tagCustomStyle markedRecord(int styleId) {
     tagCustomStyle record{};
     record.m_ID = styleId;
-    std::uint64_t colour = 0xA1000000;
-    for (const auto& field : kColours) record.*field.value = ++colour;
-    std::uint8_t size = 200;
-    for (const auto& field : kSizes) record.*field.value = ++size;
-    for (const auto& field : kColours) record.*field.applies = 9;
-    for (const auto& field : kSizes) record.*field.applies = 9;
+    std::uint64_t mark = 0xA10000C8;
+    for (const RecordField& field : kRecordFields) {
+        setValueIn(record, field, ++mark);
+        record.*field.applies = 9;
+    }
     record.m_iconHidden = 9;
     record.m_custom = 9;
     return record;

@@ -20,14 +20,14 @@ constexpr Outcome kInvalid{"", R"(warning, "elementType" is invalid.)"};
 
 // ---- "off" ----------------------------------------------------------------------------------------------------------
 
-constexpr Outcome kWhole{"T+ text-fill text-stroke fill border top icon=1"};
+constexpr Outcome kWhole{"T+ fill border top text-fill text-stroke icon=1"};
 constexpr Outcome kBothWhole{
-    "T+ text-fill text-stroke fill border top icon=1, L+ text-fill text-stroke fill border top icon=1"};
+    "T+ fill border top text-fill text-stroke icon=1, L+ fill border top text-fill text-stroke icon=1"};
 constexpr Outcome kLabels{"T+ text-fill text-stroke icon=1"};
 constexpr Outcome kBothLabels{"T+ text-fill text-stroke icon=1, L+ text-fill text-stroke icon=1"};
-constexpr Outcome kDrawing{"T+ text-fill text-stroke fill border top"};
-constexpr Outcome kStroke{"T+ text-stroke border"};
-constexpr Outcome kFill{"T+ text-fill fill"};
+constexpr Outcome kDrawing{"T+ fill border top text-fill text-stroke"};
+constexpr Outcome kStroke{"T+ border text-stroke"};
+constexpr Outcome kFill{"T+ fill text-fill"};
 constexpr Outcome kTop{"T+ top"};
 constexpr Outcome kTxStroke{"T+ text-stroke"};
 constexpr Outcome kBothTxStrokes{"T+ text-stroke, L+ text-stroke"};

@@ -18,7 +18,7 @@ constexpr Outcome kGeometry{"T+ fill-weight border-weight"};
 constexpr Outcome kBorder{"T+ border-weight"};
 constexpr Outcome kFill{"T+ fill-weight"};
 constexpr Outcome kApart{"T+ fill-weight border-weight, L+ text-fill-weight text-stroke-weight"};
-constexpr Outcome kTogether{"T+ text-fill-weight text-stroke-weight fill-weight border-weight"};
+constexpr Outcome kTogether{"T+ fill-weight border-weight text-fill-weight text-stroke-weight"};
 constexpr Outcome kLabelStroke{"L+ text-stroke-weight"};
 constexpr Outcome kLabelFill{"L+ text-fill-weight"};
 constexpr Outcome kInvalid{"", R"(warning, "elementType" is invalid.)"};

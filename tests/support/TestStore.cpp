@@ -2,60 +2,22 @@
 
 #include <ostream>
 #include <stdexcept>
-#include <tuple>
 
 #include "customstyle/FeatureTypeTable.h"
 #include "customstyle/StoredRecords.h"
+#include "tests/support/RecordTable.h"
 
 namespace _orvik_framework {
-namespace {
-
-auto fieldsOf(const tagCustomStyle& s) {
-    return std::make_tuple(s.m_ID, s.m_textFillColor, s.m_textStrokeColor, s.m_textFillColorSet, s.m_textStrokeColorSet,
-                           +s.m_textFillWeight, +s.m_textStrokeWeight, s.m_textFillWeightSet, s.m_textStrokeWeightSet,
-                           +s.m_fontSize, s.m_fontSizeSet, s.m_fillColor, s.m_borderColor, +s.m_fillWeight,
-                           +s.m_borderWeight, s.m_fillColorSet, s.m_borderColorSet, s.m_iconHidden, s.m_fillWeightSet,
-                           s.m_borderWeightSet, s.m_topSurfaceColor, s.m_topSurfaceColorSet, s.m_custom);
-}
-
-constexpr const char* kFieldNames[] = {"m_ID",
-                                       "m_textFillColor",
-                                       "m_textStrokeColor",
-                                       "m_textFillColorSet",
-                                       "m_textStrokeColorSet",
-                                       "m_textFillWeight",
-                                       "m_textStrokeWeight",
-                                       "m_textFillWeightSet",
-                                       "m_textStrokeWeightSet",
-                                       "m_fontSize",
-                                       "m_fontSizeSet",
-                                       "m_fillColor",
-                                       "m_borderColor",
-                                       "m_fillWeight",
-                                       "m_borderWeight",
-                                       "m_fillColorSet",
-                                       "m_borderColorSet",
-                                       "m_iconHidden",
-                                       "m_fillWeightSet",
-                                       "m_borderWeightSet",
-                                       "m_topSurfaceColor",
-                                       "m_topSurfaceColorSet",
-                                       "m_custom"};
-
-}  // namespace
 
 bool operator==(const tagCustomStyle& left, const tagCustomStyle& right) {
-    return fieldsOf(left) == fieldsOf(right);
+    return customstyle_test::areEqual(left, right);
 }
 
 void PrintTo(const tagCustomStyle& style, std::ostream* stream) {
     *stream << std::hex << "{";
-    std::size_t index = 0;
-    const auto print = [&](const auto& value) {
-        if (value != 0) *stream << " " << kFieldNames[index] << "=" << value;
-        ++index;
-    };
-    std::apply([&](const auto&... values) { (print(values), ...); }, fieldsOf(style));
+    customstyle_test::tellMembers(style, [&](const std::string& name, std::uint64_t value) {
+        if (value != 0) *stream << " m_" << name << "=" << value;
+    });
     *stream << " }" << std::dec;
 }
 
