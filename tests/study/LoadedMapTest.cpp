@@ -20,7 +20,7 @@ using namespace customstyle_tool;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr unsigned int kWater = defaultStyleId(2);
+constexpr unsigned int kWaterId = defaultStyleId(2);
 
 const std::string kBlueWater = styleOf({rule("water", "geometry.fill").color("#0000ff")});
 
@@ -45,7 +45,7 @@ TEST_F(StyleFile, IsLoadedOverTheDefaultMapping) {
     const StyleStudy& style = *std::get<0>(study);
     EXPECT_EQ(style.source().rules().size(), 1U);
     EXPECT_EQ(style.mapping().text(), defaultMapping());
-    EXPECT_EQ(ask(style.config(), kWater, 9).style.m_fillColor, 0xffff0000U);
+    EXPECT_EQ(ask(style.config(), kWaterId, 9).style.m_fillColor, 0xffff0000U);
 }
 
 TEST_F(StyleFile, IsLoadedOverTheMappingOfADirectory) {
@@ -55,7 +55,7 @@ TEST_F(StyleFile, IsLoadedOverTheMappingOfADirectory) {
     const StyleOrFailure study = loaded(kBlueWater, m_directory.path().string());
     ASSERT_EQ(failureOf(study), "none");
     EXPECT_EQ(ask(std::get<0>(study)->config(), 7, 9).featureType, 2);
-    EXPECT_EQ(ask(std::get<0>(study)->config(), kWater, 9).featureType, -1);
+    EXPECT_EQ(ask(std::get<0>(study)->config(), kWaterId, 9).featureType, -1);
 }
 
 TEST_F(StyleFile, IsLoadedWithoutTheLogOfItsRules) {
@@ -80,8 +80,8 @@ TEST_F(StyleFile, IsNotLoadedOverAMappingThatTheComponentRefuses) {
 
 TEST(StoreOfTwoTexts, HoldsWhatTheyMake) {
     const QueriesEnabled enabled;
-    EXPECT_EQ(ask(*storeOf(defaultMapping(), kBlueWater), kWater, 9).style.m_fillColor, 0xffff0000U);
-    EXPECT_EQ(ask(*storeOf(defaultMapping(), "[]"), kWater, 9).featureType, -1);
+    EXPECT_EQ(ask(*storeOf(defaultMapping(), kBlueWater), kWaterId, 9).style.m_fillColor, 0xffff0000U);
+    EXPECT_EQ(ask(*storeOf(defaultMapping(), "[]"), kWaterId, 9).featureType, -1);
 }
 
 }  // namespace
