@@ -13,6 +13,7 @@
 
 #include "tests/study/LoadedText.h"
 #include "tests/support/RandomFiles.h"
+#include "tests/support/RecordTable.h"
 #include "tests/support/TestStore.h"
 #include "tools/diff/StyleDiff.h"
 #include "tools/explain/Explainer.h"
@@ -32,6 +33,7 @@ constexpr std::int64_t kLand = -1;
 constexpr std::int64_t kGrid = -2;
 constexpr std::int64_t kUnmapped = -3;
 constexpr unsigned int kUnmappedId = 123456;
+constexpr std::size_t kIconFlag = kRecordFields.size();  // as a field, behind those with a value
 
 // A style id's answers, as the component gives them, by question.
 using Answers = std::map<std::pair<Subject, std::size_t>, Value>;
@@ -39,21 +41,12 @@ using Answers = std::map<std::pair<Subject, std::size_t>, Value>;
 Answers answersOf(const CustomConfig& config, unsigned int styleId, int level) {
     tagCustomStyle s{};
     const int type = config.GetStyleFromConfig(s, styleId, level);
-    const auto flagged = [](std::uint64_t value, int flag) { return flag == 1 ? Value(value) : Value(); };
-    const Value fields[] = {flagged(s.m_fillColor, s.m_fillColorSet),
-                            flagged(s.m_borderColor, s.m_borderColorSet),
-                            flagged(s.m_topSurfaceColor, s.m_topSurfaceColorSet),
-                            flagged(s.m_textFillColor, s.m_textFillColorSet),
-                            flagged(s.m_textStrokeColor, s.m_textStrokeColorSet),
-                            flagged(s.m_fillWeight, s.m_fillWeightSet),
-                            flagged(s.m_borderWeight, s.m_borderWeightSet),
-                            flagged(s.m_textFillWeight, s.m_textFillWeightSet),
-                            flagged(s.m_textStrokeWeight, s.m_textStrokeWeightSet),
-                            flagged(s.m_fontSize, s.m_fontSizeSet),
-                            flagged(1, s.m_iconHidden)};
     Answers answers;
-    std::size_t place = 0;
-    for (const Value& value : fields) answers[{Subject::Field, place++}] = value;
+    for (std::size_t place = 0; place < kIconFlag; ++place) {
+        const RecordField& field = kRecordFields[place];
+        answers[{Subject::Field, place}] = s.*field.applies == 1 ? Value(valueIn(s, field)) : Value();
+    }
+    answers[{Subject::Field, kIconFlag}] = s.m_iconHidden == 1 ? Value(1) : Value();
     answers[{Subject::FeatureType, 0}] = type == -1 ? Value() : Value(static_cast<std::uint64_t>(type));
     answers[{Subject::Icon, 0}] = static_cast<std::uint64_t>(config.IsCustomizedIconVisible(styleId, level));
     return answers;
@@ -62,7 +55,7 @@ Answers answersOf(const CustomConfig& config, unsigned int styleId, int level) {
 // A change of the type, and of the icon flag in the record, counts only where it says something new.
 void dropWhatGoesWithoutSaying(std::map<std::pair<Subject, std::size_t>, std::pair<Value, Value>>& changes) {
     const bool icon = changes.contains({Subject::Icon, 0});
-    if (icon) changes.erase({Subject::Field, 10});
+    if (icon) changes.erase({Subject::Field, kIconFlag});
     const auto type = changes.find({Subject::FeatureType, 0});
     if (type == changes.end() || (type->second.first && type->second.second)) return;
     const auto isField = [](const auto& change) { return change.first.first == Subject::Field; };

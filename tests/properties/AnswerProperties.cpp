@@ -9,24 +9,24 @@
 #include "tests/properties/Properties.h"
 #include "tests/properties/Tool.h"
 #include "tests/properties/Writes.h"
+#include "tests/support/RecordTable.h"
 
 namespace customstyle_test::properties {
 namespace {
 
 using Json = nlohmann::json;
 
-const std::map<std::string, std::string> kFieldNames = {
-    {"fillColor", "fill"},
-    {"borderColor", "stroke"},
-    {"topSurfaceColor", "top_surface"},
-    {"textFillColor", "text_fill"},
-    {"textStrokeColor", "text_stroke"},
-    {"fillWeight", "fill_weight"},
-    {"borderWeight", "stroke_weight"},
-    {"textFillWeight", "text_fill_weight"},
-    {"textStrokeWeight", "text_stroke_weight"},
-    {"fontSize", "font_size"},
-};
+// What JSON calls the fields of the model.
+std::map<std::string, std::string> fieldNames() {
+    std::map<std::string, std::string> names;
+    for (const RecordField& field : kRecordFields) {
+        std::string& name = names[field.member] = field.tools;
+        std::ranges::replace(name, ' ', '_');
+    }
+    return names;
+}
+
+const std::map<std::string, std::string> kFieldNames = fieldNames();
 
 std::uint64_t numberIn(const model::Record& record, const std::string& field) {
     const auto found = record.find(field);

@@ -4,6 +4,7 @@
 
 #include "tests/model_check/ModelTables.h"
 #include "tests/properties/Reasons.h"
+#include "tests/support/RecordTable.h"
 
 namespace customstyle_test::properties {
 namespace {
@@ -12,19 +13,13 @@ using model::Records;
 using model::StyleModel;
 
 // What check calls a field, and what the model does.
-const std::map<std::string, std::string> kFields = {
-    {"fill", "fillColor"},
-    {"stroke", "borderColor"},
-    {"top surface", "topSurfaceColor"},
-    {"text fill", "textFillColor"},
-    {"text stroke", "textStrokeColor"},
-    {"fill weight", "fillWeight"},
-    {"stroke weight", "borderWeight"},
-    {"text fill weight", "textFillWeight"},
-    {"text stroke weight", "textStrokeWeight"},
-    {"font size", "fontSize"},
-    {"icon", "iconHidden"},
-};
+std::map<std::string, std::string> modelFields() {
+    std::map<std::string, std::string> fields = {{"icon", "iconHidden"}};
+    for (const RecordField& field : kRecordFields) fields[field.tools] = field.member;
+    return fields;
+}
+
+const std::map<std::string, std::string> kFields = modelFields();
 
 // The records that answer for a type at a level; null for none.
 const Records* inEffect(const StyleModel& model, int type, std::size_t levelClass) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -61,18 +62,14 @@ inline constexpr std::size_t kRecordMembers = 2 * kRecordFields.size() + 3;
 static_assert(hasMembers(std::make_index_sequence<kRecordMembers>()), "the table has a field that the record lacks");
 static_assert(!hasMembers(std::make_index_sequence<kRecordMembers + 1>()), "the record has a field without a row here");
 
-constexpr bool isColour(const RecordField& field) {
-    return std::holds_alternative<std::uint64_t tagCustomStyle::*>(field.value);
-}
-
 inline std::uint64_t valueIn(const tagCustomStyle& record, const RecordField& field) {
     return std::visit([&](auto member) { return std::uint64_t{record.*member}; }, field.value);
 }
 
 /// Stores a value, cut to the field's width; its flag stays.
 inline void setValueIn(tagCustomStyle& record, const RecordField& field, std::uint64_t value) {
-    const auto store = [&]<typename Member>(Member tagCustomStyle::*member) {
-        record.*member = static_cast<Member>(value);
+    const auto store = [&](auto member) {
+        record.*member = static_cast<std::remove_reference_t<decltype(record.*member)>>(value);
     };
     std::visit(store, field.value);
 }
