@@ -9,6 +9,11 @@ namespace {
 
 using namespace customstyle_tool;
 
+TEST(JsonText, ReplacesWhatIsNotUtf8) {
+    EXPECT_EQ(jsonText({{"file", "\xFF.json"}}), "{\"file\":\"\xEF\xBF\xBD.json\"}");
+    EXPECT_EQ(jsonText({{"id", 7}}, 2), "{\n  \"id\": 7\n}");
+}
+
 TEST(MemberName, HasUnderscoresForBlanks) {
     EXPECT_EQ(memberName("text stroke weight"), "text_stroke_weight");
     EXPECT_EQ(memberName("fill"), "fill");

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "tools/build/Toml.h"
 #include "tools/support/PlainText.h"
 #include "tools/support/Spelling.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <iterator>
+#include <nlohmann/json.hpp>
 #include <string_view>
 #include <utility>
 #include <variant>
 
 #include "tools/layout/Layout.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {

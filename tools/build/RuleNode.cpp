@@ -1,7 +1,6 @@
 #include "tools/build/RuleNode.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "tools/json/JsonScalars.h"
 
@@ -41,10 +40,6 @@ std::vector<RuleNode> rulesOf(const JsonDocument& document) {
         rules.push_back(std::move(node));
     }
     return rules;
-}
-
-std::string jsonText(std::string_view text) {
-    return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 bool holdsStylers(const RuleNode& member) {

@@ -25,9 +25,6 @@ struct RuleNode {
 /// The values of a document's outermost list.
 std::vector<RuleNode> rulesOf(const JsonDocument& document);
 
-/// A text as JSON, with its quotes.
-std::string jsonText(std::string_view text);
-
 /// Whether a member of a rule holds its stylers, as the component reads it.
 bool holdsStylers(const RuleNode& member);
 

@@ -6,6 +6,7 @@
 
 #include "tools/check/Edits.h"
 #include "tools/support/PlainText.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {
@@ -89,10 +90,6 @@ Json jsonOf(const Finding& finding, const StyleStudy* study) {
             {"related", related}};
 }
 
-std::string dumped(const Json& json) {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-}
-
 }  // namespace
 
 FindingCounts countFindings(const std::vector<Finding>& findings) {
@@ -136,7 +133,7 @@ std::string lineReport(const Finding& finding) {
 std::string jsonLineReport(const Finding& finding, const StyleStudy* study) {
     Json line{{"version", kJsonVersion}, {"file", finding.file->path()}};
     line.update(jsonOf(finding, study));
-    return line.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return jsonText(line) + "\n";
 }
 
 std::string reportJson(const std::vector<CheckedFile>& files, const std::vector<std::string>& unreadable) {
@@ -147,10 +144,12 @@ std::string reportJson(const std::vector<CheckedFile>& files, const std::vector<
         list.push_back({{"path", checked.file->path()}, {"findings", findings}});
     }
     const auto [errors, warnings, notes] = countFindings(files);
-    return dumped({{"version", kJsonVersion},
-                   {"files", list},
-                   {"unreadable", unreadable},
-                   {"summary", {{"errors", errors}, {"warnings", warnings}, {"notes", notes}}}});
+    return jsonText({{"version", kJsonVersion},
+                     {"files", list},
+                     {"unreadable", unreadable},
+                     {"summary", {{"errors", errors}, {"warnings", warnings}, {"notes", notes}}}},
+                    2) +
+           "\n";
 }
 
 }  // namespace customstyle_tool

@@ -6,6 +6,7 @@
 #include "tools/check/Fingerprint.h"
 #include "tools/check/Report.h"
 #include "tools/json/JsonScalars.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {
@@ -112,8 +113,7 @@ std::string reportSarif(const std::vector<CheckedFile>& files, const std::vector
                    {"invocations", Json::array({invocationJson(unreadable)})},
                    {"columnKind", "unicodeCodePoints"},
                    {"results", results}};
-    const Json log{{"$schema", kSchema}, {"version", "2.1.0"}, {"runs", Json::array({run})}};
-    return log.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return jsonText({{"$schema", kSchema}, {"version", "2.1.0"}, {"runs", Json::array({run})}}, 2) + "\n";
 }
 
 }  // namespace customstyle_tool

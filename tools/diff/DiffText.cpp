@@ -134,9 +134,8 @@ std::string diffSummary(std::span<const JoinedChange> changes, const Mapping& ma
 std::string diffJson(std::span<const JoinedChange> changes, const Mapping& mapping) {
     Json list = Json::array();
     for (const JoinedChange& each : changes) list.push_back(changeJson(each));
-    const Json json{{"version", 1}, {"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}};
-    // A file name might not be valid UTF-8.
-    return json.dump(2, ' ', false, Json::error_handler_t::replace);
+    return jsonText({{"version", 1}, {"equivalent", changes.empty()}, {"mapping", mapping.name()}, {"changes", list}},
+                    2);
 }
 
 }  // namespace customstyle_tool

@@ -108,8 +108,7 @@ std::string explanationJson(const Explainer& explainer, const Explanation& expla
     if (json.contains("land_background") && explanation.landStyleId) {
         json["land_background"]["decided_by_id"] = *explanation.landStyleId;
     }
-    // A file name or a text of the style might not be valid UTF-8.
-    return json.dump(2, ' ', false, Json::error_handler_t::replace);
+    return jsonText(json, 2);
 }
 
 }  // namespace customstyle_tool

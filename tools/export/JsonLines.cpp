@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tools/vocabulary/JsonParts.h"
+
 namespace customstyle_tool {
 namespace {
 
@@ -10,18 +12,13 @@ using Json = nlohmann::ordered_json;
 constexpr std::size_t kWidth = 120;
 constexpr std::size_t kIndent = 2;
 
-// Texts of files need not be UTF-8; each bad byte becomes a replacement character.
-std::string scalarText(const Json& value) {
-    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 std::string inlineText(const Json& value) {
-    if (!value.is_structured() || value.empty()) return scalarText(value);
+    if (!value.is_structured() || value.empty()) return jsonText(value);
     std::string text = value.is_array() ? "[" : "{";
     const char* separator = "";
     for (const auto& item : value.items()) {
         text += separator;
-        if (value.is_object()) text += scalarText(item.key()) + ": ";
+        if (value.is_object()) text += jsonText(item.key()) + ": ";
         text += inlineText(item.value());
         separator = ", ";
     }
@@ -39,7 +36,7 @@ void write(std::string& text, const Json& value, std::size_t indent, std::size_t
     const char* separator = "\n";
     for (const auto& item : value.items()) {
         text += separator + std::string(indent + kIndent, ' ');
-        const std::string key = value.is_object() ? scalarText(item.key()) + ": " : "";
+        const std::string key = value.is_object() ? jsonText(item.key()) + ": " : "";
         text += key;
         write(text, item.value(), indent + kIndent, indent + kIndent + key.size());
         separator = ",\n";

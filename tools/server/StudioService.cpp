@@ -15,6 +15,7 @@
 #include "tools/host/AtomicFile.h"
 #include "tools/server/WatchedFile.h"
 #include "tools/support/Hash.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_tool {
 namespace {
@@ -40,14 +41,10 @@ const std::array<std::pair<std::string, std::string>, 6> kGuards{{{"Content-Secu
                                                                   {"X-Content-Type-Options", "nosniff"},
                                                                   {"X-Frame-Options", "DENY"}}};
 
-std::string textOf(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 HttpAnswer jsonAnswer(unsigned int status, const Json& json) {
     return {.status = status,
             .headers = {{"Content-Type", "application/json"}, {"Cache-Control", "no-store"}},
-            .body = textOf(json)};
+            .body = jsonText(json)};
 }
 
 HttpAnswer failure(unsigned int status, const std::string& why) {
@@ -275,7 +272,7 @@ private:
     };
 
     static void publish(HttpServer& server, const Topic& topic) {
-        server.publish(topic.name, textOf(fileJson(topic.file.path(), topic.file.state())));
+        server.publish(topic.name, jsonText(fileJson(topic.file.path(), topic.file.state())));
     }
 
     std::vector<Topic> m_topics;

@@ -9,6 +9,10 @@ namespace customstyle_tool {
 
 using Json = nlohmann::ordered_json;
 
+std::string jsonText(const Json& json, int indent) {
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
 std::string memberName(std::string fieldName) {
     std::ranges::replace(fieldName, ' ', '_');
     return fieldName;

@@ -10,6 +10,10 @@
 
 namespace customstyle_tool {
 
+/// As text, in one line or in lines with this indent. Texts of files need not be UTF-8: each bad byte becomes a
+/// replacement character.
+std::string jsonText(const nlohmann::ordered_json& json, int indent = -1);
+
 /// The name of a field as a member: "text_fill" for "text fill".
 std::string memberName(std::string fieldName);
 
