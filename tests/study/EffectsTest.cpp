@@ -21,6 +21,7 @@ namespace customstyle_test {
 namespace {
 
 using namespace customstyle_tool;
+using _orvik_framework::EMAPCUSTOMSTYLE_GRID;
 using _orvik_framework::EMAPCUSTOMSTYLE_OTHERLABEL;
 using _orvik_framework::EMAPCUSTOMSTYLE_WATER;
 using _orvik_framework::kStyleSlotCount;
@@ -83,6 +84,22 @@ TEST(Idle, IsWhatChangesNothingTogetherWithAllTheRest) {
                 ElementsAre("1 color", "2 color", "4"));
 }
 
+TEST(Idle, IsAGridColourThatIsOverwrittenOrRepeated) {
+    EXPECT_THAT(idleOf({rule("grid", "fill").color("#111111"), rule("grid", "fill").color("#222222"),
+                        rule("grid", "fill").color("#222222")}),
+                ElementsAre("1 color", "3 color"));
+}
+
+// No question finds the style id of the grid's records, so that only its colour counts.
+TEST(Idle, IsAWholeRuleThatRepeatsTheGridColour) {
+    const std::string mapping =
+        mappingText([](int type) { return std::vector{type == EMAPCUSTOMSTYLE_GRID ? -5 : 1000 + type}; });
+    EXPECT_THAT(idleOf(*loadedText(mapping, styleOf({rule("grid", "fill").color("#111111"),
+                                                     rule("grid", "all").color("#111111").visibility("off"),
+                                                     rule("grid", "all").visibility("off")}))),
+                ElementsAre("2", "3 visibility"));
+}
+
 TEST(Idle, IsNoRuleThatHidesEveryIconOnAMapWithoutStyleIds) {
     EXPECT_THAT(idleOf(*loadedText("{}", styleOf({rule("all", "icon").visibility("off")}))), IsEmpty());
 }
@@ -94,6 +111,17 @@ TEST(Proofs, TellTheLevelsOnRequest) {
     ASSERT_EQ(proofs.effects.size(), 2U);
     EXPECT_EQ(levelsText(proofs.effects[0].effect.styles), "9");
     EXPECT_EQ(levelsText(proofs.effects[1].effect.styles), "4-8, 10-21, other");
+}
+
+// At level 9 the highway has a style of its own, which was there before the one for all levels; its label type has
+// none.
+TEST(Proofs, TellTheLevelsOfAllTypesTogether) {
+    const auto study = loadedText(testMapping(), styleOf({rule("highway", "geometry").color("#111111").level("9"),
+                                                          rule("highway", "labels").color("#222222")}));
+    const Proofs proofs = proveEffects(*study, {.details = true});
+    ASSERT_EQ(proofs.effects.size(), 2U);
+    EXPECT_EQ(levelsText(proofs.effects[0].effect.styles), "9");
+    EXPECT_EQ(levelsText(proofs.effects[1].effect.styles), "all levels");
 }
 
 TEST(Proofs, LeaveTheGlobalSwitchAsItWas) {
@@ -336,6 +364,15 @@ const char* oneOf(RandomFiles& files, std::initializer_list<const char*> texts) 
     return texts.begin()[files.below(static_cast<int>(texts.size()))];
 }
 
+// The colour of the grid, alone or with the records of its type, or every icon.
+RuleBuilder settingOfTheMap(RandomFiles& files) {
+    if (files.oneIn(3)) return rule("all", "icon").visibility("off");
+    RuleBuilder grid = rule("grid", "all");
+    if (!files.oneIn(3)) grid.color(oneOf(files, {"#111111", "#222222"}));
+    if (files.oneIn(3)) grid.visibility("off");
+    return grid;
+}
+
 // Few types with style ids in common. Most rules draw nothing, but make their type answer for the icon, so that they
 // often cover for each other.
 std::unique_ptr<StyleStudy> styleOfCoveringRules(RandomFiles& files) {
@@ -348,6 +385,7 @@ std::unique_ptr<StyleStudy> styleOfCoveringRules(RandomFiles& files) {
         RuleBuilder drawsNothing = rule(type, "labels.text.topsurface").color(oneOf(files, {"#111111", "#222222"}));
         if (files.oneIn(4)) drawsNothing.level("9");
         if (files.oneIn(3)) rules.push_back(rule(type, "icon").visibility(oneOf(files, {"off", "on"})).json());
+        if (files.oneIn(5)) rules.push_back(settingOfTheMap(files).json());
         rules.push_back(drawsNothing.json());
     }
     return loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));

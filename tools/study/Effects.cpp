@@ -374,7 +374,6 @@ private:
         m_different.clear();
         m_changed.clear();
         for (std::size_t i = begin; i < end; ++i) compare(i, without);
-        m_changed.clear();  // the works themselves have gone
         if (m_different.empty()) return {};
         m_store.mark();
         for (std::size_t i = end; i < m_works.size() && !m_different.empty(); ++i) {
@@ -406,7 +405,6 @@ private:
 
     Effect effectOfDifference(Without without) {
         std::set<std::string> keys = m_different;
-        m_differsByOthers |= !m_adopted.empty();
         if (without == Without::AllIdle) keys.insert(m_adopted.begin(), m_adopted.end());
         LevelsByType types;
         for (const std::string& key : keys) patch(key, types);
@@ -449,7 +447,7 @@ private:
     std::set<Places> m_neverIdle;
     std::set<std::string> m_different;  // keys that differ now
     std::vector<Changed> m_changed;
-    bool m_differsByOthers = false;   // whether works that are left out could make a difference to the one in question
+    bool m_differsByOthers = false;   // whether the last walk passed works that are left out
     std::set<std::string> m_adopted;  // keys that differ from the whole style at the end, without changing an answer
     bool m_leavesDifference = false;
 };
