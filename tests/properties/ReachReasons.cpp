@@ -4,6 +4,7 @@
 
 #include "tests/model_check/ModelTables.h"
 #include "tests/properties/Reasons.h"
+#include "tests/support/RecordTable.h"
 
 namespace customstyle_test::properties {
 namespace {
@@ -27,6 +28,13 @@ bool gridUnchanged(const Said& said) {
 }
 
 // ---- Values ----
+
+// Whether what was written is a field of the record that meets the condition.
+template <typename IsMeant>
+bool isField(const Write& write, IsMeant isMeant) {
+    return std::ranges::any_of(
+        kRecordFields, [&](const RecordField& field) { return field.member == write.second && isMeant(field); });
+}
 
 bool isOnlyAtLevel(const Said& said) {
     const CheckedStyle& style = said.style;
@@ -53,7 +61,9 @@ bool colorRead(const Said& said) {
 bool sizeDrawn(const Said& said) {
     const CheckedStyle& style = said.style;
     const std::uint64_t size = said.words.numberBefore(" is drawn");
-    return hasValue(style, said, "Weight", size) && hasValue(style, said, "fontSize", size);
+    const auto isOfSize = [](const RecordField& field) { return isSize(field); };
+    return std::ranges::all_of(alone(style, said.part),
+                               [&](const auto& each) { return each.second == size || !isField(each.first, isOfSize); });
 }
 
 bool hasSameEffect(const Said& said) {
@@ -69,42 +79,43 @@ bool hasSameEffect(const Said& said) {
 
 // ---- What is reached ----
 
-bool writes(const CheckedStyle& style, const Part& part, const std::string& type, const char* part1,
-            const char* part2) {
+template <typename IsMeant>
+bool writesSome(const CheckedStyle& style, const Part& part, const std::string& type, IsMeant isMeant) {
     return std::ranges::any_of(alone(style, part), [&](const auto& each) {
-        return isRecord(each.first) && typeOf(each.first.first) == typeNamed(type) &&
-               (each.first.second.find(part1) != std::string::npos ||
-                each.first.second.find(part2) != std::string::npos);
+        return isRecord(each.first) && typeOf(each.first.first) == typeNamed(type) && isMeant(each.first);
     });
 }
 
 bool writesAny(const CheckedStyle& style, const Part& part, const std::string& type) {
-    return writes(style, part, type, "", "");
+    return writesSome(style, part, type, [](const Write&) { return true; });
+}
+
+bool writes(const CheckedStyle& style, const Part& part, const std::string& type, const char* beginning) {
+    return writesSome(style, part, type, [&](const Write& write) { return write.second.starts_with(beginning); });
+}
+
+bool writesGeometry(const CheckedStyle& style, const Part& part, const std::string& type) {
+    const auto isOfGeometry = [](const RecordField& field) { return field.part == RecordPart::Geometry; };
+    return writesSome(style, part, type, [&](const Write& write) { return isField(write, isOfGeometry); });
 }
 
 bool namesOnly(const Said& said) {
-    const CheckedStyle& style = said.style;
-    const std::string type = said.words.quoted().at(0);
-    return !writes(style, said.part, type, "fill", "border") &&
-           !writes(style, said.part, type, "topSurface", "topSurface");
+    return !writesGeometry(said.style, said.part, said.words.quoted().at(0));
 }
 
 bool geometryChanges(const Said& said) {
-    const CheckedStyle& style = said.style;
-    const std::string type = said.words.quoted().at(0);
-    return writes(style, said.part, type, "fill", "border") ||
-           writes(style, said.part, type, "topSurface", "topSurface");
+    return writesGeometry(said.style, said.part, said.words.quoted().at(0));
 }
 
 bool namesHidden(const Said& said) {
     const CheckedStyle& style = said.style;
-    return writes(style, said.part, said.words.quoted().at(0), "text", "text");
+    return writes(style, said.part, said.words.quoted().at(0), "text");
 }
 
 bool companionIcons(const Said& said) {
     const CheckedStyle& style = said.style;
     const std::vector<std::string> types = said.words.quoted();
-    return writes(style, said.part, types.at(0), "icon", "icon") && !writesAny(style, said.part, types.at(1));
+    return writes(style, said.part, types.at(0), "icon") && !writesAny(style, said.part, types.at(1));
 }
 
 bool typesNotReached(const Said& said) {

@@ -16,32 +16,38 @@ namespace customstyle_test {
 
 using _orvik_framework::tagCustomStyle;
 
+enum class RecordPart { Geometry, Text };
+
 /// A value of the record with the flag that says whether it applies.
 struct RecordField {
     const char* member;  ///< without m_; its flag has the same name with Set
     const char* tools;   ///< what the tools print
     const char* brief;   ///< in tables of expected changes
+    RecordPart part;     ///< what it styles
     std::variant<std::uint64_t tagCustomStyle::*, std::uint8_t tagCustomStyle::*> value;  ///< a colour or a size
     int tagCustomStyle::*applies;
 };
 
 /// In the order in which the tools list them. Besides, a record has its id, the icon's flag and the customised mark.
 inline constexpr auto kRecordFields = std::to_array<RecordField>({
-    {"fillColor", "fill", "fill", &tagCustomStyle::m_fillColor, &tagCustomStyle::m_fillColorSet},
-    {"borderColor", "stroke", "border", &tagCustomStyle::m_borderColor, &tagCustomStyle::m_borderColorSet},
-    {"topSurfaceColor", "top surface", "top", &tagCustomStyle::m_topSurfaceColor,
+    {"fillColor", "fill", "fill", RecordPart::Geometry, &tagCustomStyle::m_fillColor, &tagCustomStyle::m_fillColorSet},
+    {"borderColor", "stroke", "border", RecordPart::Geometry, &tagCustomStyle::m_borderColor,
+     &tagCustomStyle::m_borderColorSet},
+    {"topSurfaceColor", "top surface", "top", RecordPart::Geometry, &tagCustomStyle::m_topSurfaceColor,
      &tagCustomStyle::m_topSurfaceColorSet},
-    {"textFillColor", "text fill", "text-fill", &tagCustomStyle::m_textFillColor, &tagCustomStyle::m_textFillColorSet},
-    {"textStrokeColor", "text stroke", "text-stroke", &tagCustomStyle::m_textStrokeColor,
+    {"textFillColor", "text fill", "text-fill", RecordPart::Text, &tagCustomStyle::m_textFillColor,
+     &tagCustomStyle::m_textFillColorSet},
+    {"textStrokeColor", "text stroke", "text-stroke", RecordPart::Text, &tagCustomStyle::m_textStrokeColor,
      &tagCustomStyle::m_textStrokeColorSet},
-    {"fillWeight", "fill weight", "fill-weight", &tagCustomStyle::m_fillWeight, &tagCustomStyle::m_fillWeightSet},
-    {"borderWeight", "stroke weight", "border-weight", &tagCustomStyle::m_borderWeight,
+    {"fillWeight", "fill weight", "fill-weight", RecordPart::Geometry, &tagCustomStyle::m_fillWeight,
+     &tagCustomStyle::m_fillWeightSet},
+    {"borderWeight", "stroke weight", "border-weight", RecordPart::Geometry, &tagCustomStyle::m_borderWeight,
      &tagCustomStyle::m_borderWeightSet},
-    {"textFillWeight", "text fill weight", "text-fill-weight", &tagCustomStyle::m_textFillWeight,
+    {"textFillWeight", "text fill weight", "text-fill-weight", RecordPart::Text, &tagCustomStyle::m_textFillWeight,
      &tagCustomStyle::m_textFillWeightSet},
-    {"textStrokeWeight", "text stroke weight", "text-stroke-weight", &tagCustomStyle::m_textStrokeWeight,
-     &tagCustomStyle::m_textStrokeWeightSet},
-    {"fontSize", "font size", "size", &tagCustomStyle::m_fontSize, &tagCustomStyle::m_fontSizeSet},
+    {"textStrokeWeight", "text stroke weight", "text-stroke-weight", RecordPart::Text,
+     &tagCustomStyle::m_textStrokeWeight, &tagCustomStyle::m_textStrokeWeightSet},
+    {"fontSize", "font size", "size", RecordPart::Text, &tagCustomStyle::m_fontSize, &tagCustomStyle::m_fontSizeSet},
 });
 
 /// Stands for a value of any type where only its type matters.
@@ -61,6 +67,10 @@ constexpr bool hasMembers(std::index_sequence<places...>) {
 inline constexpr std::size_t kRecordMembers = 2 * kRecordFields.size() + 3;
 static_assert(hasMembers(std::make_index_sequence<kRecordMembers>()), "the table has a field that the record lacks");
 static_assert(!hasMembers(std::make_index_sequence<kRecordMembers + 1>()), "the record has a field without a row here");
+
+constexpr bool isSize(const RecordField& field) {
+    return std::holds_alternative<std::uint8_t tagCustomStyle::*>(field.value);
+}
 
 inline std::uint64_t valueIn(const tagCustomStyle& record, const RecordField& field) {
     return std::visit([&](auto member) { return std::uint64_t{record.*member}; }, field.value);
