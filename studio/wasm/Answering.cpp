@@ -24,6 +24,7 @@
 #include "tools/layout/StyleText.h"
 #include "tools/minify/Minifier.h"
 #include "tools/study/StyleStudy.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_studio {
 namespace {
@@ -31,6 +32,7 @@ namespace {
 using customstyle_tool::CheckedFile;
 using customstyle_tool::CheckOptions;
 using customstyle_tool::JsonDocument;
+using customstyle_tool::jsonText;
 using customstyle_tool::JsonValue;
 using customstyle_tool::Mapping;
 using customstyle_tool::ReadFailure;
@@ -135,7 +137,7 @@ std::string load(const Json& request) {
     return withStyle(request, "style", [](const StyleStudy& style) {
         Json rules = Json::array();
         for (const JsonValue rule : style.source().rules()) rules.push_back(rangeJson(rule.range()));
-        return dumped({{"rules", rules}});
+        return jsonText({{"rules", rules}});
     });
 }
 
@@ -201,7 +203,7 @@ std::string effect(const Json& request) {
         const auto without = desk().style(rest);
         if (const ReadFailure* failure = std::get_if<ReadFailure>(&without)) return failed(failure->text);
         const auto changes = customstyle_tool::differenceOf(*std::get<SharedStudy>(without), whole);
-        return fmt::format(R"({{"without":{},"difference":{}}})", dumped(rest.text),
+        return fmt::format(R"({{"without":{},"difference":{}}})", jsonText(rest.text),
                            customstyle_tool::diffJson(changes, desk().mapping()));
     });
 }
@@ -218,7 +220,7 @@ std::string rewritten(const Json& request, Use use) {
 
 std::string format(const Json& request) {
     return rewritten(request, [](const StyleText& text) {
-        return dumped({{"text", customstyle_tool::laidOut(text.document)}});
+        return jsonText({{"text", customstyle_tool::laidOut(text.document)}});
     });
 }
 
@@ -227,7 +229,7 @@ std::string minify(const Json& request) {
         const customstyle_tool::StyleSource style(*text.file, text.document);
         auto [shorter, rules, thoroughness] = customstyle_tool::minified(style, desk().mapping().text());
         if (text.file->text().ends_with('\n')) shorter += '\n';
-        return dumped(
+        return jsonText(
             {{"text", shorter}, {"rules", rules}, {"complete", thoroughness == customstyle_tool::Thoroughness::Full}});
     });
 }

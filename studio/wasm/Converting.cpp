@@ -13,6 +13,7 @@
 #include "tools/import/ImportTexts.h"
 #include "tools/json/SourceFile.h"
 #include "tools/study/StyleStudy.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_studio {
 namespace {
@@ -53,7 +54,7 @@ std::variant<Task, ReadFailure> taskIn(const Json& request, const char* fileMemb
 }
 
 std::string answered(const ConversionTexts& texts) {
-    return dumped({{"style", texts.style}, {"losses", texts.losses}, {"report", texts.report}});
+    return customstyle_tool::jsonText({{"style", texts.style}, {"losses", texts.losses}, {"report", texts.report}});
 }
 
 std::optional<std::string> addressIn(const Json& request, const char* name) {

@@ -5,15 +5,12 @@
 #include <algorithm>
 
 #include "tools/study/ComponentGuard.h"
+#include "tools/vocabulary/JsonParts.h"
 
 namespace customstyle_studio {
 
-std::string dumped(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 std::string failed(const std::string& why) {
-    return dumped({{"error", why}});
+    return customstyle_tool::jsonText({{"error", why}});
 }
 
 std::string textIn(const Json& object, const char* name) {

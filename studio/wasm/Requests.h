@@ -18,9 +18,6 @@ struct File {
     std::string text;
 };
 
-/// JSON as text; bytes that are not UTF-8 become replacement characters.
-std::string dumped(const Json& json);
-
 /// {"error": why}
 std::string failed(const std::string& why);
 
