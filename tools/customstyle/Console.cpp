@@ -19,9 +19,9 @@ std::string environment(const char* name) {
 
 }  // namespace
 
-int complain(std::string_view text, int status) {
+int complain(std::string_view text) {
     fmt::print(stderr, "customstyle: {}\n", escapedText(text));
-    return status;
+    return kMisuse;
 }
 
 int withOutputWritten(int status) {

@@ -10,8 +10,8 @@
 namespace customstyle_tool {
 
 /// Prints on standard error what is wrong, in one line.
-/// @return the status
-int complain(std::string_view text, int status = kMisuse);
+/// @return kMisuse
+int complain(std::string_view text);
 
 /// Whether all that was printed has reached standard output; complains if not.
 /// @return the status, or kMisuse

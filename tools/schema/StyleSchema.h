@@ -13,6 +13,6 @@ enum class SchemaWords {
 
 /// A JSON Schema, draft 2020-12: completes names in editors and finds what loading would log or drop. Made by asking
 /// the component, so it says what this very version does. Both forms accept the same styles.
-nlohmann::ordered_json styleSchema(SchemaWords words = SchemaWords::Standard);
+nlohmann::ordered_json styleSchema(SchemaWords words);
 
 }  // namespace customstyle_tool
