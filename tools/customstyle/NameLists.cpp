@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/check/FindingCodes.h"
-#include "tools/explain/RangesText.h"
+#include "tools/support/PlainText.h"
 #include "tools/vocabulary/Elements.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/Stylers.h"
@@ -20,7 +20,7 @@ NameList types(const Mapping& mapping) {
     NameList list{.what = "types", .columns = {"name", "number", "style_ids"}, .rows = {}, .styleIds = {}};
     for (std::size_t type = 0; type < mappedTypeNames().size(); ++type) {
         list.styleIds.push_back(mapping.questionIdsOf(static_cast<int>(type)));
-        const std::string ids = list.styleIds.back().empty() ? "-" : idsText(list.styleIds.back());
+        const std::string ids = list.styleIds.back().empty() ? "-" : rangesText(list.styleIds.back());
         list.rows.push_back({mappedTypeNames()[type], std::to_string(type), ids});
     }
     return list;

@@ -4,7 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/explain/RangesText.h"
+#include "tools/support/PlainText.h"
 #include "tools/vocabulary/FeatureTypes.h"
 #include "tools/vocabulary/JsonParts.h"
 #include "tools/vocabulary/RecordText.h"
@@ -63,7 +63,7 @@ std::string rulesText(const Change& change) {
 // Style ids of the mapping of every map mean nothing to people: those under two types are named by these types.
 std::string idsPhrase(const JoinedChange& each, const Mapping& mapping) {
     if (each.wholeType) return "";
-    if (mapping.kind() != Mapping::Kind::EveryMap) return fmt::format(" ({})", idsText(each.styleIds));
+    if (mapping.kind() != Mapping::Kind::EveryMap) return fmt::format(" ({})", rangesText(each.styleIds));
     std::vector<std::string> pairs;
     for (const unsigned int styleId : each.styleIds) {
         std::vector<std::string> names;

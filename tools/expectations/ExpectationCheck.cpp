@@ -6,7 +6,6 @@
 #include <set>
 #include <utility>
 
-#include "tools/explain/RangesText.h"
 #include "tools/study/Answers.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/support/PlainText.h"
@@ -81,7 +80,7 @@ std::string placeWords(const ExpectationFailure& failure) {
     const std::string levels = levelsPhrase(failure.levels);
     if (failure.styleIds.empty()) return "at " + levels;
     return fmt::format("at {} for style id{} {}", levels, failure.styleIds.size() == 1 ? "" : "s",
-                       idsText(failure.styleIds));
+                       rangesText(failure.styleIds));
 }
 
 }  // namespace

@@ -135,6 +135,18 @@ std::string indented(std::string_view text, std::string_view margin) {
     return lines;
 }
 
+std::string rangesText(std::span<const unsigned int> numbers) {
+    std::vector<std::string> parts;
+    for (std::size_t first = 0; first < numbers.size();) {
+        std::size_t last = first;
+        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) ++last;
+        parts.push_back(first == last ? fmt::format("{}", numbers[first])
+                                      : fmt::format("{}-{}", numbers[first], numbers[last]));
+        first = last + 1;
+    }
+    return fmt::format("{}", fmt::join(parts, ", "));
+}
+
 std::string wrapped(std::string_view text, std::size_t width, std::size_t column, std::size_t used) {
     std::string lines;
     std::size_t at = used;

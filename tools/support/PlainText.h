@@ -1,6 +1,7 @@
 // Text from a user's file, safe to print.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,9 @@ std::vector<std::string> split(std::string_view text, char separator);
 
 /// The lines of a text, each after a margin.
 std::string indented(std::string_view text, std::string_view margin);
+
+/// "2101, 2103-2106" for ascending numbers.
+std::string rangesText(std::span<const unsigned int> numbers);
 
 /// A text in lines of at most `width` columns, wrapped at blanks, each from a column on.
 /// @param used  how many columns of the first line are there already; from `column` on the text begins a new line

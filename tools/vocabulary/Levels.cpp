@@ -4,15 +4,9 @@
 
 #include <vector>
 
+#include "tools/support/PlainText.h"
+
 namespace customstyle_tool {
-namespace {
-
-std::string rangeText(std::size_t first, std::size_t last) {
-    return first == last ? fmt::format("{}", levelOfClass(first))
-                         : fmt::format("{}-{}", levelOfClass(first), levelOfClass(last));
-}
-
-}  // namespace
 
 int levelOfClass(std::size_t levelClass) {
     return levelClass == kOtherLevels ? 0 : kLowestLevel + static_cast<int>(levelClass);
@@ -25,16 +19,12 @@ std::size_t classOfLevel(int level) {
 
 std::string levelsText(const LevelSet& levels) {
     if (levels.all()) return "all levels";
-    std::vector<std::string> parts;
-    for (std::size_t first = 0; first < kOtherLevels; ++first) {
-        if (!levels[first]) continue;
-        std::size_t last = first;
-        while (last + 1 < kOtherLevels && levels[last + 1]) ++last;
-        parts.push_back(rangeText(first, last));
-        first = last;
+    std::vector<unsigned int> named;
+    for (std::size_t levelClass = 0; levelClass < kOtherLevels; ++levelClass) {
+        if (levels[levelClass]) named.push_back(static_cast<unsigned int>(levelOfClass(levelClass)));
     }
-    if (levels[kOtherLevels]) parts.emplace_back("other");
-    return fmt::format("{}", fmt::join(parts, ", "));
+    const char* const others = named.empty() ? "other" : ", other";
+    return rangesText(named) + (levels[kOtherLevels] ? others : "");
 }
 
 std::string levelsPhrase(const LevelSet& levels) {
