@@ -473,7 +473,9 @@ class Studio {
 
   drawPanel(ids) {
     if (!ids.includes(this.panel)) return;
+    const focused = at('panel').contains(document.activeElement) && document.activeElement.id;
     at('panel').replaceChildren(kPanels.find(({id}) => id === this.panel).draw(this));
+    if (focused) at(focused)?.focus();
   }
 
   // At once: nothing moves, whatever readers prefer.

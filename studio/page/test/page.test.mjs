@@ -216,7 +216,9 @@ describe('what the panels show', () => {
     const {page} = studio;
     await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'}), rule('water', 'geometry.fill', {color: '#ff0000', level: '9'})));
     await page.locator('[data-panel="levels"]').click();
+    await page.locator('#matrix-type').focus();
     await page.locator('#matrix-type').selectOption('water');
+    assert.equal(await page.evaluate(() => document.activeElement.id), 'matrix-type', 'the keyboard stays where it was');
     for (const [level, color, number] of [[8, '#0000ff', 0], [9, '#ff0000', 1]]) {
       await page.locator(`#panel button[aria-label="fill at level ${level}: ${color}"]`).click();
       await page.waitForFunction((text) => {
