@@ -59,7 +59,8 @@ private:
         std::set<Write> covered;
         for (const Part& culprit : culprits) {
             bool isToBlame = false;
-            for (const auto& [write, value] : written(culprit)) {
+            for (const auto& entry : written(culprit)) {
+                const Write& write = entry.first;
                 covered.insert(write);
                 isToBlame |= std::ranges::any_of(lost, [&](const auto& each) { return reaches(write, each.first); });
             }
@@ -82,7 +83,9 @@ private:
     }
 
     std::optional<Failure> sameFails(const Part& part, const std::vector<Part>& others) const {
-        for (const auto& [write, value] : written(part)) {
+        for (const auto& entry : written(part)) {
+            const Write& write = entry.first;
+            const std::uint64_t value = entry.second;
             const Write ofAll{write.first.substr(0, write.first.find(':')), write.second};
             const bool isSaid = std::ranges::any_of(others, [&](const Part& other) {
                 const Written theirs = written(other);
