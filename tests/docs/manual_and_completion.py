@@ -71,10 +71,10 @@ def in_zsh(script, *words):
             os.chdir(directory)
             os.environ.update(TERM="vt100", HOME=directory, COLUMNS="200", LINES="400")
             os.execvp("zsh", ["zsh", "-f", "-i"])
-        setup = f"autoload -U compinit; compinit -D; LISTMAX=10000; source {script}; echo rea''dy\n"
+        setup = f"autoload -U compinit; compinit -D; LISTMAX=10000; source {script}; PROMPT=rea''dy\n"
         os.write(terminal, setup.encode())
         read_until(terminal, b"ready")
-        read_until(terminal, None)  # the prompt
+        read_until(terminal, None, patience=0.7)  # the rest of the prompt, if any
         os.write(terminal, (" ".join(("customstyle", *words)) + "\t\t").encode())
         shown = read_until(terminal, None)
         os.write(terminal, b"\x03exit\n")
@@ -84,12 +84,14 @@ def in_zsh(script, *words):
         return set(re.findall(r"-{0,2}[\w-]+", plain))
 
 
-def read_until(terminal, mark):
-    """What a terminal shows up to a mark, or until nothing more comes."""
+def read_until(terminal, mark, patience=30):
+    """What a terminal shows up to a mark, or until nothing more comes.
+    patience: how long to wait for the first of it, in seconds
+    """
     shown = b""
     end = time.monotonic() + 30
     while time.monotonic() < end and not (mark and mark in shown):
-        ready, _, _ = select.select([terminal], [], [], 30 if mark or not shown else 0.7)
+        ready, _, _ = select.select([terminal], [], [], patience if mark or not shown else 0.7)
         if not ready:
             break
         shown += os.read(terminal, 65536)
