@@ -3,6 +3,7 @@
 in docs/schemas, and whether the schemas refuse what they should and list the fields of a style that the tool knows.
 """
 import functools
+import itertools
 import json
 import pathlib
 import subprocess
@@ -69,10 +70,10 @@ def listed(tool, root, what):
 
 def style_of_everything(tool, root):
     """A style in which each element of each type has each styler."""
+    kinds, elements, stylers = (listed(tool, root, what) for what in ("types", "elements", "stylers"))
     return [{"featureType": kind["name"], "elementType": element["path"],
              "stylers": {styler["name"]: json.loads(styler["example"])}}
-            for kind in listed(tool, root, "types") for element in listed(tool, root, "elements")
-            for styler in listed(tool, root, "stylers") if styler["name"] != "level"]
+            for kind, element, styler in itertools.product(kinds, elements, stylers) if styler["name"] != "level"]
 
 
 def field_lists(tool, root, scratch):
