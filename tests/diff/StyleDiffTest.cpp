@@ -33,7 +33,7 @@ constexpr std::int64_t kLand = -1;
 constexpr std::int64_t kGrid = -2;
 constexpr std::int64_t kUnmapped = -3;
 constexpr unsigned int kUnmappedId = 123456;
-constexpr std::size_t kIconFlag = kRecordFields.size();  // as a field, behind those with a value
+constexpr std::size_t kIconFlag = kRecordFields.size();  // as a field, after those with a value
 
 // A style id's answers, as the component gives them, by question.
 using Answers = std::map<std::pair<Subject, std::size_t>, Value>;
