@@ -1,12 +1,12 @@
 #include "tools/json/JsonScalars.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <iterator>
 #include <string>
-#include <system_error>
 #include <variant>
+
+#include "tools/support/Numbers.h"
 
 namespace customstyle_tool {
 namespace {
@@ -55,10 +55,7 @@ constexpr bool isLowSurrogate(char32_t unit) {
 }
 
 char32_t unitOf(std::string_view escape) {
-    const std::string_view digits = escape.substr(2, 4);
-    std::uint32_t unit = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), unit, 16);
-    return end == digits.data() + digits.size() ? unit : 0;
+    return numberIn<std::uint32_t>(escape.substr(2, 4), 16).value_or(0);
 }
 
 EscapeOrFault readUnicodeEscape(std::string_view text) {
