@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <variant>
 
 #include "tests/check/CheckedText.h"
@@ -243,6 +244,20 @@ TEST(StyleCheck, ReportsProgressOfTheProofs) {
     std::size_t all = 0;
     checkStyle(file, Mapping::everyMap(), {.progress = [&](std::size_t, std::size_t cases) { all = cases; }});
     EXPECT_EQ(all, 1U);
+}
+
+TEST(StyleCheck, ReportsProgressOfTheProofsInWhicheverLaneTheyAreMade) {
+    const std::string rule = ruleText("water", "geometry", R"({"color": "#111111"})");
+    std::string rules = rule;
+    for (int i = 1; i < 1000; ++i) rules += "," + rule;
+    const auto file = std::make_shared<SourceFile>("style.json", styleOf({rules}));
+    const Spread inSecondLane{.lanes = 2, .run = [](std::size_t items, const WorkItem& work) {
+                                  for (std::size_t item = 0; item < items; ++item) work(item, 1);
+                              }};
+    std::size_t most = 0;
+    const auto note = [&](std::size_t done, std::size_t) { most = std::max(most, done); };
+    checkStyle(file, Mapping::everyMap(), {.progress = note}, inSecondLane, {});
+    EXPECT_EQ(most, 1000U);
 }
 
 TEST(StyleCheck, KeepsTheOrderOfTheFile) {

@@ -13,7 +13,7 @@ namespace customstyle_tool {
 struct CheckOptions {
     bool effects = false;  ///< also report what is shown only on request
     bool proofs = true;    ///< also report what can be left out
-    /// Receives the progress of the proofs; called on the calling thread.
+    /// Receives the progress of the proofs; called on any thread, on several at a time.
     std::function<void(std::size_t done, std::size_t all)> progress{};
     /// Asked now and then, on any thread, whether to stop making proofs.
     std::function<bool()> isTimeUp{};

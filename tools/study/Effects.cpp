@@ -212,9 +212,9 @@ struct Proof {
 
     bool isKept(std::size_t step) const { return step < options.kept.size() && options.kept[step]; }
 
-    void tick(bool isOnCallingThread) {
-        ++done;
-        if (isOnCallingThread && options.progress) options.progress(std::min<std::size_t>(done, all), all);
+    void tick() {
+        const std::size_t now = ++done;
+        if (options.progress) options.progress(std::min(now, all), all);
         watchTime();
     }
 
@@ -246,8 +246,8 @@ enum class Without : std::uint8_t { Nothing, AllIdle };
 
 class PartProof {
 public:
-    PartProof(Proof& proof, const std::vector<std::size_t>& steps, Lane& lane, bool isOnCallingThread)
-        : m_proof(proof), m_lane(lane), m_store(lane.store), m_isOnCallingThread(isOnCallingThread) {
+    PartProof(Proof& proof, const std::vector<std::size_t>& steps, Lane& lane)
+        : m_proof(proof), m_lane(lane), m_store(lane.store) {
         const StyleStudy& study = proof.study;
         for (const std::size_t step : steps) {
             m_works.push_back({&study.steps()[step], step, study.singles()[step].document()});
@@ -336,7 +336,7 @@ private:
         if (isIdle) m_idle.emplace_back(begin, end);
         m_proofs.effects.push_back({ruleOf(begin), step, isIdle, effect});
         for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = isIdle;
-        m_proof.tick(m_isOnCallingThread);
+        m_proof.tick();
         return isIdle;
     }
 
@@ -436,7 +436,6 @@ private:
     Proof& m_proof;
     Lane& m_lane;
     UndoableStore& m_store;
-    bool m_isOnCallingThread;
     std::size_t m_position = 0;           // index of the work that the store applies next
     std::vector<tagCustomStyle> m_grids;  // written up to there, in order
     std::size_t m_hidingIcons = 0;        // number of works up to there that hide every icon
@@ -487,7 +486,7 @@ std::vector<PartOutcome> proveParts(Proof& proof, const std::vector<Part>& parts
     std::vector<PartOutcome> outcomes(parts.size());
     spread.run(parts.size(), [&](std::size_t part, std::size_t lane) {
         if (lanes[lane] == nullptr) lanes[lane] = std::make_unique<Lane>(study);
-        PartProof partProof(proof, parts[part], *lanes[lane], lane == 0);
+        PartProof partProof(proof, parts[part], *lanes[lane]);
         outcomes[part].proofs = partProof.run();
         outcomes[part].leavesDifference = partProof.leavesDifference();
     });

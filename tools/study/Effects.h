@@ -26,7 +26,7 @@ struct ProvenEffect {
 struct ProofOptions {
     std::vector<bool> kept{};  ///< the steps that are never left out, by index; empty for none
     bool details = false;      ///< also find at which levels the answers change
-    /// Receives the progress of the proof; called on the calling thread.
+    /// Receives the progress of the proof; called on any thread, on several at a time.
     std::function<void(std::size_t done, std::size_t all)> progress{};
     /// Called now and then, on any thread; returns whether to stop.
     std::function<bool()> isTimeUp{};
