@@ -106,7 +106,8 @@ Json stylerJson(const std::optional<StylerPlace>& styler) {
 
 Json changeJson(const JoinedChange& each) {
     const Change& change = each.change;
-    return {{"feature_type", each.featureType < 0 ? Json(nullptr) : Json(typeText(each.featureType))},
+    const bool isOfAType = each.featureType != kEveryType && each.featureType != kNoType;
+    return {{"feature_type", isOfAType ? Json(typeText(each.featureType)) : Json(nullptr)},
             {"ids", each.styleIds},
             {"field", memberName(questionText(change.question))},
             {"levels", levelsJson(each.levels)},
