@@ -23,6 +23,11 @@ export const at = (id) => document.getElementById(id);
 /** A field of a record in words. */
 export const named = (field) => field.replaceAll('_', ' ');
 
+/** What a change of a difference is about: a field of a type. Without a type it holds for all style ids that the mapping
+ * lists, or, where it names none, for all others. */
+export const changed = ({feature_type: type, ids, field}) =>
+  `${type ?? (ids.length > 0 ? 'every type' : 'style ids outside the mapping')} ${named(field)}`;
+
 export function swatch(color) {
   const made = element('span', {class: 'swatch', 'aria-hidden': 'true'});
   made.style.backgroundColor = color;

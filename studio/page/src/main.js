@@ -12,7 +12,7 @@ import {ExportDialog, ImportDialog, isMapStyle} from './conversion.js';
 import {showDifference} from './difference.js';
 import {DiskFile, filesOfServer, followServer} from './disk.js';
 import {forgetFile, openFile, saveFile} from './files.js';
-import {at, element, named} from './dom.js';
+import {at, changed, element, named} from './dom.js';
 import {linkOf, readLink, recall, remember} from './state.js';
 
 const kQuickCheck = 150; // milliseconds
@@ -376,7 +376,7 @@ class Studio {
     if (effect.error) return '';
     const {changes} = effect.difference;
     if (changes.length === 0) return `Rule ${rule + 1} has no effect on this map.`;
-    const fields = [...new Set(changes.map(({feature_type: type, field}) => `${type ?? 'every type'} ${named(field)}`))];
+    const fields = [...new Set(changes.map(changed))];
     return `Rule ${rule + 1} changes ${fields.slice(0, 8).join(', ')}${fields.length > 8 ? ` and ${fields.length - 8} more` : ''}.`;
   }
 

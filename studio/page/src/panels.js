@@ -1,5 +1,5 @@
 // The panels below the map: findings, explanation, effects, levels, specimens.
-import {element, named, swatch} from './dom.js';
+import {changed, element, named, swatch} from './dom.js';
 import {levelsText} from './levels.js';
 import {areaLook, areaTypes, backgrounds, buildingLook, cssColor, kOtherLevels, labelLook, levelOfClass, lineLook, lineTypes} from './look.js';
 
@@ -60,7 +60,7 @@ export function effectsPanel(page) {
   const {changes} = effect.difference;
   return element('div', {}, element('p', {}, effect.title, changes.length === 0 ? ': nothing changes on this map, proven for every style id at every level.' : ` (${changes.length})`),
     element('ul', {}, ...changes.slice(0, 200).map((change) => element('li', {},
-      element('strong', {}, `${change.feature_type ?? 'every type'} ${named(change.field)}`), ` ${levelsText(change.levels)}: `,
+      element('strong', {}, changed(change)), ` ${levelsText(change.levels)}: `,
       ...shown(change.a), ' → ', ...shown(change.b), ' ', change.b_from && jump(page, change.b_from.rule)))));
 }
 

@@ -194,6 +194,15 @@ describe('the editor', () => {
 });
 
 describe('what the panels show', () => {
+  test('is what a rule for all types does, with and without the mapping', async () => {
+    const {page} = studio;
+    await typeStyle(page, styleOf(rule('all', 'labels.icon', {visibility: 'off'})));
+    await page.locator('[data-panel="effects"]').click();
+    await page.evaluate(() => window.studio.editor.goToRule(0));
+    await page.locator('#panel strong', {hasText: 'every type icon'}).waitFor();
+    assert.deepEqual(await page.locator('#panel strong').allTextContents(), ['every type icon', 'style ids outside the mapping icon']);
+  });
+
   test('are findings with the gravest first', async () => {
     const {page} = studio;
     await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'}), rule('water', 'geometry.fill', {color: '#ff0000'}),
