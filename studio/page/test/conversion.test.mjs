@@ -5,7 +5,7 @@ import {mkdtempSync, readFileSync, rmSync, truncateSync, writeFileSync} from 'no
 import {tmpdir} from 'node:os';
 import {join} from 'node:path';
 import {after, afterEach, before, describe, test} from 'node:test';
-import {brokenRules, builtPage, openStudio, pixelsOf, startBrowser, startServer, tool, typeStyle, whenDrawn} from './browser.mjs';
+import {brokenRules, builtPage, openStudio, pixelsOf, startTestBrowser, startServer, tool, typeStyle, whenDrawn} from './browser.mjs';
 
 const folder = mkdtempSync(join(tmpdir(), 'conversion-'));
 const inFolder = (name) => join(folder, name);
@@ -24,7 +24,7 @@ before(async () => {
   const site = inFolder('site');
   execFileSync(tool, ['studio', '--page', builtPage, '--build-site', site]);
   host = await startServer('python3', ['-u', '-m', 'http.server', '--bind', '127.0.0.1', '--directory', site, '0'], 'ignore');
-  started = await startBrowser();
+  started = await startTestBrowser();
   const withoutPickers = () => ['showOpenFilePicker', 'showSaveFilePicker'].forEach((name) => delete window[name]);
   ({page, heard} = await openStudio({...started, address: host.address}, {init: withoutPickers}));
 });

@@ -6,7 +6,7 @@ import {createServer} from 'node:http';
 import {tmpdir} from 'node:os';
 import {join} from 'node:path';
 import {after, afterEach, before, beforeEach, describe, test} from 'node:test';
-import {openStudio, pixelsOf, startBrowser, startServer, startStudio, tool, builtPage, whenDrawn} from './browser.mjs';
+import {openStudio, pixelsOf, startTestBrowser, startServer, startStudio, tool, builtPage, whenDrawn} from './browser.mjs';
 
 const kMagenta = [255, 0, 200];
 const roads = (color) => `${JSON.stringify(['highway', 'cityhighway', 'nationalway', 'provincialway', 'arterial'].map((featureType) =>
@@ -20,7 +20,7 @@ let studio;
 
 before(async () => {
   writeFileSync(file, roads('#445566'));
-  started = await startBrowser([file]);
+  started = await startTestBrowser([file]);
   studio = await openStudio(started);
 });
 after(async () => {

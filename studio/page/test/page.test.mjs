@@ -1,7 +1,7 @@
 // The page in a real browser: what an author sees, types and clicks.
 import assert from 'node:assert/strict';
 import {after, before, describe, test} from 'node:test';
-import {brokenRules, whenDrawn, openStudio, pixelsOf, startBrowser, typeStyle} from './browser.mjs';
+import {brokenRules, whenDrawn, openStudio, pixelsOf, startTestBrowser, typeStyle} from './browser.mjs';
 
 const rule = (featureType, elementType, stylers) => ({featureType, elementType, stylers});
 const styleOf = (...rules) => JSON.stringify(rules, null, 1);
@@ -12,7 +12,7 @@ const magentaRoads = styleOf(...kRoads.map((type) => rule(type, 'geometry.fill',
 let started;
 let studio;
 before(async () => {
-  started = await startBrowser();
+  started = await startTestBrowser();
   studio = await openStudio(started);
 });
 after(() => started?.close());
