@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -39,12 +40,13 @@ struct ExpectedLoss {
     LossKind kind;
     std::size_t byRule;  // 0 for none
     int byType;          // -1 for none
+    std::string reason;  // in words
     bool operator==(const ExpectedLoss&) const = default;
 };
 
 void PrintTo(const ExpectedLoss& loss, std::ostream* stream) {
     *stream << "rule " << loss.rule << " kind " << static_cast<int>(loss.kind) << " by rule " << loss.byRule
-            << " by type " << loss.byType;
+            << " by type " << loss.byType << ": " << loss.reason;
 }
 
 struct LossCase {
@@ -67,11 +69,23 @@ std::string textOf(const std::vector<RuleBuilder>& rules) {
     return text + "]";
 }
 
-std::vector<ExpectedLoss> lossesOf(const Explainer& explainer, const std::vector<Loss>& losses) {
+// The ends of the lines about losses, in their order.
+std::vector<std::string> reasonsIn(const std::string& text) {
+    std::vector<std::string> reasons;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("  lost ")) reasons.push_back(line.substr(line.rfind(": ") + 2));
+    }
+    return reasons;
+}
+
+std::vector<ExpectedLoss> lossesOf(const Explainer& explainer, const std::vector<Loss>& losses,
+                                   const std::vector<std::string>& reasons) {
     std::vector<ExpectedLoss> found;
     for (const Loss& loss : losses) {
         const std::size_t by = loss.byStep ? explainer.step(*loss.byStep).rule + 1 : 0;
-        found.push_back({explainer.step(loss.write.step).rule + 1, loss.kind, by, loss.byType});
+        const std::string reason = found.size() < reasons.size() ? reasons[found.size()] : "no line";
+        found.push_back({explainer.step(loss.write.step).rule + 1, loss.kind, by, loss.byType, reason});
     }
     return found;
 }
@@ -83,9 +97,11 @@ TEST_P(LostWrite, IsFoundWithWhatEndedIt) {
     const auto style = loadedText(sharedMapping(), textOf(GetParam().rules));
     Explainer explainer(*style);
     const Explanation explanation = explainer.explain(GetParam().styleId, GetParam().level);
-    const auto& history = historyOf(explanation, *customstyle_tool::findTopic(GetParam().topic));
+    const customstyle_tool::TopicName& topic = *customstyle_tool::findTopic(GetParam().topic);
+    const auto& history = historyOf(explanation, topic);
     EXPECT_EQ(history.winner ? explainer.step(history.winner->step).rule + 1 : 0, GetParam().winner);
-    EXPECT_EQ(lossesOf(explainer, history.losses), GetParam().losses);
+    const std::string text = topicText(explainer, explanation, topic, customstyle_tool::Swatches::None);
+    EXPECT_EQ(lossesOf(explainer, history.losses, reasonsIn(text)), GetParam().losses);
 }
 
 RuleBuilder fill(const char* type) {
@@ -103,14 +119,14 @@ INSTANTIATE_TEST_SUITE_P(
                  10,
                  "fill",
                  2,
-                 {{1, LossKind::Overwritten, 2, -1}}},
+                 {{1, LossKind::Overwritten, 2, -1, "overwritten by rule 2 (color)"}}},
         LossCase{"OverwrittenAtTheLevel",
                  {fill("highway"), fill("highway").level("10")},
                  kOfHighway,
                  10,
                  "fill",
                  2,
-                 {{1, LossKind::Overwritten, 2, -1}}},
+                 {{1, LossKind::Overwritten, 2, -1, "overwritten by rule 2 (color)"}}},
         LossCase{"NotOverwrittenAtOtherLevels",
                  {fill("highway"), fill("highway").level("10")},
                  kOfHighway,
@@ -124,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
                  10,
                  "fill",
                  1,
-                 {{1, LossKind::Overwritten, 1, -1}}},
+                 {{1, LossKind::Overwritten, 1, -1, "overwritten by rule 1 (visibility)"}}},
         LossCase{"ResetByTheNextRuleForTheLevel",
                  {rule("highway", "geometry").color("#445566"), fill("highway").level("10"),
                   rule("highway", "geometry.stroke").color("#778899").level("10")},
@@ -132,21 +148,21 @@ INSTANTIATE_TEST_SUITE_P(
                  10,
                  "fill",
                  1,
-                 {{2, LossKind::Reset, 3, -1}}},
+                 {{2, LossKind::Reset, 3, -1, "rule 3 (color) starts over from the style for all levels"}}},
         LossCase{"ResetByTheNextStylerOfTheRule",
                  {rule("highway", "geometry").weight("3"), fill("highway").weight("5").level("10")},
                  kOfHighway,
                  10,
                  "fill",
                  0,
-                 {{2, LossKind::Reset, 2, -1}}},
+                 {{2, LossKind::Reset, 2, -1, "rule 2 (weight) starts over from the style for all levels"}}},
         LossCase{"ResetByItsOwnNextWrite",
                  {rule("highway", "geometry").weight("3"), rule("highway", "all").visibility("off").level("10")},
                  kOfHighway,
                  10,
                  "fill",
                  0,
-                 {{2, LossKind::Reset, 2, -1}}},
+                 {{2, LossKind::Reset, 2, -1, "its own next write starts over from the style for all levels"}}},
         LossCase{"NotResetWithoutStyleForAllLevels",
                  {fill("highway").level("10"), rule("highway", "geometry.stroke").color("#778899").level("10")},
                  kOfHighway,
@@ -160,7 +176,7 @@ INSTANTIATE_TEST_SUITE_P(
                  10,
                  "fill",
                  0,
-                 {{1, LossKind::TakenOut, 2, -1}}},
+                 {{1, LossKind::TakenOut, 2, -1, "rule 2 (color) writes nothing and disables the record"}}},
         LossCase{"BackInAfterTheNextWrite",
                  {fill("highway"), rule("highway", "labels.text.topsurface").color("#445566"),
                   rule("highway", "geometry.stroke").color("#778899")},
@@ -169,13 +185,14 @@ INSTANTIATE_TEST_SUITE_P(
                  "fill",
                  1,
                  {}},
-        LossCase{"ShutOutByAnEarlierLevelRule",
-                 {rule("highway", "geometry.stroke").color("#778899").level("10"), fill("highway")},
-                 kOfHighway,
-                 10,
-                 "fill",
-                 0,
-                 {{2, LossKind::ShutOut, 1, -1}}},
+        LossCase{
+            "ShutOutByAnEarlierLevelRule",
+            {rule("highway", "geometry.stroke").color("#778899").level("10"), fill("highway")},
+            kOfHighway,
+            10,
+            "fill",
+            0,
+            {{2, LossKind::ShutOut, 1, -1, "13 highway has a style of its own for level 10 since rule 1 (color)"}}},
         LossCase{"NotShutOutAtOtherLevels",
                  {rule("highway", "geometry.stroke").color("#778899").level("10"), fill("highway")},
                  kOfHighway,
@@ -193,128 +210,131 @@ INSTANTIATE_TEST_SUITE_P(
                  {}}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(SeveralTypes, LostWrite,
-                         testing::Values(LossCase{"ALowerTypeAnswersFirst",
-                                                  {fill("highway"), fill("education")},
-                                                  kShared,
-                                                  10,
-                                                  "fill",
-                                                  2,
-                                                  {{1, LossKind::LowerTypeFirst, 0, 6}}},
-                                         LossCase{"AParentIsNotReached",
-                                                  {fill("poilabel"), fill("manmade"), fill("highway")},
-                                                  kShared,
-                                                  10,
-                                                  "fill",
-                                                  3,
-                                                  {{1, LossKind::ParentNotReached, 0, kHighway},
-                                                   {2, LossKind::ParentNotReached, 0, kHighway}}},
-                                         LossCase{"TheFirstParentAnswers",
-                                                  {fill("poilabel"), fill("manmade")},
-                                                  kShared,
-                                                  10,
-                                                  "fill",
-                                                  2,
-                                                  {{1, LossKind::ParentNotReached, 0, 4}}},
-                                         LossCase{
-                                             "ATypeThatWasTakenOutLetsTheNextAnswer",
-                                             {fill("education"),
-                                              rule("education", "labels.topsurface").color("#445566"), fill("highway")},
-                                             kShared,
-                                             10,
-                                             "fill",
-                                             3,
-                                             {{1, LossKind::TakenOut, 2, -1}}},
-                                         LossCase{"AStyleIdThatIsNeverFound",
-                                                  {fill("highway")},
-                                                  kNeverFound,
-                                                  10,
-                                                  "fill",
-                                                  0,
-                                                  {{1, LossKind::NeverFound, 0, -1}}},
-                                         LossCase{"AnIconThatIsNeverFound",
-                                                  {rule("highway", "all").visibility("off")},
-                                                  kNeverFound,
-                                                  10,
-                                                  "icon",
-                                                  0,
-                                                  {{1, LossKind::NeverFound, 0, -1}}},
-                                         LossCase{"ThroughTheCompanion",
-                                                  {rule("highwaylabel", "labels.text.fill").color("#112233"),
-                                                   rule("highway", "labels.text.fill").color("#445566")},
-                                                  firstStyleId(28),
-                                                  10,
-                                                  "text fill",
-                                                  2,
-                                                  {{1, LossKind::Overwritten, 2, -1}}}),
-                         caseName);
-
 INSTANTIATE_TEST_SUITE_P(
-    IconsAndBackgrounds, LostWrite,
-    testing::Values(LossCase{"AnIconOverwritten",
-                             {rule("highway", "all").visibility("off"), rule("highway", "all").visibility("on")},
-                             kOfHighway,
-                             10,
-                             "icon",
-                             2,
-                             {{1, LossKind::Overwritten, 2, -1}}},
-                    LossCase{"EveryIconHidden",
-                             {rule("highway", "all").visibility("on"), rule("all", "icon").visibility("on")},
-                             kOfHighway,
-                             10,
-                             "icon",
-                             2,
-                             {{1, LossKind::EveryIconHidden, 2, -1}}},
-                    LossCase{"AnIconOfALowerType",
-                             {rule("highway", "all").visibility("off"), rule("education", "all").visibility("on")},
+    SeveralTypes, LostWrite,
+    testing::Values(LossCase{"ALowerTypeAnswersFirst",
+                             {fill("highway"), fill("education")},
                              kShared,
                              10,
-                             "icon",
+                             "fill",
                              2,
-                             {{1, LossKind::LowerTypeFirst, 0, 6}}},
-                    LossCase{"AnIconThatASecondParentHides",
-                             {rule("manmade", "icon").visibility("on"), rule("poilabel", "icon").visibility("off")},
+                             {{1, LossKind::LowerTypeFirst, 0, 6, "6 education answers first"}}},
+                    LossCase{"AParentIsNotReached",
+                             {fill("poilabel"), fill("manmade"), fill("highway")},
                              kShared,
                              10,
-                             "icon",
-                             2,
-                             {{1, LossKind::HiddenByOther, 0, 53}}},
-                    LossCase{"AnIconThatBothParentsShow",
-                             {rule("poilabel", "icon").visibility("on"), rule("manmade", "icon").visibility("on")},
+                             "fill",
+                             3,
+                             {{1, LossKind::ParentNotReached, 0, kHighway,
+                               "13 highway answers, and 53 poilabel only answers if no other type does"},
+                              {2, LossKind::ParentNotReached, 0, kHighway,
+                               "13 highway answers, and 4 manmade only answers if no other type does"}}},
+                    LossCase{"TheFirstParentAnswers",
+                             {fill("poilabel"), fill("manmade")},
                              kShared,
                              10,
-                             "icon",
+                             "fill",
                              2,
-                             {}},
-                    LossCase{"AnIconResetByTheTextOfItsRule",
-                             {rule("highway", "geometry").weight("3"),
-                              rule("highway", "labels").visibility("off").level("10")},
-                             kOfHighway,
+                             {{1, LossKind::ParentNotReached, 0, 4,
+                               "4 manmade answers, and 53 poilabel only answers if no other type does"}}},
+                    LossCase{
+                        "ATypeThatWasTakenOutLetsTheNextAnswer",
+                        {fill("education"), rule("education", "labels.topsurface").color("#445566"), fill("highway")},
+                        kShared,
+                        10,
+                        "fill",
+                        3,
+                        {{1, LossKind::TakenOut, 2, -1, "rule 2 (color) writes nothing and disables the record"}}},
+                    LossCase{"AStyleIdThatIsNeverFound",
+                             {fill("highway")},
+                             kNeverFound,
+                             10,
+                             "fill",
+                             0,
+                             {{1, LossKind::NeverFound, 0, -1, "the renderer finds no record for this style id"}}},
+                    LossCase{"AnIconThatIsNeverFound",
+                             {rule("highway", "all").visibility("off")},
+                             kNeverFound,
                              10,
                              "icon",
                              0,
-                             {{2, LossKind::Reset, 2, -1}}},
-                    LossCase{"TheLandOverwritten",
-                             {fill("land"), fill("land")},
-                             kShared,
+                             {{1, LossKind::NeverFound, 0, -1, "the renderer finds no record for this style id"}}},
+                    LossCase{"ThroughTheCompanion",
+                             {rule("highwaylabel", "labels.text.fill").color("#112233"),
+                              rule("highway", "labels.text.fill").color("#445566")},
+                             firstStyleId(28),
                              10,
-                             "land background",
+                             "text fill",
                              2,
-                             {{1, LossKind::Overwritten, 2, -1}}},
-                    LossCase{"TheLandShutOut",
-                             {rule("land", "geometry.topsurface").color("#445566").level("10"), fill("land")},
-                             kShared,
-                             10,
-                             "land background",
-                             1,
-                             {{2, LossKind::ShutOut, 1, -1}}},
-                    LossCase{"TheGridOverwritten",
-                             {fill("grid"), fill("grid").level("4")},
-                             kShared,
-                             10,
-                             "grid background",
-                             2,
-                             {{1, LossKind::Overwritten, 2, -1}}}),
+                             {{1, LossKind::Overwritten, 2, -1, "overwritten by rule 2 (color)"}}}),
+    caseName);
+
+INSTANTIATE_TEST_SUITE_P(
+    IconsAndBackgrounds, LostWrite,
+    testing::Values(
+        LossCase{"AnIconOverwritten",
+                 {rule("highway", "all").visibility("off"), rule("highway", "all").visibility("on")},
+                 kOfHighway,
+                 10,
+                 "icon",
+                 2,
+                 {{1, LossKind::Overwritten, 2, -1, "overwritten by rule 2 (visibility)"}}},
+        LossCase{"EveryIconHidden",
+                 {rule("highway", "all").visibility("on"), rule("all", "icon").visibility("on")},
+                 kOfHighway,
+                 10,
+                 "icon",
+                 2,
+                 {{1, LossKind::EveryIconHidden, 2, -1, "rule 2 (visibility) hides every icon"}}},
+        LossCase{"AnIconOfALowerType",
+                 {rule("highway", "all").visibility("off"), rule("education", "all").visibility("on")},
+                 kShared,
+                 10,
+                 "icon",
+                 2,
+                 {{1, LossKind::LowerTypeFirst, 0, 6, "6 education answers first"}}},
+        LossCase{"AnIconThatASecondParentHides",
+                 {rule("manmade", "icon").visibility("on"), rule("poilabel", "icon").visibility("off")},
+                 kShared,
+                 10,
+                 "icon",
+                 2,
+                 {{1, LossKind::HiddenByOther, 0, 53, "53 poilabel hides the icon"}}},
+        LossCase{"AnIconThatBothParentsShow",
+                 {rule("poilabel", "icon").visibility("on"), rule("manmade", "icon").visibility("on")},
+                 kShared,
+                 10,
+                 "icon",
+                 2,
+                 {}},
+        LossCase{"AnIconResetByTheTextOfItsRule",
+                 {rule("highway", "geometry").weight("3"), rule("highway", "labels").visibility("off").level("10")},
+                 kOfHighway,
+                 10,
+                 "icon",
+                 0,
+                 {{2, LossKind::Reset, 2, -1, "its own next write starts over from the style for all levels"}}},
+        LossCase{"TheLandOverwritten",
+                 {fill("land"), fill("land")},
+                 kShared,
+                 10,
+                 "land background",
+                 2,
+                 {{1, LossKind::Overwritten, 2, -1, "overwritten by rule 2 (color)"}}},
+        LossCase{"TheLandShutOut",
+                 {rule("land", "geometry.topsurface").color("#445566").level("10"), fill("land")},
+                 kShared,
+                 10,
+                 "land background",
+                 1,
+                 {{2, LossKind::ShutOut, 1, -1, "0 land has a style of its own for level 10 since rule 1 (color)"}}},
+        LossCase{"TheGridOverwritten",
+                 {fill("grid"), fill("grid").level("4")},
+                 kShared,
+                 10,
+                 "grid background",
+                 2,
+                 {{1, LossKind::Overwritten, 2, -1, "overwritten by rule 2 (color)"}}}),
     caseName);
 
 }  // namespace
