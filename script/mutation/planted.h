@@ -36,7 +36,8 @@ struct Choice {
 inline const Choice choice;
 
 inline int chosen(int first, int last) noexcept {
-    if (choice.reached && !choice.reached[first]) std::memset(choice.reached + first, 1, static_cast<size_t>(last - first + 1));
+    if (choice.reached && !choice.reached[first])
+        std::memset(choice.reached + first, 1, static_cast<size_t>(last - first + 1));
     return first <= choice.fault && choice.fault <= last ? choice.fault : 0;
 }
 
