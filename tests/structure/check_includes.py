@@ -48,6 +48,8 @@ BELOW = {
     "studio": ["tools/check", "tools/diff", "tools/expectations", "tools/import", "tools/minify", "tools/schema"],
     "examples": ["customstyle"],
     "cmake": [],
+    # what planted faults ask
+    "script": [],
     # what looks at all of it
     "bench": ["tools/customstyle", "studio"],
     "tests": ["bench", "examples", "stylesnapshot", "customstyle/loading"],
