@@ -43,9 +43,9 @@ class Test:
 class Judges:
     """The tests of some programs, in a tree that is built."""
 
-    def __init__(self, tree, build, programs=()):
-        self.tree = tree
-        self.build = build
+    def __init__(self, tree, programs=()):
+        self.tests_folder = tree.folder / "tests"
+        self.build = tree.build
         self.programs = programs
         self.tests = [test for program in programs for test in self._tests_of(program)]
 
@@ -53,7 +53,7 @@ class Judges:
         if program in NEEDED:
             return [Test(program, "")]
         if is_table(program):
-            return [Test(program, name) for name in CASE.findall((self.tree / "tests" / program).read_text())]
+            return [Test(program, name) for name in CASE.findall((self.tests_folder / program).read_text())]
         listed = subprocess.run([str(self.build / "tests" / program), "--gtest_list_tests"],
                                 capture_output=True, text=True, check=True).stdout
         tests, suite = [], ""
@@ -69,9 +69,8 @@ class Judges:
         if program in NEEDED:
             return ["ctest", "--test-dir", str(self.build), "--no-tests=error", "-R", f"^{program}$"]
         if is_table(program):
-            tables = self.tree / "tests" / "cli"
-            return [sys.executable, "-S", str(tables / "run_cases.py"), str(self.build / "customstyle"),
-                    str(self.tree / "tests" / program), *names]
+            return [sys.executable, "-S", str(self.tests_folder / "cli" / "run_cases.py"), str(self.build / "customstyle"),
+                    str(self.tests_folder / program), *names]
         chosen = "--gtest_filter=" + ":".join(names)
         if not names or len(chosen) > LONGEST_ARGUMENT:
             chosen = "--gtest_filter=*"

@@ -118,7 +118,8 @@ class Source:
         return statement
 
     def write(self, number_of, left_out):
-        """The source, as bytes, with its faults but for some; number_of(fault) is called for all, in the same order."""
+        """The source, as bytes, with its faults but for some. The numbers of a statement's faults must follow each other:
+        number_of(fault) gives them in the order of its first calls, in which nothing is left out."""
         self.number_of, self.left_out = number_of, left_out
         return f'#include "{HEADER}"\n{self._sound_from(0)}{self._form(self.root)}'.encode("latin-1")
 

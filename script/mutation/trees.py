@@ -1,4 +1,5 @@
 """Copies of the project, in which faults are planted and built."""
+import functools
 import json
 import os
 import re
@@ -57,10 +58,13 @@ class Tree:
                                *self.compiler_arguments(relative, self.folder), str(self.folder / relative)],
                               capture_output=True, text=True, check=False).stderr
 
+    @functools.cached_property
+    def _commands(self):
+        return json.loads((self.build / "compile_commands.json").read_text())
+
     def compiler_arguments(self, relative, root):
         """What the compiler is told about a source below a root; a header is told what the sources near it are."""
-        commands = json.loads((self.build / "compile_commands.json").read_text())
-        nearest = max(commands, key=lambda each: len(os.path.commonprefix([each["file"], str(self.folder / relative)])))
+        nearest = max(self._commands, key=lambda each: len(os.path.commonprefix([each["file"], str(self.folder / relative)])))
         words = shlex.split(nearest["command"])
         kept = []
         for word, following in zip(words, words[1:]):
