@@ -14,6 +14,7 @@ A table is a text of cases:
 A case may have several files and commands; they run one after the other in bash, in an empty directory with
 copies of the examples' styles, variants and map, and of the folder "data" beside the table. A line that starts with # is a remark.
 With UPDATE=1 in the environment the table is written anew from what the tool does: read the difference before you keep it.
+With FAIL_FAST=1 no case is run after the first that differs.
 """
 import os
 import pathlib
@@ -138,6 +139,8 @@ def main(tool, table, *names):
         if shown:
             failures += 1
             print(f"{path.name}: {case.name}", *shown, sep="\n")
+            if os.environ.get("FAIL_FAST"):
+                return 1
     if os.environ.get("UPDATE"):
         path.write_text("\n".join(text for text in texts if text.strip()))
         return 0
