@@ -35,14 +35,18 @@ struct Choice {
 // Before everything that a source defines itself, as each source includes this first.
 inline const Choice choice;
 
-inline int chosen(int first, int last) noexcept {
-    if (choice.reached && !choice.reached[first])
-        std::memset(choice.reached + first, 1, static_cast<size_t>(last - first + 1));
+inline void reach(int first, int last) noexcept {
+    if (!choice.reached[first]) std::memset(choice.reached + first, 1, static_cast<size_t>(last - first + 1));
+}
+
+// Without a call, as all code comes past here.
+[[gnu::always_inline]] inline int chosen(int first, int last) noexcept {
+    if (choice.reached) reach(first, last);
     return first <= choice.fault && choice.fault <= last ? choice.fault : 0;
 }
 
 // The fault that is planted when it is one of these, otherwise 0. What the compiler computes has no faults.
-constexpr int among(int first, int last) noexcept {
+[[gnu::always_inline]] constexpr int among(int first, int last) noexcept {
     return __builtin_is_constant_evaluated() ? 0 : chosen(first, last);
 }
 

@@ -41,10 +41,9 @@ class Tree:
                 shutil.copymode(self.origin / relative, copy)
 
     def configure(self):
-        """Little optimisation, and no functions in place of calls: of all these branches g++ would never come to an end.
-        What a fault makes odd is no error."""
-        subprocess.run(["cmake", "--preset", "dev", "-B", str(self.build), "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache",
-                        "-DCUSTOMSTYLE_WARNINGS_AS_ERRORS=OFF", "-DCMAKE_CXX_FLAGS_DEBUG=-Og -fno-inline",
+        """What a fault makes odd is no error."""
+        subprocess.run(["cmake", "--preset", "dev", "-B", str(self.build), f"-DCMAKE_CXX_COMPILER_LAUNCHER={HERE / 'compile'}",
+                        "-DCUSTOMSTYLE_WARNINGS_AS_ERRORS=OFF", "-DCMAKE_CXX_FLAGS_DEBUG=-O1",
                         f"-DCMAKE_CXX_FLAGS=-w -fpch-preprocess -I{HERE}"],
                        cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
 
