@@ -32,8 +32,8 @@ struct Choice {
     }
 };
 
-// Before everything that a source defines itself, as each source includes this first.
-inline const Choice choice;
+// Before every table that has choices.
+[[gnu::init_priority(101)]] inline const Choice choice;
 
 inline void reach(int first, int last) noexcept {
     if (!choice.reached[first]) std::memset(choice.reached + first, 1, static_cast<size_t>(last - first + 1));

@@ -9,16 +9,19 @@ A fault within a statement gives a second form of the statement, beside the firs
         if (planted_ == 18) { the statement with fault 18 }
     }
 
-A fault in a declaration changes the block around it. What is outside of functions has no statements: such faults have no
-place, and need a build of their own.
+A fault in a declaration changes the block around it. Outside of functions there are no statements: cells of tables are
+chosen there. What has no place, such as a type, needs a build of its own.
 """
 import bisect
 import re
 from dataclasses import dataclass, field
 
-from clang.cindex import CursorKind, Index
+from clang.cindex import CursorKind, Index, TypeKind
+
+from tables import Declaration, changed_cells, value_begin
 
 HEADER = "planted.h"
+NAMESPACES = {CursorKind.NAMESPACE, CursorKind.TRANSLATION_UNIT}
 DECLARING = {CursorKind.DECL_STMT, CursorKind.CASE_STMT, CursorKind.DEFAULT_STMT, CursorKind.NULL_STMT}
 
 
@@ -45,6 +48,9 @@ class Source:
         self.line_begins = [0] + [match.end() for match in re.finditer("\n", self.text)]
         self.root = Statement(0, len(self.text))
         self.starts = {}  # where the statements of blocks begin, declarations too, with their block
+        self.declarations = []  # outside of functions, with a value
+        self.checks = []  # (begin, end) of what the compiler has to compute: assertions, and functions that it can call
+        self.unchecked = False  # then it computes none of that
         unit = Index.create().parse(str(path), args=compiler_arguments)
         for cursor in unit.cursor.get_children():
             if cursor.location.file and cursor.location.file.name == str(path):
@@ -52,6 +58,8 @@ class Source:
 
     def _collect(self, cursor, around):
         children = list(cursor.get_children())
+        if around is self.root:
+            self._collect_declaration(cursor)
         in_block = cursor.kind == CursorKind.COMPOUND_STMT
         labelled = cursor.kind in (CursorKind.CASE_STMT, CursorKind.DEFAULT_STMT)
         for child in children:
@@ -68,6 +76,19 @@ class Source:
                 owner = Statement(begin, end, around.in_lambda or cursor.kind == CursorKind.LAMBDA_EXPR)
                 around.inner.append(owner)
             self._collect(child, owner)
+
+    def _collect_declaration(self, cursor):
+        """Not a static member within its class: it needs its value there. Nor a variable in a header: somewhere the
+        compiler has to know it."""
+        begin, end = cursor.extent.start.offset, cursor.extent.end.offset
+        if cursor.kind in (CursorKind.STATIC_ASSERT, CursorKind.FUNCTION_DECL) and self._is_here(cursor):
+            self.checks.append((begin, end))
+        if cursor.kind == CursorKind.FIELD_DECL or \
+                cursor.kind == CursorKind.VAR_DECL and cursor.lexical_parent.kind in NAMESPACES and \
+                self.path.suffix == ".cpp":
+            value = value_begin(self.text, begin, end)
+            if value is not None and self._is_here(cursor):
+                self.declarations.append(Declaration(cursor.spelling, begin, end, value, is_of_class(cursor)))
 
     def _is_here(self, cursor):
         file = cursor.extent.start.file
@@ -91,10 +112,28 @@ class Source:
         else:
             statement = self._smallest(self.root, begin, end)
         if statement is self.root:
-            return False
+            return self._place_in_cells(fault, begin, end, replacement)
         changed = self.text[statement.begin:begin] + replacement + self.text[end:statement.end]
         statement.faults.append((fault, changed))
         return True
+
+    def _place_in_cells(self, fault, begin, end, replacement):
+        for declaration in self.declarations:
+            if declaration.holds(begin, end):
+                changed = self.text[declaration.value:begin] + replacement + self.text[end:declaration.end]
+                cells = changed_cells(self.text, declaration.value, declaration.end, changed)
+                # A lambda in a table has statements of its own.
+                if not cells or any(first < inner.end and inner.begin < last
+                                    for first, last, _ in cells for inner in self.root.inner):
+                    return False
+                for first, last, cell in cells:
+                    declaration.cells.setdefault((first, last), []).append((fault, cell))
+                return True
+        return False
+
+    def declared_with(self, fault):
+        """The faults in the same variable or member outside of functions; none for a fault within a function."""
+        return next((declaration.faults() for declaration in self.declarations if fault in declaration.faults()), set())
 
     def _change(self, fault):
         """The stretch of the source that a fault changes, without what stays the same around it."""
@@ -148,11 +187,53 @@ class Source:
                 number = self.number_of(fault)
                 pieces.append((begin, begin, f"if (::planted::among({number}, {number})) {{{planted(number, answer)}}}"
                                              f"{self._sound_from(begin)}"))
+        if statement is self.root:
+            for declaration in self.declarations:
+                pieces += self._pieces_of(declaration)
+            if self.unchecked:
+                pieces += self._pieces_of_checks()
         text, at = "", statement.begin
         for begin, end, piece in sorted(pieces, key=lambda each: each[:2]):
             text += self.text[at:begin] + piece
             at = end
         return text + self.text[at:statement.end]
+
+    def _pieces_of(self, declaration):
+        """What is put into a declaration; its first line gets a mark, so that the compiler's messages about the whole
+        of it can be told apart."""
+        pieces, numbers = [], []
+        for (begin, end), faults in declaration.cells.items():
+            numbered = [(self.number_of(fault), changed) for fault, changed in faults if fault not in self.left_out]
+            numbers += [number for number, _ in numbered]
+            if numbered:
+                chosen = "".join(planted(number, f"::planted::among({number}, {number}) ? ({changed}\n) : ")
+                                 for number, changed in numbered)
+                pieces.append((begin, end, f"({chosen}({self._sound_from(begin)}{self.text[begin:end]}\n))"
+                                           f"{self._sound_from(end)}"))
+        if numbers:
+            early = "[[gnu::init_priority(200)]]" if declaration.is_early else ""
+            pieces.append((declaration.begin, declaration.begin, planted(f"all-{numbers[0]}", early)))
+            constant = re.compile(r"[^={]*?\bconstexpr\b").match(self.text, declaration.begin, declaration.value)
+            if constant:
+                pieces.append((constant.end() - len("constexpr"), constant.end(), "const"))
+        return pieces
+
+    def _pieces_of_checks(self):
+        """Assertions become nothing; functions that use what has choices are no longer constexpr."""
+        names = "|".join(declaration.name for declaration in self.declarations if declaration.cells)
+        for begin, end in self.checks:
+            if self.text.startswith("static_assert", begin):
+                yield begin, end, "static_assert(true)"
+            elif self.text.startswith("constexpr ", begin) and re.search(rf"\b(?:{names})\b", self.text[begin:end]):
+                yield begin, begin + len("constexpr"), "inline"
+
+
+def is_of_class(cursor):
+    """Whether a variable outside of classes is an object, or an array of objects."""
+    kind = cursor.type.get_canonical()
+    while kind.kind in (TypeKind.CONSTANTARRAY, TypeKind.INCOMPLETEARRAY):
+        kind = kind.element_type.get_canonical()
+    return cursor.kind == CursorKind.VAR_DECL and kind.kind == TypeKind.RECORD
 
 
 def planted(number, text):

@@ -11,7 +11,8 @@ from pathlib import Path
 COPIED = ["CMakeLists.txt", "CMakePresets.json", "README.md", "cmake", "docs", "engine", "examples", "fuzz", "sdkengine",
           "studio/page/src", "tests", "tools"]
 HERE = Path(__file__).resolve().parent
-PLANTED_LINE = re.compile(r"\bplanted-(\d+):\d+:(?:\d+:)? +(?:fatal )?(?:error|required|in )")
+PLANTED_LINE = re.compile(r"\bplanted-(all-)?(\d+):\d+:(?:\d+:)? +(?:fatal |note: .* was not )?"
+                          r"(?:error|required|in |declared|initialized)")
 
 
 class Tree:
@@ -80,5 +81,6 @@ def files_below(root):
 
 
 def refused(output):
-    """The numbers of the faults that a compiler's messages name."""
-    return {int(number) for number in PLANTED_LINE.findall(output)}
+    """The numbers of the faults that a compiler's messages name: those whose whole declarations it refuses, and others."""
+    found = PLANTED_LINE.findall(output)
+    return {int(number) for whole, number in found if whole}, {int(number) for whole, number in found if not whole}
