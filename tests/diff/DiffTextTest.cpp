@@ -27,12 +27,6 @@ void PrintTo(const TextCase& textCase, std::ostream* stream) {
     *stream << textCase.name;
 }
 
-std::string styleText(const std::vector<RuleBuilder>& rules) {
-    std::string text;
-    for (const RuleBuilder& each : rules) text += (text.empty() ? "" : ",") + each.json();
-    return "[" + text + "]";
-}
-
 // Type T has the style ids 1000 + 10 T and one more; railway shares its second one with subway.
 std::string mapping() {
     std::string text = testMapping();
@@ -59,8 +53,8 @@ class DiffLine : public testing::TestWithParam<TextCase> {};
 
 TEST_P(DiffLine, SaysWhatChangesAndByWhom) {
     const QueriesEnabled enabled;
-    const auto before = loadedText(mapping(), styleText(GetParam().before));
-    const auto after = loadedText(mapping(), styleText(GetParam().after));
+    const auto before = loadedText(mapping(), styleOf(GetParam().before));
+    const auto after = loadedText(mapping(), styleOf(GetParam().after));
     const auto changes = differenceOf(*before, *after);
     EXPECT_EQ(customstyle_tool::diffText(changes, before->mapping()), GetParam().text);
     EXPECT_EQ(jsonLines(customstyle_tool::diffJson(changes, before->mapping())), GetParam().json);

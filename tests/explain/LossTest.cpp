@@ -63,12 +63,6 @@ void PrintTo(const LossCase& lossCase, std::ostream* stream) {
     *stream << lossCase.name;
 }
 
-std::string textOf(const std::vector<RuleBuilder>& rules) {
-    std::string text;
-    for (const RuleBuilder& each : rules) text += (text.empty() ? "[" : ",\n") + each.json();
-    return text + "]";
-}
-
 // The ends of the lines about losses, in their order.
 std::vector<std::string> reasonsIn(const std::string& text) {
     std::vector<std::string> reasons;
@@ -94,7 +88,7 @@ class LostWrite : public testing::TestWithParam<LossCase> {};
 
 TEST_P(LostWrite, IsFoundWithWhatEndedIt) {
     const QueriesEnabled enabled;
-    const auto style = loadedText(sharedMapping(), textOf(GetParam().rules));
+    const auto style = loadedText(sharedMapping(), styleOf(GetParam().rules));
     Explainer explainer(*style);
     const Explanation explanation = explainer.explain(GetParam().styleId, GetParam().level);
     const customstyle_tool::TopicName& topic = *customstyle_tool::findTopic(GetParam().topic);

@@ -35,7 +35,7 @@ RuleBuilder rule(std::string_view featureType, std::string_view elementType) {
     return {featureType, elementType};
 }
 
-std::string styleOf(std::initializer_list<RuleBuilder> rules) {
+std::string styleOf(const std::vector<RuleBuilder>& rules) {
     std::string json = "[";
     for (const RuleBuilder& each : rules) {
         if (json.size() > 1) json += ",";

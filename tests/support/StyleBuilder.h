@@ -1,10 +1,10 @@
 // Style rules as a test writes them: rule("highway", "labels.text.fill").color("#ff0000").level("15").
 #pragma once
 
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "vi/vos/VJson.h"
 
@@ -45,6 +45,6 @@ private:
 RuleBuilder rule(std::string_view featureType, std::string_view elementType);
 
 /// A style file's text.
-std::string styleOf(std::initializer_list<RuleBuilder> rules);
+std::string styleOf(const std::vector<RuleBuilder>& rules);
 
 }  // namespace customstyle_test
