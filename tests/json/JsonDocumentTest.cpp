@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "tests/support/CaseName.h"
@@ -62,6 +63,23 @@ INSTANTIATE_TEST_SUITE_P(JsonDocument, OutermostValue,
                                                   "1.2"},
                                          KindCase{"TheFirstValueCounts", "{} []", JsonKind::Object, "{}"}),
                          caseName);
+
+// What comes of a text, in short.
+std::string outcomeOf(std::string_view text) {
+    const auto result = parseJson(text);
+    if (const auto* error = std::get_if<JsonError>(&result))
+        return std::string(error->reason()) + " at " + std::to_string(error->offset);
+    return "a value up to " + std::to_string(std::get<JsonDocument>(result).root().range().end);
+}
+
+TEST(JsonDocument, EndsWithItsTextWhateverFollowsInMemory) {
+    for (const std::string_view text : {R"("a")"sv, R"(["a\"b", true])"sv, "-1.5e+7"sv}) {
+        for (std::size_t size = 0; size <= text.size(); ++size) {
+            const std::string_view part = text.substr(0, size);
+            EXPECT_EQ(outcomeOf(part), outcomeOf(std::string(part))) << part;
+        }
+    }
+}
 
 TEST(JsonDocument, ChildrenKeepTheirOrderAndPlaces) {
     const JsonDocument document = documentOf(R"([1, [2, 3], "four"])");

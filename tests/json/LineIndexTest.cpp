@@ -56,10 +56,20 @@ TEST(LineIndex, ColumnsInVeryLongLinesAreCountedToo) {
     std::string text = "first\n";
     for (int i = 0; i < 10'000; ++i) text += "a\xC3\xA9";
     const LineIndex lines(text);
-    for (const std::size_t character : {1u, 4'000u, 8'191u, 8'192u, 20'000u}) {
+    for (std::size_t character = 0; character <= 20'000; character += 25) {
         const std::size_t bytes = character / 2 * 3 + character % 2;
         EXPECT_EQ(lines.position(6 + bytes), (LinePosition{2, 1 + character, 1 + bytes}));
     }
+}
+
+TEST(LineIndex, TheEndOfALongTextHasItsColumn) {
+    for (const std::size_t size : {4'095U, 4'096U, 8'192U, 65'536U}) {
+        EXPECT_EQ(LineIndex(std::string(size, 'a')).position(size), (LinePosition{1, 1 + size, 1 + size}));
+    }
+}
+
+TEST(LineIndex, TheLastLineIsTheRestOfTheText) {
+    EXPECT_EQ(LineIndex("one\ntwo\r").lineText(2), "two\r");
 }
 
 TEST(LineIndex, LinesComeWithoutTheirLineEnds) {

@@ -14,20 +14,33 @@ using namespace customstyle_tool;
 
 struct RecoveryCase {
     const char* name;
-    std::string text;
+    std::string markedText;             // with ^ at each error
     std::vector<std::string> elements;  // that are read
-    std::size_t errors;
 };
 
 void PrintTo(const RecoveryCase& each, std::ostream* out) {
-    *out << each.text;
+    *out << each.markedText;
 }
 
 class Recovery : public testing::TestWithParam<RecoveryCase> {};
 
+// Takes the marks out of a text; returns their places.
+std::vector<std::size_t> takeMarks(std::string& text) {
+    std::vector<std::size_t> places;
+    for (std::size_t at = text.find('^'); at != std::string::npos; at = text.find('^', at)) {
+        text.erase(at, 1);
+        places.push_back(at);
+    }
+    return places;
+}
+
 TEST_P(Recovery, ReadsTheOtherElements) {
-    const JsonReading read = readJson(GetParam().text);
-    EXPECT_EQ(read.errors.size(), GetParam().errors);
+    std::string text = GetParam().markedText;
+    const std::vector<std::size_t> marks = takeMarks(text);
+    const JsonReading read = readJson(text);
+    std::vector<std::size_t> places;
+    for (const JsonError& error : read.errors) places.push_back(error.offset);
+    EXPECT_THAT(places, testing::UnorderedElementsAreArray(marks));
     std::vector<std::string> elements;
     ASSERT_TRUE(read.document.has_value());
     for (const JsonValue element : read.document->root().children()) {
@@ -38,19 +51,27 @@ TEST_P(Recovery, ReadsTheOtherElements) {
     EXPECT_EQ(elements, GetParam().elements);
 }
 
+// As deep as an element of a list may be.
+std::string deepestElement() {
+    return R"({"a": )" + std::string(998, '[') + std::string(998, ']') + "}";
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Lists, Recovery,
     testing::Values(
-        RecoveryCase{"Whole", R"([{"a": 1}, {"b": 2}])", {R"({"a": 1})", R"({"b": 2})"}, 0},
-        RecoveryCase{"CommaBetweenMembers", R"([{"a": 1 "c": 3}, {"b": 2}])", {R"({"b": 2})"}, 1},
-        RecoveryCase{"CommaBetweenElements", R"([{"a": 1} {"b": 2}])", {R"({"a": 1})", R"({"b": 2})"}, 1},
-        RecoveryCase{"CommaTooMany", R"([{"a": 1}, {"b": 2},])", {R"({"a": 1})", R"({"b": 2})"}, 1},
-        RecoveryCase{"OpenObject", "[{\"a\": {\"x\": 1},\n {\"b\": 2}]", {R"({"b": 2})"}, 1},
-        RecoveryCase{"OpenText", "[{\"a\": \"x},\n {\"b\": 2},\n {\"c\": 3}]", {R"({"b": 2})", R"({"c": 3})"}, 1},
-        RecoveryCase{"BracketTooMany", R"([{"a": 1}}, {"b": 2}])", {R"({"a": 1})", R"({"b": 2})"}, 1},
-        RecoveryCase{"Comment", "[// {\"x\": 0}\n {\"a\": 1}, {\"b\": 2}]", {R"({"a": 1})", R"({"b": 2})"}, 1},
-        RecoveryCase{"TwoErrors", R"([{"a" 1}, {"b": 2}, {"c": }, {"d": 4}])", {R"({"b": 2})", R"({"d": 4})"}, 2},
-        RecoveryCase{"NoEnd", R"([{"a": 1}, {"b": )", {R"({"a": 1})"}, 1}, RecoveryCase{"OnlyABracket", "[", {}, 1}),
+        RecoveryCase{"Whole", R"([{"a": 1}, {"b": 2}])", {R"({"a": 1})", R"({"b": 2})"}},
+        RecoveryCase{"CommaBetweenMembers", R"([{"a": 1^ "c": 3}, {"b": 2}])", {R"({"b": 2})"}},
+        RecoveryCase{"CommaBetweenElements", R"([{"a": 1}^ {"b": 2}])", {R"({"a": 1})", R"({"b": 2})"}},
+        RecoveryCase{"CommaFirst", R"([^,{"a": 1}])", {R"({"a": 1})"}},
+        RecoveryCase{"CommaTooMany", R"([{"a": 1}, {"b": 2}^,])", {R"({"a": 1})", R"({"b": 2})"}},
+        RecoveryCase{"OpenObject", "[{\"a\": {\"x\": 1},\n ^{\"b\": 2}]", {R"({"b": 2})"}},
+        RecoveryCase{"OpenText", "[{\"a\": ^\"x},\n {\"b\": 2},\n {\"c\": 3}]", {R"({"b": 2})", R"({"c": 3})"}},
+        RecoveryCase{"BracketTooMany", R"([{"a": 1}^}, {"b": 2}])", {R"({"a": 1})", R"({"b": 2})"}},
+        RecoveryCase{"Comment", "[^// {\"x\": 0}\n {\"a\": 1}, {\"b\": 2}]", {R"({"a": 1})", R"({"b": 2})"}},
+        RecoveryCase{"TwoErrors", R"([{"a"^ 1}, {"b": 2}, {"c": ^}, {"d": 4}])", {R"({"b": 2})", R"({"d": 4})"}},
+        RecoveryCase{"NoEnd", R"([{"a": 1}, ^{"b": )", {R"({"a": 1})"}}, RecoveryCase{"OnlyABracket", "^[", {}},
+        RecoveryCase{"NoEndAfterAnotherError", R"(^[{"a": 1}, {"b"^ 2}, {"c": 3})", {R"({"a": 1})", R"({"c": 3})"}},
+        RecoveryCase{"DeepAfterAnError", R"([{"a"^ 1}, )" + deepestElement() + "]", {deepestElement()}}),
     [](const testing::TestParamInfo<RecoveryCase>& each) { return each.param.name; });
 
 TEST(Recovery, IsOfAListOnly) {
