@@ -151,7 +151,7 @@ std::variant<JsonDocument, JsonError> parseJson(std::string_view text);
 /// What can be read of a text.
 struct JsonReading {
     std::optional<JsonDocument> document;  ///< none if not even an outermost list starts
-    std::vector<JsonError> errors;         ///< in the order of the text; none for a text that is JSON
+    std::vector<JsonError> errors;         ///< in the order of reading; none for a text that is JSON
 };
 
 /// Reads a text, which has to outlive the document, and continues after an error: list elements that cannot be read are

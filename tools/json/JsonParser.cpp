@@ -82,6 +82,7 @@ Parser::Parser(std::string_view text) : m_tree(std::make_shared<JsonTree>()), m_
 }
 
 std::variant<JsonDocument, JsonError> Parser::run() {
+    if (m_tree->text.size() > std::numeric_limits<std::uint32_t>::max()) return JsonError{JsonFault::TooLarge, 0};
     skipByteOrderMark();
     skipBlanks();
     if (!readValue({0, 0, {m_at, m_at}})) return m_error;
@@ -97,11 +98,12 @@ JsonReading Parser::runToTheEnd() {
     return reading;
 }
 
-// Whether an object without a name before it starts here.
+// Whether an object without a name before it starts here. The bracket of the outermost list is before it, so that the
+// way back ends.
 bool Parser::isBeginOfElement(std::size_t at) const {
     if (m_text[at] != '{') return false;
-    while (at > 0 && isBlank(m_text[at - 1])) --at;
-    return at > 0 && std::string_view("[,}").find(m_text[at - 1]) != std::string_view::npos;
+    while (isBlank(m_text[at - 1])) --at;
+    return std::string_view("[,}").find(m_text[at - 1]) != std::string_view::npos;
 }
 
 // Forgets the element that cannot be read, and finds one that starts at `next` or after it.
@@ -207,7 +209,6 @@ bool Parser::readElement(Index container, Index position, bool named) {
 
 bool Parser::readMember(Slot slot) {
     if (!isAt('"')) return fail(whyNoName(place()));
-    slot.name.begin = m_at;
     if (!readQuoted()) return false;
     slot.name.end = m_at;
     skipBlanks();
@@ -253,12 +254,10 @@ bool Parser::fail(const JsonError& error) {
 }  // namespace
 
 std::variant<JsonDocument, JsonError> parseJson(std::string_view text) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max()) return JsonError{JsonFault::TooLarge, 0};
     return Parser(text).run();
 }
 
 JsonReading readJson(std::string_view text) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max()) return {{}, {JsonError{JsonFault::TooLarge, 0}}};
     return Parser(text).runToTheEnd();
 }
 
