@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "tests/support/CaseName.h"
 #include "tools/support/Spelling.h"
 
 namespace customstyle_test {
@@ -10,7 +12,7 @@ namespace {
 
 using namespace customstyle_tool;
 
-const std::vector<std::string> kNames{"highway", "highwaylabel", "water", "green", "poilabel"};
+const std::vector<std::string> kNames{"highway", "highwaylabel", "water", "green", "poilabel", "building", "buildings"};
 
 struct SpellingCase {
     const char* name;
@@ -30,16 +32,32 @@ TEST_P(LikelyName, IsTheNearest) {
 
 INSTANTIATE_TEST_SUITE_P(Words, LikelyName,
                          testing::Values(SpellingCase{"LetterCaseDoesNotCount", "HighWay", "highway"},
-                                         SpellingCase{"BlanksDoNotCount", " water ", "water"},
-                                         SpellingCase{"DashesDoNotCount", "poi-label", "poilabel"},
+                                         SpellingCase{"BlanksDoNotCount", " w a t e r ", "water"},
+                                         SpellingCase{"DashesDoNotCount", "p-o-i-l-a-b-e-l", "poilabel"},
+                                         SpellingCase{"UnderscoresDoNotCount", "p_o_i_l_a_b_e_l", "poilabel"},
                                          SpellingCase{"ALetterMissing", "gren", "green"},
                                          SpellingCase{"ALetterTooMany", "waater", "water"},
                                          SpellingCase{"TwoLettersSwapped", "wtaer", "water"},
+                                         SpellingCase{"ALetterInThreeWrong", "hxghwax", "highway"},
+                                         SpellingCase{"MoreThanALetterInThree", "hxgxwax", std::nullopt},
                                          SpellingCase{"TheNearerOfTwo", "highwaylabl", "highwaylabel"},
+                                         SpellingCase{"TheNearerThatComesFirst", "bulding", "building"},
+                                         SpellingCase{"TheFirstOfTwoAsNear", "buildingz", "building"},
                                          SpellingCase{"TooFarFromAll", "lake", std::nullopt},
                                          SpellingCase{"NothingToCompare", "", std::nullopt},
                                          SpellingCase{"BlanksOnly", "  ", std::nullopt}),
-                         [](const testing::TestParamInfo<SpellingCase>& each) { return each.param.name; });
+                         caseName);
+
+TEST(LikelyNameOfALongWord, IsNone) {
+    const std::vector<std::string> longNames{std::string(65, 'a')};
+    EXPECT_EQ(likelyName(std::string(64, 'a'), longNames), longNames.front());
+    EXPECT_EQ(likelyName(std::string(65, 'a'), longNames), std::nullopt);
+    EXPECT_EQ(likelyName(std::string(100'000, 'a'), kNames), std::nullopt);
+}
+
+TEST(LikelyNameOfNoWord, IsNotEvenTheShortest) {
+    EXPECT_EQ(likelyName("", std::vector<std::string>{"a"}), std::nullopt);
+}
 
 TEST(SpellingDistance, CountsChangesFromEitherSide) {
     EXPECT_EQ(spellingDistance("", "abc"), 3U);
@@ -48,8 +66,33 @@ TEST(SpellingDistance, CountsChangesFromEitherSide) {
     EXPECT_EQ(spellingDistance("kitten", "sitting"), 3U);
 }
 
-TEST(LikelyNameOfALongWord, IsNone) {
-    EXPECT_EQ(likelyName(std::string(100'000, 'a'), kNames), std::nullopt);
+TEST(SpellingDistance, CountsASwapOnlyWhereBothLettersAreSwapped) {
+    EXPECT_EQ(spellingDistance("ab", "xa"), 2U);
+    EXPECT_EQ(spellingDistance("ab", "bx"), 2U);
+}
+
+TEST(SpellingDistance, IgnoresWhatStandsBeforeTheWords) {
+    const std::string_view text = "ba";
+    EXPECT_EQ(spellingDistance("axab", text.substr(1)), 3U);
+    std::string pairs;
+    for (int i = 0; i < 10'000; ++i) pairs += "ab";
+    EXPECT_EQ(spellingDistance(text.substr(1), pairs), pairs.size() - 1);
+}
+
+TEST(EitherOf, ListsAllNames) {
+    EXPECT_EQ(eitherOf({}), "");
+    EXPECT_EQ(eitherOf({"fill"}), "fill");
+    EXPECT_EQ(eitherOf({"fill", "stroke"}), "fill or stroke");
+    EXPECT_EQ(eitherOf({"fill", "stroke", "icon"}), "fill, stroke or icon");
+}
+
+TEST(UnknownWord, NamesTheNearestOrAllOfAFew) {
+    std::vector<std::string> names{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "green"};
+    EXPECT_EQ(unknownWord("color", "blue", names),
+              "unknown color \"blue\"; write a, b, c, d, e, f, g, h, i, j, k or green");
+    names.emplace_back("water");
+    EXPECT_EQ(unknownWord("color", "blue", names), "unknown color \"blue\"");
+    EXPECT_EQ(unknownWord("color", "gren", names), "unknown color \"gren\"; did you mean \"green\"?");
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <limits>
 
 #include "tools/support/PlainText.h"
 
@@ -45,8 +44,10 @@ std::size_t spellingDistance(std::string_view left, std::string_view right) {
     for (std::size_t i = 0; i <= left.size(); ++i) {
         for (std::size_t j = 0; j <= right.size(); ++j) {
             std::size_t& best = table[i * width + j];
-            best = i == 0 ? j : j == 0 ? i : std::numeric_limits<std::size_t>::max();
-            if (i == 0 || j == 0) continue;
+            if (i == 0 || j == 0) {
+                best = i + j;
+                continue;
+            }
             const bool same = left[i - 1] == right[j - 1];
             best = std::min({table[(i - 1) * width + j] + 1, table[i * width + j - 1] + 1,
                              table[(i - 1) * width + j - 1] + (same ? 0 : 1)});
