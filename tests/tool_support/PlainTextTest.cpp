@@ -146,6 +146,12 @@ INSTANTIATE_TEST_SUITE_P(
                                 "..." + times(120, "a") + "...", times(53, " ") + "^"},
                     ExcerptCase{"ItBeginsWithAWholeCharacter", "\xC3\xA9" + times(200, "a"), 51, 52,
                                 "..." + times(120, "a") + "...", times(52, " ") + "^"},
+                    ExcerptCase{"ThePlaceMayBeTheLastColumn", times(119, "a") + "X", 119, 120, times(119, "a") + "X",
+                                times(119, " ") + "^"},
+                    ExcerptCase{"EscapesDoNotPushThePlaceOut", times(30, "\xFF") + "X", 30, 31,
+                                "..." + times(12, "\\xff") + "X", times(3 + 12 * 4, " ") + "^"},
+                    ExcerptCase{"FiftyColumnsAreLeftBeforeThePlace", times(30, "\xFF") + "abX", 32, 33,
+                                "..." + times(12, "\\xff") + "abX", times(3 + 50, " ") + "^"},
                     ExcerptCase{"ItBeginsAtThePlaceAtTheLatest", times(200, "\x80"), 60, 61,
                                 "..." + times(30, "\\x80") + "...", "   ^^^^"}),
     caseName);

@@ -92,6 +92,32 @@ PrintableCharacter nextCharacter(std::string_view text) {
     return {text.substr(0, size), std::move(escape), columns};
 }
 
+std::size_t columnsOf(std::string_view text) {
+    std::size_t columns = 0;
+    while (!text.empty()) {
+        const PrintableCharacter next = nextCharacter(text);
+        columns += next.columns;
+        text.remove_prefix(next.source.size());
+    }
+    return columns;
+}
+
+std::size_t startOfExcerpt(std::string_view line, std::size_t begin) {
+    // Only what can be shown is examined: a line may be the whole file.
+    std::size_t at = line.size() > kShownColumns && begin > kColumnsBefore ? begin - kColumnsBefore : 0;
+    while (at > 0 && at < begin && (static_cast<unsigned char>(line[at]) & 0xC0) == 0x80) ++at;
+    std::string_view before = line.substr(at, begin - at);
+    std::size_t columns = columnsOf(before);
+    if (columns < kShownColumns) return at;
+    // Escapes are so much longer than what they stand for that the place would not be shown.
+    while (columns > kColumnsBefore) {
+        const PrintableCharacter next = nextCharacter(before);
+        columns -= next.columns;
+        before.remove_prefix(next.source.size());
+    }
+    return begin - before.size();
+}
+
 }  // namespace
 
 bool isUtf8(std::string_view text) {
@@ -176,9 +202,7 @@ std::string shortened(std::string_view text, std::size_t most) {
 }
 
 Excerpt excerptOf(std::string_view line, std::size_t begin, std::size_t end) {
-    // Only what can be shown is examined: a line may be the whole file.
-    std::size_t at = line.size() > kShownColumns && begin > kColumnsBefore ? begin - kColumnsBefore : 0;
-    while (at > 0 && at < begin && (static_cast<unsigned char>(line[at]) & 0xC0) == 0x80) ++at;
+    std::size_t at = startOfExcerpt(line, begin);
     Excerpt excerpt;
     if (at > 0) excerpt = {"...", "   "};
     std::size_t columns = 0;
