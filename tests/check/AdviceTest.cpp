@@ -54,6 +54,14 @@ TEST(WhatCanGo, IsOneOfTwoRulesThatSayTheSame) {
     EXPECT_TRUE(file.findings[0].canGo);
 }
 
+// The last rule overwrites the records that the second one hides, but not the colour of the grid.
+TEST(WhatCanGo, IsNotOverwrittenWhereTheGridColourStays) {
+    EXPECT_THAT(saidOf(checked({{"grid", "geometry.fill", R"({"color": "#111111"})"},
+                                {"grid", "geometry.fill", R"({"color": "#111111", "visibility": "off"})"},
+                                {"grid", "all", R"({"visibility": "off"})"}})),
+                testing::Contains("2 no-effect: the rule has no effect on the map"));
+}
+
 TEST(WhatCanGo, IsARuleThatWritesWhatNoRuleHasSet) {
     EXPECT_THAT(
         saidOf(checked({{"highway", "all", R"({"weight": "3"})"}, {"highway", "all", R"({"visibility": "on"})"}})),

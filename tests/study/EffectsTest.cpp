@@ -91,13 +91,21 @@ TEST(Idle, IsAGridColourThatIsOverwrittenOrRepeated) {
 }
 
 // No question finds the style id of the grid's records, so that only its colour counts.
+std::string mappingWithoutGrid() {
+    return mappingText([](int type) { return std::vector{type == EMAPCUSTOMSTYLE_GRID ? -5 : 1000 + type}; });
+}
+
+TEST(Idle, IsNotAGridColourOfZero) {
+    EXPECT_THAT(idleOf(*loadedText(mappingWithoutGrid(), styleOf({rule("grid", "fill").color("#00000000")}))),
+                IsEmpty());
+}
+
 TEST(Idle, IsAWholeRuleThatRepeatsTheGridColour) {
-    const std::string mapping =
-        mappingText([](int type) { return std::vector{type == EMAPCUSTOMSTYLE_GRID ? -5 : 1000 + type}; });
-    EXPECT_THAT(idleOf(*loadedText(mapping, styleOf({rule("grid", "fill").color("#111111"),
-                                                     rule("grid", "all").color("#111111").visibility("off"),
-                                                     rule("grid", "all").visibility("off")}))),
-                ElementsAre("2", "3 visibility"));
+    EXPECT_THAT(
+        idleOf(*loadedText(mappingWithoutGrid(), styleOf({rule("grid", "fill").color("#111111"),
+                                                          rule("grid", "all").color("#111111").visibility("off"),
+                                                          rule("grid", "all").visibility("off")}))),
+        ElementsAre("2", "3 visibility"));
 }
 
 TEST(Idle, IsNoRuleThatHidesEveryIconOnAMapWithoutStyleIds) {
@@ -152,6 +160,16 @@ std::unique_ptr<StyleStudy> iconShownByMany() {
 
 TEST(Proofs, KeepOneOfThoseThatCoverForEachOther) {
     EXPECT_THAT(idleOf(*iconShownByMany()), testing::SizeIs(3));
+}
+
+// Rules 2 and 3 are proven by themselves first, because they share records.
+TEST(Proofs, KeepTheFirstOfThoseThatCoverForEachOther) {
+    const std::string mapping = mappingText([](int) { return std::vector{7}; });
+    EXPECT_THAT(idleOf(*loadedText(mapping, styleOf({rule("hotellabel", "labels.text.topsurface").color("#112233"),
+                                                     rule("highwaylabel", "labels.text.topsurface").color("#112233"),
+                                                     rule("highwaylabel", "labels.text.topsurface").color("#112233"),
+                                                     rule("poilabel", "icon").visibility("off")}))),
+                ElementsAre("2 color", "3 color"));
 }
 
 TEST(Proofs, OfThoseThatCoverForEachOtherEndWhenTheTimeIsUp) {

@@ -47,6 +47,13 @@ const PatchCase kPatches[] = {
      [](auto& store) { store.set("2", filledWith(kColor)); },
      {kWater}},
     {"AKeyWithoutSlot", {}, [](auto& store) { store.set("2", filledWith(kColor)); }, {kWater}},
+    {"AKeyWithoutSlotTwice",
+     {},
+     [](auto& store) {
+         store.set("2", filledWith(0));
+         store.set("2", filledWith(kColor));
+     },
+     {kWater}},
     {"AKeyOfALevelWithoutSlot", {}, [](auto& store) { store.set("2:9", filledWith(kColor)); }, {kWaterAtLevel9}},
     {"AKeyThatGoes", {kWater, kWaterAtLevel9}, [](auto& store) { store.set("2:9", {}); }, {kWater}},
     {"AKeyThatIsNotThere", {kWater}, [](auto& store) { store.set("2:9", {}); }, {kWater}},
