@@ -511,7 +511,7 @@ std::vector<PartOutcome> proveAll(Proof& proof) {
 }
 
 auto orderOf(const ProvenEffect& effect) {
-    return std::tuple(effect.rule, effect.step ? *effect.step + 1 : 0);
+    return std::tuple(effect.rule, effect.step);
 }
 
 }  // namespace

@@ -72,8 +72,7 @@ public:
         m_config->m_styleEffectLevels.emplace("0", 1);
     }
     ~LookupProbe() {
-        m_config->m_keyStyleMaps.clear();  // the record is not the store's to free
-        slot().RemoveAll();
+        slot().RemoveAll();  // the record is not the store's to free
     }
     LookupProbe(const LookupProbe&) = delete;
     LookupProbe& operator=(const LookupProbe&) = delete;

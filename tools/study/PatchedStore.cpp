@@ -44,15 +44,15 @@ void PatchedStore::hideEveryIcon(bool isHidden) {
 }
 
 void PatchedStore::takeBack() {
-    for (auto patch = m_patches.rbegin(); patch != m_patches.rend(); ++patch) {
-        m_config->m_keyStyleMaps.erase(patch->key);
-        m_config->m_styleEffectLevels.erase(patch->key);
-        if (patch->slot == nullptr) continue;
-        m_config->m_keyStyleMaps.emplace(patch->key, patch->slot);
-        m_config->m_styleEffectLevels.emplace(patch->key, parsedKey(patch->key).level ? 0 : 1);
-        write(*patch->slot, patch->style);
+    for (; !m_patches.empty(); m_patches.pop_back()) {
+        const auto& [key, slot, style] = m_patches.back();
+        m_config->m_keyStyleMaps.erase(key);
+        m_config->m_styleEffectLevels.erase(key);
+        if (slot == nullptr) continue;
+        m_config->m_keyStyleMaps.emplace(key, slot);
+        m_config->m_styleEffectLevels.emplace(key, parsedKey(key).level ? 0 : 1);
+        write(*slot, style);
     }
-    m_patches.clear();
     m_ownSlots.clear();
     m_ownRecords.clear();
     if (m_gridBefore) setGridColor(m_gridBefore->first, m_gridBefore->second);

@@ -75,8 +75,6 @@ public:
             const std::uint64_t mark = markFor(parsedKey(key).level.has_value(), second);
             forEachSlotRecord(*slot, [&](int, tagCustomStyle& record) { markRecord(record, mark); });
         }
-        m_config.m_gridColorSet = 0;
-        m_config.m_allIconsHidden = 0;
         m_config.ParseCustomConfig(document);
     }
 
