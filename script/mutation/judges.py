@@ -11,7 +11,7 @@ from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
 
-MEMORY = 4 << 30  # bytes that a program may ask for
+MEMORY = 8 << 30  # bytes that a program may ask for
 LONGEST = 120  # seconds that a program may take without a fault
 QUICK = 0.1  # seconds
 LONGEST_ARGUMENT = 100_000  # bytes
