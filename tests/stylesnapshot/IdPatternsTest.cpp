@@ -7,6 +7,7 @@
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
 #include "tests/stylesnapshot/SameAnswers.h"
+#include "tests/stylesnapshot/StyleIdMapping.h"
 #include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 
@@ -21,12 +22,6 @@ using Ids = std::vector<int>;
 constexpr int kTypes = 72;
 constexpr std::size_t kMostIdsAsked = 200;
 
-Ids idsFrom(int first, int count, int stride = 1) {
-    Ids ids;
-    for (int i = 0; i < count; ++i) ids.push_back(first + i * stride);
-    return ids;
-}
-
 Ids randomIds(int count) {
     std::mt19937 random(static_cast<unsigned>(count));
     Ids ids;
@@ -36,20 +31,14 @@ Ids randomIds(int count) {
 
 /// A store whose types share the ids out in blocks; each tenth id belongs to the next type, too.
 std::unique_ptr<CustomConfig> storeOf(const Ids& ids) {
-    auto config = std::make_unique<CustomConfig>();
-    std::vector<std::string> arrays(kTypes);
+    IdsOfTypes idsOfTypes;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         const std::size_t type = i * kTypes / ids.size();
-        for (const std::size_t owner : {type, i % 10 == 0 ? (type + 1) % kTypes : type}) {
-            arrays[owner] += (arrays[owner].empty() ? "" : ",") + std::to_string(ids[i]);
-        }
+        idsOfTypes[type].push_back(ids[i]);
+        if (i % 10 == 0) idsOfTypes[(type + 1) % kTypes].push_back(ids[i]);
     }
-    std::string mapping;
-    for (int type = 0; type < kTypes; ++type) {
-        mapping += (type == 0 ? "{\"" : ",\"") + config->GetFeatureTypeName(type) + "\":[";
-        mapping += arrays[static_cast<std::size_t>(type)] + "]";
-    }
-    config->ParseMappingConfig(parsed(mapping + "}").get());
+    auto config = std::make_unique<CustomConfig>();
+    mapStyleIds(*config, idsOfTypes);
     return config;
 }
 

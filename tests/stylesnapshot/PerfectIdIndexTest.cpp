@@ -37,6 +37,26 @@ TEST(PerfectIdIndex, FindsTheLowestAndTheHighestId) {
     expectEachIdHasItsNumber(numbered({0, 0xffffffff}));
 }
 
+TEST(PerfectIdIndex, TakesTenBytesWithOneIdAndWithoutIds) {
+    EXPECT_EQ(PerfectIdIndex().bytes(), 10u);
+    EXPECT_EQ(PerfectIdIndex(numbered({4711})).bytes(), 10u);
+    for (const std::size_t count : {0u, 1u}) EXPECT_EQ(PerfectIdIndex::bytesFor(count), 10u) << count;
+}
+
+TEST(PerfectIdIndex, IsMeantToTakeAtMost21BytesAnId) {
+    for (std::size_t count = 1; count < 10000; ++count) {
+        ASSERT_LE(PerfectIdIndex::bytesFor(count), 21 * count) << count;
+        ASSERT_GT(PerfectIdIndex::bytesFor(count), 8 * count) << count;
+    }
+}
+
+// Half of the pairs would share a cell of two and need more.
+TEST(PerfectIdIndex, TakesAtMost35BytesForTwoIdsOnAverage) {
+    std::size_t bytes = 0;
+    for (std::uint32_t id = 1; id <= 1000; ++id) bytes += PerfectIdIndex(numbered({0, id})).bytes();
+    EXPECT_LE(bytes, 35000u);
+}
+
 class PerfectIdIndexOf : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(PerfectIdIndexOf, NeighbouringIdsFindsEach) {

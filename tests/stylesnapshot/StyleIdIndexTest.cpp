@@ -137,11 +137,47 @@ TEST_P(StyleIdIndexOf, TakesNoMoreMemoryThanAHashTable) {
     }
 }
 
+TEST_P(StyleIdIndexOf, HasNoMemoryToSpare) {
+    const StyleIdIndex index(numbered(GetParam().ids, 255));
+    const StyleIdIndex copy(index);  // as large as it has to be
+    EXPECT_EQ(index.bytes(), copy.bytes());
+}
+
 INSTANTIATE_TEST_SUITE_P(IdNumbers, StyleIdIndexOf, testing::ValuesIn(kCases),
                          [](const auto& each) { return each.param.name; });
 
 TEST(StyleIdIndex, KeepsDenseIdsInAByteEach) {
     EXPECT_LE(StyleIdIndex(numbered(idNumbersFrom(1000, 50000), 255)).bytes(), 52000u);
+}
+
+TEST(StyleIdIndex, WithoutIdsTakesOnePage) {
+    EXPECT_EQ(StyleIdIndex().bytes(), kBytesOfAPage);
+    EXPECT_EQ(StyleIdIndex(Entries()).bytes(), kBytesOfAPage);
+}
+
+TEST(StyleIdIndex, KeepsIdsInPagesWhileTheyTakeNoMoreThanInAHashTable) {
+    const std::size_t bytes = StyleIdIndex(numbered(idNumbersFrom(0, 20, 13), 255)).bytes();
+    EXPECT_GT(bytes, 250u);
+    EXPECT_LE(bytes, PerfectIdIndex::bytesFor(20));
+}
+
+// No number of pages that fits into the memory would separate the clusters.
+TEST(StyleIdIndex, GivesAPageToTheFullerOfTwoClustersInAnyOrder) {
+    constexpr std::uint32_t kFarAway = 1u << 20;
+    for (const auto& [first, second] : {std::pair<std::size_t, std::size_t>{40, 60}, {60, 40}}) {
+        const IdNumbers ids = joined({idNumbersFrom(1024, first), idNumbersFrom(1024 + kFarAway, second)});
+        EXPECT_LE(StyleIdIndex(numbered(ids, 255)).bytes(),
+                  kBytesOfAPage + 60 + sizeof(PerfectIdIndex) + PerfectIdIndex::bytesFor(40));
+    }
+}
+
+// The second cluster has numbers that do not fit into a page and starts where the page of the first ends.
+TEST(StyleIdIndex, FindsTheIdNextToAPage) {
+    Entries entries = numbered(idNumbersFrom(1000, 24), 255);
+    for (std::uint32_t id = 1024; id < 1048; ++id) entries.push_back({id, id});
+    const StyleIdIndex index(entries);
+    for (const auto& [id, number] : entries) EXPECT_EQ(index.find(id), number) << id;
+    for (const std::uint32_t id : {999u, 1048u}) EXPECT_EQ(index.find(id), 0u) << id;
 }
 
 TEST(StyleIdIndex, OfRandomClustersFindsEachAndNoOther) {

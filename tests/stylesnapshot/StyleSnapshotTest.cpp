@@ -1,8 +1,10 @@
 // What a snapshot promises besides equal answers: independence and size.
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "customstyle/StyleSnapshot.h"
-#include "tests/stylesnapshot/SameAnswers.h"
+#include "tests/stylesnapshot/StyleIdMapping.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -38,27 +40,50 @@ TEST(StyleSnapshot, LendsOneRecordToStyleIdsThatLookAlike) {
     EXPECT_EQ(snapshot.FindStyle(firstStyleId(kHighway), 10).style->m_ID, 0);
 }
 
-// A host may file a slot under any key.
-TEST(StyleSnapshot, LeavesOutKeysOfTypesThatDoNotExist) {
-    const auto config = loadedWith({rule("highway", "geometry.fill").color("#112233")});
-    for (const char* key : {"-1", "-13", "73", "100000"}) {
-        config->m_keyStyleMaps.emplace(key, config->m_keyStyleMaps.at("13"));
-        config->m_styleEffectLevels.emplace(key, 1);
+/// Gives the highway the style ids from 1 to `count`, and the other types none.
+void mapHighwayIds(CustomConfig& config, int count) {
+    IdsOfTypes ids;
+    ids[kHighway] = idsFrom(1, count);
+    mapStyleIds(config, ids);
+}
+
+// More looks than its tables have room for at first.
+TEST(StyleSnapshot, LendsOneRecordForEachOfManyLooks) {
+    constexpr int kLooks = 700;
+    CustomConfig config;
+    mapHighwayIds(config, 2 * kLooks);
+    config.SetTypeColor(kHighway, "fill", 1, 1, 0);
+    for (int id = 1; id <= 2 * kLooks; ++id) {
+        recordAt(config, "13", id)->m_fillColor = static_cast<std::uint64_t>(id % kLooks);
     }
+    const StyleSnapshot snapshot(config);
     const QueriesEnabled enabled;
-    expectSameAnswers(*config, StyleSnapshot(*config));
+    std::set<const tagCustomStyle*> records;
+    for (unsigned id = 1; id <= kLooks; ++id) {
+        records.insert(snapshot.FindStyle(id, 10).style);
+        EXPECT_EQ(snapshot.FindStyle(id, 10).style, snapshot.FindStyle(id + kLooks, 10).style) << id;
+    }
+    EXPECT_EQ(records.size(), std::size_t{kLooks});
+}
+
+TEST(StyleSnapshot, TakesNoMemoryForStyleIdsWithoutAnswers) {
+    CustomConfig config;
+    mapHighwayIds(config, 500);
+    const std::size_t bytesWithoutRules = StyleSnapshot(config).bytes();
+    config.SetTypeColor(kHighway, "fill", 1, 1, 0);
+    for (int id = 1; id <= 500; ++id) recordAt(config, "13", id)->m_custom = 0;
+    EXPECT_EQ(StyleSnapshot(config).bytes(), bytesWithoutRules);
 }
 
 /// A store with `count` style ids spread over the types, and all slots in use.
 std::unique_ptr<CustomConfig> storeOf(int count) {
-    auto config = std::make_unique<CustomConfig>();
-    std::string json = "{";
+    IdsOfTypes ids;
     for (int type = 0; type <= 71; ++type) {
-        json += (type == 0 ? "\"" : ",\"") + config->GetFeatureTypeName(type) + "\":[0";
-        for (int id = 1 + type; id <= count; id += 72) json += "," + std::to_string(id * 17);
-        json += "]";
+        ids[std::size_t(type)].push_back(0);
+        for (int id = 1 + type; id <= count; id += 72) ids[std::size_t(type)].push_back(id * 17);
     }
-    config->ParseMappingConfig(parsed(json + "}").get());
+    auto config = std::make_unique<CustomConfig>();
+    mapStyleIds(*config, ids);
     for (int slot = 0; slot < 1241; ++slot) {
         config->SetTypeColor(slot / 18, "fill", static_cast<std::uint64_t>(slot), 0, 4 + slot % 18);
     }
@@ -72,6 +97,12 @@ TEST_P(StyleSnapshotOf, ManyStyleIdsAndEverySlotTakesAtMost64BytesAnIdAnd160Kilo
     const auto styleIds = static_cast<std::size_t>(GetParam());
     EXPECT_LE(snapshot.bytes(), 64 * styleIds + std::size_t{160} * 1024);
     EXPECT_GT(snapshot.bytes(), sizeof(StyleSnapshot) + 8 * styleIds);
+}
+
+TEST_P(StyleSnapshotOf, ManyStyleIdsAndEverySlotHasNoMemoryToSpare) {
+    const StyleSnapshot snapshot(*storeOf(GetParam()));
+    const StyleSnapshot copy(snapshot);  // as large as it has to be
+    EXPECT_EQ(snapshot.bytes(), copy.bytes());
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, StyleSnapshotOf, testing::Values(100, 500, 600, 5000, 50000));
