@@ -35,7 +35,7 @@ class __attribute__((visibility("hidden"))) StyleIdPager {
 public:
     using Entry = StyleIdIndex::Entry;
 
-    /// @param entries  ascending by id, not empty; they outlive the pager
+    /// @param entries  ascending by id; they outlive the pager
     explicit StyleIdPager(std::span<const Entry> entries) : m_entries(entries) {}
 
     void fill(StyleIdIndex& index);
@@ -111,7 +111,6 @@ void StyleIdPager::fill(StyleIdIndex& index) {
 // As many ids as possible in pages, within the memory that all of them would take in a hash table.
 StyleIdPager::Layout StyleIdPager::bestLayout() {
     Layout best;
-    best.bytes = PerfectIdIndex::bytesFor(m_entries.size());
     findRegions(kLowestPageBits);
     for (std::uint32_t pageBits = kLowestPageBits; pageBits <= kHighestPageBits; ++pageBits) {
         mergeRegions(pageBits);
@@ -198,7 +197,6 @@ void StyleIdPager::enterPage(StyleIdIndex& index, StyleIdIndex::Page& page, cons
 }
 
 StyleIdIndex::StyleIdIndex(std::vector<Entry> entries) {
-    if (entries.empty()) return;
     sortById(entries);
     StyleIdPager(entries).fill(*this);
 }
