@@ -50,11 +50,44 @@ TEST(PerfectIdIndex, IsMeantToTakeAtMost21BytesAnId) {
     }
 }
 
-// Half of the pairs would share a cell of two and need more.
-TEST(PerfectIdIndex, TakesAtMost35BytesForTwoIdsOnAverage) {
+TEST(PerfectIdIndex, OfAnyTwoIdsTakesNoMoreThanIsMeant) {
+    for (std::uint32_t id = 1; id <= 1000; ++id) {
+        ASSERT_EQ(PerfectIdIndex(numbered({0, id})).bytes(), PerfectIdIndex::bytesFor(2)) << id;
+    }
+}
+
+// Their first hashes agree in the bits that choose a cell of up to a million.
+TEST(PerfectIdIndex, OfIdsThatAreChosenToCollideTakesNoMoreThanIsMeant) {
+    for (const std::set<std::uint32_t>& ids : {std::set{150605u, 1522813u}, {386469u, 423690u}, {626526u, 734468u}}) {
+        EXPECT_EQ(PerfectIdIndex(numbered(ids)).bytes(), PerfectIdIndex::bytesFor(2)) << *ids.begin();
+    }
+}
+
+/// The hash that the index tries first.
+std::uint64_t firstHash(std::uint32_t id) {
+    const std::uint64_t spread = (id + std::uint64_t{1}) * 0x9E3779B97F4A7C15;
+    return (spread ^ spread >> 32) * 0xC2B2AE3D27D4EB4F;
+}
+
+TEST(PerfectIdIndex, OfManyIdsThatAreChosenToShareABucketTakesNoMoreThanIsMeant) {
+    constexpr std::size_t kCount = 300;
+    std::set<std::uint32_t> ids;
+    for (std::uint32_t id = 0; ids.size() < kCount; ++id) {
+        if ((firstHash(id) >> 44) % 128 == 0) ids.insert(id);
+    }
+    EXPECT_EQ(PerfectIdIndex(numbered(ids)).bytes(), PerfectIdIndex::bytesFor(kCount));
+}
+
+// Eight cells are few for seven ids, so that tables sometimes need twice as many.
+TEST(PerfectIdIndex, OfSevenIdsTakesAtMost95BytesOnAverage) {
+    std::mt19937 random(7);
     std::size_t bytes = 0;
-    for (std::uint32_t id = 1; id <= 1000; ++id) bytes += PerfectIdIndex(numbered({0, id})).bytes();
-    EXPECT_LE(bytes, 35000u);
+    for (int i = 0; i < 300; ++i) {
+        std::set<std::uint32_t> ids;
+        while (ids.size() < 7) ids.insert(static_cast<std::uint32_t>(random()));
+        bytes += PerfectIdIndex(numbered(ids)).bytes();
+    }
+    EXPECT_LE(bytes, 300u * 95);
 }
 
 class PerfectIdIndexOf : public testing::TestWithParam<std::size_t> {};

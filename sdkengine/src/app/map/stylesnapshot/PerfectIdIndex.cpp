@@ -8,14 +8,18 @@ namespace _orvik_framework {
 PerfectIdIndex::PerfectIdIndex(std::span<const Entry> entries) {
     const std::size_t bucketCount = bucketsFor(entries.size());
     m_bucketMask = static_cast<std::uint32_t>(bucketCount - 1);
-    std::size_t cellCount = cellsFor(entries.size());
-    // At least a fifth of the cells stays free, so the first size is nearly always enough; doubling it always helps.
-    do {
+    m_displacements.assign(bucketCount, 0);
+    // At least a fifth of the cells stays free, so the first hash is nearly always enough for many ids. Those that it
+    // does not tell apart, by chance or on purpose, are scattered by another.
+    constexpr int kHashesPerSize = 16;
+    for (std::size_t cellCount = cellsFor(entries.size());; cellCount *= 2) {
         m_cellMask = static_cast<std::uint32_t>(cellCount - 1);
-        m_cells.assign(cellCount, Entry{});
-        m_displacements.assign(bucketCount, 0);
-        cellCount *= 2;
-    } while (!placeAll(entries));
+        for (int hash = 0; hash < kHashesPerSize; ++hash) {
+            m_multiplier *= 0x9E3779B97F4A7C15;
+            m_cells.assign(cellCount, Entry{});
+            if (placeAll(entries)) return;
+        }
+    }
 }
 
 bool PerfectIdIndex::placeAll(std::span<const Entry> entries) {

@@ -38,7 +38,7 @@ public:
         return m_cells.capacity() * sizeof(Entry) + m_displacements.capacity() * sizeof(std::uint16_t);
     }
 
-    /// Memory that a table of this many entries takes; only rarely is it more.
+    /// Memory that a table of this many entries takes; only rarely is it more, and that in tables of few entries.
     static std::size_t bytesFor(std::size_t entryCount) {
         return cellsFor(entryCount) * sizeof(Entry) + bucketsFor(entryCount) * sizeof(std::uint16_t);
     }
@@ -47,8 +47,8 @@ private:
     static constexpr std::size_t kIdsPerBucket = 4;
 
     // Two rounds of multiplication and folding, because one leaves neighbouring ids in step.
-    static std::uint64_t hashOf(std::uint32_t id) {
-        const std::uint64_t spread = (id + std::uint64_t{1}) * 0x9E3779B97F4A7C15;
+    std::uint64_t hashOf(std::uint32_t id) const {
+        const std::uint64_t spread = (id + std::uint64_t{1}) * m_multiplier;
         return (spread ^ spread >> 32) * 0xC2B2AE3D27D4EB4F;
     }
     std::size_t bucketOf(std::uint64_t hash) const { return static_cast<std::size_t>(hash >> 44) & m_bucketMask; }
@@ -68,6 +68,7 @@ private:
 
     std::vector<Entry> m_cells;
     std::vector<std::uint16_t> m_displacements;
+    std::uint64_t m_multiplier = 1;  // odd; which one makes the hash
     std::uint32_t m_cellMask = 0;
     std::uint32_t m_bucketMask = 0;
 };
