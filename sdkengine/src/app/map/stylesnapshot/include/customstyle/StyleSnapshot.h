@@ -109,7 +109,7 @@ private:
     }
 
     std::array<std::uint32_t, kDenseLevels> m_denseLevels{};  // by level: its first cell
-    StyleIdIndex m_rows;  // style ids with the same answers at all levels share a row; row 0 is for ids of no type
+    StyleIdIndex m_rows;  // style ids with the same answers at all levels share a row; row 0 is for ids without answers
     std::vector<Cell> m_cells;       // for each of m_levels a cell for each row
     std::vector<int> m_iconsHidden;  // the same cells of answers about icons
     std::vector<tagCustomStyle> m_styles;
