@@ -95,10 +95,40 @@ std::string mappingWithoutGrid() {
     return mappingText([](int type) { return std::vector{type == EMAPCUSTOMSTYLE_GRID ? -5 : 1000 + type}; });
 }
 
-TEST(Idle, IsNotAGridColourOfZero) {
-    EXPECT_THAT(idleOf(*loadedText(mappingWithoutGrid(), styleOf({rule("grid", "fill").color("#00000000")}))),
-                IsEmpty());
+struct SettingCase {
+    const char* name;
+    std::vector<RuleBuilder> rules;
+    std::vector<std::string> idle;
+};
+
+const RuleBuilder kHidesEveryIcon = rule("all", "icon").visibility("off");
+
+RuleBuilder gridOf(const char* color) {
+    return rule("grid", "fill").color(color);
 }
+
+// Colours without opacity are 0 in the store.
+const SettingCase kSettings[] = {
+    {"NotOfAGridColourOfZero", {gridOf("#00000000")}, {}},
+    {"NotOfAGridColourOfZeroAfterAnother", {gridOf("#111111"), gridOf("#00000000")}, {"1 color"}},
+    {"OfAWholeRuleThatRepeatsAGridColourOfZero",
+     {gridOf("#00000000"), rule("grid", "all").color("#00000000").visibility("off")},
+     {"2"}},
+    {"NotOfAGridColourThatReturns",
+     {gridOf("#111111"), gridOf("#222222"), rule("grid", "all").color("#111111").visibility("off")},
+     {"1 color", "2 color", "3 visibility"}},
+    {"OfEachRuleButTheFirstThatHidesEveryIcon",
+     {kHidesEveryIcon, kHidesEveryIcon, kHidesEveryIcon},
+     {"2 visibility", "3 visibility"}},
+};
+
+class IdleSetting : public testing::TestWithParam<SettingCase> {};
+
+TEST_P(IdleSetting, IsFound) {
+    EXPECT_EQ(idleOf(*loadedText(mappingWithoutGrid(), styleOf(GetParam().rules))), GetParam().idle);
+}
+
+INSTANTIATE_TEST_SUITE_P(Effects, IdleSetting, testing::ValuesIn(kSettings), caseName);
 
 TEST(Idle, IsAWholeRuleThatRepeatsTheGridColour) {
     EXPECT_THAT(
@@ -132,6 +162,16 @@ TEST(Proofs, TellTheLevelsOfAllTypesTogether) {
     EXPECT_EQ(levelsText(proofs.effects[1].effect.styles), "all levels");
 }
 
+// The last rule hides the geometry of the highway, whose icon is hidden already, and the icon of its label type.
+TEST(Proofs, TellOfIconsWhereStylesChangeToo) {
+    const auto study = loadedText(
+        testMapping(), styleOf({rule("highway", "icon").visibility("off"), rule("highway", "all").visibility("off")}));
+    const Proofs proofs = proveEffects(*study, {.details = true});
+    ASSERT_EQ(proofs.effects.size(), 2U);
+    EXPECT_EQ(levelsText(proofs.effects[1].effect.styles), "all levels");
+    EXPECT_EQ(levelsText(proofs.effects[1].effect.icons), "all levels");
+}
+
 TEST(Proofs, LeaveTheGlobalSwitchAsItWas) {
     g_zrsdk_custom_style_enable = 0;
     idleOf({rule("lake", "fill").color("#111111")});
@@ -156,6 +196,25 @@ std::unique_ptr<StyleStudy> iconShownByMany() {
     }
     rules.push_back(rule("poilabel", "icon").visibility("off").json());
     return loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));
+}
+
+using Progress = std::vector<std::pair<std::size_t, std::size_t>>;
+
+Progress progressOf(const StyleStudy& study) {
+    Progress progress;
+    proveEffects(study, {.progress = [&](std::size_t done, std::size_t all) { progress.emplace_back(done, all); }});
+    return progress;
+}
+
+TEST(Proofs, TellTheirProgress) {
+    const auto study = loadedText(
+        testMapping(), styleOf({rule("water", "fill").color("#222222"), rule("water", "fill").color("#111111")}));
+    EXPECT_EQ(progressOf(*study), (Progress{{1, 2}, {2, 2}}));
+}
+
+TEST(Proofs, TellNoProgressBeyondTheEnd) {
+    EXPECT_EQ(progressOf(*iconShownByMany()).back(), std::pair(std::size_t{5}, std::size_t{5}))
+        << "four of them are proven twice";
 }
 
 TEST(Proofs, KeepOneOfThoseThatCoverForEachOther) {
@@ -217,6 +276,12 @@ TEST(Proofs, LeaveOutNothingThatIsKept) {
     const Proofs proofs = proveEffects(*study, {.kept = {true, false}});
     ASSERT_EQ(proofs.effects.size(), 1U);
     EXPECT_EQ(proofs.effects[0].rule, 1U);
+}
+
+TEST(Proofs, FindAWholeRuleIdleBeforeOneThatIsKept) {
+    const auto study = loadedText(testMapping(), styleOf({rule("water", "fill").color("#111111").weight("3"),
+                                                          rule("water", "fill").color("#222222").weight("4")}));
+    EXPECT_THAT(idleOf(*study, {.kept = {false, false, true, true}}), ElementsAre("1"));
 }
 
 // ---- Full stores ----------------------------------------------------------------------------------------------------
@@ -298,6 +363,25 @@ TEST_P(FreedSlots, OfIdleRulesGo) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Proofs, FreedSlots, testing::ValuesIn(kFreedSlots), caseName);
+
+// No question finds the style ids of the water and the green. Rule 1242 takes the last slot, so that all rules make one
+// part.
+TEST(Proofs, KeepTheFirstRuleThatHidesEveryIconAmongOthersOfItsPart) {
+    std::vector<std::string> rules = rulesForAllSlotsButOne();
+    std::vector<bool> kept(rules.size(), true);
+    for (const RuleBuilder& each :
+         {kHidesEveryIcon, rule("water", "fill").color("#111111"), rule("water", "fill").weight("3"), kHidesEveryIcon,
+          rule("green", "fill").color("#222222")}) {
+        rules.push_back(each.json());
+        kept.push_back(false);
+    }
+    const std::string mapping =
+        mappingText([](int type) { return std::vector{type <= EMAPCUSTOMSTYLE_WATER ? -5 : 7}; });
+    const auto study = loadedText(mapping, fmt::format("[{}]", fmt::join(rules, ",")));
+    ASSERT_THAT(study->steps().back().refused, testing::SizeIs(1));
+    EXPECT_THAT(idleOf(*study, {.kept = kept}),
+                ElementsAre("1242 color", "1243 weight", "1244 visibility", "1245 color"));
+}
 
 TEST(Parts, HoldTheRulesThatShareRecords) {
     const auto study = loadedText(

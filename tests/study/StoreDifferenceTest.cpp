@@ -47,6 +47,12 @@ TEST(StoreDifference, OfEveryIconIsForEveryStyleId) {
     EXPECT_EQ(effect.styleIds, 145u) << "and one that the mapping does not list";
 }
 
+TEST(StoreDifference, OfEveryIconDoesNotHangOnTheGrid) {
+    const Effect effect = differenceOf({rule("grid", "fill").color("#112233")},
+                                       {rule("grid", "fill").color("#112233"), rule("all", "icon").visibility("off")});
+    EXPECT_EQ(levelsText(effect.icons), "all levels");
+}
+
 TEST(StoreDifference, OfTheBackgrounds) {
     const Effect land = differenceOf({}, {rule("land", "fill").color("#112233").level("5")});
     EXPECT_EQ(levelsText(land.land), "5");
