@@ -10,7 +10,7 @@ namespace {
 
 using namespace customstyle_tool;
 
-constexpr int kWater = 2;
+constexpr int kWaterType = _orvik_framework::EMAPCUSTOMSTYLE_WATER;
 
 TEST(FieldOfAnAnswer, IsNoneWhereNoTypeAnswers) {
     const auto config = loadedWith({rule("water", "fill").color("#112233")});
@@ -22,7 +22,7 @@ TEST(FieldOfAnAnswer, IsNoneWhereNoTypeAnswers) {
 
 TEST(FieldOfAnAnswer, IsNoneWhereNoRuleHasSetIt) {
     const auto config = loadedWith({rule("water", "fill").color("#112233")});
-    const Answer answer = ask(*config, static_cast<unsigned int>(firstStyleId(kWater)), 9);
+    const Answer answer = ask(*config, static_cast<unsigned int>(firstStyleId(kWaterType)), 9);
     EXPECT_EQ(fieldIn(answer, fieldIndex("fill")), 0xFF332211U);
     EXPECT_EQ(fieldIn(answer, fieldIndex("stroke")), std::nullopt);
     EXPECT_EQ(fieldIn(answer, kIconField), 0U);
