@@ -49,6 +49,7 @@ class Source:
         self.root = Statement(0, len(self.text))
         self.starts = {}  # where the statements of blocks begin, declarations too, with their block
         self.declarations = []  # outside of functions, with a value
+        self.declared = {}  # {fault: the one of them in which it is}
         self.checks = []  # (begin, end) of what the compiler has to compute: assertions, and functions that it can call
         self.unchecked = False  # then it computes none of that
         unit = Index.create().parse(str(path), args=compiler_arguments)
@@ -128,12 +129,9 @@ class Source:
                     return False
                 for first, last, cell in cells:
                     declaration.cells.setdefault((first, last), []).append((fault, cell))
+                self.declared[fault] = declaration
                 return True
         return False
-
-    def declared_with(self, fault):
-        """The faults in the same variable or member outside of functions; none for a fault within a function."""
-        return next((declaration.faults() for declaration in self.declarations if fault in declaration.faults()), set())
 
     def _change(self, fault):
         """The stretch of the source that a fault changes, without what stays the same around it."""
