@@ -1,5 +1,6 @@
 // What does loading cost against reading, parsing and deleting the same two files, and what does building a snapshot of
-// what was loaded? Small files, again and again in one process; LoadOnce answers for the large ones.
+// what was loaded? Are ids that are chosen to collide dearer than others? Small files, again and again in one process;
+// LoadOnce answers for the large ones.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -9,12 +10,14 @@
 
 #include "bench/support/Loading.h"
 #include "bench/support/MapFiles.h"
+#include "customstyle/PerfectIdIndex.h"
 #include "customstyle/StyleSnapshot.h"
 
 namespace {
 
 using namespace customstyle_bench;
 using _orvik_framework::CustomConfig;
+using _orvik_framework::PerfectIdIndex;
 using _orvik_framework::StyleSnapshot;
 
 // The files of one benchmark, removed with it.
@@ -78,6 +81,30 @@ void buildSnapshot(benchmark::State& state, const MapPaths& paths) {
     state.SetItemsProcessed(state.iterations());
 }
 
+// The hash that the index of ids tries first, which decides on an id's bucket.
+std::uint64_t firstHash(std::uint32_t id) {
+    const std::uint64_t spread = (id + std::uint64_t{1}) * 0x9E3779B97F4A7C15;
+    return (spread ^ spread >> 32) * 0xC2B2AE3D27D4EB4F;
+}
+
+// 10,000 ids in order of size: the first ones of which so many bits of the hash that choose a bucket are 0.
+std::vector<PerfectIdIndex::Entry> idsThatShare(unsigned int bucketBits) {
+    std::vector<PerfectIdIndex::Entry> entries;
+    for (std::uint32_t id = 0; entries.size() < 10000; ++id) {
+        if ((firstHash(id) >> 44) % (1u << bucketBits) == 0) entries.push_back({id, id});
+    }
+    return entries;
+}
+
+void indexIds(benchmark::State& state, unsigned int bucketBits) {
+    const auto entries = idsThatShare(bucketBits);
+    for (auto _ : state) {
+        const PerfectIdIndex index(entries);
+        benchmark::DoNotOptimize(&index);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+
 // Whether Init made what the mapping and the rules ask for.
 bool loadsAll(const Files& files, const Size& size) {
     CustomConfig config;
@@ -101,5 +128,8 @@ int main(int argc, char** argv) {
         benchmark::RegisterBenchmark((name + "/init").c_str(), loadByInit, paths);
         benchmark::RegisterBenchmark((name + "/snapshot").c_str(), buildSnapshot, paths);
     }
+    // An index of 10,000 ids has 2^12 buckets.
+    benchmark::RegisterBenchmark("index/any_ids", indexIds, 0u)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("index/chosen_ids", indexIds, 12u)->Unit(benchmark::kMillisecond);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -137,6 +137,8 @@ def build_rows(table, results):
     table.row("building the snapshot, time per id at 50,000 ids / at 5,000",
               [ratio / 10 for ratio in results.cost_ratios("LoadBench", "load/ids_50000/snapshot",
                                                            "load/ids_5000/snapshot")], 2)
+    table.row("indexing 10,000 ids that are chosen to collide / any ids",
+              results.cost_ratios("LoadBench", "index/chosen_ids", "index/any_ids"), 2)
 
 
 def thread_rows(table, results):

@@ -4,6 +4,12 @@
 #include <limits>
 
 namespace _orvik_framework {
+namespace {
+
+// Buckets that are filled by chance have far fewer ids; to try one that is filled on purpose takes seconds.
+constexpr std::size_t kFullestBucket = 64;
+
+}  // namespace
 
 PerfectIdIndex::PerfectIdIndex(std::span<const Entry> entries) {
     const std::size_t bucketCount = bucketsFor(entries.size());
@@ -24,7 +30,11 @@ PerfectIdIndex::PerfectIdIndex(std::span<const Entry> entries) {
 
 bool PerfectIdIndex::placeAll(std::span<const Entry> entries) {
     std::vector<std::vector<Entry>> buckets(m_displacements.size());
-    for (const Entry& entry : entries) buckets[bucketOf(hashOf(entry.id))].push_back(entry);
+    for (const Entry& entry : entries) {
+        std::vector<Entry>& bucket = buckets[bucketOf(hashOf(entry.id))];
+        bucket.push_back(entry);
+        if (bucket.size() > kFullestBucket) return false;
+    }
 
     std::vector<std::size_t> order(buckets.size());
     for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
