@@ -186,6 +186,19 @@ TEST(Proofs, EndWhenTheTimeIsUp) {
     EXPECT_EQ(proofs.unproven, 1U);
 }
 
+// The first three rules are without effect from the last to the first; the time is up when they are tried from the
+// first.
+TEST(Proofs, CallNothingIdleThatThereWasTimeToTryInOneOrderOnly) {
+    const auto study = loadedText(
+        testMapping(), styleOf({rule("water", "fill").color("#444444"), rule("water", "fill").color("#333333"),
+                                rule("water", "fill").color("#222222"), rule("water", "fill").color("#111111")}));
+    int asked = 0;
+    const Proofs proofs = proveEffects(*study, {.isTimeUp = [&] { return ++asked > 4; }});
+    EXPECT_EQ(proofs.unproven, 3U);
+    ASSERT_EQ(proofs.effects.size(), 1U);
+    EXPECT_EQ(proofs.effects[0].rule, 3U);
+}
+
 // One style id belongs to all types. Each of these rules draws nothing, but makes its type answer for the icon, and
 // shows it: without all of them the last rule hides it.
 std::unique_ptr<StyleStudy> iconShownByMany() {
@@ -256,16 +269,30 @@ const CoverCase kCovers[] = {
     {"InOnePart", "highway", "highway", "highwaylabel"},  // the first two rules address the label type, too
 };
 
-class Cover : public testing::TestWithParam<CoverCase> {};
+class Cover : public testing::TestWithParam<CoverCase> {
+protected:
+    static std::unique_ptr<StyleStudy> style() {
+        const auto& [name, firstType, secondType, hiddenType] = GetParam();
+        return loadedText(mappingText([](int) { return std::vector{7}; }),
+                          styleOf({rule(firstType, "labels.text.topsurface").color("#112233"),
+                                   rule(secondType, "labels.text.topsurface").color("#112233"),
+                                   rule(hiddenType, "icon").visibility("off"),
+                                   rule(hiddenType, "labels.text.topsurface").color("#112233")}));
+    }
+};
 
 TEST_P(Cover, IsNotIdleOnceTheOtherOneThatCoversIsLeftOut) {
-    const auto& [name, firstType, secondType, hiddenType] = GetParam();
-    const std::string style = styleOf({rule(firstType, "labels.text.topsurface").color("#112233"),
-                                       rule(secondType, "labels.text.topsurface").color("#112233"),
-                                       rule(hiddenType, "icon").visibility("off"),
-                                       rule(hiddenType, "labels.text.topsurface").color("#112233")});
-    EXPECT_THAT(idleOf(*loadedText(mappingText([](int) { return std::vector{7}; }), style)),
-                ElementsAre("1 color", "3 visibility"));
+    EXPECT_THAT(idleOf(*style()), ElementsAre("1 color", "3 visibility"));
+}
+
+TEST_P(Cover, IsNotIdleWhateverTimeThereIs) {
+    const auto study = style();
+    for (int limit = 0; limit < 20; ++limit) {
+        int asked = 0;
+        EXPECT_THAT(idleOf(*study, {.isTimeUp = [&] { return ++asked > limit; }}),
+                    testing::Not(testing::IsSupersetOf({"1 color", "2 color", "3 visibility"})))
+            << limit;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Proofs, Cover, testing::ValuesIn(kCovers), caseName);
@@ -497,7 +524,9 @@ void expectIdleOnesToGoOneByOneInBothOrders(const StyleStudy& study, const Proof
     const ComponentGuard guard;
     std::vector<std::vector<bool>> idle;
     for (const ProvenEffect& effect : proveEffects(study, options).effects) {
-        if (effect.isIdle) idle.push_back(stepsOf(study, effect));
+        const std::vector<bool> steps = stepsOf(study, effect);
+        EXPECT_EQ(effect.effect.any(), !isSameWithout(study, steps)) << study.source().text();
+        if (effect.isIdle) idle.push_back(steps);
     }
     for (const bool isReverse : {false, true}) {
         if (isReverse) std::ranges::reverse(idle);

@@ -283,12 +283,17 @@ private:
     }
 
     // Leaves out the idle works one after another, starting with the first rule. If one of them then changes an answer,
-    // it is never considered idle again.
+    // it is never considered idle again. If the time is up before the last one, none of them is proven.
     bool holdsForwards() {
         if (m_idle.size() < 3) return true;  // each alone, and both together, have been left out already
         startAgain();
         std::ranges::sort(m_idle);
         for (const auto& [begin, end] : m_idle) {
+            m_proof.watchTime();
+            if (m_proof.isStopped) {
+                forgetIdle();
+                return true;
+            }
             for (; m_position < begin; ++m_position) {
                 if (!m_works[m_position].isLeftOut) m_store.apply(m_works[m_position]);
             }
@@ -301,6 +306,11 @@ private:
             for (std::size_t i = begin; i < end; ++i) m_works[i].isLeftOut = true;
         }
         return true;
+    }
+
+    void forgetIdle() {
+        m_proofs.unproven += std::erase_if(m_proofs.effects, [](const ProvenEffect& each) { return each.isIdle; });
+        m_leavesDifference = false;
     }
 
     void startAgain() {
