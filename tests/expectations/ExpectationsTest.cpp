@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/study/LoadedText.h"
+#include "tests/support/Repeated.h"
 #include "tests/support/TestStore.h"
 #include "tools/expectations/Expectations.h"
 
@@ -205,9 +206,7 @@ TEST(ExpectationLines, AreReadOnBehindAProblem) {
 }
 
 TEST(FileOfProblems, IsNotReadToItsEnd) {
-    std::string text;
-    for (int i = 0; i < 1000; ++i) text += "lorem ipsum\n";
-    const SourceFile file("file", text + "water all none\n");
+    const SourceFile file("file", repeated("lorem ipsum\n", 1000) + "water all none\n");
     const ExpectationFile result = parsedFile(file);
     EXPECT_EQ(result.problems.size(), customstyle_tool::kMostProblems);
     EXPECT_TRUE(result.expectations.empty());

@@ -12,6 +12,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/OpenFiles.h"
 #include "tests/support/OrdinaryUser.h"
+#include "tests/support/Repeated.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/TestStore.h"
 
@@ -136,17 +137,6 @@ struct ContentCase {
     const char* ofStyle;    ///< and as the style; none where it loads
 };
 
-std::string nested(int depth, const std::string& open, const std::string& close) {
-    std::string text;
-    for (int i = 0; i < depth; ++i) text += open;
-    for (int i = 0; i < depth; ++i) text += close;
-    return text;
-}
-
-std::string nestedObjects(int depth) {
-    return nested(depth - 1, "{\"a\":", "").append("{}").append(std::string(static_cast<std::size_t>(depth) - 1, '}'));
-}
-
 const ContentCase kContents[] = {
     {"OneLetter", "x", kMappingNotJson, kStyleNotJson},
     {"OneBracket", "[", kMappingNotJson, kStyleNotJson},
@@ -170,10 +160,10 @@ const ContentCase kContents[] = {
     {"ANumberOfSixtyDigits", "[" + std::string(60, '9') + "]", kMappingRefused, kNoRule},
     {"AnExponentOfFiftyDigits", "[1e" + std::string(50, '9') + "]", kMappingRefused, kNoRule},
     {"NotANumber", "[NaN]", kMappingNotJson, kStyleNotJson},
-    {"Nested1000Lists", nested(1000, "[", "]"), kMappingRefused, kNoRule},
-    {"Nested1001Lists", nested(1001, "[", "]"), kMappingNotJson, kStyleNotJson},
-    {"Nested1000Objects", nestedObjects(1000), kMappingRefused, kNoRule},
-    {"Nested1001Objects", nestedObjects(1001), kMappingNotJson, kStyleNotJson},
+    {"Nested1000Lists", nested("[", "", "]", 1000), kMappingRefused, kNoRule},
+    {"Nested1001Lists", nested("[", "", "]", 1001), kMappingNotJson, kStyleNotJson},
+    {"Nested1000Objects", nested("{\"a\":", "{}", "}", 999), kMappingRefused, kNoRule},
+    {"Nested1001Objects", nested("{\"a\":", "{}", "}", 1000), kMappingNotJson, kStyleNotJson},
     {"NestedMillionLists", std::string(1000000, '['), kMappingNotJson, kStyleNotJson},
     {"MillionBlanks", std::string(1000000, ' '), kMappingNotJson, kStyleNotJson},
     {"MillionNuls", std::string(1000000, '\0'), kMappingNotJson, kStyleNotJson},
@@ -245,9 +235,8 @@ INSTANTIATE_TEST_SUITE_P(HostileFiles, StyleIdNumber,
 // ---- Very many rules ------------------------------------------------------------------------------------------------
 
 TEST_F(HostileFiles, TwoHundredThousandRulesAreReadToTheLastOne) {
-    std::string style = "[";
-    for (int i = 1; i < 200'000; ++i) style += "0,";
-    m_directory.write("style.json", style + rule("highway", "fill").color("#112233").json() + "]");
+    m_directory.write("style.json",
+                      "[" + repeated("0,", 199'999) + rule("highway", "fill").color("#112233").json() + "]");
     m_directory.write("CustomIndex", testMapping());
     std::size_t refused = 0;
     _orvik_vi::CVLog::SetSink([&](_orvik_vi::ELOGPRIORITY, const std::string&) { ++refused; });
@@ -259,9 +248,8 @@ TEST_F(HostileFiles, TwoHundredThousandRulesAreReadToTheLastOne) {
 }
 
 TEST_F(HostileFiles, AHundredThousandMembersOfOneRuleAreSearchedInOrder) {
-    std::string style = R"([{)";
-    for (int i = 0; i < 100000; ++i) style += "\"other\":0,";
-    style += R"("featureType":"highway","elementType":"fill","stylers":{"color":"#112233"}}])";
+    const std::string style = "[{" + repeated("\"other\":0,", 100'000) +
+                              R"("featureType":"highway","elementType":"fill","stylers":{"color":"#112233"}}])";
     CustomConfig config;
     config.ParseMappingConfig(parsed(testMapping()).get());
     config.ParseCustomConfig(parsed(style).get());

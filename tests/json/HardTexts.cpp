@@ -4,6 +4,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "tests/support/Repeated.h"
+
 namespace customstyle_test {
 namespace {
 
@@ -137,19 +139,8 @@ void addBlock(std::vector<std::string>& texts, std::string_view block) {
     }
 }
 
-std::string repeated(std::string_view part, std::size_t times) {
-    std::string text;
-    text.reserve(part.size() * times);
-    for (std::size_t i = 0; i < times; ++i) text += part;
-    return text;
-}
-
 std::string listOf(std::string_view elements) {
     return std::string("[").append(elements).append("]");
-}
-
-std::string nested(std::string_view opening, std::string_view inside, std::string_view closing, std::size_t depth) {
-    return repeated(opening, depth) + std::string(inside) + repeated(closing, depth);
 }
 
 void addDeepTexts(std::vector<std::string>& texts) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/support/CaseName.h"
+#include "tests/support/Repeated.h"
 #include "tools/json/LineIndex.h"
 
 namespace customstyle_test {
@@ -53,8 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
     caseName);
 
 TEST(LineIndex, ColumnsInVeryLongLinesAreCountedToo) {
-    std::string text = "first\n";
-    for (int i = 0; i < 10'000; ++i) text += "a\xC3\xA9";
+    const std::string text = "first\n" + repeated("a\xC3\xA9", 10'000);
     const LineIndex lines(text);
     for (std::size_t character = 0; character <= 20'000; character += 25) {
         const std::size_t bytes = character / 2 * 3 + character % 2;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/Repeated.h"
 #include "tools/json/JsonDocument.h"
 
 namespace customstyle_test {
@@ -80,9 +81,7 @@ TEST(Recovery, IsOfAListOnly) {
 }
 
 TEST(Recovery, EndsAfterManyErrors) {
-    std::string text = "[";
-    for (int i = 0; i < 1000; ++i) text += "{\"a\" 1},\n";
-    EXPECT_LE(readJson(text).errors.size(), 101U);
+    EXPECT_LE(readJson("[" + repeated("{\"a\" 1},\n", 1000)).errors.size(), 101U);
 }
 
 }  // namespace

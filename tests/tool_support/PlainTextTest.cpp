@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tests/support/CaseName.h"
+#include "tests/support/Repeated.h"
 #include "tools/support/PlainText.h"
 
 namespace customstyle_test {
@@ -130,30 +131,24 @@ TEST_P(ExcerptOf, ShowsThePlace) {
     EXPECT_EQ(excerpt.carets, GetParam().carets);
 }
 
-std::string times(std::size_t count, std::string_view text) {
-    std::string all;
-    for (std::size_t i = 0; i < count; ++i) all += text;
-    return all;
-}
-
 INSTANTIATE_TEST_SUITE_P(
     Lines, ExcerptOf,
     testing::Values(ExcerptCase{"ATabTakesAColumn", "\tx", 1, 2, " x", " ^"},
                     ExcerptCase{"AnEscapedByteTakesFour", "\x80x", 1, 2, "\\x80x", "    ^"},
-                    ExcerptCase{"UpTo120ColumnsAreShown", times(120, "a"), 0, 1, times(120, "a"), "^"},
-                    ExcerptCase{"LongerLinesAreCut", times(121, "a"), 0, 1, times(120, "a") + "...", "^"},
-                    ExcerptCase{"TheByteBeforeTheExcerptIsDots", times(130, "a"), 51, 52,
-                                "..." + times(120, "a") + "...", times(53, " ") + "^"},
-                    ExcerptCase{"ItBeginsWithAWholeCharacter", "\xC3\xA9" + times(200, "a"), 51, 52,
-                                "..." + times(120, "a") + "...", times(52, " ") + "^"},
-                    ExcerptCase{"ThePlaceMayBeTheLastColumn", times(119, "a") + "X", 119, 120, times(119, "a") + "X",
-                                times(119, " ") + "^"},
-                    ExcerptCase{"EscapesDoNotPushThePlaceOut", times(30, "\xFF") + "X", 30, 31,
-                                "..." + times(12, "\\xff") + "X", times(3 + 12 * 4, " ") + "^"},
-                    ExcerptCase{"FiftyColumnsAreLeftBeforeThePlace", times(30, "\xFF") + "abX", 32, 33,
-                                "..." + times(12, "\\xff") + "abX", times(3 + 50, " ") + "^"},
-                    ExcerptCase{"ItBeginsAtThePlaceAtTheLatest", times(200, "\x80"), 60, 61,
-                                "..." + times(30, "\\x80") + "...", "   ^^^^"}),
+                    ExcerptCase{"UpTo120ColumnsAreShown", repeated("a", 120), 0, 1, repeated("a", 120), "^"},
+                    ExcerptCase{"LongerLinesAreCut", repeated("a", 121), 0, 1, repeated("a", 120) + "...", "^"},
+                    ExcerptCase{"TheByteBeforeTheExcerptIsDots", repeated("a", 130), 51, 52,
+                                "..." + repeated("a", 120) + "...", repeated(" ", 53) + "^"},
+                    ExcerptCase{"ItBeginsWithAWholeCharacter", "\xC3\xA9" + repeated("a", 200), 51, 52,
+                                "..." + repeated("a", 120) + "...", repeated(" ", 52) + "^"},
+                    ExcerptCase{"ThePlaceMayBeTheLastColumn", repeated("a", 119) + "X", 119, 120,
+                                repeated("a", 119) + "X", repeated(" ", 119) + "^"},
+                    ExcerptCase{"EscapesDoNotPushThePlaceOut", repeated("\xFF", 30) + "X", 30, 31,
+                                "..." + repeated("\\xff", 12) + "X", repeated(" ", 3 + 12 * 4) + "^"},
+                    ExcerptCase{"FiftyColumnsAreLeftBeforeThePlace", repeated("\xFF", 30) + "abX", 32, 33,
+                                "..." + repeated("\\xff", 12) + "abX", repeated(" ", 3 + 50) + "^"},
+                    ExcerptCase{"ItBeginsAtThePlaceAtTheLatest", repeated("\x80", 200), 60, 61,
+                                "..." + repeated("\\x80", 30) + "...", "   ^^^^"}),
     caseName);
 
 struct WideCase {

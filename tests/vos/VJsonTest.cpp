@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/Repeated.h"
 #include "tests/support/StyleBuilder.h"
 #include "vi/vos/VJson.h"
 
@@ -87,30 +88,22 @@ TEST(VJson, NothingIsReadBeyondTheLength) {
     EXPECT_EQ(number->valueint, 12);
 }
 
-std::string nested(int depth, std::string_view open, std::string_view innermost, char close) {
-    std::string text;
-    for (int i = 0; i < depth; ++i) text += open;
-    return text + std::string(innermost) + std::string(static_cast<std::size_t>(depth), close);
-}
-
 TEST(VJson, ArraysNest1000Deep) {
-    EXPECT_NE(parsedExactly(nested(1000, "[", "", ']')), nullptr);
-    EXPECT_EQ(parsedExactly(nested(1001, "[", "", ']')), nullptr);
+    EXPECT_NE(parsedExactly(nested("[", "", "]", 1000)), nullptr);
+    EXPECT_EQ(parsedExactly(nested("[", "", "]", 1001)), nullptr);
 }
 
 TEST(VJson, ObjectsNest1000Deep) {
-    EXPECT_NE(parsedExactly(nested(1000, "{\"a\":", "1", '}')), nullptr);
-    EXPECT_EQ(parsedExactly(nested(1001, "{\"a\":", "1", '}')), nullptr);
+    EXPECT_NE(parsedExactly(nested("{\"a\":", "1", "}", 1000)), nullptr);
+    EXPECT_EQ(parsedExactly(nested("{\"a\":", "1", "}", 1001)), nullptr);
 }
 
 TEST(VJson, FarTooDeepNestingIsRefusedWithoutACrash) {
-    EXPECT_EQ(parsedExactly(nested(1'000'000, "[", "", ']')), nullptr);
+    EXPECT_EQ(parsedExactly(nested("[", "", "]", 1'000'000)), nullptr);
 }
 
 TEST(VJson, NeighboursDoNotAddToTheDepth) {
-    std::string text = "[[]";
-    for (int i = 0; i < 2000; ++i) text += ",[]";
-    EXPECT_NE(parsedExactly(text + "]"), nullptr);
+    EXPECT_NE(parsedExactly("[[]" + repeated(",[]", 2000) + "]"), nullptr);
 }
 
 TEST(VJson, MembersAreFoundWithoutRegardToLetterCase) {
