@@ -549,4 +549,4 @@ class Flood(StudioTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(failfast="FAIL_FAST" in os.environ)
