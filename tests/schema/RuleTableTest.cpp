@@ -24,6 +24,17 @@ TEST(TypeGroups, HoldEveryTypeOnce) {
     EXPECT_EQ(std::ranges::adjacent_find(names), names.end());
 }
 
+TEST(TypeGroups, AreAllDifferent) {
+    for (std::size_t i = 1; i < allGroups().size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            const TypeGroup& group = allGroups()[i];
+            const TypeGroup& other = allGroups()[j];
+            EXPECT_FALSE(group.columns == other.columns && group.ignoresAlpha == other.ignoresAlpha)
+                << group.names.front() << ' ' << other.names.front();
+        }
+    }
+}
+
 TEST(TypeGroups, SetBoundariesApartByTheirAlpha) {
     for (const TypeGroup& group : allGroups()) {
         EXPECT_EQ(group.ignoresAlpha, group.names == std::vector<std::string>{"boundary"});
