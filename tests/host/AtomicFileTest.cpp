@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -120,8 +121,20 @@ TEST(WriteWhole, GivesUpOnLinksInACircle) {
     const TemporaryDirectory directory;
     fs::create_symlink("second", directory.path() / "first");
     fs::create_symlink("first", directory.path() / "second");
-    EXPECT_THAT(writeWhole((directory.path() / "first").string(), "x"), Optional(HasSubstr("cannot be written")));
+    EXPECT_THAT(writeWhole((directory.path() / "first").string(), "x"),
+                Optional(HasSubstr("cannot be written: Too many levels of symbolic links")));
     EXPECT_EQ(filesIn(directory.path()), 2);
+}
+
+// What a program with the same id left when it was killed.
+TEST(WriteWhole, TakesAnotherNameWhereADraftIsLeft) {
+    const TemporaryDirectory directory;
+    const std::string path = directory.write("old.json", "old");
+    for (int i = 0; i < 3; ++i)
+        directory.write(".old.json." + std::to_string(getpid()) + "-" + std::to_string(i), "left");
+    EXPECT_EQ(writeWhole(path, "new"), std::nullopt);
+    EXPECT_EQ(contentOf(path), "new");
+    EXPECT_EQ(filesIn(directory.path()), 4);
 }
 
 // A file size limit makes the disk look full.
@@ -154,6 +167,24 @@ TEST(WriteWhole, KeepsTheOldFileWhenTheNewOneDoesNotFit) {
     }
     EXPECT_THAT(problem, Optional(HasSubstr("cannot be written: File too large")));
     EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(filesIn(directory.path()), 1);
+}
+
+// The draft is the process's descriptor 0 then.
+TEST(WriteWhole, WorksWithoutAStandardInput) {
+    const TemporaryDirectory directory;
+    const std::string path = directory.write("old.json", "old");
+    const int input = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    const bool isKept = writeWhole(path, "new", [] { return false; }).has_value() && contentOf(path) == "old";
+    const std::ptrdiff_t left = filesIn(directory.path());
+    const std::optional<std::string> problem = writeWhole(path, "new");
+    dup2(input, STDIN_FILENO);
+    close(input);
+    EXPECT_TRUE(isKept);
+    EXPECT_EQ(left, 1);
+    EXPECT_EQ(problem, std::nullopt);
+    EXPECT_EQ(contentOf(path), "new");
     EXPECT_EQ(filesIn(directory.path()), 1);
 }
 
