@@ -27,12 +27,12 @@ struct Written {
     const char* stylers;
 };
 
-CheckedFile checked(const std::vector<Written>& rules, std::string_view mapping = {}) {
+CheckedFile checked(const std::vector<Written>& rules, std::string_view mapping = {}, bool effects = false) {
     std::string text = "[";
     for (const auto& [featureType, elementType, stylers] : rules) {
         text += (text.size() > 1 ? ",\n" : "") + ruleText(featureType, elementType, stylers);
     }
-    return checkedStyle(text + "]", mapping);
+    return checkedStyle(text + "]", mapping, effects);
 }
 
 // "1 no-effect: message", in the order of the findings.
@@ -42,6 +42,37 @@ std::vector<std::string> saidOf(const CheckedFile& file) {
         said.push_back(fmt::format("{} {}: {}", *finding.rule + 1, infoOf(finding.code).name, finding.message));
     }
     return said;
+}
+
+std::string mappingWith(std::initializer_list<std::pair<const char*, std::vector<int>>> lists) {
+    return mappingText([&](int featureType) {
+        for (const auto& [name, ids] : lists) {
+            if (catalogue().GetFeatureTypeName(featureType) == name) return ids;
+        }
+        return std::vector<int>();
+    });
+}
+
+// ---- All that is said about a style ---------------------------------------------------------------------------------
+
+struct SaidCase {
+    const char* name;
+    std::vector<Written> rules;
+    std::vector<std::string> said;
+};
+
+void PrintTo(const SaidCase& each, std::ostream* out) {
+    *out << each.name;
+}
+
+std::string saidCaseName(const testing::TestParamInfo<SaidCase>& each) {
+    return each.param.name;
+}
+
+class AllThatIsSaid : public testing::TestWithParam<SaidCase> {};
+
+TEST_P(AllThatIsSaid, IsThis) {
+    EXPECT_EQ(saidOf(checked(GetParam().rules)), GetParam().said);
 }
 
 // ---- What can go ----------------------------------------------------------------------------------------------------
@@ -68,15 +99,8 @@ TEST(WhatCanGo, IsARuleThatWritesWhatNoRuleHasSet) {
         ElementsAre("2 no-effect: the rule has no effect on the map: it writes what is already there"));
 }
 
-// A rule for "all" takes a slot; where all are taken, that one would go to a rule that is refused.
-TEST(WhatCanGo, LeavesTheSlotsOfAFullStoreAsTheyAre) {
-    const auto isRemovable = [](const std::string& rules) {
-        const CheckedFile file =
-            checkedStyle("[" + ruleText("all", "geometry", R"({"color": "#112233"})") + rules + "]");
-        const auto found = std::ranges::find(file.findings, Code::AllReachesNothing, &Finding::code);
-        EXPECT_NE(found, file.findings.end());
-        return found != file.findings.end() && found->canGo;
-    };
+// A rule for each type and level: more than the store has slots.
+std::string rulesForEverySlot() {
     std::string rules;
     for (int level = 4; level <= 21; ++level) {
         for (int type = 0; type < 72; ++type) {
@@ -85,8 +109,29 @@ TEST(WhatCanGo, LeavesTheSlotsOfAFullStoreAsTheyAre) {
                                  fmt::format(R"({{"color": "#{:06x}", "level": "{}"}})", 100 * type + level, level));
         }
     }
-    EXPECT_TRUE(isRemovable(""));
-    EXPECT_FALSE(isRemovable(rules));
+    return rules;
+}
+
+// A rule for "all" takes a slot; where all are taken, that one would go to a rule that is refused. Of the last rule one
+// half is there already, and the other half finds no slot.
+TEST(WhatCanGo, LeavesTheSlotsOfAFullStoreAsTheyAre) {
+    const std::string forAll = ruleText("all", "geometry", R"({"color": "#112233"})");
+    const CheckedFile alone = checkedStyle("[" + forAll + "]");
+    ASSERT_EQ(alone.findings.size(), 1U);
+    EXPECT_TRUE(alone.findings[0].canGo);
+
+    const CheckedFile file =
+        checkedStyle("[" + forAll + ",\n" + ruleText("highway", "geometry.fill", R"({"color": "#112233"})") +
+                     rulesForEverySlot() + ",\n" + ruleText("highway", "labels.fill", R"({"color": "#112233"})") + "]");
+    EXPECT_EQ(file.findings[0].code, Code::AllReachesNothing);
+    EXPECT_FALSE(file.findings[0].canGo);
+    const std::string dropped =
+        "dropped: the file needs 1281 style keys, 40 more than the store holds, and none is left for ";
+    EXPECT_EQ(messagesOf(file, Code::SlotsExceeded).front(), dropped + "\"nationalwaysign\" at level 21");
+    const std::vector<std::string> said = saidOf(file);
+    EXPECT_THAT(said, testing::Not(testing::Contains(testing::StartsWith("1299 no-effect"))));
+    EXPECT_EQ(said.back(), "1299 slots-exceeded: " + dropped + "\"highwaylabel\" at all levels");
+    EXPECT_FALSE(file.findings.back().canGo);
 }
 
 // Without the third rule the second shows, and so the third can only go after it.
@@ -142,16 +187,43 @@ TEST_P(RandomAdvice, LeavesEveryAnswerAsItIsWhenAllOfItIsFollowed) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomAdvice, testing::Range(0U, 40U));
 
-// ---- Who answers instead --------------------------------------------------------------------------------------------
+// ---- Why a rule has no effect ---------------------------------------------------------------------------------------
 
-std::string mappingWith(std::initializer_list<std::pair<const char*, std::vector<int>>> lists) {
-    return mappingText([&](int featureType) {
-        for (const auto& [name, ids] : lists) {
-            if (catalogue().GetFeatureTypeName(featureType) == name) return ids;
-        }
-        return std::vector<int>();
-    });
+// The last rule starts over from the style for all levels, which looks the same: it overwrites nothing of the second.
+TEST(Reasons, AreNotMadeUp) {
+    EXPECT_THAT(saidOf(checked({{"water", "geometry.fill", R"({"color": "#112233"})"},
+                                {"water", "geometry.fill", R"({"color": "#112233", "level": "10"})"},
+                                {"water", "geometry.stroke", R"({"color": "#445566", "level": "10"})"}})),
+                ElementsAre("2 no-effect: the rule has no effect on the map"));
 }
+
+// The last rule says the same of the fill as the second, and starts the stroke over.
+TEST(Reasons, CountOnlyWhatIsWrittenAgain) {
+    EXPECT_THAT(saidOf(checked({{"water", "geometry", R"({"color": "#112233"})"},
+                                {"water", "geometry", R"({"color": "#112233", "level": "10"})"},
+                                {"water", "geometry.fill", R"({"color": "#112233", "level": "10"})"}})),
+                ElementsAre("2 no-effect: the rule has no effect on the map",
+                            "3 no-effect: the rule has no effect on the map: it says the same as rule 2"));
+}
+
+TEST(Reasons, AreTheSameForAGridWithoutStyleIds) {
+    EXPECT_THAT(saidOf(checked({{"grid", "geometry.fill", R"({"color": "#112233"})"},
+                                {"grid", "geometry.fill", R"({"color": "#445566"})"}},
+                               mappingWith({}))),
+                ElementsAre("1 no-effect: the rule has no effect on the map: rule 2 overwrites all that it writes"));
+}
+
+TEST(Reasons, AreThatTheMappingListsNothingWhateverTheStyler) {
+    EXPECT_THAT(
+        saidOf(
+            checked({{"poilabel", "labels.icon", R"({"visibility": "on"})"}, {"all", "all", R"({"visibility": "on"})"}},
+                    mappingWith({}))),
+        ElementsAre("1 type-without-ids: the mapping lists no style id that the rule could reach for "
+                    "\"poilabel\"; nothing changes",
+                    "2 all-reaches-nothing: \"all\" does not mean the other types; nothing on the map changes"));
+}
+
+// ---- Who answers instead --------------------------------------------------------------------------------------------
 
 TEST(SharedIds, AreToldForEachTypeThatAnswersWithItsLevels) {
     const std::string mapping = mappingWith({{"water", {1, 2}}, {"green", {1}}, {"land", {2}}});
@@ -162,6 +234,17 @@ TEST(SharedIds, AreToldForEachTypeThatAnswersWithItsLevels) {
     EXPECT_THAT(messagesOf(file, Code::SharedIdsLost),
                 ElementsAre("style ids that \"water\" shares with \"green\", such as 1, follow \"green\" at level 12",
                             "style ids that \"water\" shares with \"land\", such as 2, follow \"land\" at all levels"));
+}
+
+// Of two parents the first gives a style id its style, and each of them can hide its icon.
+TEST(SharedIds, LetARuleChangeIconsOnly) {
+    const CheckedFile file = checked({{"manmade", "geometry.fill", R"({"color": "#3366cc"})"},
+                                      {"poilabel", "icon", R"({"visibility": "off"})"},
+                                      {"poilabel", "icon", R"({"visibility": "on", "level": "12"})"}},
+                                     mappingWith({{"manmade", {1}}, {"poilabel", {1}}}), true);
+    EXPECT_THAT(messagesOf(file, Code::PartialEffect),
+                ElementsAre("the rule has an effect only at levels 4-11, 13-21, other on icons",
+                            "the rule has an effect only on icons"));
 }
 
 // ---- Who is to blame ------------------------------------------------------------------------------------------------
@@ -192,6 +275,15 @@ TEST(Culprits, AreAllNamed) {
         ElementsAre("1 no-effect: the rule has no effect on the map: rules 2 and 3 overwrite all that it writes"));
 }
 
+TEST(Culprits, AreRulesFirstAndThenStylers) {
+    EXPECT_THAT(saidOf(checked({{"water", "geometry", R"({"color": "#445566"})"},
+                                {"water", "geometry.fill", R"({"color": "#112233"})"},
+                                {"water", "geometry.stroke", R"({"color": "#112233"})"},
+                                {"water", "geometry.topsurface", R"({"color": "#112233", "visibility": "on"})"}})),
+                testing::Contains("1 no-effect: the rule has no effect on the map: rules 2 and 3, and the color of "
+                                  "rule 4 overwrite all that it writes"));
+}
+
 TEST(Victims, NameWhatHidesThemAndItNamesThem) {
     const CheckedFile file = checked({{"highwaylabel", "labels.text.fill", R"({"color": "#112233"})"},
                                       {"highwaylabel", "labels.text.stroke", R"({"color": "#445566"})"},
@@ -210,6 +302,28 @@ TEST(Victims, NameWhatHidesThemAndItNamesThem) {
     EXPECT_EQ(file.findings[3].related.size(), 3U);
 }
 
+// A record for one level lives on where that for all levels is hidden, and the other way round.
+INSTANTIATE_TEST_SUITE_P(
+    HiddenLevels, AllThatIsSaid,
+    testing::Values(
+        SaidCase{"AllButOne",
+                 {{"highwaylabel", "labels.text.fill", R"({"color": "#112233"})"},
+                  {"highwaylabel", "labels.text.topsurface", R"({"color": "#112233"})"},
+                  {"highwaylabel", "labels.text.fill", R"({"color": "#445566", "level": "9"})"},
+                  {"city", "labels.text.fill", R"({"color": "#112233", "level": "7"})"}},
+                 {"1 hidden-by-rule: the text fill that it gives \"highwaylabel\" is not drawn at levels 4-8, 10-21, "
+                  "other: rule 2 disables it",
+                  "2 element-matches-nothing: labels of \"highwaylabel\" have no such element: nothing is written, and "
+                  "this hides what rule 1 set"}},
+        SaidCase{"One",
+                 {{"highwaylabel", "labels.text.fill", R"({"color": "#112233", "level": "9"})"},
+                  {"highwaylabel", "labels.text.topsurface", R"({"color": "#112233", "level": "9"})"}},
+                 {"1 hidden-by-rule: the text fill that it gives \"highwaylabel\" is not drawn at level 9: rule 2 "
+                  "disables it",
+                  "2 element-matches-nothing: labels of \"highwaylabel\" have no such element: nothing is written, and "
+                  "this hides what rule 1 set"}}),
+    saidCaseName);
+
 TEST(Victims, AreNoneWhereALaterRuleBringsThemBack) {
     EXPECT_THAT(saidOf(checked({{"town", "labels.text.fill", R"({"color": "#112233"})"},
                                 {"town", "labels.text.topsurface", R"({"color": "#112233"})"},
@@ -219,51 +333,58 @@ TEST(Victims, AreNoneWhereALaterRuleBringsThemBack) {
 
 // ---- Backgrounds ----------------------------------------------------------------------------------------------------
 
-struct BackgroundCase {
-    const char* name;
-    std::vector<Written> rules;
-    std::vector<std::string> said;
-};
-
-void PrintTo(const BackgroundCase& background, std::ostream* out) {
-    *out << background.name;
-}
-
-class Background : public testing::TestWithParam<BackgroundCase> {};
-
-TEST_P(Background, IsToldOf) {
-    EXPECT_EQ(saidOf(checked(GetParam().rules)), GetParam().said);
-}
-
 const std::string kNoFill =
     "land-invisible: the land's background becomes #000000 alpha 00 (invisible) at all levels: the land is customised, "
     "and no rule gives it a fill";
 
 INSTANTIATE_TEST_SUITE_P(
-    Rules, Background,
+    Backgrounds, AllThatIsSaid,
     testing::Values(
-        BackgroundCase{"Weight", {{"land", "geometry", R"({"weight": "3"})"}}, {"1 " + kNoFill}},
-        BackgroundCase{"IconOn", {{"land", "icon", R"({"visibility": "on"})"}}, {"1 " + kNoFill}},
-        BackgroundCase{"AllOn", {{"land", "all", R"({"visibility": "on"})"}}, {"1 " + kNoFill}},
-        BackgroundCase{"TopSurface", {{"land", "geometry.topsurface", R"({"color": "#112233"})"}}, {"1 " + kNoFill}},
-        BackgroundCase{
-            "Filled",
-            {{"land", "geometry", R"({"weight": "3"})"}, {"land", "geometry.fill", R"({"color": "#112233"})"}},
-            {}},
-        BackgroundCase{"Off",
-                       {{"land", "geometry", R"({"visibility": "off"})"}},
-                       {"1 land-hidden: the land's background becomes #000000 alpha 00 (invisible) at all levels"}},
-        BackgroundCase{"AtOneLevel",
-                       {{"land", "geometry", R"({"weight": "3", "level": "9"})"}},
-                       {"1 land-invisible: the land's background becomes #000000 alpha 00 (invisible) at level 9: the "
-                        "land is customised, and no rule gives it a fill"}},
-        BackgroundCase{"GridGeometry",
-                       {{"grid", "geometry", R"({"color": "#112233"})"}},
-                       {"1 grid-unchanged: the grid's background stays as it is"}},
-        BackgroundCase{"GridGeometryAfterAColour",
-                       {{"grid", "all", R"({"color": "#445566"})"}, {"grid", "geometry", R"({"color": "#112233"})"}},
-                       {"2 grid-unchanged: the grid's background stays #445566 alpha ff"}}),
-    [](const testing::TestParamInfo<BackgroundCase>& each) { return each.param.name; });
+        SaidCase{"Weight", {{"land", "geometry", R"({"weight": "3"})"}}, {"1 " + kNoFill}},
+        SaidCase{"IconOn", {{"land", "icon", R"({"visibility": "on"})"}}, {"1 " + kNoFill}},
+        SaidCase{"AllOn", {{"land", "all", R"({"visibility": "on"})"}}, {"1 " + kNoFill}},
+        SaidCase{"TopSurface", {{"land", "geometry.topsurface", R"({"color": "#112233"})"}}, {"1 " + kNoFill}},
+        SaidCase{"Filled",
+                 {{"land", "geometry", R"({"weight": "3"})"}, {"land", "geometry.fill", R"({"color": "#112233"})"}},
+                 {}},
+        SaidCase{"Off",
+                 {{"land", "geometry", R"({"visibility": "off"})"}},
+                 {"1 land-hidden: the land's background becomes #000000 alpha 00 (invisible) at all levels"}},
+        SaidCase{"AtOneLevel",
+                 {{"land", "geometry", R"({"weight": "3", "level": "9"})"}},
+                 {"1 land-invisible: the land's background becomes #000000 alpha 00 (invisible) at level 9: the "
+                  "land is customised, and no rule gives it a fill"}},
+        SaidCase{"GridGeometry",
+                 {{"grid", "geometry", R"({"color": "#112233"})"}},
+                 {"1 grid-unchanged: the grid's background stays as it is"}},
+        SaidCase{"GridGeometryAfterAColour",
+                 {{"grid", "all", R"({"color": "#445566"})"}, {"grid", "geometry", R"({"color": "#112233"})"}},
+                 {"2 grid-unchanged: the grid's background stays #445566 alpha ff"}},
+        SaidCase{"GridLevel",
+                 {{"grid", "geometry.fill", R"({"color": "#112233", "level": "9"})"}},
+                 {"1 grid-level-lost: the grid has one colour for all levels; the level is lost"}}),
+    saidCaseName);
+
+// ---- What "on" brings back ------------------------------------------------------------------------------------------
+
+const std::string kNotRestored =
+    " on-restores-no-color: the icons show again; what \"off\" made transparent stays transparent";
+
+INSTANTIATE_TEST_SUITE_P(
+    Restoring, AllThatIsSaid,
+    testing::Values(
+        SaidCase{"AllAfterOff",
+                 {{"city", "all", R"({"visibility": "off"})"}, {"city", "all", R"({"visibility": "on"})"}},
+                 {"2" + kNotRestored}},
+        SaidCase{"IconsAlone",
+                 {{"highway", "all", R"({"visibility": "off"})"}, {"highway", "icon", R"({"visibility": "on"})"}},
+                 {}},
+        SaidCase{"ColoursThatCameBack",
+                 {{"city", "labels", R"({"visibility": "off"})"},
+                  {"city", "labels", R"({"color": "#112233"})"},
+                  {"city", "labels", R"({"visibility": "on"})"}},
+                 {"1 no-effect: the rule has no effect on the map: rules 2 and 3 overwrite all that it writes"}}),
+    saidCaseName);
 
 // ---- False alarms ---------------------------------------------------------------------------------------------------
 

@@ -70,6 +70,21 @@ TEST(MappingCheck, NamesTheTypeThatAnswersForASharedStyleId) {
                     HasSubstr(R"("water" and "manmade" share 1 style id (1004); if both customise one, "water")")));
 }
 
+TEST(MappingCheck, CountsASharedStyleIdOnceHoweverOftenItIsListed) {
+    const CheckedFile checked = checkedMapping(mappingWith("water", "[1001, 1001, 1002]"));
+    EXPECT_THAT(messagesOf(checked, Code::MappingIdShared),
+                ElementsAre(HasSubstr(R"("green" and "water" share 1 style id (1001); if)")));
+}
+
+TEST(MappingCheck, NamesFiveSharedStyleIdsAndCountsTheRest) {
+    const std::string shared = "[1, 2, 3, 4, 5, 6, 7]";
+    const CheckedFile checked = checkedMapping(mappingWith("water", shared, mappingWith("green", shared)));
+    EXPECT_THAT(
+        messagesOf(checked, Code::MappingIdShared),
+        ElementsAre(R"("green" and "water" share 7 style ids (1, 2, 3, 4, 5 and 2 others); if both customise one, )"
+                    R"("green" answers)"));
+}
+
 TEST(MappingCheck, LetsAParentAnswerLastWhateverItsPlace) {
     const CheckedFile checked = checkedMapping(mappingWith("education", "[1004]"));
     EXPECT_THAT(messagesOf(checked, Code::MappingIdShared), ElementsAre(HasSubstr(R"(one, "education" answers)")));

@@ -157,7 +157,12 @@ INSTANTIATE_TEST_SUITE_P(
                  {R"(element-unusual: "label.text.fill")"}},
         RuleCase{"AllOnLabelTypesIsFine", "highwaylabel", "all", R"({"color": "#3366cc"})", {}},
         RuleCase{
-            "OnForNothing", "land", "labels", R"({"visibility": "on"})", {R"(nothing-reached: "visibility": "on")"}}),
+            "OnForNothing", "land", "labels", R"({"visibility": "on"})", {R"(nothing-reached: "visibility": "on")"}},
+        RuleCase{"OnForNothingByAnUnusualPath",
+                 "land",
+                 "names.labels",
+                 R"({"visibility": "on"})",
+                 {R"(nothing-reached: "visibility": "on")"}}),
     caseName);
 
 // The component does not get as far as the stylers.

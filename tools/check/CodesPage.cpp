@@ -9,8 +9,10 @@ namespace {
 constexpr std::size_t kWidth = 98;
 constexpr std::size_t kMargin = 2;
 
-std::string capitalised(std::string text) {
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+// A severity consists of small letters.
+std::string capitalisedName(Severity severity) {
+    std::string text(severityName(severity));
+    text[0] = static_cast<char>(text[0] - 'a' + 'A');
     return text;
 }
 
@@ -38,9 +40,8 @@ std::string sectionMarkdown(Trait file, const char* title) {
 }  // namespace
 
 std::string codeMarkdown(const CodeInfo& info) {
-    std::string text =
-        fmt::format("*{}*: {}.\n\n{}\n\nRemedy: {}.\n", capitalised(std::string(severityName(info.severity))),
-                    info.title, info.explanation, info.remedy);
+    std::string text = fmt::format("*{}*: {}.\n\n{}\n\nRemedy: {}.\n", capitalisedName(info.severity), info.title,
+                                   info.explanation, info.remedy);
     const std::string example = shownExample(info);
     if (!example.empty()) text += fmt::format("\n```\n{}\n```\n", example);
     return text;

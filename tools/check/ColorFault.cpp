@@ -89,7 +89,7 @@ std::string colorOfFunction(std::string_view text) {
         if (error != std::errc() || channel > 255) return "";
         digits += fmt::format("{:02x}", channel);
         rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
-        if (rest.empty() || (rest.front() != ',' && rest != ")")) return "";
+        if (!rest.starts_with(',') && rest != ")") return "";
         rest.remove_prefix(1);
     }
     return digits.size() == kColorDigits ? quoted("#" + digits) : "";

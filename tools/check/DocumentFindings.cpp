@@ -77,7 +77,7 @@ void findOutermost(StyleFindings& found) {
     }
 }
 
-// What the component reads in one value or name, but strict readers refuse.
+// What the component reads in a name, string or number, but strict readers refuse.
 const char* leniency(const SourceFile& file, TextRange range) {
     const std::string_view text = file.text().substr(range.begin, range.size());
     if (text.starts_with('"')) {
@@ -91,8 +91,7 @@ const char* leniency(const SourceFile& file, TextRange range) {
 
 void addLeniencies(StyleFindings& found, JsonValue value) {
     const SourceFile& file = found.study().source().file();
-    const bool isOuter = value.kind() == JsonKind::Array || value.kind() == JsonKind::Object;
-    for (const TextRange range : {value.nameRange(), isOuter ? TextRange{0, 0} : value.range()}) {
+    for (const TextRange range : {value.nameRange(), value.range()}) {
         const char* const what = range.size() == 0 ? nullptr : leniency(file, range);
         if (what == nullptr) continue;
         Finding& finding = found.addToFile(
