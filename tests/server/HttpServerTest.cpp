@@ -1,4 +1,5 @@
 #include <arpa/inet.h>
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
@@ -7,6 +8,9 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
@@ -105,14 +109,37 @@ TEST_F(HttpServerTest, AnswersWithTheDecodedPathAndTheBody) {
                 EndsWith("PUT /a b xyz<end>"));
 }
 
+TEST_F(HttpServerTest, DecodesEveryByteOfAPathExceptZero) {
+    for (int byte = 1; byte < 256; ++byte) {
+        for (const char* format : {"%{:02x}", "%{:02X}"}) {
+            const std::string coded = fmt::format(fmt::runtime(format), byte);
+            EXPECT_THAT(saidTo(fmt::format("GET /{} HTTP/1.1\r\nHost: here\r\nConnection: close\r\n\r\n", coded)),
+                        EndsWith(fmt::format("\r\n\r\nGET /{} <end>", static_cast<char>(byte))))
+                << coded;
+        }
+    }
+}
+
+TEST_F(HttpServerTest, RefusesPathsWithBrokenBytes) {
+    for (const char* path :
+         {"/%", "/%2", "/%2g", "/%g2", "/%2/", "/%/2", "/%2:", "/%2@", "/%2`", "/%2G", "/%00", "/%+2"}) {
+        EXPECT_THAT(saidTo(fmt::format("GET {} HTTP/1.1\r\nHost: here\r\nConnection: close\r\n\r\n", path)),
+                    StartsWith("HTTP/1.1 400 "))
+            << path;
+    }
+}
+
 TEST_F(HttpServerTest, RefusesBeforeItReadsTheBody) {
     EXPECT_THAT(saidTo("PUT /refused HTTP/1.1\r\nHost: here\r\nContent-Length: 900\r\n\r\n"),
                 StartsWith("HTTP/1.1 403 "));
 }
 
 TEST_F(HttpServerTest, RefusesLongBodiesWithoutReadingThem) {
-    EXPECT_THAT(saidTo("PUT /echo HTTP/1.1\r\nHost: here\r\nContent-Length: 1001\r\n\r\n"),
-                StartsWith("HTTP/1.1 413 "));
+    for (const char* name : {"Content-Length", "content-length", "CONTENT-LENGTH"}) {
+        EXPECT_THAT(saidTo(fmt::format("PUT /echo HTTP/1.1\r\nHost: here\r\n{}: 1001\r\n\r\n", name)),
+                    StartsWith("HTTP/1.1 413 "))
+            << name;
+    }
 }
 
 TEST_F(HttpServerTest, RefusesLongBodiesThatDoNotSayTheirLength) {
@@ -158,6 +185,16 @@ TEST_F(HttpServerTest, KeepsStreamsOpenThatReadTheSignsOfLife) {
     EXPECT_THAT(client.readUntil("of the day"), HasSubstr("event: news\ndata: of the day\n\n"));
 }
 
+// Processor time, which other programs cannot make longer.
+TEST_F(HttpServerTest, SleepsWhileItsStreamsHaveNoNews) {
+    const Client client(port());
+    client.send("GET /events HTTP/1.1\r\nHost: here\r\n\r\n");
+    client.readUntil(":\n\n");
+    const std::clock_t before = std::clock();
+    client.readUntil("<never>", 2s);
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
+}
+
 TEST_F(HttpServerTest, GivesLateStreamsTheLastEventOfEachTopic) {
     m_server->publish("a", "old");
     m_server->publish("b", "first");
@@ -197,10 +234,16 @@ TEST_F(HttpServerTest, EndsStreamsWhoseClientDoesNotRead) {
     EXPECT_TRUE(client.isEndedWithin(kPatience));
 }
 
+std::ptrdiff_t openDescriptors() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
+}
+
 TEST(HttpServer, SaysWhenAPortIsTaken) {
     const HttpHandlers handlers{refuse, answerTo};
     const auto first = HttpServer::listen(0, handlers);
+    const std::ptrdiff_t before = openDescriptors();
     EXPECT_EQ(std::get<int>(HttpServer::listen(std::get<0>(first)->port(), handlers)), EADDRINUSE);
+    EXPECT_EQ(openDescriptors(), before);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 
@@ -97,6 +99,17 @@ TEST_F(WatchedFileTest, SeesAFileGoAndComeBack) {
     EXPECT_THAT(file.state().text, Optional(std::string("old")));
 }
 
+// The file gets the process's descriptor 0 then.
+TEST_F(WatchedFileTest, IsReadWithoutAStandardInput) {
+    const int input = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    errno = ENOENT;
+    const FileState state = readState(m_path);
+    dup2(input, STDIN_FILENO);
+    close(input);
+    EXPECT_THAT(state.text, Optional(std::string("old")));
+}
+
 TEST_F(WatchedFileTest, HasTheVersionOfItsContent) {
     EXPECT_EQ(readState(m_path).version, versionOf("old"));
     EXPECT_NE(versionOf("old"), versionOf("new"));
@@ -120,18 +133,20 @@ TEST_P(FileWithoutText, SaysWhy) {
     EXPECT_THAT(state.problem, EndsWith(GetParam().problem));
 }
 
-INSTANTIATE_TEST_SUITE_P(WatchedFiles, FileWithoutText,
-                         testing::Values(NoText{"Missing", "no such file", [](const std::string&) {}},
-                                         NoText{
-                                             "Directory", "is not a regular file",
-                                             [](const std::string& path) { std::filesystem::create_directory(path); }},
-                                         NoText{"Malformed", "is not UTF-8 (3 bytes)",
-                                                [](const std::string& path) { std::ofstream(path) << "[\xff]"; }},
-                                         NoText{"Large", "is larger than 16 MB",
-                                                [](const std::string& path) {
-                                                    std::ofstream(path) << "x";
-                                                    std::filesystem::resize_file(path, kLargestWatched + 1);
-                                                }}),
-                         [](const auto& each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    WatchedFiles, FileWithoutText,
+    testing::Values(NoText{"Missing", "no such file", [](const std::string&) {}},
+                    NoText{"Directory", "is not a regular file",
+                           [](const std::string& path) { std::filesystem::create_directory(path); }},
+                    NoText{"LinkToItself", "Too many levels of symbolic links",
+                           [](const std::string& path) { std::filesystem::create_symlink(path, path); }},
+                    NoText{"Malformed", "is not UTF-8 (3 bytes)",
+                           [](const std::string& path) { std::ofstream(path) << "[\xff]"; }},
+                    NoText{"Large", "is larger than 16 MB",
+                           [](const std::string& path) {
+                               std::ofstream(path) << "x";
+                               std::filesystem::resize_file(path, kLargestWatched + 1);
+                           }}),
+    [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace
