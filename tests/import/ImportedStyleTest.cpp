@@ -114,6 +114,82 @@ INSTANTIATE_TEST_SUITE_P(
         ImportCase{"AHiddenIcon",
                    R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}})",
                    kCity, R"("city", "elementType": "labels.icon", "stylers": {"visibility": "off"}})"},
+        ImportCase{
+            "TheUpperWallsAsTopSurface",
+            R"({"id": "a", "type": "fill-extrusion", "source-layer": "b", "paint": {"fill-extrusion-color": "#111111"}},
+                {"id": "b", "type": "fill-extrusion", "source-layer": "b", "paint": {"fill-extrusion-color": "#222222"}})",
+            R"({"type": "building", "kind": "building", "source_layer": "b", "height": 9})",
+            R"("building", "elementType": "geometry.topsurface", "stylers": {"color": "#222222"}})"},
+        ImportCase{"TheLastOfTwoOutlines",
+                   R"({"id": "a", "type": "line", "source-layer": "water", "paint": {"line-color": "#111111"}},
+                {"id": "b", "type": "line", "source-layer": "water", "paint": {"line-color": "#222222"}})",
+                   kWater,
+                   R"("water", "elementType": "geometry.stroke", "stylers": {"color": "#222222", "weight": "1"}})"},
+        ImportCase{
+            "ACasingOfOnePixel",
+            R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-color": "#111111", "line-gap-width": 4}})",
+            kRoads, R"("highway", "elementType": "geometry.stroke", "stylers": {"color": "#111111", "weight": "1"}})"},
+        ImportCase{
+            "NoBorderWhereTheLineBelowIsNoWider",
+            R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-color": "#111111", "line-width": 4}},
+                {"id": "b", "type": "line", "source-layer": "roads", "paint": {"line-color": "#222222", "line-width": 4}})",
+            R"({"type": "highway", "kind": "line", "source_layer": "roads", "look": {"stroke": "#000000", "stroke_width": 1}})",
+            R"("highway", "elementType": "geometry.stroke", "stylers": {"color": "#00000000"}})"},
+        ImportCase{"TheTextOfTheLastLabel",
+                   R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"icon-image": "dot"}},
+                {"id": "b", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}", "text-size": 14},
+                 "paint": {"text-color": "#101010"}})",
+                   kCity,
+                   R"("city", "elementType": "labels.text.fill", "stylers": {"color": "#101010", "fontsize": "14"}})"},
+        ImportCase{
+            "ALayerUpToItsZoom",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "maxzoom": 9, "paint": {"fill-color": "#123456"}})",
+            kWater, R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456", "level": "9"}})"},
+        ImportCase{"ALayerThatIsSwitchedOffAsInvisible",
+                   R"({"id": "a", "type": "fill", "source-layer": "water", "layout": {"visibility": "none"}})", kWater,
+                   R"("water", "elementType": "geometry.fill", "stylers": {"color": "#00000000"}})"},
+        ImportCase{"TheLevelsBeyondAllFromAnyLevelOn", R"({"id": "a", "type": "fill", "source-layer": "water",
+                 "paint": {"fill-color": ["step", ["zoom"], "#111111", 21, "#222222"]}})",
+                   R"({"type": "water", "kind": "area", "source_layer": "water", "from": 9})",
+                   R"("water", "elementType": "geometry.fill", "stylers": {"color": "#222222"}})"},
+        ImportCase{"TheLastBackgroundAsLand",
+                   R"({"id": "a", "type": "background", "paint": {"background-color": "#111111"}},
+                {"id": "b", "type": "background", "paint": {"background-color": "#222222"}})",
+                   kWater, R"("land", "elementType": "geometry.fill", "stylers": {"color": "#222222"}})"},
+        ImportCase{"TheBackgroundBelowAsGrid",
+                   R"({"id": "a", "type": "background", "paint": {"background-color": "#111111"}},
+                {"id": "b", "type": "background", "paint": {"background-color": "#222222"}})",
+                   kWater, R"("grid", "elementType": "geometry.fill", "stylers": {"color": "#111111"}})"},
+        ImportCase{
+            "AFilterForAtLeast",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": [">=", ["get", "depth"], 3]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AFilterForAtMost",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["<=", ["get", "depth"], 3]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AFilterForAllButOne",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["!=", ["get", "class"], "ice"]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AFilterForAllConditions",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["all", ["==", ["get", "class"], "lake"], ["==", ["get", "depth"], 3]]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AFilterForAMatch",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["match", ["get", "class"], "lake", true, false]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AFilterForTwoProperties",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["==", ["get", "class"], ["get", "kind"]]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
         ImportCase{"TheBackgroundAsLand",
                    R"({"id": "a", "type": "background", "paint": {"background-color": "#f0f0f0"}})", kWater,
                    R"("land", "elementType": "geometry.fill", "stylers": {"color": "#f0f0f0"}})"}),
@@ -158,6 +234,36 @@ INSTANTIATE_TEST_SUITE_P(
             "ManyLayers",
             R"({"id": "a", "type": "fill", "source-layer": "water"}, {"id": "b", "type": "fill", "source-layer": "water"})",
             kWater, "more-layers"},
+        LossCase{
+            "ManyOutlines",
+            R"({"id": "a", "type": "line", "source-layer": "water"}, {"id": "b", "type": "line", "source-layer": "water"})",
+            kWater, "more-layers"},
+        LossCase{
+            "ManyLinesInACasing",
+            R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-gap-width": 4}}, {"id": "b", "type": "line", "source-layer": "roads"}, {"id": "c", "type": "line", "source-layer": "roads"})",
+            kRoads, "more-layers"},
+        LossCase{
+            "ManyCasings",
+            R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-gap-width": 4}}, {"id": "b", "type": "line", "source-layer": "roads", "paint": {"line-gap-width": 2}})",
+            kRoads, "more-layers"},
+        LossCase{"ALayerForOtherFeatures",
+                 R"({"id": "a", "type": "line", "source-layer": "roads", "filter": ["==", "class", "path"]})", kRoads,
+                 "layer-unused"},
+        LossCase{"AWidthThatIsNoNumber",
+                 R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-width": "wide"}})", kRoads,
+                 "not-understood"},
+        LossCase{
+            "AHaloOfUnknownColour",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": "rebeccapurple", "text-halo-width": 2}})",
+            kCity, "not-understood"},
+        LossCase{
+            "AHaloOfUnknownWidth",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": "#112233", "text-halo-width": ["var", "w"]}})",
+            kCity, "not-understood"},
+        LossCase{
+            "AHaloColouredByAnUnknownExpression",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": ["var", "c"], "text-halo-width": 2}})",
+            kCity, "not-understood"},
         LossCase{"ALayerOfOtherTiles", R"({"id": "a", "type": "fill", "source-layer": "ice"})", kWater, "layer-unused"},
         LossCase{"FeaturesOfOneType",
                  R"({"id": "a", "type": "fill", "source-layer": "water",
@@ -173,19 +279,24 @@ INSTANTIATE_TEST_SUITE_P(
                  R"({"type": "boundary", "kind": "line", "source_layer": "b"})", "not-kept"}),
     [](const auto& each) { return each.param.name; });
 
-class PropertyThatTheLegendDecides : public testing::TestWithParam<const char*> {};
+class PropertyThatIsKnown : public testing::TestWithParam<const char*> {};
 
-TEST_P(PropertyThatTheLegendDecides, IsNoLoss) {
+TEST_P(PropertyThatIsKnown, IsNoLoss) {
     const std::string property = GetParam();
     const ImportedStyle style = imported(
         R"({"id": "a", "type": "fill", "source-layer": "water", "layout": {")" + property + R"(": "any"}})", kWater);
     EXPECT_THAT(codesOf(style), Not(Contains("no-counterpart")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Imports, PropertyThatTheLegendDecides,
-                         testing::Values("fill-antialias", "fill-extrusion-base", "fill-extrusion-height",
-                                         "icon-padding", "symbol-placement", "symbol-spacing", "text-anchor",
-                                         "text-max-width", "text-offset", "text-optional", "text-padding"));
+INSTANTIATE_TEST_SUITE_P(Imports, PropertyThatIsKnown,
+                         testing::Values("background-color", "background-opacity", "fill-antialias", "fill-color",
+                                         "fill-extrusion-base", "fill-extrusion-color", "fill-extrusion-height",
+                                         "fill-extrusion-opacity", "fill-opacity", "icon-image", "icon-padding",
+                                         "line-color", "line-gap-width", "line-opacity", "line-width",
+                                         "symbol-placement", "symbol-spacing", "text-anchor", "text-color",
+                                         "text-field", "text-halo-color", "text-halo-width", "text-max-width",
+                                         "text-offset", "text-opacity", "text-optional", "text-padding", "text-size",
+                                         "visibility"));
 
 TEST(ImportedStyle, LeavesOutWhatItDoesNotUnderstand) {
     const ImportedStyle style = imported(R"({"id": "a", "type": "line", "source-layer": "roads",
@@ -194,6 +305,63 @@ TEST(ImportedStyle, LeavesOutWhatItDoesNotUnderstand) {
     EXPECT_THAT(style.text, HasSubstr(R"("geometry.fill", "stylers": {"weight": "3"})"));
     EXPECT_THAT(style.text, Not(HasSubstr(R"("geometry.fill", "stylers": {"color")")));
     EXPECT_THAT(placesOf(style.losses, "not-understood"), Contains("layer a: line-color"));
+}
+
+TEST(ImportedStyle, LosesNothingOfWhatAStyleCanSay) {
+    const ImportedStyle style = imported(R"({"id": "a", "type": "background", "paint": {"background-color": "#f0f0f0"}},
+                    {"id": "b", "type": "background", "paint": {"background-color": "#e0e0e0", "background-opacity": 1}},
+                    {"id": "c", "type": "fill", "source-layer": "water",
+                     "paint": {"fill-color": ["match", ["get", "class"], "lake", "#111111", "#222222"]}})",
+                                         kWater);
+    EXPECT_THAT(codesOf(style), testing::IsEmpty());
+}
+
+TEST(ImportedStyle, NamesTheFilterThatItDoesNotUnderstand) {
+    const ImportedStyle style =
+        imported(R"({"id": "a", "type": "fill", "source-layer": "water", "filter": ["within", {}]})", kWater);
+    EXPECT_THAT(placesOf(style.losses, "not-understood"), testing::ElementsAre("layer a: filter"));
+}
+
+TEST(ImportedStyle, LeavesABorderAloneThatNobodyDraws) {
+    const ImportedStyle style = imported(
+        R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-color": "#111111"}})",
+        R"({"type": "highway", "kind": "line", "source_layer": "roads", "look": {"stroke": "#00000000", "stroke_width": 1}})");
+    EXPECT_THAT(style.text, Not(HasSubstr("geometry.stroke")));
+}
+
+std::string mappingOf(std::initializer_list<std::pair<const char*, int>> ids) {
+    return mappingText([&](int featureType) {
+        for (const auto& [name, id] : ids) {
+            if (catalogue().GetFeatureTypeName(featureType) == name) return std::vector<int>{id};
+        }
+        return std::vector<int>();
+    });
+}
+
+ImportedStyle importedOver(const std::string& mapping, const std::string& mapLayers, const std::string& legendLayers) {
+    return importedStyle(MapJson::parse(R"({"version": 8, "layers": [)" + mapLayers + "]}"), legendWith(legendLayers),
+                         Mapping::given(mapping));
+}
+
+TEST(ImportedStyle, SaysWhichValuesAnotherTypeAnswers) {
+    const ImportedStyle style =
+        importedOver(mappingOf({{"green", 1}, {"water", 1}}),
+                     R"({"id": "a", "type": "fill", "source-layer": "wood", "paint": {"fill-color": "#111111"}},
+           {"id": "b", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#222222"}})",
+                     kWater + R"(, {"type": "green", "kind": "area", "source_layer": "wood"})");
+    EXPECT_THAT(placesOf(style.losses, "not-kept"), testing::ElementsAre("water fill at all levels"));
+}
+
+// Of two parents the first gives a style id its style, and each of them can hide its icon.
+TEST(ImportedStyle, KeepsAnIconHiddenBesideTheStyleOfAnotherType) {
+    const ImportedStyle style =
+        importedOver(mappingOf({{"manmade", 1}, {"poilabel", 1}}),
+                     R"({"id": "a", "type": "fill", "source-layer": "man", "paint": {"fill-color": "#111111"}},
+           {"id": "b", "type": "symbol", "source-layer": "poi", "layout": {"text-field": ""}})",
+                     R"({"type": "manmade", "kind": "area", "source_layer": "man"},
+           {"type": "poilabel", "kind": "label", "source_layer": "poi", "icon": "dot"})");
+    EXPECT_THAT(style.text, HasSubstr(R"("poilabel", "elementType": "labels.icon", "stylers": {"visibility": "off"})"));
+    EXPECT_THAT(placesOf(style.losses, "not-kept"), Not(Contains(HasSubstr("icon"))));
 }
 
 TEST(ImportedStyle, TakesALayerForTheTypeThatItNames) {

@@ -107,16 +107,12 @@ private:
     }
 
     void readLine() {
-        std::vector<const MapLayer*> lines = ofType("line");
-        const MapLayer* casing = nullptr;
-        std::erase_if(lines, [&](const MapLayer* layer) {
-            const bool isCasing = numberOf(*layer, "line-gap-width", 0, m_scene).value_or(0) > 0;
-            if (isCasing) casing = layer;
-            return isCasing;
-        });
+        std::vector<const MapLayer*> lines;
+        std::vector<const MapLayer*> casings;
+        for (const MapLayer* layer : ofType("line")) (isCasing(*layer) ? casings : lines).push_back(layer);
         if (lines.empty()) {
             set("fill", kInvisible);
-            if (casing == nullptr) return set("stroke", kInvisible);
+            if (casings.empty()) return set("stroke", kInvisible);
         }
         std::optional<double> width;
         if (!lines.empty()) {
@@ -124,8 +120,15 @@ private:
             set("fill", colorOf(*lines.back(), "line", m_scene));
             setSize("fill weight", width);
         }
-        if (casing != nullptr) return setStroke(*casing, numberOf(*casing, "line-width", 1, m_scene));
-        readLineBelow(lines, width);
+        casings.empty() ? readLineBelow(lines, width) : readCasing(casings, lines);
+    }
+
+    bool isCasing(const MapLayer& layer) const { return numberOf(layer, "line-gap-width", 0, m_scene).value_or(0) > 0; }
+
+    void readCasing(const std::vector<const MapLayer*>& casings, const std::vector<const MapLayer*>& lines) {
+        noteMore(casings.size(), 1);
+        noteMore(lines.size(), 1);
+        setStroke(*casings.back(), numberOf(*casings.back(), "line-width", 1, m_scene));
     }
 
     // A wider line below another is its border.
@@ -168,10 +171,10 @@ private:
 
     void readHalo(const MapLayer& label) {
         const auto width = numberOf(label, "text-halo-width", 0, m_scene);
-        const auto color = propertyOf(label, "text-halo-color", {nullptr, kInvisible}, m_scene);
-        if (!width || !color || !color->color) return;
-        const bool isDrawn = *width > 0 && alphaOf(*color->color) > 0;
-        set("text stroke", isDrawn ? *color->color : kInvisible);
+        const auto color = colorOf(label, "text-halo", m_scene, kInvisible);
+        if (!width || !color) return;
+        const bool isDrawn = *width > 0 && alphaOf(*color) > 0;
+        set("text stroke", isDrawn ? *color : kInvisible);
         if (isDrawn) setSize("text stroke weight", width);
     }
 

@@ -112,9 +112,9 @@ std::optional<MapValue> propertyOf(const MapLayer& layer, const char* name, cons
     return value;
 }
 
-std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene) {
-    constexpr std::uint64_t kBlack = 0xff000000;
-    const auto value = propertyOf(layer, (part + "-color").c_str(), {nullptr, kBlack}, scene);
+std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene,
+                                     std::uint64_t otherwise) {
+    const auto value = propertyOf(layer, (part + "-color").c_str(), {nullptr, otherwise}, scene);
     const auto opacity = numberOf(layer, (part + "-opacity").c_str(), 1, scene);
     if (!value || !opacity) return {};
     if (!value->color) scene.losses.add(ImportLoss::NotUnderstood, placeOf(layer, part + "-color"));

@@ -38,9 +38,13 @@ bool draws(const MapLayer& layer, const Scene& scene);
 std::optional<MapValue> propertyOf(const MapLayer& layer, const char* name, const MapValue& otherwise,
                                    const Scene& scene);
 
+inline constexpr std::uint64_t kBlack = 0xff000000;
+
 /// A colour with the opacity of the layer in its alpha.
-/// @param part  "line" of "line-color" and "line-opacity"
-std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene);
+/// @param part       "line" of "line-color" and "line-opacity"
+/// @param otherwise  the packed colour where the layer has none
+std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene,
+                                     std::uint64_t otherwise = kBlack);
 
 std::optional<double> numberOf(const MapLayer& layer, const char* name, double otherwise, const Scene& scene);
 
