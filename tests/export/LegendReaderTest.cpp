@@ -98,6 +98,33 @@ INSTANTIATE_TEST_SUITE_P(
              "legend.json:4:80: is not a size in pixels"},
         Case{"ALevelThatIsNoNumber", legendWith(kLine + R"(, "look": {"width": {"x": 1}}})"),
              "legend.json:4:81: \"x\" is not a level from 0 to 24"},
+        Case{"AKindThatIsNoText", legendWith(R"({"type": "water", "kind": 2, "source_layer": "a"})"),
+             "legend.json:4:27: \"kind\" is not a kind"},
+        Case{"FontsThatAreNoList",
+             legendWith(kLine + "}", "\n\"border\": 1,").replace(legendWith("").find("[\"Sans\"]"), 8, "\"Sans\""),
+             "legend.json:2:22: \"regular\" is not a list of font names"},
+        Case{"ABorderThatIsNoNumber", legendWith(kLine + "}", " \"border\": \"thin\","),
+             "legend.json:2:66: \"border\" is not a width in pixels"},
+        Case{"StyleIdsThatAreNoList", waterWith("\"ids\": 7"), "legend.json:4:67: \"ids\" is not a list of style ids"},
+        Case{"AStyleIdThatIsNoNumber", waterWith("\"ids\": [\"a\"]"),
+             "legend.json:4:68: this is not a style id from 0 to 2147483647"},
+        Case{"AStyleIdWithAFraction", waterWith("\"ids\": [1.5]"), "legend.json:4:68: is not a whole number"},
+        Case{"ALookThatIsNoObject", waterWith("\"look\": 1"),
+             "legend.json:4:68: \"look\" is not an object of colours and widths"},
+        Case{"ATextOfAnotherKind", waterWith("\"text\": [\"get\", \"n\"]"),
+             "legend.json:4:60: \"text\" means nothing for the kind \"area\"; remove it"},
+        Case{"ABuildingBeyondTheSky",
+             legendWith(R"({"type": "building", "kind": "building", "source_layer": "b", "height": 10001})"),
+             "legend.json:4:73: is not a height in metres"},
+        Case{"ALevelAboveAll", waterWith("\"to\": 25"), "legend.json:4:66: is not a level from 0 to 24"},
+        Case{"ALevelOfALookAboveAll", legendWith(kLine + R"(, "look": {"width": {"25": 1}}})"),
+             "legend.json:4:81: \"25\" is not a level from 0 to 24"},
+        Case{"ALevelOfALookBelowZero", legendWith(kLine + R"(, "look": {"width": {"-1": 1}}})"),
+             "legend.json:4:81: \"-1\" is not a level from 0 to 24"},
+        Case{"ALevelOfALookWithAZero", legendWith(kLine + R"(, "look": {"width": {"04": 1}}})"),
+             "legend.json:4:81: \"04\" is not a level from 0 to 24"},
+        Case{"OneLevelOfALookThatIsNone", legendWith(kLine + R"(, "look": {"width": {"4": 1, "x": 2, "5": 3}}})"),
+             "legend.json:4:89: \"x\" is not a level from 0 to 24"},
         Case{"LevelsThatDescend", legendWith(kLine + R"(, "look": {"width": {"9": 1, "4": 2}}})"),
              "legend.json:4:89: levels ascend here; move this one up"},
         Case{"LevelsWithoutAny", legendWith(kLine + R"(, "look": {"width": {}}})"),
@@ -123,6 +150,19 @@ TEST(LegendReader, NamesAllProblemsInTheirOrder) {
     EXPECT_THAT(std::get<LegendProblems>(read),
                 ElementsAre(HasSubstr(":4:10: unknown feature type"), HasSubstr(":4:26: unknown kind"),
                             HasSubstr("is empty; write a name")));
+}
+
+TEST(LegendReader, ReadsValuesAtTheEndsOfTheirRanges) {
+    const auto read = readText(legendWith(
+        R"({"type": "land", "kind": "area", "source_layer": "a", "from": 24, "to": 24, "look": {"fill": {"0": "#000000", "24": "#ffffff"}}},
+           {"type": "building", "kind": "building", "source_layer": "b", "height": 10000, "ids": [0, 2147483647]})"));
+    const Legend legend = requireLegend(read);
+    EXPECT_EQ(legend.layers.at(0).featureType, 0);
+    EXPECT_EQ(legend.layers.at(0).firstLevel, 24);
+    EXPECT_EQ(legend.layers.at(0).lastLevel, 24);
+    EXPECT_EQ(legend.layers.at(0).look.color(LookKey::Fill, 24), 0xffffffffU);
+    EXPECT_EQ(legend.layers.at(1).height, 10000);
+    EXPECT_THAT(legend.layers.at(1).ids, ElementsAre(0U, 2147483647U));
 }
 
 TEST(LegendReader, ReadsTheLegendsThatComeAlong) {

@@ -141,6 +141,30 @@ TEST(ExportedLayers, AreLeftOutWhereNothingCanBeSeen) {
     EXPECT_THAT(layerIds(style), ElementsAre("grid", "land"));
 }
 
+TEST(ExportedLayers, AreDrawnWhereTheyHaveAWidthAndAnyAlpha) {
+    const auto drawn = [](const RuleBuilder& rule) { return layerIds(exported({rule}, kHighway).style).size() > 2; };
+    EXPECT_TRUE(drawn(rule("highway", "fill").color("#11223301")));
+    EXPECT_FALSE(drawn(rule("highway", "fill").color("#11223300")));
+    EXPECT_TRUE(drawn(rule("highway", "fill").weight("1")));
+    EXPECT_FALSE(drawn(rule("highway", "fill").weight("0")));
+}
+
+TEST(ExportedLayers, HaveLinesOfOnePixelWhereNobodySaysMore) {
+    const Json style = exported({}, R"({"type": "highway", "kind": "line", "source_layer": "roads"})").style;
+    EXPECT_EQ(valueIn(style, "highway-line", "line-width"), 1);
+}
+
+TEST(ExportedLayers, HaveNoZoomsAtTheEndsOfAll) {
+    const auto water = [](const std::string& levels, int offset) {
+        return exported({}, R"({"type": "water", "kind": "area", "source_layer": "water", )" + levels + "}",
+                        {.zoomOffset = offset})
+            .style["layers"][2];
+    };
+    EXPECT_FALSE(water(R"("from": 1)", 1).contains("minzoom"));
+    EXPECT_EQ(water(R"("from": 2)", 1)["minzoom"], 1);
+    EXPECT_EQ(water(R"("to": 24)", 0)["maxzoom"], 24);
+}
+
 TEST(ExportedLayers, AreDrawnAtTheirLevelsOnly) {
     const Json style =
         exported({}, R"({"type": "water", "kind": "area", "source_layer": "water", "from": 9, "to": 12})").style;
@@ -153,6 +177,20 @@ TEST(ExportedLabel, HasNoTextWhereTheStyleHidesIt) {
     EXPECT_EQ(valueIn(result.style, "city-label", "text-field"),
               Json::parse(R"(["step", ["zoom"], ["get", "name"], 8, "", 9, ["get", "name"]])"));
     EXPECT_THAT(codesOf(result.losses), ElementsAre(LossCode::HiddenText, LossCode::SpriteMissing));
+}
+
+TEST(ExportedLabel, HasTextFromOnePixelOn) {
+    const Json style =
+        exported({rule("city", "labels").fontsize("1"), rule("city", "labels").fontsize("0").level("9")}, kCity).style;
+    EXPECT_EQ(valueIn(style, "city-label", "text-field"),
+              Json::parse(R"(["step", ["zoom"], ["get", "name"], 8, "", 9, ["get", "name"]])"));
+}
+
+TEST(ExportedLabel, LosesItsPlaceWhereItsSizeChanges) {
+    const std::initializer_list<RuleBuilder> oneSize = {rule("city", "labels").fontsize("9")};
+    EXPECT_THAT(codesOf(exported(oneSize, kCity).losses), Not(Contains(LossCode::LabelSpacing)));
+    const std::initializer_list<RuleBuilder> twoSizes = {rule("city", "labels").fontsize("9").level("9")};
+    EXPECT_THAT(codesOf(exported(twoSizes, kCity).losses), Contains(LossCode::LabelSpacing));
 }
 
 TEST(ExportedLabel, LosesWeightAndTheWidthOfItsHalo) {
@@ -177,9 +215,30 @@ TEST(ExportedBuilding, HasUnlitWallsAndARoofWhenRaised) {
     EXPECT_THAT(layerIds(result.style), ElementsAre("grid", "land", "building-walls", "building-roof"));
     EXPECT_EQ(valueIn(result.style, "building-walls", "fill-extrusion-color"), "#112233");
     EXPECT_EQ(valueIn(result.style, "building-walls", "fill-extrusion-opacity"), 0.502);
+    EXPECT_EQ(valueIn(result.style, "building-roof", "fill-extrusion-color"), "#123456");
     EXPECT_EQ(valueIn(result.style, "building-roof", "fill-extrusion-base"), Json::parse(R"(["get", "h"])"));
     EXPECT_EQ(result.style["light"]["intensity"], 0);
     EXPECT_THAT(codesOf(result.losses), ElementsAre(LossCode::UnlitWalls));
+}
+
+TEST(ExportedBuilding, IsLeftOutWhereNothingOfItCanBeSeen) {
+    const ExportedStyle result =
+        exported({rule("building", "geometry").visibility("off")}, kBuilding, {.isRaised = true});
+    EXPECT_THAT(layerIds(result.style), ElementsAre("grid", "land"));
+}
+
+// The style id 8 is that of an invisible water as well.
+TEST(ExportedBuilding, HasTheOpacityOfWhatCanBeSeen) {
+    const std::string mapping = mappingText([](int type) {
+        if (type == 3) return std::vector<int>{7, 8};
+        return type == 2 ? std::vector<int>{8} : std::vector<int>{};
+    });
+    const std::string style =
+        styleOf({rule("water", "geometry").visibility("off"), rule("building", "fill").color("#11223380")});
+    const ExportedStyle result = exportedStyle(*loadedText(mapping, style), legendOf(kBuilding), {.isRaised = true});
+    EXPECT_EQ(valueIn(result.style, "building-walls", "fill-extrusion-opacity"), 0.502);
+    EXPECT_THAT(codesOf(result.losses), Not(Contains(LossCode::WallOpacity)));
+    EXPECT_EQ(result.style["layers"][2]["filter"], Json::parse(R"(["match", ["get", "s"], [8], false, true])"));
 }
 
 TEST(ExportLosses, NameTypesThatTheLegendLacks) {
@@ -204,6 +263,30 @@ TEST(ExportOptions, ReplaceWhatTheLegendNames) {
     EXPECT_EQ(result.style["glyphs"], "glyphs");
     EXPECT_EQ(result.style["sprite"], "sprite");
     EXPECT_THAT(result.losses.all(), IsEmpty());
+}
+
+TEST(ExportOptions, ReplaceTheUrlOfTheLegendByATemplate) {
+    Legend legend = legendOf(kWater);
+    legend.source = {{"type", "vector"}, {"url", "tiles.json"}, {"maxzoom", 14}};
+    const auto study = loadedText(Mapping::standard(), "[]");
+    EXPECT_EQ(exportedStyle(*study, legend, {.tiles = "{z}/{x}/{y}"}).style["sources"]["map"],
+              Json({{"type", "vector"}, {"maxzoom", 14}, {"tiles", {"{z}/{x}/{y}"}}}));
+    EXPECT_EQ(exportedStyle(*study, legend, {}).style["sources"]["map"], legend.source);
+}
+
+TEST(ExportedStyle, HasTheFontFacesOfItsLegendInsteadOfGlyphs) {
+    Legend legend = legendOf(kCity);
+    legend.fontFaces = {{"Sans", "sans.ttf"}};
+    const ExportedStyle result = exportedStyle(*loadedText(Mapping::standard(), "[]"), legend, {});
+    EXPECT_EQ(result.style["font-faces"], legend.fontFaces);
+    EXPECT_FALSE(result.losses.all().contains(LossCode::GlyphsMissing));
+}
+
+TEST(LossPlaces, AreCountedBeyondTheMost) {
+    const std::vector<std::string> places = {"a", "b", "c", "d"};
+    EXPECT_EQ(placesText(places, 4), " (a; b; c; d)");
+    EXPECT_EQ(placesText(places, 2), " (a; b; 2 more)");
+    EXPECT_EQ(placesText({}, 2), "");
 }
 
 TEST(ExportOptions, MissUrlsThatNobodyNames) {

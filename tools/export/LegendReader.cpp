@@ -286,23 +286,27 @@ private:
         if (value.kind() != JsonKind::Object) return LevelValues(lookValueOf(value, isColor));
         std::vector<std::pair<int, double>> steps;
         for (const JsonValue step : value.children()) {
-            const int level = levelNamed(step);
-            if (!steps.empty() && steps.back().first >= level) {
+            const std::optional<int> level = levelNamed(step);
+            const double number = lookValueOf(step, isColor);
+            if (!level) continue;
+            if (!steps.empty() && steps.back().first >= *level) {
                 complainAt(step.nameRange().begin, "levels ascend here; move this one up");
             }
-            steps.emplace_back(level, lookValueOf(step, isColor));
+            steps.emplace_back(*level, number);
         }
-        if (steps.empty()) complain(value, "is empty; write levels with their values: {\"4\": ..., \"10\": ...}");
+        if (value.children().empty()) {
+            complain(value, "is empty; write levels with their values: {\"4\": ..., \"10\": ...}");
+        }
         return steps.empty() ? LevelValues() : LevelValues(std::move(steps));
     }
 
-    int levelNamed(JsonValue step) {
+    std::optional<int> levelNamed(JsonValue step) {
         const std::string name = step.wholeName();
         const auto level = numberIn<int>(std::string_view(name));
-        if (level && *level >= 0 && *level <= kHighestLevelHere && name == std::to_string(*level)) return *level;
+        if (level && *level >= 0 && *level <= kHighestLevelHere && name == std::to_string(*level)) return level;
         complainAt(step.nameRange().begin,
                    fmt::format("{} is not a level from 0 to {}", inQuotes(name), kHighestLevelHere));
-        return 0;
+        return {};
     }
 
     // What fits together only when the kind is known.
