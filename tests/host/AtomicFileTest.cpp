@@ -1,23 +1,30 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
+#include "tests/host/SystemCalls.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/host/AtomicFile.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using customstyle_test::systemCalls;
 using customstyle_test::TemporaryDirectory;
 using customstyle_tool::writeWhole;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Optional;
 
@@ -178,14 +185,58 @@ TEST(WriteWhole, WorksWithoutAStandardInput) {
     close(STDIN_FILENO);
     const bool isKept = writeWhole(path, "new", [] { return false; }).has_value() && contentOf(path) == "old";
     const std::ptrdiff_t left = filesIn(directory.path());
+    const bool isClosed = fcntl(STDIN_FILENO, F_GETFD) == -1;
     const std::optional<std::string> problem = writeWhole(path, "new");
     dup2(input, STDIN_FILENO);
     close(input);
     EXPECT_TRUE(isKept);
+    EXPECT_TRUE(isClosed);
     EXPECT_EQ(left, 1);
     EXPECT_EQ(problem, std::nullopt);
     EXPECT_EQ(contentOf(path), "new");
     EXPECT_EQ(filesIn(directory.path()), 1);
 }
+
+TEST(WriteWhole, IsSafeAfterALossOfPower) {
+    const TemporaryDirectory directory;
+    const std::string path = directory.write("old.json", "old");
+    systemCalls = {};
+    EXPECT_EQ(writeWhole(path, "new"), std::nullopt);
+    EXPECT_THAT(systemCalls.made, ElementsAre("fsync file", "rename", "fsync directory"));
+}
+
+struct FailingCall {
+    const char* name;
+    const char* call;
+    int error;
+    const char* problem;
+};
+
+class WriteWholeWhenACallFails : public testing::TestWithParam<FailingCall> {};
+
+TEST_P(WriteWholeWhenACallFails, LeavesTheOldFileOrTheNewOneAndNothingElse) {
+    const FailingCall& failing = GetParam();
+    const TemporaryDirectory directory;
+    const std::string path = directory.write("old.json", "old");
+    const std::ptrdiff_t open = filesIn("/proc/self/fd");
+    systemCalls = {failing.call, failing.error};
+    const std::optional<std::string> problem = writeWhole(path, "new");
+    EXPECT_EQ(systemCalls.failing, "");
+    EXPECT_EQ(problem.value_or("none"), failing.problem[0] == ':' ? path + failing.problem : failing.problem);
+    EXPECT_EQ(contentOf(path), problem ? "old" : "new");
+    EXPECT_EQ(filesIn(directory.path()), 1);
+    EXPECT_EQ(filesIn("/proc/self/fd"), open);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Host, WriteWholeWhenACallFails,
+    testing::Values(FailingCall{"NotTheOwner", "fchown", EPERM, "none"},
+                    FailingCall{"OwnerBeyondTheDisksQuota", "fchown", EDQUOT,
+                                ": cannot be written: Disk quota exceeded"},
+                    FailingCall{"InterruptedWrite", "write", EINTR, "none"},
+                    FailingCall{"FullDisk", "write", ENOSPC, ": cannot be written: No space left on device"},
+                    FailingCall{"BrokenDisk", "fsync", EIO, ": cannot be written: Input/output error"},
+                    FailingCall{"FolderWithoutWriting", "rename", EACCES, ": cannot be written: Permission denied"}),
+    [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <variant>
@@ -40,6 +41,15 @@ TEST(HostSpread, RunsEachItemOnceInTheLanesThatItNames) {
     EXPECT_EQ(items.size(), 500U);
     for (std::size_t item = 0; item < 500; ++item) EXPECT_EQ(items.count(item), 1U) << item;
     EXPECT_LT(*lanes.rbegin(), spread.lanes);
+}
+
+TEST(HostSpread, PassesOnWhatFailsInAnyLane) {
+    const Spread spread = hostSpread();
+    const auto work = [&](std::size_t, std::size_t lane) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        if (lane + 1 == spread.lanes) throw std::runtime_error("no memory");
+    };
+    EXPECT_THROW(spread.run(500, work), std::runtime_error);
 }
 
 std::string failureOf(const std::string& style, const std::optional<std::string>& mappingDirectory) {

@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "tools/host/Files.h"
+
 namespace customstyle_tool {
 namespace {
 
@@ -18,10 +20,6 @@ using WriteProblem = std::optional<std::string>;
 
 constexpr int kLinkLimit = 40;
 constexpr int kNameLimit = 100;
-
-std::string lastError() {
-    return std::generic_category().message(errno);
-}
 
 WriteProblem problemOf(const fs::path& path, std::string_view reason) {
     return fmt::format("{}: cannot be written: {}", path.string(), reason);

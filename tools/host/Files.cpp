@@ -1,11 +1,13 @@
 #include "tools/host/Files.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
-#include <iterator>
+#include <system_error>
 
 namespace customstyle_tool {
 namespace {
@@ -29,12 +31,29 @@ std::variant<std::unique_ptr<SourceFile>, ReadFailure> readStandardInput() {
     static bool s_isRead = false;
     if (s_isRead) return ReadFailure{"standard input can be read only once; give - in one place"};
     s_isRead = true;
-    std::string text{std::istreambuf_iterator<char>(std::cin), {}};
-    if (std::cin.bad()) return ReadFailure{"standard input cannot be read to its end"};
+    std::string text;
+    if (!readAll(STDIN_FILENO, text)) {
+        return ReadFailure{fmt::format("standard input cannot be read to its end: {}", lastError())};
+    }
     return std::make_unique<SourceFile>("<stdin>", std::move(text));
 }
 
 }  // namespace
+
+std::string lastError() {
+    return std::generic_category().message(errno);
+}
+
+bool readAll(int descriptor, std::string& text, std::size_t most) {
+    char piece[65536];
+    while (text.size() <= most) {
+        const ssize_t count = read(descriptor, piece, sizeof piece);
+        if (count == 0) return true;
+        if (count < 0 && errno != EINTR) return false;
+        if (count > 0) text.append(piece, static_cast<std::size_t>(count));
+    }
+    return true;
+}
 
 std::optional<ReadFailure> problemOfFile(const std::string& path, const char* what) {
     if (path == kStandardInput) return {};
@@ -50,9 +69,12 @@ std::optional<ReadFailure> problemOfFile(const std::string& path, const char* wh
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> readSource(const std::string& path, const char* what) {
     if (path == kStandardInput) return readStandardInput();
     if (auto problem = problemOfFile(path, what)) return std::move(*problem);
-    std::ifstream stream(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream) return ReadFailure{fmt::format("{}: cannot be read to its end", path)};
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    std::string text;
+    const bool isRead = descriptor >= 0 && readAll(descriptor, text);
+    const std::string reason = isRead ? "" : lastError();
+    if (descriptor >= 0) close(descriptor);
+    if (!isRead) return ReadFailure{fmt::format("{}: cannot be read to its end: {}", path, reason)};
     return std::make_unique<SourceFile>(path, std::move(text));
 }
 

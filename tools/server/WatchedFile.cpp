@@ -6,9 +6,9 @@
 
 #include <cerrno>
 #include <ctime>
-#include <system_error>
 #include <utility>
 
+#include "tools/host/Files.h"
 #include "tools/support/Hash.h"
 #include "tools/support/PlainText.h"
 
@@ -23,26 +23,10 @@ FileState withoutText(const std::string& path, const std::string& reason) {
     return {.version = fmt::format("x{:016x}", hashOf(problem)), .text = {}, .problem = std::move(problem)};
 }
 
-std::string lastError() {
-    return std::generic_category().message(errno);
-}
-
 FileState stateOf(const std::string& path, std::string text) {
     if (!isUtf8(text)) return withoutText(path, fmt::format("is not UTF-8 ({} bytes)", text.size()));
     std::string version = versionOf(text);
     return {.version = std::move(version), .text = std::move(text)};
-}
-
-// Reads from a descriptor to the end, or to one byte more than is allowed.
-bool readAll(int descriptor, std::string& text) {
-    char piece[65536];
-    while (text.size() <= kLargestWatched) {
-        const ssize_t count = read(descriptor, piece, sizeof piece);
-        if (count == 0) return true;
-        if (count < 0 && errno != EINTR) return false;
-        if (count > 0) text.append(piece, static_cast<std::size_t>(count));
-    }
-    return true;
 }
 
 FileState readRegular(const std::string& path, int descriptor) {
@@ -50,7 +34,7 @@ FileState readRegular(const std::string& path, int descriptor) {
     if (fstat(descriptor, &status) != 0) return withoutText(path, lastError());
     if (!S_ISREG(status.st_mode)) return withoutText(path, "is not a regular file");
     std::string text;
-    if (!readAll(descriptor, text)) return withoutText(path, lastError());
+    if (!readAll(descriptor, text, kLargestWatched)) return withoutText(path, lastError());
     if (text.size() > kLargestWatched)
         return withoutText(path, fmt::format("is larger than {} MB", kLargestWatched >> 20));
     return stateOf(path, std::move(text));
