@@ -125,6 +125,24 @@ INSTANTIATE_TEST_SUITE_P(
              "legend.json:4:81: \"04\" is not a level from 0 to 24"},
         Case{"OneLevelOfALookThatIsNone", legendWith(kLine + R"(, "look": {"width": {"4": 1, "x": 2, "5": 3}}})"),
              "legend.json:4:89: \"x\" is not a level from 0 to 24"},
+        Case{"ANameThatIsNoText",
+             "{\"version\": 1, \"name\": 2, \"source\": {}, \"layers\": [], \"backgrounds\": {\"land\": \"#ffffff\", "
+             "\"grid\": \"#ffffff\"}}",
+             "legend.json:1:24: \"name\" is not a string"},
+        Case{"ASourceThatIsNoObject",
+             "{\"version\": 1, \"name\": \"a\", \"source\": 2, \"layers\": [], \"backgrounds\": {\"land\": "
+             "\"#ffffff\", \"grid\": \"#ffffff\"}}",
+             "legend.json:1:39: \"source\" is not a source {\"type\": \"vector\", ...}"},
+        Case{"LayersThatAreNoList",
+             "{\"version\": 1, \"name\": \"a\", \"source\": {}, \"layers\": 2, \"backgrounds\": {\"land\": "
+             "\"#ffffff\", \"grid\": \"#ffffff\"}}",
+             "legend.json:1:53: \"layers\" is not a list of layers"},
+        Case{"AnIconThatIsNoText", legendWith(R"({"type": "city", "kind": "label", "source_layer": "a", "icon": 5})"),
+             "legend.json:4:64: \"icon\" is not a string"},
+        Case{"LevelsThatRepeat", legendWith(kLine + R"(, "look": {"width": {"4": 1, "4": 2}}})"),
+             "legend.json:4:89: levels ascend here; move this one up"},
+        Case{"LevelsThatDescendLater", legendWith(kLine + R"(, "look": {"width": {"4": 1, "9": 2, "6": 3}}})"),
+             "legend.json:4:97: levels ascend here; move this one up"},
         Case{"LevelsThatDescend", legendWith(kLine + R"(, "look": {"width": {"9": 1, "4": 2}}})"),
              "legend.json:4:89: levels ascend here; move this one up"},
         Case{"LevelsWithoutAny", legendWith(kLine + R"(, "look": {"width": {}}})"),
@@ -163,6 +181,14 @@ TEST(LegendReader, ReadsValuesAtTheEndsOfTheirRanges) {
     EXPECT_EQ(legend.layers.at(0).look.color(LookKey::Fill, 24), 0xffffffffU);
     EXPECT_EQ(legend.layers.at(1).height, 10000);
     EXPECT_THAT(legend.layers.at(1).ids, ElementsAre(0U, 2147483647U));
+}
+
+TEST(LegendReader, ReadsIconsByNameAndByExpression) {
+    const auto read = readText(legendWith(
+        R"({"type": "city", "kind": "label", "source_layer": "a", "icon": "dot"},
+           {"type": "town", "kind": "label", "source_layer": "a", "icon": ["get", "maki"]})"));
+    EXPECT_EQ(requireLegend(read).layers.at(0).icon, "dot");
+    EXPECT_EQ(requireLegend(read).layers.at(1).icon, LegendJson({"get", "maki"}));
 }
 
 TEST(LegendReader, ReadsTheLegendsThatComeAlong) {

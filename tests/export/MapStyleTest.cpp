@@ -149,6 +149,15 @@ TEST(ExportedLayers, AreDrawnWhereTheyHaveAWidthAndAnyAlpha) {
     EXPECT_FALSE(drawn(rule("highway", "fill").weight("0")));
 }
 
+TEST(ExportedLayers, HaveCasingsOfAnyAlpha) {
+    const auto hasCasing = [](const char* color) {
+        const Json style = exported({rule("highway", "stroke").color(color)}, kHighway).style;
+        return !valueIn(style, "highway-casing", "line-color").is_null();
+    };
+    EXPECT_TRUE(hasCasing("#11223301"));
+    EXPECT_FALSE(hasCasing("#11223300"));
+}
+
 TEST(ExportedLayers, HaveLinesOfOnePixelWhereNobodySaysMore) {
     const Json style = exported({}, R"({"type": "highway", "kind": "line", "source_layer": "roads"})").style;
     EXPECT_EQ(valueIn(style, "highway-line", "line-width"), 1);
@@ -163,6 +172,15 @@ TEST(ExportedLayers, HaveNoZoomsAtTheEndsOfAll) {
     EXPECT_FALSE(water(R"("from": 1)", 1).contains("minzoom"));
     EXPECT_EQ(water(R"("from": 2)", 1)["minzoom"], 1);
     EXPECT_EQ(water(R"("to": 24)", 0)["maxzoom"], 24);
+    EXPECT_EQ(water(R"("to": 0)", 1)["maxzoom"], 0);
+}
+
+TEST(ExportedLayers, HaveTheirLastLevel) {
+    const Json style = exported({rule("water", "fill").color("#112233").level("9")},
+                                R"({"type": "water", "kind": "area", "source_layer": "water", "from": 8, "to": 9})")
+                           .style;
+    EXPECT_EQ(valueIn(style, "water-fill", "fill-color"),
+              Json::parse(R"(["step", ["zoom"], "#e8e4dc", 8, "#112233"])"));
 }
 
 TEST(ExportedLayers, AreDrawnAtTheirLevelsOnly) {
@@ -272,6 +290,34 @@ TEST(ExportOptions, ReplaceTheUrlOfTheLegendByATemplate) {
     EXPECT_EQ(exportedStyle(*study, legend, {.tiles = "{z}/{x}/{y}"}).style["sources"]["map"],
               Json({{"type", "vector"}, {"maxzoom", 14}, {"tiles", {"{z}/{x}/{y}"}}}));
     EXPECT_EQ(exportedStyle(*study, legend, {}).style["sources"]["map"], legend.source);
+}
+
+TEST(ExportedBuilding, HasNoFilterWhereFeaturesDoNotTellTheirStyleIds) {
+    const Json style =
+        exported({rule("building", "geometry").visibility("off").level("9")},
+                 R"({"type": "building", "kind": "building", "source_layer": "b", "height": 9})", {.isRaised = true})
+            .style;
+    EXPECT_EQ(style["layers"][2]["id"], "building-walls");
+    EXPECT_FALSE(style["layers"][2].contains("filter"));
+}
+
+TEST(ExportLosses, KnowLabelsOfTheCompanion) {
+    const std::string label = R"({"type": "highwaylabel", "kind": "line_label", "source_layer": "roads"})";
+    const auto codes = [](const std::string& layers) {
+        return codesOf(exported({rule("highway", "labels.text.fill").color("#111111")}, layers).losses);
+    };
+    EXPECT_THAT(codes(kHighway), Contains(LossCode::NoLabels));
+    EXPECT_THAT(codes(kHighway + "," + label), Not(Contains(LossCode::NoLabels)));
+}
+
+TEST(ExportLosses, HaveUnitsOfBordersAndOfTheWidthsOfLines) {
+    const auto hasUnits = [](const RuleBuilder& rule, const std::string& layer) {
+        return codesOf(exported({rule}, layer).losses) == std::vector{LossCode::Units};
+    };
+    EXPECT_TRUE(hasUnits(rule("water", "stroke").weight("2"), kWater));
+    EXPECT_FALSE(hasUnits(rule("water", "fill").weight("2"), kWater));
+    EXPECT_TRUE(hasUnits(rule("highway", "fill").weight("2"), kHighway));
+    EXPECT_TRUE(hasUnits(rule("highway", "stroke").weight("2"), kHighway));
 }
 
 TEST(ExportedStyle, HasTheFontFacesOfItsLegendInsteadOfGlyphs) {

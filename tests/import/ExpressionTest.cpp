@@ -83,6 +83,22 @@ INSTANTIATE_TEST_SUITE_P(
         ExpressionCase{"AStopAtAText", R"({"stops": [["8", 1], [12, 3]]})", ""},
         ExpressionCase{"APropertyThatIsNoText", R"(["get", 1])", ""},
         ExpressionCase{"APropertyOfSomethingElse", R"(["get", "class", ["properties"]])", ""},
+        ExpressionCase{"AWayToBlack", R"(["interpolate", ["linear"], ["zoom"], 8, "#804020", 12, "#000000"])",
+                       R"("#402010")"},
+        ExpressionCase{"AWayBetweenInvisibleColours",
+                       R"(["interpolate", ["linear"], ["zoom"], 8, "#00000000", 12, "#00000000"])", R"("#00000000")"},
+        ExpressionCase{"AWayBetweenFaintColours",
+                       R"(["interpolate", ["linear"], ["zoom"], 8, "#ff000001", 12, "#ff000001"])", R"("#ff000001")"},
+        ExpressionCase{"APlainList", R"([1, 2])", R"([1, 2])"}, ExpressionCase{"AnEmptyList", R"([])", R"([])"},
+        ExpressionCase{"AFallback", R"(["case", ["==", ["get", "lanes"], 2], "a", "c"])", R"("c")"},
+        ExpressionCase{"AFallbackAlone", R"(["case", "a"])", R"("a")"},
+        ExpressionCase{"ChannelsWithAlpha", R"(["rgba", 16, 32, 48, 0.5])", R"("#10203080")"},
+        ExpressionCase{"AWayFromTheUnknown", R"(["interpolate", ["linear"], ["zoom"], 8, ["pi"], 12, 1])", ""},
+        ExpressionCase{"AWayFromANumberToAColour", R"(["interpolate", ["linear"], ["zoom"], 8, 1, 12, "#000000"])", ""},
+        ExpressionCase{"AStepOverTexts", R"(["step", ["get", "class"], 1, 2, 3])", ""},
+        ExpressionCase{"AStepOverTheUnknown", R"(["step", ["pi"], 1, 2, 3])", ""},
+        ExpressionCase{"AStepWithoutItsValue", R"(["step", ["zoom"], 1, 2])", ""},
+        ExpressionCase{"AWayOverTexts", R"(["interpolate", ["linear"], ["get", "class"], 8, 0, 12, 4])", ""},
         ExpressionCase{"TooFewOperands", R"(["match"])", ""}),
     [](const auto& each) { return each.param.name; });
 
@@ -95,8 +111,8 @@ TEST_P(NoCssColor, IsTakenForOne) {
 INSTANTIATE_TEST_SUITE_P(Texts, NoCssColor,
                          testing::Values("", "#", "#12", "#gggggg", "rgb(1, 2)", "rgb(1, 2, 3", "rgb(nan, 0, 0)",
                                          "rgb(0, inf, 0)", "rgba(0, 0, 0, 1e999)", "rgb(0x10, 0, 0)", "rgb(1-2, 3, 4)",
-                                         "rgb(1e, 2, 3)", "rgb(--1, 2, 3)", "hsl(0, 1, 1)", "rgb(%, %, %)",
-                                         "whitesmoke", "lab(1, 2, 3)"));
+                                         "rgb(1e, 2, 3)", "rgb(--1, 2, 3)", "hsl(0, 1, 1)", "hsl(0, 1%, 1)",
+                                         "hsl(0, 1, 1%)", "rgb(%, %, %)", "whitesmoke", "lab(1, 2, 3)"));
 
 struct FilterCase {
     std::string name;
@@ -118,6 +134,12 @@ INSTANTIATE_TEST_SUITE_P(
         FilterCase{"TheOlderUnequal", R"(["!=", "brunnel", "tunnel"])", true},
         FilterCase{"TheOlderIn", R"(["in", "class", "trunk", "motorway"])", true},
         FilterCase{"TheOlderNotIn", R"(["!in", "class", "trunk", "motorway"])", false},
+        FilterCase{"NumbersComeNotBeforeTexts", R"(["<", ["get", "lanes"], "a"])", false},
+        FilterCase{"TextsCompare", R"(["<", ["get", "class"], "n"])", true},
+        FilterCase{"InOfTheUnknown", R"(["in", ["pi"], ["literal", ["a"]]])", std::nullopt},
+        FilterCase{"InSomethingElse", R"(["in", "a", ["get", "lanes"]])", std::nullopt},
+        FilterCase{"TheOlderInOfANumber", R"(["in", 1, "a"])", std::nullopt},
+        FilterCase{"TheOlderInANumber", R"(["in", "lanes", 4])", true},
         FilterCase{"TheOlderInOfOne", R"(["in", "class", "motorway"])", true},
         FilterCase{"TheOlderHas", R"(["has", "brunnel"])", false},
         FilterCase{"TheOlderHasNot", R"(["!has", "brunnel"])", true},

@@ -120,11 +120,11 @@ INSTANTIATE_TEST_SUITE_P(
                 {"id": "b", "type": "fill-extrusion", "source-layer": "b", "paint": {"fill-extrusion-color": "#222222"}})",
             R"({"type": "building", "kind": "building", "source_layer": "b", "height": 9})",
             R"("building", "elementType": "geometry.topsurface", "stylers": {"color": "#222222"}})"},
-        ImportCase{"TheLastOfTwoOutlines",
-                   R"({"id": "a", "type": "line", "source-layer": "water", "paint": {"line-color": "#111111"}},
+        ImportCase{
+            "TheLastOfTwoOutlines",
+            R"({"id": "a", "type": "line", "source-layer": "water", "paint": {"line-color": "#111111", "line-width": 3}},
                 {"id": "b", "type": "line", "source-layer": "water", "paint": {"line-color": "#222222"}})",
-                   kWater,
-                   R"("water", "elementType": "geometry.stroke", "stylers": {"color": "#222222", "weight": "1"}})"},
+            kWater, R"("water", "elementType": "geometry.stroke", "stylers": {"color": "#222222", "weight": "1"}})"},
         ImportCase{
             "ACasingOfOnePixel",
             R"({"id": "a", "type": "line", "source-layer": "roads", "paint": {"line-color": "#111111", "line-gap-width": 4}})",
@@ -190,6 +190,52 @@ INSTANTIATE_TEST_SUITE_P(
             R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
             R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["==", ["get", "class"], ["get", "kind"]]})",
             R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AnEmptyTextAsInvisible",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "", "icon-image": "dot"}})",
+            kCity, R"("city", "elementType": "labels.text.fill", "stylers": {"color": "#00000000"}})"},
+        ImportCase{
+            "ATextOfTheSizeOfRenderers",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-color": "#101010"}})",
+            kCity, R"("labels.text.fill", "stylers": {"color": "#101010", "fontsize": "16"}})"},
+        ImportCase{
+            "AHaloWithoutWidth",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": "#ffffff"}})",
+            kCity, R"("labels.text.stroke", "stylers": {"color": "#00000000"}})"},
+        ImportCase{
+            "AHaloWithoutColour",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-width": 2}})",
+            kCity, R"("labels.text.stroke", "stylers": {"color": "#00000000"}})"},
+        ImportCase{
+            "AHaloThatIsInvisible",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": "#ffffff00", "text-halo-width": 2}})",
+            kCity, R"("labels.text.stroke", "stylers": {"color": "#00000000"}})"},
+        ImportCase{
+            "AHaloThatIsFaint",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": "#ffffff01", "text-halo-width": 2}})",
+            kCity, R"("labels.text.stroke", "stylers": {"color": "#ffffff01", "weight": "2"}})"},
+        ImportCase{"TheLastLevelOfALegendLayer", R"({"id": "a", "type": "fill", "source-layer": "water",
+                 "paint": {"fill-color": ["step", ["zoom"], "#111111", 8, "#222222"]}})",
+                   R"({"type": "water", "kind": "area", "source_layer": "water", "to": 9})",
+                   R"("stylers": {"color": "#222222", "level": "9"}})"},
+        ImportCase{
+            "TheBackgroundBeyondAllLevels",
+            R"({"id": "a", "type": "background", "paint": {"background-color": ["step", ["zoom"], "#111111", 21, "#222222"]}})",
+            kWater, R"("land", "elementType": "geometry.fill", "stylers": {"color": "#222222"}})"},
+        ImportCase{
+            "AFilterForOneConditionOfAll",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["all", ["==", ["get", "class"], "lake"]]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "AFilterForAnyCondition",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#123456"}})",
+            R"({"type": "water", "kind": "area", "source_layer": "water", "filter": ["any", ["==", ["get", "class"], "lake"], ["==", ["get", "class"], "sea"]]})",
+            R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
+        ImportCase{
+            "PolygonsAsAreas",
+            R"({"id": "a", "type": "fill", "source-layer": "water", "filter": ["==", ["geometry-type"], "Polygon"], "paint": {"fill-color": "#123456"}})",
+            kWater, R"("water", "elementType": "geometry.fill", "stylers": {"color": "#123456"}})"},
         ImportCase{"TheBackgroundAsLand",
                    R"({"id": "a", "type": "background", "paint": {"background-color": "#f0f0f0"}})", kWater,
                    R"("land", "elementType": "geometry.fill", "stylers": {"color": "#f0f0f0"}})"}),
@@ -264,6 +310,24 @@ INSTANTIATE_TEST_SUITE_P(
             "AHaloColouredByAnUnknownExpression",
             R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": ["var", "c"], "text-halo-width": 2}})",
             kCity, "not-understood"},
+        LossCase{
+            "ThreeLines",
+            R"({"id": "a", "type": "line", "source-layer": "roads"}, {"id": "b", "type": "line", "source-layer": "roads"}, {"id": "c", "type": "line", "source-layer": "roads"})",
+            kRoads, "more-layers"},
+        LossCase{
+            "ManyLabels",
+            R"({"id": "a", "type": "symbol", "source-layer": "places"}, {"id": "b", "type": "symbol", "source-layer": "places"})",
+            kCity, "more-layers"},
+        LossCase{"ALayerOfTilesWithALongerName", R"({"id": "a", "type": "fill", "source-layer": "waterway"})", kWater,
+                 "layer-unused"},
+        LossCase{"ShapesOfOneType",
+                 R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-color": "#111111"}},
+                 {"id": "b", "type": "fill", "source-layer": "lakes", "paint": {"fill-color": "#222222"}})",
+                 kWater + R"(, {"type": "water", "kind": "area", "name": "lakes", "source_layer": "lakes"})",
+                 "shapes-differ"},
+        LossCase{"AnOpacityThatIsNoNumber",
+                 R"({"id": "a", "type": "fill", "source-layer": "water", "paint": {"fill-opacity": "half"}})", kWater,
+                 "not-understood"},
         LossCase{"ALayerOfOtherTiles", R"({"id": "a", "type": "fill", "source-layer": "ice"})", kWater, "layer-unused"},
         LossCase{"FeaturesOfOneType",
                  R"({"id": "a", "type": "fill", "source-layer": "water",
@@ -341,6 +405,17 @@ std::string mappingOf(std::initializer_list<std::pair<const char*, int>> ids) {
 ImportedStyle importedOver(const std::string& mapping, const std::string& mapLayers, const std::string& legendLayers) {
     return importedStyle(MapJson::parse(R"({"version": 8, "layers": [)" + mapLayers + "]}"), legendWith(legendLayers),
                          Mapping::given(mapping));
+}
+
+TEST(ImportedStyle, NamesNoLayerThatIsNone) {
+    EXPECT_THAT(codesOf(imported("null, 3", kWater)), Not(Contains("layer-unused")));
+}
+
+TEST(ImportedStyle, ReadsTypesWithoutStyleIds) {
+    const ImportedStyle style =
+        importedOver(mappingOf({}), R"({"id": "a", "type": "fill", "source-layer": "water"})",
+                     R"({"type": "water", "kind": "area", "source_layer": "water", "id": "s"})");
+    EXPECT_THAT(codesOf(style), testing::IsEmpty());
 }
 
 TEST(ImportedStyle, SaysWhichValuesAnotherTypeAnswers) {

@@ -112,8 +112,7 @@ private:
                                        zoomRangeOf(layer, m_options.zoomOffset)};
             findLayerLosses(context, m_options.isRaised, m_losses);
             MapLayers made = mapLayersOf(context, m_options.isRaised, m_losses);
-            if (layer.kind != ShapeKind::Line) append(run, layers);
-            append(made.below, layers);
+            append(made.below, layers);  // of lines only
             run.insert(run.end(), made.layers.begin(), made.layers.end());
             if (layer.kind != ShapeKind::Line) append(run, layers);
         }
