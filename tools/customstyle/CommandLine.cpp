@@ -72,7 +72,7 @@ public:
             return {.kind = Request::Kind::Help, .command = &m_command};
         } catch (const CLI::ParseError& error) {
             // An unknown word is the likely cause, and what the parser misses is its consequence.
-            return problem(m_app.remaining().empty() ? escapedText(error.what()) : unexpectedWord());
+            return problem(unexpectedWords().empty() ? escapedText(error.what()) : unexpectedWordText());
         }
         const std::string text = problemText();
         return text.empty() ? Request{.kind = Request::Kind::Run, .command = &m_command} : problem(text);
@@ -101,7 +101,7 @@ private:
     }
 
     std::string problemText() const {
-        if (!m_app.remaining().empty()) return unexpectedWord();
+        if (!unexpectedWords().empty()) return unexpectedWordText();
         for (std::size_t i = 0; i < m_options.size(); ++i) {
             const std::string text = problemOf(m_command.options[i], *m_options[i]);
             if (!text.empty()) return text;
@@ -124,10 +124,15 @@ private:
         return {};
     }
 
-    std::string unexpectedWord() const {
+    // "--" ends the options, and is no word of its own.
+    std::vector<std::string> unexpectedWords() const {
         std::vector<std::string> words = m_app.remaining();
         std::erase(words, "--");
-        const std::string& word = words.front();
+        return words;
+    }
+
+    std::string unexpectedWordText() const {
+        const std::string word = unexpectedWords().front();
         if (!word.starts_with('-')) return fmt::format("\"{}\" is one argument too many", escapedText(word));
         const std::string name = word.substr(0, word.find('='));
         return fmt::format("unknown option \"{}\"{}", escapedText(name), didYouMean(likelyName(name, optionNames())));

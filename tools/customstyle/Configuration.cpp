@@ -112,7 +112,9 @@ private:
             fail(value.source(), R"(write a table: [severity], and below it level-clamped = "error")");
         for (const auto& [key, each] : *table) {
             const Code code = codeIn(key.source(), std::string(key.str()));
-            const std::string name = each.value_or(std::string());
+            const auto written = each.value_exact<std::string>();
+            if (!written) fail(each.source(), R"(write "error", "warning", "note" or "off")");
+            const std::string& name = *written;
             const auto severity = severityNamed(name);
             if (severity)
                 m_result.severities[code] = *severity;

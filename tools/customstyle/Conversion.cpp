@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 #include <variant>
 
@@ -14,6 +16,8 @@
 
 namespace customstyle_tool {
 namespace {
+
+namespace fs = std::filesystem;
 
 std::variant<std::unique_ptr<SourceFile>, ReadFailure> legendFile(const std::string& name) {
     if (auto file = builtInLegend(name)) return file;
@@ -67,6 +71,13 @@ std::optional<Legend> legendOrComplain(const std::string& name) {
     if (Legend* const read = std::get_if<Legend>(&legend)) return std::move(*read);
     for (const std::string& problem : std::get<LegendProblems>(legend)) complain(problem);
     return {};
+}
+
+bool haveOneTarget(const ConversionArguments& arguments) {
+    if (!arguments.report) return false;
+    std::error_code error;
+    const auto real = [&](const fs::path& path) { return fs::weakly_canonical(fs::absolute(path, error), error); };
+    return real(*arguments.report) == real(arguments.output);
 }
 
 int writeConversion(const ConversionTexts& conversion, const ConversionArguments& arguments,

@@ -34,6 +34,9 @@ Glossary lossGlossary(std::span<const LossRow> rows);
 /// Reads a built-in legend, or a file; none after a complaint.
 std::optional<Legend> legendOrComplain(const std::string& name);
 
+/// Whether the style and the report have one target.
+bool haveOneTarget(const ConversionArguments& arguments);
+
 /// Writes the style and the report where the arguments want them, and the losses to standard error.
 /// @param inputs  files that must not be overwritten
 /// @return the exit status

@@ -20,7 +20,7 @@ struct ExportArguments : StyleArguments, ConversionArguments {
 };
 
 int exportStyle(ExportArguments arguments) {
-    if (arguments.report == arguments.output) return complain("--report and --output name the same file");
+    if (haveOneTarget(arguments)) return complain("--report and --output name the same file");
     if (!findMapping(arguments, {arguments.style})) return kMisuse;
     const std::optional<Legend> legend = legendOrComplain(arguments.legend);
     if (!legend) return kMisuse;

@@ -30,7 +30,7 @@ std::vector<std::string> inputsOf(const ImportArguments& arguments) {
 }
 
 int importStyle(ImportArguments arguments) {
-    if (arguments.report == arguments.output) return complain("--report and --output name the same file");
+    if (haveOneTarget(arguments)) return complain("--report and --output name the same file");
     if (!findMapping(arguments, {arguments.mapStyle})) return kMisuse;
     const std::optional<Legend> legend = legendOrComplain(arguments.legend);
     const auto mapping = legend ? mappingOrComplain(arguments.mappingDirectory) : std::nullopt;
