@@ -112,6 +112,13 @@ INSTANTIATE_TEST_SUITE_P(
                       rule("poilabel", "icon").visibility("off")}),
              text({rule("highwaylabel", "all.topsurface").color("#3366cc"),
                    rule("poilabel", "icon").visibility("off")})},
+        Case{"ATypeThatKeepsAnIconShownStaysBesideAGridColour",
+             styleOf({rule("grid", "fill").color("#112233"),
+                      rule("highwaylabel", "topsurface").visibility("on").weight("2"),
+                      rule("highwaylabel", "all.topsurface").color("#3366cc"),
+                      rule("poilabel", "icon").visibility("off")}),
+             text({rule("grid", "all").color("#112233"), rule("highwaylabel", "all.topsurface").color("#3366cc"),
+                   rule("poilabel", "icon").visibility("off")})},
         Case{"LabelsThatAreReachedThroughTheirTypeAreNamedShorter",
              styleOf({rule("highway", "labels").color("#112233"),
                       rule("highwaylabel", "labels.text.stroke").weight("1")}),
@@ -142,6 +149,22 @@ TEST(Minifier, MergesTheRulesForEachOfManyLevels) {
                  rule("water", "fill").color("#33" + std::to_string(level + 10) + "cc").level(number).json();
     }
     EXPECT_EQ(minifiedText(style + "]").rules, 18U);
+}
+
+TEST(Minifier, MergesTheElementsForEachOfManyLevels) {
+    std::string style;
+    std::string geometry;
+    for (int level = 4; level <= 21; ++level) {
+        const std::string number = std::to_string(level);
+        const auto colored = [&](const char* element) {
+            return rule("water", element).color("#33" + std::to_string(level + 10) + "cc").level(number).json();
+        };
+        for (const char* element : {"fill", "stroke", "topsurface"})
+            style += (style.empty() ? "[" : ",") + colored(element);
+        geometry += (geometry.empty() ? "[" : ",") + colored("geometry");
+    }
+    std::erase(geometry, ' ');
+    EXPECT_EQ(minifiedText(style + "]").text, geometry + "]");
 }
 
 TEST(Minifier, UsesWhatTheMappingCannotShow) {

@@ -4,6 +4,7 @@
 
 #include "customstyle/CustomConfig.h"
 #include "tests/study/Sources.h"
+#include "tools/minify/Compact.h"
 #include "tools/minify/MinimalRule.h"
 #include "tools/minify/ShortValues.h"
 
@@ -35,6 +36,8 @@ INSTANTIATE_TEST_SUITE_P(
     Styles, MinimalRules,
     testing::Values(
         RuleCase{"AnEmptyStyleStaysEmpty", "[ ]", "[]"},
+        RuleCase{"SpacesInNamesStay", R"([{"featureType":"my water","elementType":"fill","stylers":{"weight":"3"}}])",
+                 R"([{"featureType":"my water","elementType":"fill","stylers":{"weight":"3"}}])"},
         RuleCase{"UnknownMembersGo", ruleOf(R"("note":"x","weight":"3")"), ruleOf(R"("weight":"3")")},
         RuleCase{"OfDoubledMembersTheFirstStays", ruleOf(R"("weight":"3","weight":"4")"), ruleOf(R"("weight":"3")")},
         RuleCase{"StylersInCapitalsGo", ruleOf(R"("weight":"3","Color":"#3366cc")"), ruleOf(R"("weight":"3")")},
@@ -59,6 +62,12 @@ INSTANTIATE_TEST_SUITE_P(
                  R"({"x":{"featureType":"water","elementType":"fill","stylers":{"weight":"3"}}})",
                  ruleOf(R"("weight":"3")")}),
     ruleCaseName);
+
+TEST(CompactText, HasAllButTheBlanksBetweenThings) {
+    const customstyle_test::StyleText text(
+        "[ {\"a b\" : [ 1 , 2.50, [ ] ],\n\t\"c\": {\"d\": null, \"e\" : \" x \"} }, true , [false] ]\n");
+    EXPECT_EQ(compactText(text.source().document()), R"([{"a b":[1,2.50,[]],"c":{"d":null,"e":" x "}},true,[false]])");
+}
 
 struct ValueCase {
     const char* name;

@@ -61,7 +61,7 @@ std::optional<int> changedLevel(const PlacedRules& left, const PlacedRules& righ
 Cluster::Cluster(const CustomConfig& map, const std::vector<std::pair<std::set<int>, PlacedRules>>& parts,
                  bool everyIconHidden)
     : m_everyIconHidden(everyIconHidden ? 1 : 0) {
-    m_wanted.m_allIconsHidden = m_view.m_allIconsHidden = m_everyIconHidden;
+    m_wanted.m_allIconsHidden = m_everyIconHidden;
     for (const auto& [featureTypes, rules] : parts) {
         Part& part = m_parts.emplace_back();
         part.rules = rules;
@@ -73,7 +73,6 @@ Cluster::Cluster(const CustomConfig& map, const std::vector<std::pair<std::set<i
         showKeys(m_wanted, part.original->config(), {});
         addFlags(m_wanted, part.original->config());
         showKeys(m_view, part.store->config(), {});
-        addFlags(m_view, part.store->config());
     }
 }
 
@@ -88,7 +87,6 @@ bool Cluster::isSame(std::size_t part, const PlacedRules& candidate) {
     showFlags(part, tried);
     const bool isSame = isAnsweredAlike(m_wanted, m_view, questions);
     show(now, tried, level);
-    showFlags(part, now);
     return isSame;
 }
 
@@ -96,7 +94,6 @@ void Cluster::accept(std::size_t part, PlacedRules rules) {
     Part& each = m_parts[part];
     load(*each.scratch, rules, {});
     show(each.scratch->config(), each.store->config(), {});
-    showFlags(part, each.scratch->config());
     std::swap(each.scratch, each.store);
     each.rules = std::move(rules);
 }

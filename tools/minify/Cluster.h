@@ -51,7 +51,8 @@ private:
     int m_everyIconHidden;
     std::vector<Part> m_parts;
     _orvik_framework::CustomConfig m_wanted;  // keys of the original parts
-    _orvik_framework::CustomConfig m_view;    // keys of the parts as they are, or of a version being tried
+    // Keys of the parts as they are, or of a version being tried; the flags of the last version tried.
+    _orvik_framework::CustomConfig m_view;
     std::size_t m_work = 0;
 };
 
