@@ -26,7 +26,8 @@ std::unique_ptr<StyleStudy> style() {
                           rule("highway", "labels.text").weight("3"), rule("highway", "labels.text.fill").weight("3"),
                           rule("highwaylabel", "labels.icon").visibility("off").level("5"),
                           rule("education", "labels.text.fill").color("#0000ff"),
-                          rule("land", "geometry").color("#112233"), rule("grid", "all").color("#445566")}));
+                          rule("land", "geometry").color("#112233"), rule("grid", "all").color("#445566"),
+                          rule("education", "geometry.fill").color("#ff0000").level("5")}));
 }
 
 std::string found(const ExpectationFailure& failure) {
@@ -69,6 +70,9 @@ INSTANTIATE_TEST_SUITE_P(
         CheckCase{"SeveralWrongAnswers",
                   "id 1130 11,12 fill #00ff00",
                   {kOpaqueRed + " at 11 for 1130", kGreen + " at 12 for 1130"}},
+        CheckCase{"OneWrongAnswerAtDifferentLevels",
+                  "highway 4,5 fill none",
+                  {kOpaqueRed + " at 4-5 for 1130", kOpaqueRed + " at 5 for 1131"}},
         CheckCase{
             "AllStyleIdsOfATypeTogether", "highwaylabel all text-fill-weight 4", {"3 at all levels for 1280 1281"}},
         CheckCase{"ASizeThatHolds", "highwaylabel 6 text-fill-weight 3", {}},
