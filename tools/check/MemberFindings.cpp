@@ -139,7 +139,8 @@ std::string asText(JsonValue value, std::string_view name) {
     }
     if (isVisibility && value.kind() == JsonKind::True) return "\"on\"";
     if (isVisibility && value.kind() == JsonKind::False) return "\"off\"";
-    if (value.kind() == JsonKind::Number && !isColor && !isVisibility) {
+    // The component takes digits only: neither "1.5" nor "-1" would do.
+    if (!isColor && !isVisibility && std::ranges::all_of(value.source(), isDigit)) {
         return fmt::format("\"{}\"", value.source());
     }
     return {};
@@ -153,7 +154,9 @@ void checkKind(StyleFindings& found, const RuleView& rule, const std::string& na
                                  fmt::format("\"{}\" is {}, not a string; {}", name, kindName(value->kind()),
                                              isLevel ? "the rule applies at all levels" : "it is ignored"));
     const std::string text = asText(*value, name);
-    if (!text.empty()) propose(finding, text);
+    if (!text.empty()) return propose(finding, text);
+    if (isLevel) finding.remedy = "write a level from 4 to 21 in double quotes";
+    if (isOfKind(name, StylerKind::Size)) finding.remedy = "write a whole number from 0 to 255 in double quotes";
 }
 
 // The component's log line about a rule without a styler. It looks at the stylers last.

@@ -26,14 +26,12 @@ using _orvik_framework::isParentFeatureType;
 struct Reach {
     std::set<int> types;  // the types that it touched
     std::set<FieldPart> wrote;
-    bool leavesUncustomised = false;  // whether some record has nothing written in it
 };
 
 Reach reachOf(const ReplayStep& step) {
     Reach reach;
     for (const RecordTouch& touch : step.touches) {
         reach.types.insert(touch.featureType);
-        reach.leavesUncustomised |= touch.after.m_custom == 0;
         for (std::size_t field = 0; field < kMarkField; ++field) {
             if (touch.origins[field] == Origin::Written) reach.wrote.insert(styleFields()[field].part);
         }
