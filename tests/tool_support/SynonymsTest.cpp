@@ -56,6 +56,36 @@ INSTANTIATE_TEST_SUITE_P(
                     Meaning{"province", "state region"}),
     nameOf);
 
+TEST(FeatureTypeMeant, IsOneWithThisVeryNameBeforeOneThatBeginsWithIt) {
+    EXPECT_EQ(meantFeatureType("road.subway"), "subway");
+    EXPECT_EQ(meantFeatureType("subway.lake"), "subway");
+}
+
+TEST(FeatureTypeMeant, IsNoneForLessThanThreeLetters) {
+    for (const char* word : {"", "w", "wa", "la", "to", "a.b", "._-"})
+        EXPECT_EQ(meantFeatureType(word), std::nullopt) << word;
+}
+
+class LikelyFeatureType : public testing::TestWithParam<Meaning> {};
+
+TEST_P(LikelyFeatureType, IsMisspeltOrMeant) {
+    for (const std::string& word : wordsOf(GetParam())) {
+        EXPECT_EQ(likelyFeatureType(word), GetParam().name) << word;
+        EXPECT_EQ(featureTypeHint(word), std::string("; did you mean \"") + GetParam().name + "\"?") << word;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Words, LikelyFeatureType,
+                         testing::Values(Meaning{"water", "watr WATER wter lake river-label"},
+                                         Meaning{"highway", "highwy Highwway motorway"},
+                                         Meaning{"estate", "estat state"}, Meaning{"province", "provinc region"}),
+                         nameOf);
+
+TEST(LikelyFeatureType, IsNoneForOtherWords) {
+    EXPECT_EQ(likelyFeatureType("xyz"), std::nullopt);
+    EXPECT_EQ(featureTypeHint("xyz"), "; all names: customstyle list types");
+}
+
 class StylerMeant : public testing::TestWithParam<Meaning> {};
 
 TEST_P(StylerMeant, ByWordsOfOtherMaps) {
