@@ -368,7 +368,7 @@ INSTANTIATE_TEST_SUITE_P(
 // ---- What "on" brings back ------------------------------------------------------------------------------------------
 
 const std::string kNotRestored =
-    " on-restores-no-color: the icons show again; what \"off\" made transparent stays transparent";
+    " on-restores-no-color: \"on\" brings back icons only; what \"off\" made transparent stays transparent";
 
 INSTANTIATE_TEST_SUITE_P(
     Restoring, AllThatIsSaid,

@@ -194,7 +194,7 @@ private:
             });
         });
         if (isHidden && m_rule.words.back() != "icon") {
-            add(Code::OnRestoresNoColor, "the icons show again; what \"off\" made transparent stays transparent");
+            add(Code::OnRestoresNoColor, "\"on\" brings back icons only; what \"off\" made transparent stays transparent");
         }
     }
 

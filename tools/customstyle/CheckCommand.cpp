@@ -62,7 +62,9 @@ std::string problemOfSeconds(const std::string& text) {
 // What the proofs about the styles of a run were made for, and how far they got.
 class ProofScope {
 public:
-    void add(const CheckedStyle& checked) {
+    /// @param isMappingNamed  also where that mapping was refused
+    void add(const CheckedStyle& checked, bool isMappingNamed) {
+        m_isAnyWithoutName |= !isMappingNamed;
         if (checked.study == nullptr || !checked.study->source().isWhole()) {
             m_isAnyBroken = true;
             return;
@@ -83,13 +85,15 @@ private:
 
     std::string where() const {
         const std::string mapped = "every style id of the mapping at every level";
-        const std::string everyMap = "every map: give --mapping DIR to prove them for yours";
+        const std::string everyMap =
+            m_isAnyWithoutName ? "every map: give --mapping DIR to prove them for yours" : "every map";
         if (!m_isAnyMapped) return everyMap;
         return m_isAnyForEveryMap ? fmt::format("{}; for styles without a mapping, for {}", mapped, everyMap) : mapped;
     }
 
     bool m_isAnyMapped = false;
     bool m_isAnyForEveryMap = false;
+    bool m_isAnyWithoutName = false;
     bool m_isAnyBroken = false;
     bool m_isAnyStopped = false;
 };
@@ -267,7 +271,7 @@ private:
             const std::size_t count = fixAll(file, checked, mapping, *configuration);
             deliver(path, *original, *file, count);
         }
-        m_scope.add(checked);
+        m_scope.add(checked, &mapping != &m_everyMap);
         const StyleSource* const style = checked.study == nullptr ? nullptr : &checked.study->source();
         for (const std::string& problem : m_filter.apply(checked.findings, *configuration, style)) report({problem});
         m_warningsAreErrors |= m_arguments.warningsAreErrors || configuration->warningsAreErrors;
