@@ -225,7 +225,7 @@ TEST(Reasons, AreThatTheMappingListsNothingWhateverTheStyler) {
 
 // ---- Who answers instead --------------------------------------------------------------------------------------------
 
-TEST(SharedIds, AreToldForEachTypeThatAnswersWithItsLevels) {
+TEST(SharedIds, AreReportedForEachTypeThatAnswersWithItsLevels) {
     const std::string mapping = mappingWith({{"water", {1, 2}}, {"green", {1}}, {"land", {2}}});
     const CheckedFile file = checked({{"green", "geometry", R"({"color": "#3366cc", "level": "12"})"},
                                       {"land", "geometry", R"({"color": "#cc3366"})"},
@@ -420,7 +420,7 @@ TEST(NoAlarm, IsGivenBecauseOfAStyleIdThatNoQuestionFinds) {
 
 // ---- Files that are not JSON ----------------------------------------------------------------------------------------
 
-TEST(BrokenFile, IsToldOfWhatCanBeRead) {
+TEST(BrokenFile, IsCheckedAsFarAsItCanBeRead) {
     const CheckedFile file = checkedStyle("[" + ruleText("lake", "all", R"({"color": "#3366cc"})") + ",\n" +
                                           R"({"featureType": "water" "elementType": "all"},)" + "\n" +
                                           ruleText("water", "geometry", R"({"color": "#36c"})") + "]");
@@ -442,7 +442,7 @@ struct LenientCase {
 
 class Leniency : public testing::TestWithParam<LenientCase> {};
 
-TEST_P(Leniency, IsToldOf) {
+TEST_P(Leniency, IsReported) {
     const std::string rule = fmt::format(
         R"([{{"featureType": "water", "elementType": "geometry", "stylers": {{"color": "#3366cc"}}, "note": {}}}])",
         GetParam().note);

@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_P(LevelReset, IsTold) {
+TEST_P(LevelReset, IsReported) {
     const CheckedFile file = checked(GetParam().rules);
     EXPECT_FALSE(hasValue(file));
     EXPECT_THAT(messagesOf(file, Code::LevelReset), Contains(HasSubstr(GetParam().lostField)));
@@ -101,7 +101,7 @@ std::vector<std::string> resetsOfItself(const char* featureType, const char* ele
                       Code::LevelResetsItself);
 }
 
-TEST(LevelResetsItself, IsToldOfWhateverWritesSeveralTimes) {
+TEST(LevelResetsItself, IsReportedForWhateverWritesSeveralTimes) {
     EXPECT_THAT(resetsOfItself("city", "all", R"({"weight": "3", "level": "12"})"),
                 ElementsAre(HasSubstr("fill weight, stroke weight does not stay at level 12")));
     EXPECT_THAT(resetsOfItself("city", "labels", R"({"visibility": "off", "level": "12"})"), SizeIs(1));

@@ -123,7 +123,7 @@ Changes spreadOut(const std::vector<JoinedChange>& joined) {
                 const auto& [subject, field] = each.change.question;
                 const Where where{subject, field, id, customstyle_tool::levelOfClass(levelClass)};
                 const bool isNew = found.try_emplace(where, each.change.before, each.change.after).second;
-                EXPECT_TRUE(isNew) << "told twice: style id " << id;
+                EXPECT_TRUE(isNew) << "reported twice: style id " << id;
             }
         }
     }
@@ -131,12 +131,13 @@ Changes spreadOut(const std::vector<JoinedChange>& joined) {
 }
 
 // Prints what is in one of them only, since whole maps are too long to read.
-void expectSame(const Changes& told, const Changes& found) {
+void expectSame(const Changes& reported, const Changes& found) {
     Changes superfluous;
     Changes missing;
-    std::set_difference(told.begin(), told.end(), found.begin(), found.end(),
+    std::set_difference(reported.begin(), reported.end(), found.begin(), found.end(),
                         std::inserter(superfluous, superfluous.end()));
-    std::set_difference(found.begin(), found.end(), told.begin(), told.end(), std::inserter(missing, missing.end()));
+    std::set_difference(found.begin(), found.end(), reported.begin(), reported.end(),
+                        std::inserter(missing, missing.end()));
     EXPECT_TRUE(superfluous.empty()) << testing::PrintToString(superfluous);
     EXPECT_TRUE(missing.empty()) << testing::PrintToString(missing);
 }

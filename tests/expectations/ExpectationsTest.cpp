@@ -48,7 +48,7 @@ std::string problemName(const testing::TestParamInfo<ProblemCase>& info) {
 
 class ExpectationProblemOf : public testing::TestWithParam<ProblemCase> {};
 
-TEST_P(ExpectationProblemOf, IsToldAtItsPlace) {
+TEST_P(ExpectationProblemOf, IsReportedAtItsPlace) {
     const SourceFile file("file", GetParam().line);
     const ExpectationFile result = parsedFile(file);
     EXPECT_TRUE(result.expectations.empty());

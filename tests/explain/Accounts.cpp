@@ -72,11 +72,11 @@ Counts writesSeen(const StyleStudy& style, const Explanation& explanation, std::
 
 // A write that a level's styler resets itself shows in the replay as inherited, and is listed as lost.
 void expectAccounted(const History& history, const Counts& written, const Counts& inherited) {
-    Counts told;
-    if (history.winner) ++told[placeOf(*history.winner)];
-    for (const auto& loss : history.losses) ++told[placeOf(loss.write)];
-    for (const auto& [place, count] : written) EXPECT_EQ(told[place], 1);
-    for (const auto& [place, count] : told) {
+    Counts reported;
+    if (history.winner) ++reported[placeOf(*history.winner)];
+    for (const auto& loss : history.losses) ++reported[placeOf(loss.write)];
+    for (const auto& [place, count] : written) EXPECT_EQ(reported[place], 1);
+    for (const auto& [place, count] : reported) {
         EXPECT_LE(count, 1);
         EXPECT_TRUE(count == 0 || written.contains(place) || inherited.contains(place));
     }

@@ -64,7 +64,7 @@ private:
     std::deque<std::string> m_names;
 };
 
-TEST(OtherEngine, IsToldTheBlockSizeOfEachMap) {
+TEST(OtherEngine, GetsTheBlockSizeOfEachMap) {
     const auto config = std::make_unique<CustomConfig>();
     for (const CVMapPtrToPtr& records : config->m_typeStyleMaps) ASSERT_EQ(records.blockSize(), 10);
     for (const CVMapPtrToPtr& records : config->m_levelStyleMaps) ASSERT_EQ(records.blockSize(), 10);

@@ -107,28 +107,28 @@ public:
     std::optional<Failure> fails(const Answers& answers, std::size_t styleId, std::size_t levelClass) const {
         const Answer& answer = answers.of(styleId, levelClass);
         const Json values = valuesAsJson(answer);
-        if (m_json.at("feature_type") != nameOf(answer.featureType)) return Failure{"explain names the type", told()};
+        if (m_json.at("feature_type") != nameOf(answer.featureType)) return Failure{"explain names the type", shown()};
         for (const auto& [field, name] : kFieldNames) {
             const Json& topic = m_json.at(name);
             if (topic.at("value") != (values.contains(name) ? values.at(name) : Json())) {
-                return Failure{"explain tells the renderer's values", name + " in " + told()};
+                return Failure{"explain reports the renderer's values", name + " in " + shown()};
             }
             if (!topic.at("from").is_null() && !wrote(topic.at("from"), field)) {
-                return Failure{"explain names a rule that wrote the value", name + " in " + told()};
+                return Failure{"explain names a rule that wrote the value", name + " in " + shown()};
             }
         }
         if (m_json.at("icon").at("value") != iconText(answer)) {
-            return Failure{"explain tells whether the icon is hidden", told()};
+            return Failure{"explain reports whether the icon is hidden", shown()};
         }
         if (m_json.at("land_background").at("value") != colourJson(answers.land(levelClass)) ||
             m_json.at("grid_background").at("value") != colourJson(answers.grid())) {
-            return Failure{"explain tells the backgrounds", told()};
+            return Failure{"explain reports the backgrounds", shown()};
         }
         return {};
     }
 
 private:
-    std::string told() const { return m_json.dump(1); }
+    std::string shown() const { return m_json.dump(1); }
 
     bool wrote(const Json& from, const std::string& field) const {
         const Rule& rule = m_trial.rules.at(from.at("rule").get<std::size_t>() - 1);

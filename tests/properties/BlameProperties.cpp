@@ -167,10 +167,10 @@ private:
             const std::size_t type = std::strtoul(key.c_str(), nullptr, 10);
             if (type > 71 || isUnmapped(type) || records.empty() || !isHidden(records.begin()->second)) continue;
             const std::string name = "\"" + model::kNames[type] + "\"";
-            const bool isTold = std::ranges::any_of(m_style.findings(), [&](const Json& finding) {
+            const bool isReported = std::ranges::any_of(m_style.findings(), [&](const Json& finding) {
                 return finding.at("code") == "hidden-by-rule" && says(finding, name.c_str());
             });
-            if (!isTold) return Failure{"what is out of use is told to those who set it", key};
+            if (!isReported) return Failure{"what is out of use is reported to those who set it", key};
         }
         return {};
     }

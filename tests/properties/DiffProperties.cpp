@@ -74,11 +74,11 @@ std::optional<Failure> diffHolds(const Trial& trial) {
     std::erase_if(expected, [&](const auto& place) {
         return place.first > 0x7fffffff || (place.first == 0 && !isStored(before.model(), 0));
     });
-    Places told = placesIn(changes, 999999);
-    std::erase_if(told, [](const auto& place) { return place.first > 0x7fffffff; });
-    if (told != expected) return Failure{"diff tells every style id and level", run.out + written(other).text};
+    Places reported = placesIn(changes, 999999);
+    std::erase_if(reported, [](const auto& place) { return place.first > 0x7fffffff; });
+    if (reported != expected) return Failure{"diff reports every style id and level", run.out + written(other).text};
     if (backgroundLevelsIn(changes) != changedBackgrounds(before, after)) {
-        return Failure{"diff tells every background", run.out + written(other).text};
+        return Failure{"diff reports every background", run.out + written(other).text};
     }
     return {};
 }

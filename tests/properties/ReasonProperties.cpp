@@ -19,11 +19,11 @@ bool isSo(const CheckedStyle& style, const Json& finding) {
 }
 
 // Whether it is reported that a styler undoes its own work.
-bool isTold(const CheckedStyle& style, const Part& part) {
+bool undoingIsReported(const CheckedStyle& style, const Part& part) {
     return std::ranges::any_of(style.findings(), [&](const Json& finding) {
         if (finding.at("code") != "level-resets-itself") return false;
-        const Part told = style.partAt(finding);
-        return told.rule == part.rule && style.stylerOf(told) == style.stylerOf(part);
+        const Part found = style.partAt(finding);
+        return found.rule == part.rule && style.stylerOf(found) == style.stylerOf(part);
     });
 }
 
@@ -39,7 +39,8 @@ std::optional<Failure> reasonsFail(const CheckedStyle& style) {
         for (std::size_t styler = 0; stylers && styler < stylers->size(); ++styler) {
             const Part part{rule, styler};
             if (turnOf(style.stylerOf(part)) == kTurnCount || !undoesItsWork(style, part)) continue;
-            if (!isTold(style, part)) return Failure{"who undoes its own work is told so", style.textOf(part)};
+            if (!undoingIsReported(style, part))
+                return Failure{"who undoes its own work gets a finding", style.textOf(part)};
         }
     }
     return {};

@@ -82,7 +82,7 @@ std::optional<Failure> slotsFail(unsigned seed) {
     const bool isNearlyFull = slots.keys.size() > kMany && slots.keys.size() <= kSlots;
     const std::set<std::size_t> warned =
         isNearlyFull ? std::set<std::size_t>{slots.firstBeyondMany} : std::set<std::size_t>{};
-    if (rulesWith(style, "slots-exceeded") != slots.refused) return Failure{"who got no slot is told so", detail};
+    if (rulesWith(style, "slots-exceeded") != slots.refused) return Failure{"who got no slot gets a finding", detail};
     if (rulesWith(style, "slots-nearly-full") != warned)
         return Failure{"a store that is nearly full is reported", detail};
     if (!sayHowMany(style, "slots-exceeded", slots.keys.size()) ||

@@ -68,7 +68,7 @@ TEST_F(StyleFile, ThatIsEmptyIsNotLoaded) {
     EXPECT_EQ(failureOf(loaded("")), "style.json: is empty; a style file holds JSON");
 }
 
-TEST_F(StyleFile, ThatIsNoJsonIsNotLoadedAndThePlaceIsTold) {
+TEST_F(StyleFile, ThatIsNoJsonIsNotLoadedAndThePlaceIsReported) {
     EXPECT_THAT(failureOf(loaded("[\n 1,]")), StartsWith("style.json:2:3: is not JSON: "));
 }
 

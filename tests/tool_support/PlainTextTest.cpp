@@ -70,7 +70,7 @@ struct Utf8Case {
 
 class Utf8 : public testing::TestWithParam<Utf8Case> {};
 
-TEST_P(Utf8, IsToldFromOtherBytes) {
+TEST_P(Utf8, IsDistinguishedFromOtherBytes) {
     EXPECT_EQ(isUtf8(GetParam().text), GetParam().isUtf8);
 }
 

@@ -256,7 +256,7 @@ describe('the server', () => {
     evil.close();
   });
 
-  test('that goes away and comes back is told of, and nothing is lost', async () => {
+  test('that goes away and comes back is reported, and nothing is lost', async () => {
     const own = await startStudio(file);
     const {page, profile} = await openStudio({...started, address: own.address});
     await own.close();

@@ -240,7 +240,7 @@ describe('what the panels show', () => {
 });
 
 describe('the rule in question', () => {
-  test('is told on hover', async () => {
+  test('is shown on hover', async () => {
     const {page} = studio;
     await typeStyle(page, styleOf(rule('water', 'geometry.fill', {color: '#0000ff'})));
     await page.locator('.cm-line', {hasText: '"water"'}).hover({position: {x: 60, y: 6}});
