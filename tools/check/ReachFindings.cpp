@@ -194,7 +194,8 @@ private:
             });
         });
         if (isHidden && m_rule.words.back() != "icon") {
-            add(Code::OnRestoresNoColor, "\"on\" brings back icons only; what \"off\" made transparent stays transparent");
+            add(Code::OnRestoresNoColor,
+                "\"on\" brings back icons only; what \"off\" made transparent stays transparent");
         }
     }
 
