@@ -132,6 +132,17 @@ TEST_F(VFile, ClosingWithoutAnOpenFileDoesNothing) {
     EXPECT_EQ(openFiles(), before);
 }
 
+// The system gives the descriptor to the next file that is opened.
+TEST_F(VFile, ClosingAgainLeavesOtherFilesOpen) {
+    const std::string path = m_directory.write("text", "abc");
+    EXPECT_EQ(m_file.Open(path.c_str(), 257), 1);
+    m_file.Close();
+    CVFile other;
+    EXPECT_EQ(other.Open(path.c_str(), 257), 1);
+    m_file.Close();
+    EXPECT_EQ(readFrom(other, 3), "abc");
+}
+
 TEST_F(VFile, OpeningAgainStartsWithTheNewFile) {
     const std::string first = m_directory.write("first", "first");
     const std::string second = m_directory.write("second", "the second");

@@ -41,6 +41,11 @@ INSTANTIATE_TEST_SUITE_P(VString, WellFormedUtf8,
                                          Utf8Case{"BelowTheSurrogates", "\xED\x9F\xBF", u"\uD7FF"},
                                          Utf8Case{"AboveTheSurrogates", "\xEE\x80\x80", u"\uE000"},
                                          Utf8Case{"LastOfThreeBytes", "\xEF\xBF\xBF", u"\xFFFF"},
+                                         Utf8Case{"LastOfThreeBytesBeforeALetter",
+                                                  "\xEF\xBF\xBF"
+                                                  "b",
+                                                  u"\xFFFF"
+                                                  u"b"},
                                          Utf8Case{"TheReplacementCharacter", "\xEF\xBF\xBD", u"\uFFFD"},
                                          Utf8Case{"FirstSurrogatePair", "\xF0\x90\x80\x80", u"\xD800\xDC00"},
                                          Utf8Case{"ASurrogatePairAmongLetters",
