@@ -38,6 +38,11 @@ TEST_F(VFile, ReadsARegularFile) {
     EXPECT_EQ(readFrom(m_file, 6), "[1, 2]");
 }
 
+TEST_F(VFile, ReadsAFileOfOneByte) {
+    EXPECT_EQ(m_file.Open(m_directory.write("text", "x").c_str(), 257), 1);
+    EXPECT_EQ(readFrom(m_file, 5), "x");
+}
+
 TEST_F(VFile, OpensAnEmptyFile) {
     const std::string path = m_directory.write("empty", "");
     EXPECT_EQ(m_file.Open(path.c_str(), 257), 1);
