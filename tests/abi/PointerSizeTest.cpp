@@ -6,6 +6,7 @@
 
 #include "customstyle/StoredRecords.h"
 #include "customstyle/StyleSnapshot.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -73,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(PointerSize, MappedStyleId,
                                          IdCase{"LastBelow2To31", std::numeric_limits<int>::max(), 0x7FFFFFFF, false},
                                          IdCase{"2To31", std::numeric_limits<int>::min(), 0x80000000, true},
                                          IdCase{"LastOfAll", -1, 0xFFFFFFFF, true}),
-                         [](const auto& each) { return each.param.name; });
+                         caseName);
 
 TEST(StoredKey, IsTheSignExtendedId) {
     EXPECT_EQ(reinterpret_cast<std::intptr_t>(storedKey(-2)), -2);

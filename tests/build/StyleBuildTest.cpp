@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/RandomFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/build/StyleBuild.h"
@@ -121,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(StyleBuild, Palette,
                                          WinnerCase{"TheBuildFileOverBoth", "#1", "#2", "#3", "#3"},
                                          WinnerCase{"TheBuildFileOverTheBase", "#1", "", "#3", "#3"},
                                          WinnerCase{"WhatNeedsEscapes", "a\\\"\\\\\\n", "", "", "a\\\"\\\\\\n"}),
-                         [](const auto& each) { return std::string(each.param.name); });
+                         caseName);
 
 TEST(Variable, StandsAmongTheStylersOnly) {
     const TemporaryDirectory directory;

@@ -7,6 +7,7 @@
 
 #include "tests/check/CheckedText.h"
 #include "tests/study/Sources.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/RandomFiles.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/study/DefaultMapping.h"
@@ -63,10 +64,6 @@ struct SaidCase {
 
 void PrintTo(const SaidCase& each, std::ostream* out) {
     *out << each.name;
-}
-
-std::string saidCaseName(const testing::TestParamInfo<SaidCase>& each) {
-    return each.param.name;
 }
 
 class AllThatIsSaid : public testing::TestWithParam<SaidCase> {};
@@ -322,7 +319,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "disables it",
                   "2 element-matches-nothing: labels of \"highwaylabel\" have no such element: nothing is written, and "
                   "this hides what rule 1 set"}}),
-    saidCaseName);
+    caseName);
 
 TEST(Victims, AreNoneWhereALaterRuleBringsThemBack) {
     EXPECT_THAT(saidOf(checked({{"town", "labels.text.fill", R"({"color": "#112233"})"},
@@ -363,7 +360,7 @@ INSTANTIATE_TEST_SUITE_P(
         SaidCase{"GridLevel",
                  {{"grid", "geometry.fill", R"({"color": "#112233", "level": "9"})"}},
                  {"1 grid-level-lost: the grid has one colour for all levels; the level is lost"}}),
-    saidCaseName);
+    caseName);
 
 // ---- What "on" brings back ------------------------------------------------------------------------------------------
 
@@ -384,7 +381,7 @@ INSTANTIATE_TEST_SUITE_P(
                   {"city", "labels", R"({"color": "#112233"})"},
                   {"city", "labels", R"({"visibility": "on"})"}},
                  {"1 no-effect: the rule has no effect on the map: rules 2 and 3 overwrite all that it writes"}}),
-    saidCaseName);
+    caseName);
 
 // ---- False alarms ---------------------------------------------------------------------------------------------------
 
@@ -457,7 +454,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LenientCase{"PointInFront", "-.5", true}, LenientCase{"LineBreak", "\"a\nb\"", true},
                     LenientCase{"ByteAbove127", "\"\xE9\"", true}, LenientCase{"Zero", "0", false},
                     LenientCase{"Exponent", "-1.5E+3", false}, LenientCase{"Utf8", "\"\xC3\xA9\"", false}),
-    [](const testing::TestParamInfo<LenientCase>& each) { return each.param.name; });
+    caseName);
 
 }  // namespace
 }  // namespace customstyle_test

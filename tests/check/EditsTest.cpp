@@ -8,6 +8,7 @@
 
 #include "tests/check/CheckedText.h"
 #include "tests/study/Sources.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/RandomFiles.h"
 #include "tools/check/Edits.h"
 #include "tools/study/Answers.h"
@@ -58,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
         Remedy{"UnknownWord", R"([{"featureType":"zzz","elementType":"fill","stylers":{"color":"#aabbcc"}}])",
                R"([{"featureType":"zzz","elementType":"fill","stylers":{"color":"#aabbcc"}}])"},
         Remedy{"NothingToDo", "[]", "[]"}),
-    [](const auto& remedy) { return remedy.param.name; });
+    caseName);
 
 // Every answer of a style for the standard mapping, which removals must not change.
 std::vector<std::string> answersOf(const std::string& style) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/check/CheckedText.h"
+#include "tests/support/CaseName.h"
 #include "tools/study/Answers.h"
 #include "tools/study/ComponentGuard.h"
 #include "tools/vocabulary/FeatureTypes.h"
@@ -92,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(Remedies, LevelReset,
                                                    {{"labels.text.stroke", R"({"color": "#3366cc"})"},
                                                     {"labels.text.fill", R"({"color": "#cc3366"})"},
                                                     {"labels.text.fill", R"({"fontsize": "12", "level": "12"})"}}}),
-                         [](const testing::TestParamInfo<ResetCase>& reset) { return std::string(reset.param.name); });
+                         caseName);
 
 // Rules that write several times, after one for all levels.
 std::vector<std::string> resetsOfItself(const char* featureType, const char* element, const char* stylers) {

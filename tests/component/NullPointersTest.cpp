@@ -4,12 +4,14 @@
 #include <functional>
 
 #include "customstyle/CustomConfig.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
 namespace {
 
 using _orvik_framework::CustomConfig;
+using customstyle_test::caseName;
 using customstyle_test::LogCapture;
 using customstyle_test::parsed;
 using customstyle_test::testMapping;
@@ -88,7 +90,6 @@ TEST_P(NullStylers, AreReportedAsAnAbsentValue) {
     EXPECT_THAT(config.m_styleEffectLevels, IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Dispatchers, NullStylers, testing::ValuesIn(kDispatchers),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(Dispatchers, NullStylers, testing::ValuesIn(kDispatchers), caseName);
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/study/LoadedText.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/Repeated.h"
 #include "tests/support/TestStore.h"
 #include "tools/expectations/Expectations.h"
@@ -41,10 +42,6 @@ struct ProblemCase {
     std::size_t column;  // from 1
     const char* text;
 };
-
-std::string problemName(const testing::TestParamInfo<ProblemCase>& info) {
-    return info.param.name;
-}
 
 class ExpectationProblemOf : public testing::TestWithParam<ProblemCase> {};
 
@@ -108,17 +105,13 @@ INSTANTIATE_TEST_SUITE_P(
                     "\"3\": not a list of levels; write all, other, a level from 4 to 21, or a range like 4-9"},
         ProblemCase{"ControlCharacters", "\x1b[2J all none", 1,
                     "\"\\u001b[2J\": unknown feature type; write a name like highway, or id and a number"}),
-    problemName);
+    caseName);
 
 struct LevelsCase {
     const char* name;
     const char* written;
     const char* read;  // empty for a problem
 };
-
-std::string levelsName(const testing::TestParamInfo<LevelsCase>& info) {
-    return info.param.name;
-}
 
 class ExpectedLevels : public testing::TestWithParam<LevelsCase> {};
 
@@ -140,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(Words, ExpectedLevels,
                                          LevelsCase{"OpenRange", "4-", ""}, LevelsCase{"EmptyPart", "4,,5", ""},
                                          LevelsCase{"EndsWithComma", "4,", ""}, LevelsCase{"Negative", "-4", ""},
                                          LevelsCase{"Word", "alle", ""}, LevelsCase{"Sign", "+4", ""}),
-                         levelsName);
+                         caseName);
 
 TEST(ExpectationLine, GivesTypeAndColour) {
     const Expectation expectation = parsedLine("  highway\t12 text-fill #01020304  // comment");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/CaseName.h"
 #include "tools/explain/ExplanationText.h"
 #include "tools/support/Spelling.h"
 
@@ -11,10 +12,6 @@ struct NameCase {
     const char* written;
     const char* nearest;  // empty for none
 };
-
-std::string nameCaseName(const testing::TestParamInfo<NameCase>& info) {
-    return info.param.name;
-}
 
 class NearestTopic : public testing::TestWithParam<NameCase> {};
 
@@ -29,7 +26,7 @@ INSTANTIATE_TEST_SUITE_P(FieldNames, NearestTopic,
                                          NameCase{"SomeWrongLettersOfMany", "text_strike_wait", "text stroke weight"},
                                          NameCase{"NothingNear", "opacity", ""},  //
                                          NameCase{"NoLetters", "", ""}),
-                         nameCaseName);
+                         caseName);
 
 TEST(Topic, IsFoundWithBlanksHyphensAndUnderscores) {
     const customstyle_tool::TopicName* topic = customstyle_tool::findTopic("text fill weight");

@@ -4,6 +4,7 @@
 #include <string>
 #include <variant>
 
+#include "tests/support/CaseName.h"
 #include "tools/export/LegendReader.h"
 
 namespace customstyle_test {
@@ -160,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(
              "\"#ffffff\"}, \"text\": [\"get\", \"n\"], \"layers\": [{\"type\": \"city\", \"kind\": \"label\", "
              "\"source_layer\": \"a\"}]}",
              "legend.json:1:1: a legend with labels needs a member \"fonts\""}),
-    [](const auto& each) { return std::string(each.param.name); });
+    caseName);
 
 TEST(LegendReader, NamesAllProblemsInTheirOrder) {
     const auto read = readText(legendWith("{\"type\": \"lake\", \"kind\": \"pond\", \"source_layer\": \"\"}"));

@@ -15,12 +15,14 @@
 #include <vector>
 
 #include "tests/host/SystemCalls.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/host/AtomicFile.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using customstyle_test::caseName;
 using customstyle_test::systemCalls;
 using customstyle_test::TemporaryDirectory;
 using customstyle_tool::writeWhole;
@@ -237,6 +239,6 @@ INSTANTIATE_TEST_SUITE_P(
                     FailingCall{"FullDisk", "write", ENOSPC, ": cannot be written: No space left on device"},
                     FailingCall{"BrokenDisk", "fsync", EIO, ": cannot be written: Input/output error"},
                     FailingCall{"FolderWithoutWriting", "rename", EACCES, ": cannot be written: Permission denied"}),
-    [](const auto& each) { return std::string(each.param.name); });
+    caseName);
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "customstyle/StoredRecords.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/OpenFiles.h"
@@ -108,8 +109,7 @@ TEST_P(Obstacle, InPlaceOfTheStyleIsRefused) {
     expectLines(kStyleMissing);
 }
 
-INSTANTIATE_TEST_SUITE_P(HostileFiles, Obstacle, testing::ValuesIn(kObstacles),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(HostileFiles, Obstacle, testing::ValuesIn(kObstacles), caseName);
 
 TEST_F(HostileFiles, ALinkToAPlainFileIsThatFile) {
     m_directory.write("elsewhere", testMapping());
@@ -186,8 +186,7 @@ TEST_P(Content, OfTheStyle) {
     expectLines(GetParam().ofStyle);
 }
 
-INSTANTIATE_TEST_SUITE_P(HostileFiles, Content, testing::ValuesIn(kContents),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(HostileFiles, Content, testing::ValuesIn(kContents), caseName);
 
 // A style may be cut anywhere; only the whole one is JSON.
 TEST_F(HostileFiles, AStyleThatIsCutAnywhereIsRefused) {
@@ -230,7 +229,7 @@ INSTANTIATE_TEST_SUITE_P(HostileFiles, StyleIdNumber,
                                          NumberCase{"MinusNothing", "-0", 0},
                                          NumberCase{"ManyDigits", "1.00000000000000000000000000000000000000001", 1},
                                          NumberCase{"ListsInside", "[5]", 0}, NumberCase{"TextsInside", "\"5\"", 0}),
-                         [](const auto& each) { return each.param.name; });
+                         caseName);
 
 // ---- Very many rules ------------------------------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/TestStore.h"
@@ -70,8 +71,7 @@ TEST_P(LoggedName, IsOneLineOnStandardErrorWithoutControls) {
                   logLine("warning, \"" + name + "\" is not set for font size style.\n"));
 }
 
-INSTANTIATE_TEST_SUITE_P(LogText, LoggedName, testing::ValuesIn(kNames),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(LogText, LoggedName, testing::ValuesIn(kNames), caseName);
 
 }  // namespace
 }  // namespace customstyle_test

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "tests/support/CaseName.h"
 #include "tools/import/Expression.h"
 
 namespace customstyle_test {
@@ -100,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
         ExpressionCase{"AStepWithoutItsValue", R"(["step", ["zoom"], 1, 2])", ""},
         ExpressionCase{"AWayOverTexts", R"(["interpolate", ["linear"], ["get", "class"], 8, 0, 12, 4])", ""},
         ExpressionCase{"TooFewOperands", R"(["match"])", ""}),
-    [](const auto& each) { return each.param.name; });
+    caseName);
 
 class NoCssColor : public testing::TestWithParam<std::string> {};
 
@@ -167,7 +168,7 @@ INSTANTIATE_TEST_SUITE_P(
         FilterCase{"TextsAndNumbersDoNotCompare", R"(["<", ["get", "class"], 4])", false},
         FilterCase{"WhatDecidesCounts", R"(["all", ["within", {}], ["==", "class", "path"]])", false},
         FilterCase{"WhatIsNotUnderstood", R"(["all", ["within", {}], ["==", "class", "motorway"]])", std::nullopt}),
-    [](const auto& each) { return each.param.name; });
+    caseName);
 
 }  // namespace
 }  // namespace customstyle_test

@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "tests/study/LoadedText.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/RandomFiles.h"
 #include "tools/export/LegendReader.h"
 #include "tools/export/MapStyle.h"
@@ -239,7 +240,7 @@ INSTANTIATE_TEST_SUITE_P(
         ImportCase{"TheBackgroundAsLand",
                    R"({"id": "a", "type": "background", "paint": {"background-color": "#f0f0f0"}})", kWater,
                    R"("land", "elementType": "geometry.fill", "stylers": {"color": "#f0f0f0"}})"}),
-    [](const auto& each) { return each.param.name; });
+    caseName);
 
 struct LossCase {
     std::string name;
@@ -341,7 +342,7 @@ INSTANTIATE_TEST_SUITE_P(
         LossCase{"AWeightThatTheComponentDoesNotTake",
                  R"({"id": "a", "type": "line", "source-layer": "b", "paint": {"line-width": 3}})",
                  R"({"type": "boundary", "kind": "line", "source_layer": "b"})", "not-kept"}),
-    [](const auto& each) { return each.param.name; });
+    caseName);
 
 class PropertyThatIsKnown : public testing::TestWithParam<const char*> {};
 

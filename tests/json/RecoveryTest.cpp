@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/Repeated.h"
 #include "tools/json/JsonDocument.h"
 
@@ -73,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
         RecoveryCase{"NoEnd", R"([{"a": 1}, ^{"b": )", {R"({"a": 1})"}}, RecoveryCase{"OnlyABracket", "^[", {}},
         RecoveryCase{"NoEndAfterAnotherError", R"(^[{"a": 1}, {"b"^ 2}, {"c": 3})", {R"({"a": 1})", R"({"c": 3})"}},
         RecoveryCase{"DeepAfterAnError", R"([{"a"^ 1}, )" + deepestElement() + "]", {deepestElement()}}),
-    [](const testing::TestParamInfo<RecoveryCase>& each) { return each.param.name; });
+    caseName);
 
 TEST(Recovery, IsOfAListOnly) {
     EXPECT_FALSE(readJson(R"({"a" 1})").document.has_value());

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -103,8 +104,7 @@ TEST_P(StringWithoutText, CountsAsAbsent) {
     EXPECT_EQ(log.take(), lines);
 }
 
-INSTANTIATE_TEST_SUITE_P(HandMadeTrees, StringWithoutText, testing::ValuesIn(kTextless),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(HandMadeTrees, StringWithoutText, testing::ValuesIn(kTextless), caseName);
 
 }  // namespace
 }  // namespace customstyle_test

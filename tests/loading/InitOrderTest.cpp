@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/loading/TracedHost.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -101,7 +102,7 @@ TEST_P(Init, AsksTheEngineForTheseStepsInThisOrder) {
     EXPECT_EQ(host.steps(), GetParam().steps);
 }
 
-INSTANTIATE_TEST_SUITE_P(Order, Init, testing::ValuesIn(kCases), [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(Order, Init, testing::ValuesIn(kCases), caseName);
 
 TEST(InitWithoutAPath, AsksTheEngineForNothing) {
     const TracedHost host;

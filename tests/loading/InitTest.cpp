@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/OpenFiles.h"
@@ -117,7 +118,7 @@ TEST_P(Files, LeaveBehindTheTextThatIsNotJsonAndNothingElse) {
     EXPECT_EQ(openFiles(), filesBefore);
 }
 
-INSTANTIATE_TEST_SUITE_P(Init, Files, testing::ValuesIn(kFiles), [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(Init, Files, testing::ValuesIn(kFiles), caseName);
 
 // ---- Paths ----------------------------------------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "customstyle/StoredRecords.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
@@ -102,8 +103,7 @@ TEST_P(MappingArray, MakesTheseRecords) {
     EXPECT_THAT(styleIds(config, 3), ElementsAre(1030, 1031));
 }
 
-INSTANTIATE_TEST_SUITE_P(MappingConfig, MappingArray, testing::ValuesIn(kArrays),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(MappingConfig, MappingArray, testing::ValuesIn(kArrays), caseName);
 
 TEST_F(MappingConfig, EachArrayFiltersForItself) {
     const Tree mapping = parsed(testMapping());
@@ -136,8 +136,7 @@ TEST_P(ReplacedRecords, AreNotFreed) {
     EXPECT_EQ(accounts.bytes(), GetParam().replaced * static_cast<std::ptrdiff_t>(8 + sizeof(tagCustomStyle)));
 }
 
-INSTANTIATE_TEST_SUITE_P(MappingConfig, ReplacedRecords, testing::ValuesIn(kReplaced),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(MappingConfig, ReplacedRecords, testing::ValuesIn(kReplaced), caseName);
 
 TEST_F(MappingConfig, TwoHundredThousandIdsLoad) {
     std::string json = "[1";
@@ -213,8 +212,7 @@ TEST_P(MappingWithoutArray, InTheFirstTypeFillsNothing) {
     for (int type = 0; type <= kGrid; ++type) EXPECT_THAT(styleIds(config, type), IsEmpty()) << type;
 }
 
-INSTANTIATE_TEST_SUITE_P(MappingConfig, MappingWithoutArray, testing::ValuesIn(kNoArrays),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(MappingConfig, MappingWithoutArray, testing::ValuesIn(kNoArrays), caseName);
 
 class MappingRoot : public testing::TestWithParam<ValueCase> {};
 
@@ -229,8 +227,7 @@ const ValueCase kRoots[] = {
     {"EmptyObject", "{}"}, {"Array", R"([{"land":[5]}])"}, {"Number", "5"}, {"Text", R"("land")"}, {"Null", "null"},
 };
 
-INSTANTIATE_TEST_SUITE_P(MappingConfig, MappingRoot, testing::ValuesIn(kRoots),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(MappingConfig, MappingRoot, testing::ValuesIn(kRoots), caseName);
 
 // ---- More than once, and without memory -----------------------------------------------------------------------------
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/FaultyMemory.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
@@ -141,8 +142,7 @@ TEST_P(RuleScope, IsTheKeyOfEachStyler) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(StyleRules, RuleScope, testing::ValuesIn(kScopes),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(StyleRules, RuleScope, testing::ValuesIn(kScopes), caseName);
 
 TEST(StyleRules, TheScopeIsTheKeyOfAFontSize) {
     const auto config =

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -108,8 +109,7 @@ TEST_P(RefusedRule, IsLoggedAndTheNextOnesStillApply) {
     EXPECT_EQ(firstRecordAt(*config, "2").m_fillColor, 0xff332211U);
 }
 
-INSTANTIATE_TEST_SUITE_P(StyleRules, RefusedRule, testing::ValuesIn(kRefused),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(StyleRules, RefusedRule, testing::ValuesIn(kRefused), caseName);
 
 // ---- Roots ----------------------------------------------------------------------------------------------------------
 
@@ -129,8 +129,7 @@ TEST_P(EmptyRoot, IsAStyleWithoutRules) {
     EXPECT_THAT(keysOf(*styledWith(GetParam().json)), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(StyleRules, EmptyRoot, testing::ValuesIn(kEmptyRoots),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(StyleRules, EmptyRoot, testing::ValuesIn(kEmptyRoots), caseName);
 
 TEST(StyleRules, TheMembersOfAnObjectAreRules) {
     const LogCapture silent;
@@ -201,8 +200,7 @@ TEST_P(ElementPath, IsReducedToItsLastWordAfterTheSearchForLabels) {
     EXPECT_THAT(keysOf(*config), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(StyleRules, ElementPath, testing::ValuesIn(kPaths),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(StyleRules, ElementPath, testing::ValuesIn(kPaths), caseName);
 
 struct WordCase {
     const char* name;
@@ -232,8 +230,7 @@ TEST_P(ElementWord, ReachesTheColourStyling) {
     EXPECT_EQ(firstRecordAt(*config, "13").m_fillColorSet, GetParam().fillsGeometry);
 }
 
-INSTANTIATE_TEST_SUITE_P(StyleRules, ElementWord, testing::ValuesIn(kWords),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(StyleRules, ElementWord, testing::ValuesIn(kWords), caseName);
 
 }  // namespace
 }  // namespace customstyle_test

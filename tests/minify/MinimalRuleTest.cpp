@@ -4,6 +4,7 @@
 
 #include "customstyle/CustomConfig.h"
 #include "tests/study/Sources.h"
+#include "tests/support/CaseName.h"
 #include "tools/minify/Compact.h"
 #include "tools/minify/MinimalRule.h"
 #include "tools/minify/ShortValues.h"
@@ -11,6 +12,7 @@
 namespace {
 
 using namespace customstyle_tool;
+using customstyle_test::caseName;
 
 struct RuleCase {
     const char* name;
@@ -19,10 +21,6 @@ struct RuleCase {
 };
 
 class MinimalRules : public testing::TestWithParam<RuleCase> {};
-
-std::string ruleCaseName(const testing::TestParamInfo<RuleCase>& info) {
-    return info.param.name;
-}
 
 TEST_P(MinimalRules, SayWhatTheComponentReads) {
     EXPECT_EQ(textOf(minimalRules(customstyle_test::StyleText(GetParam().style).source())), GetParam().minimal);
@@ -61,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"RulesInAnObjectCount",
                  R"({"x":{"featureType":"water","elementType":"fill","stylers":{"weight":"3"}}})",
                  ruleOf(R"("weight":"3")")}),
-    ruleCaseName);
+    caseName);
 
 TEST(CompactText, HasAllButTheBlanksBetweenThings) {
     const customstyle_test::StyleText text(
@@ -78,10 +76,6 @@ struct ValueCase {
 };
 
 class ShortValue : public testing::TestWithParam<ValueCase> {};
-
-std::string valueCaseName(const testing::TestParamInfo<ValueCase>& info) {
-    return info.param.name;
-}
 
 TEST_P(ShortValue, IsReadTheSame) {
     const _orvik_framework::CustomConfig component;
@@ -102,6 +96,6 @@ INSTANTIATE_TEST_SUITE_P(
                     ValueCase{"LargeNumbersBecomeTheLargest", "water", "fontsize", "99999", "255"},
                     ValueCase{"WhatIsRefusedStays", "water", "weight", "1.5", "1.5"},
                     ValueCase{"OtherStylersStay", "water", "visibility", "off", "off"}),
-    valueCaseName);
+    caseName);
 
 }  // namespace

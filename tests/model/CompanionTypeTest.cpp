@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 
 namespace customstyle_test {
@@ -29,17 +30,13 @@ constexpr CompanionRow kCompanions[] = {
     {"ScenicSpotsWay", 21, 42}, {"UniversityWay", 22, 43}, {"VacationWay", 23, 44},   {"Subway", 25, 26},
 };
 
-std::string rowName(const testing::TestParamInfo<CompanionRow>& info) {
-    return info.param.name;
-}
-
 class CompanionTypeOf : public testing::TestWithParam<CompanionRow> {};
 
 TEST_P(CompanionTypeOf, IsTheTypeOfItsLabels) {
     EXPECT_EQ(CustomConfig().UpdateFeatureTypeId(GetParam().id), GetParam().companion);
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogue, CompanionTypeOf, testing::ValuesIn(kCompanions), rowName);
+INSTANTIATE_TEST_SUITE_P(Catalogue, CompanionTypeOf, testing::ValuesIn(kCompanions), caseName);
 
 TEST_F(CompanionType, OfEveryOtherTypeUpTo70IsTheTypeItself) {
     for (int id = 0; id <= 70; ++id) {

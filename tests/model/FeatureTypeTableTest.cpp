@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "customstyle/FeatureTypeTable.h"
+#include "tests/support/CaseName.h"
 
 namespace {
 
 using namespace _orvik_framework;
+using customstyle_test::caseName;
 using testing::ElementsAre;
 
 /// The ids from `first` to `last`.
@@ -57,8 +59,7 @@ TEST_P(Column, HoldsForItsTypesAndNoOthers) {
     EXPECT_EQ(found, GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(FeatureTypeTable, Column, testing::ValuesIn(kColumns),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(FeatureTypeTable, Column, testing::ValuesIn(kColumns), caseName);
 
 TEST(FeatureTypeTable, HasNoRowOutsideTheCatalogue) {
     for (const int id : {-1, 73, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {

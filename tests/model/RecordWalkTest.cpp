@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/model/BaseRecords.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/TestStore.h"
 #include "vi/vos/VLog.h"
 
@@ -224,10 +225,6 @@ struct Writer {
     void (*write)(CustomConfig& config, int allLevels, int level);
 };
 
-std::string writerName(const testing::TestParamInfo<Writer>& info) {
-    return info.param.name;
-}
-
 class EachWriter : public testing::TestWithParam<Writer> {
 protected:
     EachWriter() { addBaseRecord(m_config, kHighway, kStyleId); }
@@ -274,7 +271,7 @@ INSTANTIATE_TEST_SUITE_P(
         Writer{"FontWeight",
                [](CustomConfig& c, int all, int level) { c.SetFontWeightStyle(13, "fill", 1, all, level); }},
         Writer{"FontSize", [](CustomConfig& c, int all, int level) { c.setFontSizeStyle(13, "fill", 1, all, level); }}),
-    writerName);
+    caseName);
 
 }  // namespace
 }  // namespace customstyle_test

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/queries/QueryStore.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/CountingNew.h"
 #include "tests/support/FaultyMemory.h"
 
@@ -17,10 +18,6 @@ struct Question {
     int (*ask)(const CustomConfig& config, unsigned styleId, int level);
     int hits;  // the answer for style id 7 at level 15
 };
-
-std::string questionName(const testing::TestParamInfo<Question>& info) {
-    return info.param.name;
-}
 
 int style(const CustomConfig& config, unsigned styleId, int level) {
     tagCustomStyle found;
@@ -125,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(Queries, QueryMemory,
                                          Question{"ParentIcon", parentIcon, 1}, Question{"Land", land, 1},
                                          Question{"Grid", grid, 1}, Question{"AllLevels", allLevels, 1},
                                          Question{"GivenLevel", givenLevel, 1}),
-                         questionName);
+                         caseName);
 
 TEST(CountedMemory, SeesTheAllocationsOfLoading) {
     const NewCalls calls;

@@ -6,11 +6,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/server/WatchedFile.h"
 
 namespace {
 
+using customstyle_test::caseName;
 using customstyle_tool::FileState;
 using customstyle_tool::kLargestWatched;
 using customstyle_tool::readState;
@@ -147,6 +149,6 @@ INSTANTIATE_TEST_SUITE_P(
                                std::ofstream(path) << "x";
                                std::filesystem::resize_file(path, kLargestWatched + 1);
                            }}),
-    [](const auto& each) { return std::string(each.param.name); });
+    caseName);
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "customstyle/StyleSnapshot.h"
 #include "tests/stylesnapshot/SameAnswers.h"
 #include "tests/stylesnapshot/StyleIdMapping.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/IntLimits.h"
 #include "tests/support/TestStore.h"
 
@@ -121,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PatternCase{"EachFarFromTheNext", idsFrom(3, 1000, 65536)},
                     PatternCase{"ClustersWithOutliers", clustersWithOutliers()}, PatternCase{"Random", randomIds(1500)},
                     PatternCase{"70000Dense", idsFrom(1, 70000)}, PatternCase{"70000Random", randomIds(70000)}),
-    [](const auto& each) { return each.param.name; });
+    caseName);
 
 }  // namespace
 }  // namespace customstyle_test

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "customstyle/StyleIdIndex.h"
+#include "tests/support/CaseName.h"
 
 namespace customstyle_test {
 namespace {
@@ -143,8 +144,7 @@ TEST_P(StyleIdIndexOf, HasNoMemoryToSpare) {
     EXPECT_EQ(index.bytes(), copy.bytes());
 }
 
-INSTANTIATE_TEST_SUITE_P(IdNumbers, StyleIdIndexOf, testing::ValuesIn(kCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(IdNumbers, StyleIdIndexOf, testing::ValuesIn(kCases), caseName);
 
 TEST(StyleIdIndex, KeepsDenseIdsInAByteEach) {
     EXPECT_LE(StyleIdIndex(numbered(idNumbersFrom(1000, 50000), 255)).bytes(), 52000u);

@@ -4,6 +4,7 @@
 
 #include "tests/styling/DispatchCases.h"
 #include "tests/styling/StoreChanges.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 #include "vi/vos/VTempl.h"
@@ -87,8 +88,7 @@ const ColorValueCase kColorWithoutTextCases[] = {
     {"Boolean", R"({"color":true})"},
 };
 
-INSTANTIATE_TEST_SUITE_P(ColorStyle, ColorWithoutText, testing::ValuesIn(kColorWithoutTextCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(ColorStyle, ColorWithoutText, testing::ValuesIn(kColorWithoutTextCases), caseName);
 
 TEST(ColorStyle, AnOpaqueColourIsStoredWithoutSignExtension) {
     const auto store = loadedWith({rule("highway", "geometry.fill").color("#ff0000")});

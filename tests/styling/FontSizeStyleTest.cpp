@@ -4,6 +4,7 @@
 
 #include "tests/styling/DispatchCases.h"
 #include "tests/styling/StoreChanges.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -96,8 +97,7 @@ const ValueCase kRefusedFontSizeCases[] = {
     {"DigitsOfAnotherScript", R"({"fontsize":"１２"})", kAlphaLine},
 };
 
-INSTANTIATE_TEST_SUITE_P(FontSizeStyle, RefusedFontSize, testing::ValuesIn(kRefusedFontSizeCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(FontSizeStyle, RefusedFontSize, testing::ValuesIn(kRefusedFontSizeCases), caseName);
 
 struct StoredCase {
     const char* name;
@@ -129,8 +129,7 @@ const StoredCase kStoredFontSizeCases[] = {
     {"VeryManyZeros", std::string(5000, '0') + "9", 9},
 };
 
-INSTANTIATE_TEST_SUITE_P(FontSizeStyle, StoredFontSize, testing::ValuesIn(kStoredFontSizeCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(FontSizeStyle, StoredFontSize, testing::ValuesIn(kStoredFontSizeCases), caseName);
 
 // ---- Rules that a person would write --------------------------------------------------------------------------------
 

@@ -4,6 +4,7 @@
 
 #include "tests/styling/DispatchCases.h"
 #include "tests/styling/StoreChanges.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -149,8 +150,7 @@ const ValueCase kRefusedVisibilityCases[] = {
     {"Longer", R"({"visibility":"once"})", kVisibilityLine},
 };
 
-INSTANTIATE_TEST_SUITE_P(VisibilityStyle, RefusedVisibility, testing::ValuesIn(kRefusedVisibilityCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(VisibilityStyle, RefusedVisibility, testing::ValuesIn(kRefusedVisibilityCases), caseName);
 
 struct NoteCase {
     const char* name;
@@ -191,8 +191,7 @@ const NoteCase kVisibilityNoteCases[] = {
     {"OfEveryIcon", kOn, 72, "icon"},
 };
 
-INSTANTIATE_TEST_SUITE_P(VisibilityStyle, VisibilityNote, testing::ValuesIn(kVisibilityNoteCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(VisibilityStyle, VisibilityNote, testing::ValuesIn(kVisibilityNoteCases), caseName);
 
 }  // namespace
 }  // namespace customstyle_test

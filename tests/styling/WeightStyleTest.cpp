@@ -4,6 +4,7 @@
 
 #include "tests/styling/DispatchCases.h"
 #include "tests/styling/StoreChanges.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -111,8 +112,7 @@ const ValueCase kRefusedWeightCases[] = {
     {"DigitsOfAnotherScript", R"({"weight":"٣"})", kAlphaLine},
 };
 
-INSTANTIATE_TEST_SUITE_P(WeightStyle, RefusedWeight, testing::ValuesIn(kRefusedWeightCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(WeightStyle, RefusedWeight, testing::ValuesIn(kRefusedWeightCases), caseName);
 
 struct StoredCase {
     const char* name;
@@ -144,8 +144,7 @@ const StoredCase kStoredWeightCases[] = {
     {"VeryManyZeros", std::string(5000, '0') + "9", 9},
 };
 
-INSTANTIATE_TEST_SUITE_P(WeightStyle, StoredWeight, testing::ValuesIn(kStoredWeightCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(WeightStyle, StoredWeight, testing::ValuesIn(kStoredWeightCases), caseName);
 
 // ---- Rules that a person would write --------------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 
 #include "tests/styling/StoreChanges.h"
 #include "tests/styling/WriterCases.h"
+#include "tests/support/CaseName.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestStore.h"
 
@@ -101,8 +102,7 @@ const LowBitsCase kWeightBitsCases[] = {
     {"Zero", 0, 0}, {"All", 255, 255}, {"None", 256, 0}, {"SomeMore", 0x1234, 0x34}, {"Negative", -1, 255},
 };
 
-INSTANTIATE_TEST_SUITE_P(WeightWriters, WeightBits, testing::ValuesIn(kWeightBitsCases),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(WeightWriters, WeightBits, testing::ValuesIn(kWeightBitsCases), caseName);
 
 TEST(WeightWriters, AWeightOfZeroAppliesAndMarks) {
     const auto store = loadedWith({});

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <regex>
 
+#include "tests/support/CaseName.h"
 #include "tools/vocabulary/RemarkMembers.h"
 
 namespace customstyle_test {
@@ -39,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
                     MemberCase{"TwoSlashes", "// why", true}, MemberCase{"OneSlash", "/why", false},
                     MemberCase{"SignBehind", "why_", false}, MemberCase{"Styler", "color", false},
                     MemberCase{"NearlyAStyler", "Colour", false}, MemberCase{"Empty", "", false}),
-    [](const testing::TestParamInfo<MemberCase>& each) { return each.param.name; });
+    caseName);
 
 }  // namespace
 }  // namespace customstyle_test

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "tests/support/CaseName.h"
 #include "tests/support/IntLimits.h"
 #include "vi/vos/VString.h"
 
@@ -71,10 +72,6 @@ struct CompareCase {
     int sign;
 };
 
-std::string compareName(const testing::TestParamInfo<CompareCase>& info) {
-    return info.param.name;
-}
-
 int signOf(int number) {
     return (number > 0) - (number < 0);
 }
@@ -106,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                     CompareCase{"AccentsAreNotNormalised", "e\xCC\x81", "\xC3\xA9", -1},
                     // U+1F600 starts with the unit D83D, which is below U+FF5E.
                     CompareCase{"UnitsCountNotCharacters", "\xF0\x9F\x98\x80", "\xEF\xBD\x9E", -1}),
-    compareName);
+    caseName);
 
 TEST(VString, ANullPointerComparesAsTheEmptyText) {
     EXPECT_EQ(CVString().Compare(static_cast<const char*>(nullptr)), 0);
@@ -121,10 +118,6 @@ struct FindCase {
     const char* wanted;
     int position;
 };
-
-std::string findName(const testing::TestParamInfo<FindCase>& info) {
-    return info.param.name;
-}
 
 class VStringFind : public testing::TestWithParam<FindCase> {};
 
@@ -144,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(
                              "\xF0\x9F\x98\x80"
                              "b",
                              "b", 2}),
-    findName);
+    caseName);
 
 // ---- Mid ------------------------------------------------------------------------------------------------------------
 
@@ -154,10 +147,6 @@ struct MidCase {
     int count;
     const char* part;
 };
-
-std::string midName(const testing::TestParamInfo<MidCase>& info) {
-    return info.param.name;
-}
 
 class VStringMid : public testing::TestWithParam<MidCase> {};
 
@@ -173,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
                     MidCase{"LargestFirst", kIntMax, kIntMax, ""}, MidCase{"NegativeFirstCountsAsZero", -3, 3, "geo"},
                     MidCase{"LowestFirst", kIntMin, 1, "g"}, MidCase{"CountZero", 2, 0, ""},
                     MidCase{"NegativeCountIsNone", 2, -1, ""}, MidCase{"LowestCount", 0, kIntMin, ""}),
-    midName);
+    caseName);
 
 TEST(VString, MidWithoutACountRunsToTheEnd) {
     EXPECT_EQ(CVString("labels.icon").Mid(7).ToUtf8(), "icon");
