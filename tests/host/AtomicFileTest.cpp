@@ -16,6 +16,7 @@
 
 #include "tests/host/SystemCalls.h"
 #include "tests/support/CaseName.h"
+#include "tests/support/OpenFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/host/AtomicFile.h"
 
@@ -23,6 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using customstyle_test::caseName;
+using customstyle_test::openFiles;
 using customstyle_test::systemCalls;
 using customstyle_test::TemporaryDirectory;
 using customstyle_tool::writeWhole;
@@ -220,14 +222,14 @@ TEST_P(WriteWholeWhenACallFails, LeavesTheOldFileOrTheNewOneAndNothingElse) {
     const FailingCall& failing = GetParam();
     const TemporaryDirectory directory;
     const std::string path = directory.write("old.json", "old");
-    const std::ptrdiff_t open = filesIn("/proc/self/fd");
+    const int open = openFiles();
     systemCalls = {failing.call, failing.error};
     const std::optional<std::string> problem = writeWhole(path, "new");
     EXPECT_EQ(systemCalls.failing, "");
     EXPECT_EQ(problem.value_or("none"), failing.problem[0] == ':' ? path + failing.problem : failing.problem);
     EXPECT_EQ(contentOf(path), problem ? "old" : "new");
     EXPECT_EQ(filesIn(directory.path()), 1);
-    EXPECT_EQ(filesIn("/proc/self/fd"), open);
+    EXPECT_EQ(openFiles(), open);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -4,20 +4,19 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <variant>
 
 #include "tests/host/SystemCalls.h"
+#include "tests/support/OpenFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tools/host/Files.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace customstyle_tool;
+using customstyle_test::openFiles;
 using customstyle_test::systemCalls;
 using customstyle_test::TemporaryDirectory;
 
@@ -26,10 +25,6 @@ std::string readFrom(const std::string& path) {
     const auto read = readSource(path, "style file");
     if (const auto* failure = std::get_if<ReadFailure>(&read)) return failure->text;
     return std::string(std::get<0>(read)->text());
-}
-
-std::ptrdiff_t descriptorCount() {
-    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
 }
 
 TEST(ReadSource, ReadsFilesThatAreLongerThanAPiece) {
@@ -51,10 +46,10 @@ TEST(ReadSource, GoesOnAfterAnInterruption) {
 TEST(ReadSource, NamesTheFileThatTheSystemCannotRead) {
     const TemporaryDirectory directory;
     const std::string path = directory.write("style.json", "[]");
-    const std::ptrdiff_t before = descriptorCount();
+    const int before = openFiles();
     systemCalls = {"read", EIO};
     EXPECT_EQ(readFrom(path), path + ": cannot be read to its end: Input/output error");
-    EXPECT_EQ(descriptorCount(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(ReadSource, NeverTakesAFailingStandardInputForItsEnd) {

@@ -9,16 +9,16 @@
 
 #include <chrono>
 #include <ctime>
-#include <filesystem>
-#include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "tests/support/OpenFiles.h"
 #include "tools/server/HttpServer.h"
 
 namespace {
 
+using customstyle_test::openFiles;
 using customstyle_tool::EventStream;
 using customstyle_tool::HttpAnswer;
 using customstyle_tool::HttpHandlers;
@@ -234,16 +234,12 @@ TEST_F(HttpServerTest, EndsStreamsWhoseClientDoesNotRead) {
     EXPECT_TRUE(client.isEndedWithin(kPatience));
 }
 
-std::ptrdiff_t openDescriptors() {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
-}
-
 TEST(HttpServer, SaysWhenAPortIsTaken) {
     const HttpHandlers handlers{refuse, answerTo};
     const auto first = HttpServer::listen(0, handlers);
-    const std::ptrdiff_t before = openDescriptors();
+    const int before = openFiles();
     EXPECT_EQ(std::get<int>(HttpServer::listen(std::get<0>(first)->port(), handlers)), EADDRINUSE);
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 }  // namespace
