@@ -72,7 +72,8 @@ public:
             return {.kind = Request::Kind::Help, .command = &m_command};
         } catch (const CLI::ParseError& error) {
             // An unknown word is the likely cause, and what the parser misses is its consequence.
-            return problem(unexpectedWords().empty() ? escapedText(error.what()) : unexpectedWordText());
+            const std::string text = unexpectedWordText();
+            return problem(text.empty() ? escapedText(error.what()) : text);
         }
         const std::string text = problemText();
         return text.empty() ? Request{.kind = Request::Kind::Run, .command = &m_command} : problem(text);
@@ -101,7 +102,7 @@ private:
     }
 
     std::string problemText() const {
-        if (!unexpectedWords().empty()) return unexpectedWordText();
+        if (const std::string text = unexpectedWordText(); !text.empty()) return text;
         for (std::size_t i = 0; i < m_options.size(); ++i) {
             const std::string text = problemOf(m_command.options[i], *m_options[i]);
             if (!text.empty()) return text;
@@ -124,15 +125,12 @@ private:
         return {};
     }
 
-    // "--" ends the options, and is no word of its own.
-    std::vector<std::string> unexpectedWords() const {
+    // Empty where there is none. "--" ends the options, and is no word of its own.
+    std::string unexpectedWordText() const {
         std::vector<std::string> words = m_app.remaining();
         std::erase(words, "--");
-        return words;
-    }
-
-    std::string unexpectedWordText() const {
-        const std::string word = unexpectedWords().front();
+        if (words.empty()) return {};
+        const std::string& word = words.front();
         if (!word.starts_with('-')) return fmt::format("\"{}\" is one argument too many", escapedText(word));
         const std::string name = word.substr(0, word.find('='));
         return fmt::format("unknown option \"{}\"{}", escapedText(name), didYouMean(likelyName(name, optionNames())));

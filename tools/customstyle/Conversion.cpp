@@ -77,7 +77,9 @@ bool haveOneTarget(const ConversionArguments& arguments) {
     if (!arguments.report) return false;
     std::error_code error;
     const auto real = [&](const fs::path& path) { return fs::weakly_canonical(fs::absolute(path, error), error); };
-    return real(*arguments.report) == real(arguments.output);
+    const fs::path report = real(*arguments.report);
+    // Empty where it cannot be found out; writing then fails for a reason of its own.
+    return *arguments.report == arguments.output || (!report.empty() && report == real(arguments.output));
 }
 
 int writeConversion(const ConversionTexts& conversion, const ConversionArguments& arguments,
