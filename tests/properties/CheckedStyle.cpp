@@ -8,9 +8,9 @@
 
 namespace customstyle_test::properties {
 
-using Json = nlohmann::json;
-
 namespace {
+
+using Json = nlohmann::json;
 
 std::string inSmallLetters(std::string text) {
     std::ranges::transform(text, text.begin(), [](char each) { return each >= 'A' && each <= 'Z' ? each + 32 : each; });

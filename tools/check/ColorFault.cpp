@@ -50,7 +50,7 @@ bool isShortColor(std::size_t digits) {
     return digits == kShortDigits || digits == kShortDigits + 1;
 }
 
-std::string quoted(std::string_view color) {
+std::string jsonString(std::string_view color) {
     return fmt::format("\"{}\"", color);
 }
 
@@ -63,8 +63,8 @@ std::string doubledDigits(std::string_view digits) {
 // The colour with these digits, as JSON; empty if they are not digits of a colour.
 std::string colorOf(std::string_view digits) {
     if (!isHexadecimal(digits)) return "";
-    if (isWholeColor(digits.size())) return quoted(fmt::format("#{}", digits));
-    return isShortColor(digits.size()) ? quoted(doubledDigits(digits)) : "";
+    if (isWholeColor(digits.size())) return jsonString(fmt::format("#{}", digits));
+    return isShortColor(digits.size()) ? jsonString(doubledDigits(digits)) : "";
 }
 
 // The digits without # and blanks around and between them, and without "0x" in front.
@@ -92,7 +92,7 @@ std::string colorOfFunction(std::string_view text) {
         if (!rest.starts_with(',') && rest != ")") return "";
         rest.remove_prefix(1);
     }
-    return digits.size() == kColorDigits ? quoted("#" + digits) : "";
+    return digits.size() == kColorDigits ? jsonString("#" + digits) : "";
 }
 
 const NamedColor* colorNamed(const std::string& name) {
@@ -105,7 +105,7 @@ ColorFault faultOfName(const std::string& name) {
     if (name == "transparent" || name == "none") {
         fault.remedy = R"(write "#00000000", or hide the element with "visibility": "off")";
     } else if (const NamedColor* const known = colorNamed(name)) {
-        fault.replacement = quoted(known->text);
+        fault.replacement = jsonString(known->text);
     } else {
         std::vector<std::string> names;
         for (const NamedColor& each : kNamedColors) names.emplace_back(each.name);
@@ -136,7 +136,7 @@ std::optional<ColorFault> colorFaultOf(std::string_view text) {
     const std::string_view bare = trimmed(text);
     if (bare.size() < text.size() && bare.starts_with('#') && isHexadecimal(bare.substr(1)) &&
         isWholeColor(bare.size() - 1)) {
-        return ColorFault{Code::ColorBadDigit, "has spaces around the colour", "", quoted(bare)};
+        return ColorFault{Code::ColorBadDigit, "has spaces around the colour", "", jsonString(bare)};
     }
     if (!text.starts_with('#')) return faultWithoutSign(text);
     const std::string_view digits = text.substr(1);
