@@ -4,7 +4,7 @@ include(CheckCXXCompilerFlag)
 option(CUSTOMSTYLE_HARDENED "Let the compiler build in its checks against memory faults" ${PROJECT_IS_TOP_LEVEL})
 
 # An optimising g++ warns of the code of others that comes from precompiled headers.
-if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 
