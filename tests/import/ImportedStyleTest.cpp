@@ -215,6 +215,14 @@ INSTANTIATE_TEST_SUITE_P(
             "AHaloThatIsFaint",
             R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-halo-color": "#ffffff01", "text-halo-width": 2}})",
             kCity, R"("labels.text.stroke", "stylers": {"color": "#ffffff01", "weight": "2"}})"},
+        ImportCase{
+            "AHaloThatIsAsFaintAsItsText",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-opacity": 0.2, "text-halo-color": "#ffffff", "text-halo-width": 2}})",
+            kCity, R"("labels.text.stroke", "stylers": {"color": "#ffffff33", "weight": "2"}})"},
+        ImportCase{
+            "AHaloOfATextThatIsInvisible",
+            R"({"id": "a", "type": "symbol", "source-layer": "places", "layout": {"text-field": "{name}"}, "paint": {"text-opacity": 0, "text-halo-color": "#ffffff", "text-halo-width": 2}})",
+            kCity, R"("labels.text.stroke", "stylers": {"color": "#00000000"}})"},
         ImportCase{"TheLastLevelOfALegendLayer", R"({"id": "a", "type": "fill", "source-layer": "water",
                  "paint": {"fill-color": ["step", ["zoom"], "#111111", 8, "#222222"]}})",
                    R"({"type": "water", "kind": "area", "source_layer": "water", "to": 9})",

@@ -92,17 +92,18 @@ private:
         const auto walls = ofType("fill-extrusion");
         noteMore(fills.size() + (fills.empty() ? 0 : walls.size()), 1);
         if (!fills.empty()) {
-            set("fill", colorOf(*fills.back(), "fill", m_scene));
+            set("fill", colorOf(*fills.back(), "fill-color", "fill-opacity", m_scene));
         } else if (!walls.empty()) {
-            set("fill", colorOf(*walls.front(), "fill-extrusion", m_scene));
-            if (walls.size() > 1) set("top surface", colorOf(*walls.back(), "fill-extrusion", m_scene));
+            set("fill", colorOf(*walls.front(), "fill-extrusion-color", "fill-extrusion-opacity", m_scene));
+            if (walls.size() > 1)
+                set("top surface", colorOf(*walls.back(), "fill-extrusion-color", "fill-extrusion-opacity", m_scene));
         } else {
             set("fill", kInvisible);
         }
         const auto outlines = ofType("line");
         noteMore(outlines.size(), 1);
         if (outlines.empty()) return;
-        set("stroke", colorOf(*outlines.back(), "line", m_scene));
+        set("stroke", colorOf(*outlines.back(), "line-color", "line-opacity", m_scene));
         setSize("stroke weight", numberOf(*outlines.back(), "line-width", 1, m_scene));
     }
 
@@ -117,7 +118,7 @@ private:
         std::optional<double> width;
         if (!lines.empty()) {
             width = numberOf(*lines.back(), "line-width", 1, m_scene);
-            set("fill", colorOf(*lines.back(), "line", m_scene));
+            set("fill", colorOf(*lines.back(), "line-color", "line-opacity", m_scene));
             setSize("fill weight", width);
         }
         casings.empty() ? readLineBelow(lines, width) : readCasing(casings, lines);
@@ -143,7 +144,7 @@ private:
     }
 
     void setStroke(const MapLayer& casing, std::optional<double> width) {
-        set("stroke", colorOf(casing, "line", m_scene));
+        set("stroke", colorOf(casing, "line-color", "line-opacity", m_scene));
         setSize("stroke weight", width);
     }
 
@@ -164,14 +165,14 @@ private:
             set("text fill", kInvisible);
             return set("text stroke", kInvisible);
         }
-        set("text fill", colorOf(*labels.back(), "text", m_scene));
+        set("text fill", colorOf(*labels.back(), "text-color", "text-opacity", m_scene));
         setSize("font size", numberOf(*labels.back(), "text-size", 16, m_scene));
         readHalo(*labels.back());
     }
 
     void readHalo(const MapLayer& label) {
         const auto width = numberOf(label, "text-halo-width", 0, m_scene);
-        const auto color = colorOf(label, "text-halo", m_scene, kInvisible);
+        const auto color = colorOf(label, "text-halo-color", "text-opacity", m_scene, kInvisible);
         if (!width || !color) return;
         const bool isDrawn = *width > 0 && alphaOf(*color) > 0;
         set("text stroke", isDrawn ? *color : kInvisible);

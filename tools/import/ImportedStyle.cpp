@@ -69,7 +69,8 @@ private:
             const int level = levelClass == kOtherLevels ? kLevelAbove : levelOfClass(levelClass);
             const Feature nothing;
             DrawnLook look{};
-            look[kFillPart] = colorOf(layer, "background", {nothing, zoomOf(level), m_losses});
+            look[kFillPart] =
+                colorOf(layer, "background-color", "background-opacity", {nothing, zoomOf(level), m_losses});
             m_wanted[featureType].at[levelClass] = look;
         }
     }

@@ -112,14 +112,14 @@ std::optional<MapValue> propertyOf(const MapLayer& layer, const char* name, cons
     return value;
 }
 
-std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene,
+std::optional<std::uint64_t> colorOf(const MapLayer& layer, const char* color, const char* opacity, const Scene& scene,
                                      std::uint64_t otherwise) {
-    const auto value = propertyOf(layer, (part + "-color").c_str(), {nullptr, otherwise}, scene);
-    const auto opacity = numberOf(layer, (part + "-opacity").c_str(), 1, scene);
-    if (!value || !opacity) return {};
-    if (!value->color) scene.losses.add(ImportLoss::NotUnderstood, placeOf(layer, part + "-color"));
+    const auto value = propertyOf(layer, color, {nullptr, otherwise}, scene);
+    const auto share = numberOf(layer, opacity, 1, scene);
+    if (!value || !share) return {};
+    if (!value->color) scene.losses.add(ImportLoss::NotUnderstood, placeOf(layer, color));
     if (!value->color) return {};
-    const auto alpha = std::lround(static_cast<double>(*value->color >> 24 & 0xff) * std::clamp(*opacity, 0.0, 1.0));
+    const auto alpha = std::lround(static_cast<double>(*value->color >> 24 & 0xff) * std::clamp(*share, 0.0, 1.0));
     return (*value->color & 0xffffff) | static_cast<std::uint64_t>(alpha) << 24;
 }
 

@@ -41,9 +41,10 @@ std::optional<MapValue> propertyOf(const MapLayer& layer, const char* name, cons
 inline constexpr std::uint64_t kBlack = 0xff000000;
 
 /// A colour with the opacity of the layer in its alpha.
-/// @param part       "line" of "line-color" and "line-opacity"
+/// @param color      the name of its property, such as "line-color"
+/// @param opacity    the name of its opacity's; texts and their halos share one
 /// @param otherwise  the packed colour where the layer has none
-std::optional<std::uint64_t> colorOf(const MapLayer& layer, const std::string& part, const Scene& scene,
+std::optional<std::uint64_t> colorOf(const MapLayer& layer, const char* color, const char* opacity, const Scene& scene,
                                      std::uint64_t otherwise = kBlack);
 
 std::optional<double> numberOf(const MapLayer& layer, const char* name, double otherwise, const Scene& scene);
