@@ -128,10 +128,13 @@ private:
     // Empty where there is none. "--" ends the options, and is no word of its own.
     std::string unexpectedWordText() const {
         std::vector<std::string> words = m_app.remaining();
+        const bool isArgument = !words.empty() && words.front() == "--";
         std::erase(words, "--");
         if (words.empty()) return {};
         const std::string& word = words.front();
-        if (!word.starts_with('-')) return fmt::format("\"{}\" is one argument too many", escapedText(word));
+        if (isArgument || !word.starts_with('-')) {
+            return fmt::format("\"{}\" is one argument too many", escapedText(word));
+        }
         const std::string name = word.substr(0, word.find('='));
         return fmt::format("unknown option \"{}\"{}", escapedText(name), didYouMean(likelyName(name, optionNames())));
     }
