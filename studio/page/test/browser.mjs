@@ -27,6 +27,12 @@ export async function startServer(program, words, stderr = 'inherit') {
 /** The studio's own server, with these words more. */
 export const startStudio = (...words) => startServer(tool, ['studio', '--port', '0', '--page', builtPage, ...words]);
 
+// The browser loads the suggestions of its address bar for each new window, as a page with a process of its own, which
+// nobody sees here. The switch replaces Playwright's list; so it repeats what keeps the browser quiet and quick to close.
+const kUnneeded = ['WebUIOmniboxAimPopup', 'AimEnabled', 'AvoidUnnecessaryBeforeUnloadCheckSync', 'DestroyProfileOnBrowserClose',
+  'HttpsFirstBalancedModeAutoEnable', 'HttpsUpgrades', 'LensOverlay', 'MediaRouter', 'NetworkTimeServiceQuerying',
+  'OptimizationHints', 'PaintHolding', 'PreconnectToSearch', 'ThirdPartyStoragePartitioning'];
+
 // A test asks what the map shows, not how finely: a quarter of the pixels, the page around the map drawn directly, and
 // modules compiled once, as no page of a test lives long enough for more.
 const kFrugal = {scale: 0.5, switches: ['--disable-gpu-compositing', '--disable-gpu-rasterization', '--js-flags=--liftoff-only']};
@@ -41,7 +47,7 @@ export async function startBrowser(words = [], {scale = 1, switches = []} = {}) 
   if (!existsSync(kBrowser)) throw new Error(`${kBrowser}: no such browser; run script/setup studio`);
   const server = await startStudio(...words);
   const browser = await chromium.launch({executablePath: kBrowser,
-    args: ['--enable-unsafe-swiftshader', '--no-sandbox', '--disable-dev-shm-usage', ...switches]});
+    args: ['--enable-unsafe-swiftshader', '--no-sandbox', '--disable-dev-shm-usage', `--disable-features=${kUnneeded}`, ...switches]});
   const close = async () => {
     await browser.close();
     await server.close();
