@@ -1,6 +1,6 @@
 // The page in a real browser: what an author sees, types and clicks.
 import assert from 'node:assert/strict';
-import {after, before, describe, test} from 'node:test';
+import {after, before, beforeEach, describe, test} from 'node:test';
 import {brokenRules, whenDrawn, openStudio, pixelsOf, startTestBrowser, typeStyle} from './browser.mjs';
 
 const rule = (featureType, elementType, stylers) => ({featureType, elementType, stylers});
@@ -448,21 +448,31 @@ describe('the page', () => {
       }
     });
   }
+});
 
-  test('fits a phone: no part is wider than the screen', async () => {
-    const other = await openStudio(started, {size: {width: 390, height: 720}, scheme: 'dark'});
-    const {page} = other;
+describe('on a phone, the page', () => {
+  let phone;
+  before(async () => (phone = await openStudio(started, {size: {width: 390, height: 720}, scheme: 'dark'})));
+  after(() => phone?.profile.close());
+  beforeEach(() => phone.page.evaluate(() => {
+    const {studio} = window;
+    studio.showView('map');
+    studio.selectPanel('findings');
+    studio.map.pin(null);
+    studio.editor.set('[]');
+  }));
+
+  test('fits: no part is wider than the screen', async () => {
+    const {page} = phone;
     for (const view of ['editor', 'panels', 'map']) {
       await page.locator(`#views [data-view="${view}"]`).click();
       assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth), view);
     }
     assert.equal(await page.evaluate(() => document.documentElement.dataset.theme), 'dark');
-    await other.profile.close();
   });
 
-  test('shows a phone the current level among all levels', async () => {
-    const other = await openStudio(started, {size: {width: 390, height: 720}});
-    const {page} = other;
+  test('shows the current level among all levels', async () => {
+    const {page} = phone;
     const isShown = () => page.evaluate(() => {
       const [type, field, cell] = ['#matrix-type', 'th', 'td[aria-current]'].map((part) => document.querySelector(`#panel ${part}`).getBoundingClientRect());
       return type.left >= 0 && field.right <= cell.left && cell.right <= window.innerWidth;
@@ -476,12 +486,10 @@ describe('the page', () => {
       await page.locator('#views [data-view="panels"]').click();
       assert.ok(await isShown(), level);
     }
-    await other.profile.close();
   });
 
-  test('leads a phone from the map to the reason, and on to the rule', async () => {
-    const other = await openStudio(started, {size: {width: 390, height: 720}});
-    const {page} = other;
+  test('leads from the map to the reason, and on to the rule', async () => {
+    const {page} = phone;
     await typeStyle(page, magentaRoads);
     const found = await place(page, 'provincialway');
     await page.locator('#map canvas').click({position: found});
@@ -492,6 +500,5 @@ describe('the page', () => {
     await page.locator('[data-panel="findings"]').click();
     await page.locator('#panel button', {hasText: 'line 3'}).click();
     assert.ok(await page.locator('#editor').isVisible());
-    await other.profile.close();
   });
 });
