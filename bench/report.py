@@ -95,6 +95,9 @@ def query_rows(table, results):
     for scene in ALL_SCENES:
         table.row(f"class style query / literal walk, {scene}",
                   results.cost_ratios("QueryBench", f"{scene}/class", f"{scene}/literal"), 0.15)
+    for scene in ALL_SCENES:
+        table.row(f"class style query / literal walk, {scene}, by clang++",
+                  results.cost_ratios("ClangQueryBench", f"{scene}/class", f"{scene}/literal"), 0.15)
     for scene in COMPARED:
         table.row(f"class icon query / literal walk, {scene}",
                   results.cost_ratios("IconBench", f"{scene}/class", f"{scene}/literal"))

@@ -106,7 +106,8 @@ Mapping::Mapping(std::size_t idCount) : m_idsOfTypes(kMappedTypes) {
             m_idsOfTypes[type].push_back(static_cast<unsigned int>(type * m_blockSize + i));
         }
     }
-    for (const std::size_t parent : kParentFeatureTypes) {
+    for (const EMAPCUSTOMSTYLE parentType : kParentFeatureTypes) {
+        const auto parent = static_cast<std::size_t>(parentType);
         for (std::size_t other : {parent + 1, parent + 2}) {
             m_idsOfTypes[parent].push_back(m_idsOfTypes[other].front());
         }

@@ -70,7 +70,7 @@ void addSyntheticScenes(std::vector<Scene>& scenes, std::size_t idCount) {
 std::vector<Scene> makeScenes(std::span<char* const> streamFiles) {
     g_zrsdk_custom_style_enable = 1;
     std::vector<Scene> scenes;
-    for (const std::size_t idCount : {500, 5000, 50000}) addSyntheticScenes(scenes, idCount);
+    for (const std::size_t idCount : {500u, 5000u, 50000u}) addSyntheticScenes(scenes, idCount);
     if (streamFiles.empty()) return scenes;
     const auto store = exampleStore();
     for (const std::filesystem::path file : streamFiles) {
