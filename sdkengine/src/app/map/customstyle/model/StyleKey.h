@@ -70,11 +70,12 @@ private:
         return moved;
     }
 
-    // Each is 0 where the other has characters; the second one's end is the end of both.
+    // Each is 0 where the other has characters; the second one's end is the end of both. Few fronts have a tail, and
+    // asking for it keeps clang++ from reading both halves at once, which would wait for the two stores before it.
     static StyleKeyWords overlaid(const StyleKeyWords& front, const StyleKeyWords& moved) {
         StyleKeyWords key = moved;
         key.head |= front.head;
-        key.tail |= front.tail;
+        if (front.tail != 0) key.tail |= front.tail;
         return key;
     }
 
