@@ -101,7 +101,8 @@ TEST_P(StyleSnapshotOf, ManyStyleIdsAndEverySlotTakesAtMost64BytesAnIdAnd160Kilo
 
 TEST_P(StyleSnapshotOf, ManyStyleIdsAndEverySlotHasNoMemoryToSpare) {
     const StyleSnapshot snapshot(*storeOf(GetParam()));
-    const StyleSnapshot copy(snapshot);  // as large as it has to be
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): a copy is as large as it has to be
+    const StyleSnapshot copy(snapshot);
     EXPECT_EQ(snapshot.bytes(), copy.bytes());
 }
 

@@ -53,7 +53,7 @@ inline constexpr auto kRecordFields = std::to_array<RecordField>({
 /// Stands for a value of any type where only its type matters.
 struct AnyMember {
     template <typename Member>
-    operator Member() const;
+    operator Member() const;  // NOLINT(google-explicit-constructor): it is meant to pass for any type
 };
 
 template <std::size_t... places>

@@ -438,7 +438,7 @@ std::optional<Code> codeNamed(std::string_view name) {
 std::string shownExample(const CodeInfo& info) {
     std::string text = info.example;
     for (const char* mark : {"<<", ">>"}) {
-        if (const std::size_t at = text.find(mark); at != text.npos) text.erase(at, 2);
+        if (const std::size_t at = text.find(mark); at != std::string::npos) text.erase(at, 2);
     }
     return text;
 }

@@ -85,7 +85,7 @@ private:
 
     std::string where() const {
         const std::string mapped = "every style id of the mapping at every level";
-        const std::string everyMap =
+        std::string everyMap =
             m_isAnyWithoutName ? "every map: give --mapping DIR to prove them for yours" : "every map";
         if (!m_isAnyMapped) return everyMap;
         return m_isAnyForEveryMap ? fmt::format("{}; for styles without a mapping, for {}", mapped, everyMap) : mapped;
@@ -474,28 +474,31 @@ constexpr char kSettings[] = R"(  mapping = "map"               # folder of Cust
   [severity]
   no-effect = "error"           # error, warning, note or off)";
 
+constexpr char kFindings[] =
+    "Each finding has a position, a stable code, what happens at run time, and a remedy. For each rule and each "
+    "styler, check proves whether it has an effect.";
+
 Command checkCommand() {
     const auto arguments = std::make_shared<CheckArguments>();
-    return {.name = "check",
-            .purpose = Purpose::Judge,
-            .summary = "Find everything that is refused, ignored or changed in style files",
-            .description = {"Each finding has a position, a stable code, what happens at run time, and a remedy. For "
-                            "each rule and each styler, check proves whether it has an effect.",
-                            "Settings are in the file customstyle.toml beside the styles or in a folder above:",
-                            kSettings, "A rule can silence codes for itself:",
-                            "  {\"note\": \"customstyle-ignore: no-effect\", \"featureType\": ...}"},
-            .options = optionsOf(*arguments),
-            .statuses = {{0, "No errors"},
-                         {1, "Errors, or warnings with --werror"},
-                         {2, "Wrong usage, or a file that cannot be read"}},
-            .examples = {{"check all styles of a folder as a build step",
-                          "customstyle check --werror --mapping map styles"},
-                         {"thousands of files on all processors, with GNU parallel",
-                          "find styles -name '*.json' | parallel -X customstyle check --format jsonl > findings.jsonl"},
-                         {"what the known remedies would change", "customstyle check --fix --diff night.json"},
-                         {"report only new findings from now on",
-                          "customstyle check --write-baseline known-findings styles"}},
-            .run = [arguments] { return check(*arguments); }};
+    return {
+        .name = "check",
+        .purpose = Purpose::Judge,
+        .summary = "Find everything that is refused, ignored or changed in style files",
+        .description = {kFindings, "Settings are in the file customstyle.toml beside the styles or in a folder above:",
+                        kSettings, "A rule can silence codes for itself:",
+                        "  {\"note\": \"customstyle-ignore: no-effect\", \"featureType\": ...}"},
+        .options = optionsOf(*arguments),
+        .statuses = {{0, "No errors"},
+                     {1, "Errors, or warnings with --werror"},
+                     {2, "Wrong usage, or a file that cannot be read"}},
+        .examples = {{"check all styles of a folder as a build step",
+                      "customstyle check --werror --mapping map styles"},
+                     {"thousands of files on all processors, with GNU parallel",
+                      "find styles -name '*.json' | parallel -X customstyle check --format jsonl > findings.jsonl"},
+                     {"what the known remedies would change", "customstyle check --fix --diff night.json"},
+                     {"report only new findings from now on",
+                      "customstyle check --write-baseline known-findings styles"}},
+        .run = [arguments] { return check(*arguments); }};
 }
 
 const Registration checkRegistration(checkCommand);

@@ -102,9 +102,9 @@ private:
     }
 
     std::string problemText() const {
-        if (const std::string text = unexpectedWordText(); !text.empty()) return text;
+        if (std::string text = unexpectedWordText(); !text.empty()) return text;
         for (std::size_t i = 0; i < m_options.size(); ++i) {
-            const std::string text = problemOf(m_command.options[i], *m_options[i]);
+            std::string text = problemOf(m_command.options[i], *m_options[i]);
             if (!text.empty()) return text;
         }
         return {};

@@ -137,9 +137,10 @@ int writeResult(const std::string& target, const std::string& text, const std::v
     return problem ? complain(*problem) : kGood;
 }
 
-std::unique_ptr<StyleStudy> loadOrComplain(StyleArguments arguments) {
-    if (!findMapping(arguments, {arguments.style})) return nullptr;
-    return loadOrComplain(arguments.style, arguments.mappingDirectory);
+std::unique_ptr<StyleStudy> loadOrComplain(const StyleArguments& arguments) {
+    StyleArguments complete = arguments;
+    if (!findMapping(complete, {complete.style})) return nullptr;
+    return loadOrComplain(complete.style, complete.mappingDirectory);
 }
 
 std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,

@@ -53,7 +53,7 @@ std::optional<Mapping> mappingOrComplain(const std::optional<std::string>& direc
 /// Loads a style, or complains.
 /// @param without  the mapping if there is no directory
 /// @return null after a complaint
-std::unique_ptr<StyleStudy> loadOrComplain(StyleArguments arguments);
+std::unique_ptr<StyleStudy> loadOrComplain(const StyleArguments& arguments);
 std::unique_ptr<StyleStudy> loadOrComplain(const std::string& style, const std::optional<std::string>& mappingDirectory,
                                            const Mapping& without = Mapping::standard());
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/customstyle/Arguments.h"
@@ -30,7 +31,7 @@ struct TestArguments : StyleArguments {
 
 class TestRun {
 public:
-    explicit TestRun(const TestArguments& arguments) : m_arguments(arguments) {}
+    explicit TestRun(TestArguments arguments) : m_arguments(std::move(arguments)) {}
 
     int run() {
         if (!findMapping(m_arguments, {m_arguments.style})) return kMisuse;

@@ -95,6 +95,7 @@ struct LegendLayer {
     Look look{};
 };
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the JSON library moves its values without exceptions
 struct Legend {
     std::string name{};
     LegendJson source{};  ///< as it goes into the style

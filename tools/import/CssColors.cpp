@@ -34,7 +34,7 @@ std::optional<double> takeNumber(std::string_view& text) {
 // The numbers in "rgba(1, 2, 3, 50%)"; none where there is anything else.
 std::optional<std::vector<Number>> argumentsIn(std::string_view text) {
     const std::size_t open = text.find('(');
-    if (open == text.npos || text.back() != ')') return {};
+    if (open == std::string_view::npos || text.back() != ')') return {};
     std::string_view rest = text.substr(open + 1, text.size() - open - 2);
     std::vector<Number> numbers;
     while (true) {

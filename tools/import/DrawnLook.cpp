@@ -152,7 +152,7 @@ private:
         const auto value = layer.properties.find(property);
         if (value == layer.properties.end()) return true;
         const auto known = valueOf(*value, m_scene.feature, m_scene.zoom);
-        return known && known->json == "";
+        return known && known->json.is_string() && known->json.get_ref<const std::string&>().empty();
     }
 
     void readLabel() {

@@ -197,7 +197,7 @@ private:
 
     Found coalesce(const MapJson& json) const {
         for (std::size_t i = 1; i < json.size(); ++i) {
-            const Found found = value(json[i]);
+            Found found = value(json[i]);
             if (!found || !found->json.is_null() || found->color) return found;
         }
         return plain(nullptr);

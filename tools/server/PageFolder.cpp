@@ -58,7 +58,7 @@ bool isPlainPath(std::string_view path) {
     while (!path.empty()) {
         const std::size_t end = path.find('/');
         if (!isPlainName(path.substr(0, end))) return false;
-        if (end == path.npos) return true;
+        if (end == std::string_view::npos) return true;
         path.remove_prefix(end + 1);
     }
     return false;

@@ -20,7 +20,8 @@ constexpr std::time_t kFreshSeconds = 2;  // file systems count time in steps of
 
 FileState withoutText(const std::string& path, const std::string& reason) {
     std::string problem = fmt::format("{}: {}", path, reason);
-    return {.version = fmt::format("x{:016x}", hashOf(problem)), .text = {}, .problem = std::move(problem)};
+    std::string version = fmt::format("x{:016x}", hashOf(problem));
+    return {.version = std::move(version), .text = {}, .problem = std::move(problem)};
 }
 
 FileState stateOf(const std::string& path, std::string text) {

@@ -20,7 +20,6 @@ namespace customstyle_tool {
 namespace {
 
 using _orvik_framework::CustomConfig;
-using _orvik_framework::EMAPCUSTOMSTYLE_LAND;
 using _orvik_framework::kFeatureTypeCount;
 using _orvik_vi::cJSON;
 using State = std::optional<tagCustomStyle>;  // none where a key has no slot
@@ -403,12 +402,12 @@ private:
         forEachStateAfter(*work.step, [&](const std::string& key, const tagCustomStyle* style) {
             const auto adopted = without == Without::Nothing ? work.adopted.end() : work.adopted.find(key);
             if (adopted != work.adopted.end()) style = adopted->second ? &*adopted->second : nullptr;
-            State now = m_store.stateOf(key);
+            const State now = m_store.stateOf(key);
             if (isSame(now, style)) {
                 m_different.erase(key);
             } else {
                 m_different.insert(key);
-                m_changed.push_back({&work, key, std::move(now)});
+                m_changed.push_back({&work, key, now});
             }
         });
     }
@@ -433,7 +432,7 @@ private:
     }
 
     void adopt() {
-        for (Changed& changed : m_changed) changed.work->adopted[changed.key] = std::move(changed.state);
+        for (Changed& changed : m_changed) changed.work->adopted[changed.key] = changed.state;
         m_adopted.insert(m_different.begin(), m_different.end());
     }
 

@@ -32,7 +32,7 @@ std::string eitherOf(const std::vector<std::string>& names) {
 }
 
 std::string unknownWord(const std::string& what, const std::string& word, const std::vector<std::string>& known) {
-    const std::string problem = fmt::format("unknown {} \"{}\"", what, escapedText(word));
+    std::string problem = fmt::format("unknown {} \"{}\"", what, escapedText(word));
     if (const auto meant = likelyName(word, known)) return problem + didYouMean(meant);
     if (known.size() > kMostListed) return problem;
     return fmt::format("{}; write {}", problem, eitherOf(known));

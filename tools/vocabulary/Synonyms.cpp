@@ -156,7 +156,7 @@ std::optional<std::string> meantElement(std::string_view path, std::span<const s
         const auto ends = [&](const std::string& element) { return element.ends_with("." + part); };
         const auto named = std::ranges::find_if(elements, ends);
         if (named != elements.end()) return *named;
-        const auto synonym = withMeaning(kElementSynonyms, part);
+        auto synonym = withMeaning(kElementSynonyms, part);
         if (synonym && std::ranges::find(elements, *synonym) != elements.end()) return synonym;
     }
     return {};
