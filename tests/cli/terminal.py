@@ -11,7 +11,7 @@ import subprocess
 import sys
 import tempfile
 
-LONG = 60000  # rules, which take a fast machine more than a second
+LONG = 40000  # rules, which take a fast machine more than a second
 
 failures = []
 
