@@ -11,7 +11,6 @@
 namespace customstyle_test {
 namespace {
 
-using _orvik_framework::CVMapPtrToPtr;
 using _orvik_framework::StoredRecord;
 using _orvik_framework::StoredRecords;
 using testing::ElementsAre;

@@ -22,8 +22,6 @@
 namespace customstyle_tool {
 namespace {
 
-using _orvik_framework::CustomConfig;
-
 // The number of style ids that a message names before "and others".
 constexpr std::size_t kNamedIds = 5;
 
