@@ -45,6 +45,7 @@ class Tree:
         """What a fault makes odd is no error."""
         subprocess.run(["cmake", "--preset", "dev", "-B", str(self.build), f"-DCMAKE_CXX_COMPILER_LAUNCHER={HERE / 'compile'}",
                         "-DCUSTOMSTYLE_WARNINGS_AS_ERRORS=OFF", "-DCMAKE_CXX_FLAGS_DEBUG=-O1",
+                        "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld",
                         f"-DCMAKE_CXX_FLAGS=-w -fpch-preprocess -I{HERE}"],
                        cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
 
