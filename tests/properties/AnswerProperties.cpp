@@ -1,72 +1,18 @@
 // What dump and explain report: the answers, and their sources.
 #include <algorithm>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <random>
 
-#include "tests/model_check/ModelTables.h"
+#include "tests/properties/AnswerJson.h"
 #include "tests/properties/Answers.h"
 #include "tests/properties/Properties.h"
 #include "tests/properties/Tool.h"
 #include "tests/properties/Writes.h"
-#include "tests/support/RecordTable.h"
 
 namespace customstyle_test::properties {
 namespace {
 
 using Json = nlohmann::json;
-
-// What JSON calls the fields of the model.
-std::map<std::string, std::string> fieldNames() {
-    std::map<std::string, std::string> names;
-    for (const RecordField& field : kRecordFields) {
-        std::string& name = names[field.member] = field.tools;
-        std::ranges::replace(name, ' ', '_');
-    }
-    return names;
-}
-
-const std::map<std::string, std::string> kFieldNames = fieldNames();
-
-std::uint64_t numberIn(const model::Record& record, const std::string& field) {
-    const auto found = record.find(field);
-    return found == record.end() ? 0 : found->second;
-}
-
-Json colourJson(std::uint64_t colour) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%02x%02x%02x", static_cast<unsigned>(colour & 255),
-                  static_cast<unsigned>(colour >> 8 & 255), static_cast<unsigned>(colour >> 16 & 255));
-    return {{"rgb", text}, {"alpha", colour >> 24}};
-}
-
-Json valueJson(const std::string& field, std::uint64_t value) {
-    return field.ends_with("Color") ? colourJson(value) : Json(value);
-}
-
-Json colourJson(const std::optional<std::uint64_t>& colour) {
-    return colour ? colourJson(*colour) : Json();
-}
-
-// The values that apply, under the tools' names.
-Json valuesAsJson(const Answer& answer) {
-    Json values = Json::object();
-    if (answer.record == nullptr) return values;
-    for (const auto& [field, name] : kFieldNames) {
-        if (numberIn(*answer.record, field + "Set") != 0) {
-            values[name] = valueJson(field, numberIn(*answer.record, field));
-        }
-    }
-    return values;
-}
-
-Json nameOf(int featureType) {
-    return featureType == -1 ? Json() : Json(model::kNames[static_cast<std::size_t>(featureType)]);
-}
-
-std::string iconText(const Answer& answer) {
-    return answer.isIconHidden ? "hidden" : "shown";
-}
 
 bool holdsLevel(const Json& levels, std::size_t levelClass) {
     const Json level = levelClass == kLevelClasses - 1 ? Json("other") : Json(levelOf(levelClass));
@@ -91,7 +37,7 @@ std::optional<Failure> rowFails(const Json& row, const Answers& answers) {
         if (!holdsLevel(row.at("levels"), levelClass)) continue;
         const Answer& answer = answers.of(static_cast<std::size_t>(at - ids.begin()), levelClass);
         if (row.at("feature_type") != nameOf(answer.featureType) || row.at("style") != valuesAsJson(answer) ||
-            row.at("icon") != iconText(answer)) {
+            row.at("icon") != iconText(answer.isIconHidden)) {
             return Failure{"dump tells what the renderer receives", row.dump()};
         }
     }
@@ -108,7 +54,7 @@ public:
         const Answer& answer = answers.of(styleId, levelClass);
         const Json values = valuesAsJson(answer);
         if (m_json.at("feature_type") != nameOf(answer.featureType)) return Failure{"explain names the type", shown()};
-        for (const auto& [field, name] : kFieldNames) {
+        for (const auto& [field, name] : fieldNames()) {
             const Json& topic = m_json.at(name);
             if (topic.at("value") != (values.contains(name) ? values.at(name) : Json())) {
                 return Failure{"explain reports the renderer's values", name + " in " + shown()};
@@ -117,7 +63,7 @@ public:
                 return Failure{"explain names a rule that wrote the value", name + " in " + shown()};
             }
         }
-        if (m_json.at("icon").at("value") != iconText(answer)) {
+        if (m_json.at("icon").at("value") != iconText(answer.isIconHidden)) {
             return Failure{"explain reports whether the icon is hidden", shown()};
         }
         if (m_json.at("land_background").at("value") != colourJson(answers.land(levelClass)) ||

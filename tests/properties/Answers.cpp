@@ -10,7 +10,6 @@
 namespace customstyle_test::properties {
 namespace {
 
-constexpr unsigned kUnlisted = 999999;
 constexpr std::array<int, 3> kParents = {4, 45, 53};
 
 // Ids below 0 are asked for as large numbers, and never found.

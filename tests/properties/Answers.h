@@ -16,6 +16,9 @@ namespace customstyle_test::properties {
 
 constexpr std::size_t kLevelClasses = 19;
 
+/// Stands for all style ids that a map does not list.
+constexpr unsigned kUnlisted = 999999;
+
 /// 4 to 21, and one for all others.
 int levelOf(std::size_t levelClass);
 
