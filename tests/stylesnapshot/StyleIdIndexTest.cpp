@@ -150,6 +150,15 @@ TEST(StyleIdIndex, KeepsDenseIdsInAByteEach) {
     EXPECT_LE(StyleIdIndex(numbered(idNumbersFrom(1000, 50000), 255)).bytes(), 52000u);
 }
 
+TEST(StyleIdIndex, WithoutIdsFindsNothing) {
+    const StyleIdIndex none;
+    const StyleIdIndex empty(Entries{});
+    for (const std::uint32_t id : {0u, 1u, 2u, 0x7fffffffu, 0x80000000u, kHighestId}) {
+        EXPECT_EQ(none.find(id), 0u) << id;
+        EXPECT_EQ(empty.find(id), 0u) << id;
+    }
+}
+
 TEST(StyleIdIndex, WithoutIdsTakesOnePage) {
     EXPECT_EQ(StyleIdIndex().bytes(), kBytesOfAPage);
     EXPECT_EQ(StyleIdIndex(Entries()).bytes(), kBytesOfAPage);
