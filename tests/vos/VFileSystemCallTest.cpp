@@ -118,5 +118,30 @@ TEST_F(VFileSystemCall, ReadingGoesOnAfterSignals) {
     EXPECT_EQ(g_interruptions, 0);
 }
 
+TEST_F(VFileSystemCall, ReadingEndsWithTheFileThoughAnOldErrorNamesASignal) {
+    ASSERT_EQ(m_file.Open(m_path.c_str(), 257), 1);
+    std::string text(7, '?');
+    errno = EINTR;
+    EXPECT_EQ(m_file.Read(text.data(), text.size()), 6U);
+}
+
+// A host that closes its standard input gets the number 0 for the next file.
+TEST_F(VFileSystemCall, OpensReadsAndClosesAFileWithTheNumberOfTheStandardInput) {
+    const int input = fcntl(0, F_DUPFD_CLOEXEC, 3);
+    close(0);
+    const int opened = m_file.Open(m_path.c_str(), 257);
+    std::string text(6, '?');
+    const std::size_t read = m_file.Read(text.data(), text.size());
+    m_file.Close();
+    const int left = fcntl(0, F_GETFD);
+    if (input >= 0) {
+        dup2(input, 0);
+        close(input);
+    }
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(read, 6U);
+    EXPECT_EQ(left, -1) << "it is still open";
+}
+
 }  // namespace
 }  // namespace customstyle_test
