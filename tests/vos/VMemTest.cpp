@@ -1,6 +1,7 @@
 // CVMem: blocks, accounts and the host's own allocator.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -18,6 +19,15 @@ using _orvik_vi::CVMem;
 
 void* allocated(std::size_t size) {
     return CVMem::Allocate(size, "VMemTest", 1);
+}
+
+// Before main, and so before any test.
+const std::size_t kBlocksAtFirst = CVMem::GetOutstandingBlocks();
+const std::size_t kBytesAtFirst = CVMem::GetOutstandingBytes();
+
+TEST(VMem, NothingIsOutstandingAtFirst) {
+    EXPECT_EQ(kBlocksAtFirst, 0U);
+    EXPECT_EQ(kBytesAtFirst, 0U);
 }
 
 TEST(VMem, AllocatingIsCountedUntilTheBlockIsGivenBack) {
