@@ -1,4 +1,4 @@
-// What diff says: whether two styles are equal, and where they are not.
+// What diff says: whether two styles are equal, and what changes where they are not.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <tuple>
