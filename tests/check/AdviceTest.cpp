@@ -453,8 +453,24 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(LenientCase{"ZeroInFront", "007", true}, LenientCase{"PointAtTheEnd", "1.", true},
                     LenientCase{"PointInFront", "-.5", true}, LenientCase{"LineBreak", "\"a\nb\"", true},
                     LenientCase{"ByteAbove127", "\"\xE9\"", true}, LenientCase{"Zero", "0", false},
-                    LenientCase{"Exponent", "-1.5E+3", false}, LenientCase{"Utf8", "\"\xC3\xA9\"", false}),
+                    LenientCase{"Exponent", "-1.5E+3", false}, LenientCase{"Utf8", "\"\xC3\xA9\"", false},
+                    LenientCase{"EscapeWithFourDigits", R"("\u00e9\u00C9")", false},
+                    LenientCase{"EscapedBackslashBeforeU", R"("C:\\users")", false}),
     caseName);
+
+TEST(Leniency, OfAnEscapeWithoutFourDigitsIsReportedBesideWhatIsCut) {
+    EXPECT_THAT(
+        codesWithPlaces(checkedStyle(
+            R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}, "note": "C:\users"}])")),
+        ElementsAre(R"(json-lenient: "C:\users")", R"(text-cut-at-nul: "C:\users")"));
+}
+
+TEST(AnObjectAsStyle, HasRulesOrIsSaidToHaveNone) {
+    EXPECT_THAT(codesWithPlaces(checkedStyle("{}")), ElementsAre("no-rules: {}", "not-a-list: {"));
+    EXPECT_THAT(
+        codesWithPlaces(checkedStyle(R"({"a": )" + ruleText("water", "geometry", R"({"color": "#3366cc"})") + "}")),
+        ElementsAre("not-a-list: {"));
+}
 
 }  // namespace
 }  // namespace customstyle_test

@@ -68,6 +68,9 @@ void findOutermost(StyleFindings& found) {
     if (root.kind() == JsonKind::Object) {
         found.addToFile(Code::NotAList, start,
                         "the file is an object, not a list of rules; the component reads its members as rules");
+        if (found.rules().empty()) {
+            found.addToFile(Code::NoRules, root.range(), "the object has no rules; nothing is customised");
+        }
     } else if (root.kind() != JsonKind::Array) {
         found.addToFile(Code::NotAList, root.range(),
                         std::string("the file is ") + std::string(kindName(root.kind())) +
@@ -83,6 +86,7 @@ const char* leniency(const SourceFile& file, TextRange range) {
     if (text.starts_with('"')) {
         const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < ' '; };
         if (std::ranges::any_of(text, isControl)) return "a line break or another control character inside a string";
+        if (!hasStrictEscapes(text)) return "a \\u without four hexadecimal digits, which counts as \\u0000";
         return isUtf8(text) ? nullptr : "a string that is not UTF-8";
     }
     const bool isNumber = !text.empty() && (text[0] == '-' || isDigit(text[0]));

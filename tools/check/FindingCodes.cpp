@@ -34,8 +34,8 @@ constexpr CodeInfo kInfos[] = {
      "write at least the empty list []",
      "<<>>"},
     {Code::JsonLenient, "json-lenient", Warning, Style, "text that other programs refuse as JSON",
-     "The component reads numbers such as 007, 1. and -.5, line breaks inside a string, and bytes that are not UTF-8. "
-     "Strict readers, such as most editors and build tools, refuse the whole file.",
+     "The component reads numbers such as 007, 1. and -.5, line breaks inside a string, \\u without four hexadecimal "
+     "digits (as \\u0000), and bytes that are not UTF-8. Strict readers, such as most editors and build tools, refuse the whole file.",
      "write valid JSON",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}, "note": <<007>>}])"},
     {Code::TextAfterEnd, "text-after-end", Warning, Style, "text after the end",
@@ -54,7 +54,7 @@ constexpr CodeInfo kInfos[] = {
      "put the rules between [ and ]",
      R"(<<{>>"first": {"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}}})"},
     {Code::NoRules, "no-rules", Note, Style, "a style without rules",
-     "The list is empty: the map is drawn as if it had no style.",
+     "There is nothing in it: the map is drawn as if it had no style.",
      "add a rule, or load no style",
      "<<[]>>"},
 
