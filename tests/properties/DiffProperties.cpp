@@ -25,14 +25,31 @@ bool isStored(const model::StyleModel& model, int styleId) {
     return std::ranges::any_of(model.base, [&](const auto& type) { return type.second.contains(styleId); });
 }
 
-// What a command reports of two styles, and what there is to report.
+// Style ids that the map does not list, and backgrounds, are reported without a number.
+std::vector<unsigned> idsOf(const Json& change) {
+    if (!change.at("ids").empty()) return change.at("ids").get<std::vector<unsigned>>();
+    return {change.at("field") == "background" ? 0 : kUnlisted};
+}
+
+std::set<Change> reportedIn(const Json& changes) {
+    std::set<Change> reported;
+    for (const Json& change : changes) {
+        const Json& topic = change.at(change.at("field") == "background" ? "feature_type" : "field");
+        const std::string name = topic.is_null() ? "" : topic.get<std::string>();
+        for (const Json& level : change.at("levels")) {
+            for (const unsigned id : idsOf(change)) {
+                if (id > 0x7fffffff) continue;
+                reported.emplace(id, levelClassOf(level), name, change.at("a"), change.at("b"));
+            }
+        }
+    }
+    return reported;
+}
+
+// What there is to report of two styles, by the model.
 class Comparison {
 public:
-    Comparison(const Answers& before, const Answers& after) : m_before(before), m_after(after) {}
-
-    /// Every changed answer, by the model.
-    std::set<Change> expected() {
-        m_changes.clear();
+    Comparison(const Answers& before, const Answers& after) : m_before(before), m_after(after) {
         const std::vector<unsigned>& ids = m_before.map().styleIds;
         for (std::size_t levelClass = 0; levelClass < kLevelClasses; ++levelClass) {
             addBackground("land", levelClass, m_before.land(levelClass), m_after.land(levelClass));
@@ -41,23 +58,10 @@ public:
                 if (isComparable(ids[i])) addAnswer(ids[i], i, levelClass);
             }
         }
-        return std::move(m_changes);
     }
 
-    std::set<Change> reported(const Json& changes) {
-        m_changes.clear();
-        for (const Json& change : changes) {
-            const auto& field = change.at("field").get_ref<const std::string&>();
-            for (const Json& level : change.at("levels")) {
-                for (const unsigned id : idsOf(change)) {
-                    if (id > 0x7fffffff) continue;
-                    const std::string topic = field == "background" ? textOf(change.at("feature_type")) : field;
-                    m_changes.emplace(id, levelClassOf(level), topic, change.at("a"), change.at("b"));
-                }
-            }
-        }
-        return std::move(m_changes);
-    }
+    /// Every changed answer.
+    const std::set<Change>& changes() const { return m_changes; }
 
     /// The feature type of a change is the one that answers, first in the first style, else the lowest that is mapped.
     bool isOfType(const Json& change) const {
@@ -77,14 +81,6 @@ private:
     // An id below 0 is asked for as a large number, and is as good as one that is not listed. So is a 0 that the
     // component has dropped.
     bool isComparable(unsigned id) const { return id <= 0x7fffffff && (id != 0 || isStored(m_before.model(), 0)); }
-
-    // Style ids that the map does not list, and backgrounds, are reported without a number.
-    static std::vector<unsigned> idsOf(const Json& change) {
-        if (!change.at("ids").empty()) return change.at("ids").get<std::vector<unsigned>>();
-        return {change.at("field") == "background" ? 0 : kUnlisted};
-    }
-
-    static std::string textOf(const Json& name) { return name.is_null() ? "" : name.get<std::string>(); }
 
     int typeOf(std::size_t styleId, std::size_t levelClass) const {
         for (const Answers* answers : {&m_before, &m_after}) {
@@ -172,8 +168,8 @@ std::optional<Failure> diffHolds(const Trial& trial) {
         }
     }
     if (!trial.mapping) return {};
-    Comparison comparison(before, after);
-    if (comparison.reported(changes) != comparison.expected()) {
+    const Comparison comparison(before, after);
+    if (reportedIn(changes) != comparison.changes()) {
         return Failure{"diff reports every change with its values", run.out + written(other).text};
     }
     if (!std::ranges::all_of(changes, [&](const Json& change) { return comparison.isOfType(change); })) {

@@ -35,7 +35,8 @@ constexpr CodeInfo kInfos[] = {
      "<<>>"},
     {Code::JsonLenient, "json-lenient", Warning, Style, "text that other programs refuse as JSON",
      "The component reads numbers such as 007, 1. and -.5, line breaks inside a string, \\u without four hexadecimal "
-     "digits (as \\u0000), and bytes that are not UTF-8. Strict readers, such as most editors and build tools, refuse the whole file.",
+     "digits (as \\u0000), and bytes that are not UTF-8. Strict readers, such as most editors and build tools, refuse "
+     "the whole file.",
      "write valid JSON",
      R"([{"featureType": "water", "elementType": "geometry", "stylers": {"color": "#3366cc"}, "note": <<007>>}])"},
     {Code::TextAfterEnd, "text-after-end", Warning, Style, "text after the end",

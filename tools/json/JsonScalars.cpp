@@ -133,9 +133,9 @@ std::size_t closingQuote(std::string_view text, std::size_t at) {
     return std::string_view::npos;
 }
 
-bool hasStrictEscapes(std::string_view inside) {
-    for (std::size_t at = inside.find('\\'); at < inside.size(); at = inside.find('\\', at + 2)) {
-        const std::string_view escape = inside.substr(at, kUnicodeEscapeSize);
+bool hasStrictEscapes(std::string_view string) {
+    for (std::size_t at = string.find('\\'); at < string.size(); at = string.find('\\', at + 2)) {
+        const std::string_view escape = string.substr(at, kUnicodeEscapeSize);
         if (!escape.starts_with("\\u")) continue;
         if (escape.size() < kUnicodeEscapeSize || !std::ranges::all_of(escape.substr(2), isHexDigit)) return false;
     }

@@ -53,8 +53,8 @@ double numberValue(std::string_view number);
 /// The position of the quote that closes a string, which starts at `at` after its opening quote; npos for none.
 std::size_t closingQuote(std::string_view text, std::size_t at);
 
-/// Whether each \u in what is between quotes has its four hexadecimal digits, as the standard has it.
-bool hasStrictEscapes(std::string_view inside);
+/// Whether each \u in a string, with its quotes or without, has its four hexadecimal digits, as the standard has it.
+bool hasStrictEscapes(std::string_view string);
 
 /// Replaces the escapes in what is between quotes. \u with wrong digits counts as \u0000.
 ///
